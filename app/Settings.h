@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <array>
+
+/// The font of the parameter grids and the dialogs.
+struct UserFontSettings
+{
+    QString FontName;
+    float FontSize = 12; ///< points
+    bool FontItalic = false;
+    bool FontBold = false;
+
+    bool operator==(const UserFontSettings &) const = default;
+};
+extern UserFontSettings UserFont;
+
+/// Entry i hides grid data column i + 1; entry 13 is never stored.
+extern std::array<bool, 14> ListVisualState;
+
+/// Reads the frame's stored window state (0 normal, 1 minimised, 2 maximised) and fills ListVisualState.
+void LoadWindowSettings(qint16 &windowState);
+void SaveWindowSettings(qint16 windowState);
+
+void LoadUserFont(QString &name, float &size, bool &italic, bool &bold);
+void SaveUserFont(const QString &name, float size, bool italic, bool bold);
+
+/// The stored recent files that are not empty, newest first; at most four.
+QStringList recentFiles();
+
+/// Puts fileName first among the recent files; the fourth is forgotten.
+void StoreRecentFile(const QString &fileName);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// What reading and writing need of the desktop.
+class FileHost
+{
+public:
+    virtual ~FileHost() = default;
+
+    /// A message with an OK button and the program's default title.
+    virtual void showMessage(const QString &text) = 0;
+    /// A message with an OK button, the exclamation icon and that title.
+    virtual void showError(const QString &text, const QString &title) = 0;
+    /// The hourglass pointer, on and off.
+    virtual void setBusy(bool busy) = 0;
+    /// Lets paint and timer events run; user input stays in the queue.
+    virtual void runPendingEvents() = 0;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QString>
+
+class frmPrFile;
+
+/// What an editor window shows in the frame around it, and what it reads there.
+class EditorFrame
+{
+public:
+    virtual ~EditorFrame() = default;
+
+    /// The editor window that is active; nullptr without one.
+    virtual frmPrFile *activeEditor() const = 0;
+
+    virtual void showParameterCount(int count) = 0;
+    /// The text of the parameter-count label, which a save takes as the row count.
+    virtual QString shownParameterCount() const = 0;
+    virtual void showPrNumber(const QString &number) = 0;
+    virtual void enablePasteButtons(bool paste, bool addPaste) = 0;
+    virtual void enableAddPasteButton(bool enabled) = 0;
+
+    /// bar 0: tool bar, 1: status bar.
+    virtual bool isBarShown(int bar) const = 0;
+    virtual void showBar(int bar, bool shown) = 0;
+};

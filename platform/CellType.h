@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What a cell is edited with and which typed texts it takes. A text that is set by the program is shown as it is,
+/// whatever the type.
+struct CellType
+{
+    enum class Kind : quint8 { Text, Integer, Float, CheckBox, ComboBox };
+
+    Kind kind = Kind::Text;
+    double minimum = 0; ///< Integer, Float
+    double maximum = 0;
+    int maxLength = 0; ///< Text: most 16-bit units that can be typed; 0 for no limit
+    QString caption; ///< CheckBox: the text beside the box; without one the box stands in the cell's middle
+    QStringList items; ///< ComboBox
+    QString initial; ///< the text of this cell in a row that setRowCount() adds
+
+    static CellType text(int maxLength = 0) { return {.kind = Kind::Text, .maxLength = maxLength}; }
+    static CellType integer(int minimum, int maximum)
+    {
+        return {.kind = Kind::Integer, .minimum = double(minimum), .maximum = double(maximum)};
+    }
+    static CellType number(double minimum, double maximum)
+    {
+        return {.kind = Kind::Float, .minimum = minimum, .maximum = maximum};
+    }
+    static CellType checkBox(const QString &caption = {}) { return {.kind = Kind::CheckBox, .caption = caption}; }
+    static CellType comboBox(const QStringList &items, const QString &initial = {})
+    {
+        return {.kind = Kind::ComboBox, .items = items, .initial = initial};
+    }
+
+    bool operator==(const CellType &) const = default;
+};

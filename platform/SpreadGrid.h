@@ -1,0 +1,122 @@
+#pragma once
+
+#include "platform/CellType.h"
+#include "platform/GridBlock.h"
+
+#include <QColor>
+#include <QFont>
+#include <QTableView>
+
+#include <functional>
+#include <span>
+
+class SpreadModel;
+
+/// A spread sheet: texts in columns and rows, with a cell type per column. Columns and rows count from 1; row 0 is the
+/// header row, column 0 the row numbers, -1 stands for all. A cell's text is its only value: a check box holds "0" or
+/// "1" (any number other than 0 is shown ticked). Cells outside the grid read as empty and are left alone by writing.
+///
+/// Routines change the grid silently; only what the user does raises signals.
+class SpreadGrid : public QTableView
+{
+    Q_OBJECT
+
+public:
+    explicit SpreadGrid(QWidget *parent = nullptr);
+    ~SpreadGrid() override;
+
+    // Size. New rows stand at the end and hold their columns' initial texts; surplus rows are dropped from the end.
+    int rowCount() const;
+    void setRowCount(int rows);
+    int columnCount() const;
+    void setColumnCount(int columns);
+
+    // Texts
+    QString text(int column, int row) const;
+    /// The text of a data cell without a copy; valid until the grid's next change.
+    QStringView cellText(int column, int row) const;
+    void setText(int column, int row, const QString &text);
+    /// Replaces the texts of a data row from column 1 on; fewer texts than columns leave the rest.
+    void setRowTexts(int row, std::span<const QStringView> texts);
+    /// The cells of the block joined by tabs, rows by CR LF; column 0 gives the row numbers. Column 1 to column 2 as
+    /// they are, hidden ones included.
+    QString blockText(const GridBlock &block) const;
+    /// Puts a block text (rows by CR LF, CR or LF; one at the end does not begin a row) into the block, from its top
+    /// left cell. Cells and rows beyond the block are dropped, what the text does not reach is left; texts for column 0
+    /// are dropped.
+    void setBlockText(const GridBlock &block, QStringView text);
+    /// Moves the texts of rows row1 to row2 (all columns) so that they begin at row target, within the grid; what falls
+    /// outside is dropped. Rows that are not a target keep their texts. Colours and heights stay where they are.
+    void moveRowTexts(int row1, int row2, int target);
+    /// Sorts rows row1 to row2 by the numbers in column key, ascending and stable; texts that are no number come
+    /// last, in their order. Active cell and selection stay where they are.
+    void sortRows(int row1, int row2, int key);
+
+    // Cell types, looks
+    /// row -1: the whole column. A type of a single cell goes before its column's.
+    void setCellType(int column, int row, const CellType &type);
+    CellType cellType(int column, int row) const;
+    void setAlignment(int column, Qt::Alignment alignment);
+    void setForeColour(const GridBlock &block, const QColor &colour);
+    QColor foreColour(int column, int row) const;
+    /// The font of all cells and headers. Heights and widths stay, widths in character units included.
+    void setGridFont(const QFont &font);
+    QFont gridFont() const;
+
+    // Widths and heights
+    /// Width of a column (0: the row numbers) for that many digits of the grid's font at this moment.
+    void setWidthInCharacters(int column, double characters);
+    /// Makes the column as wide as its widest text, the header's included. All rows are measured.
+    void fitColumnWidth(int column);
+    /// Makes the row (0: the header row) as high as its highest text needs.
+    void fitRowHeight(int row);
+
+    void setColumnShown(int column, bool shown);
+    bool isColumnShown(int column) const;
+    /// 0 or 1: that many columns from the left stay in view. The column may also be hidden.
+    void setFrozenColumns(int columns);
+
+    // Selection and view
+    /// The selected block: the active cell when nothing else is selected. Rows selected as rows (by their number, by
+    /// Shift+Space, by Ctrl+A) report column1 -1.
+    GridBlock selectedBlock() const;
+    /// column1 -1 selects whole rows. The block's top left cell becomes the active cell.
+    void selectBlock(const GridBlock &block);
+    /// More than one cell is selected, or whole rows.
+    bool isBlockSelected() const;
+    int activeColumn() const; ///< 0 when there is no active cell
+    int activeRow() const; ///< 0 when there is no active cell
+    void setActiveCell(int column, int row);
+    int topRow() const; ///< the first row in view; 0 without rows
+    void setTopRow(int row);
+    int bottomRow() const; ///< the last row that is at least partly in view
+
+    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
+    void setRedraw(bool on);
+
+    // Editing
+    /// Copies the selection to the clipboard as block text and empties its data cells, as the user's own doing: the
+    /// cells raise cellEdited(). A check box becomes "0".
+    void cutSelection();
+    /// Empties the selected data cells in the same way, without the clipboard.
+    void clearSelectedCells();
+    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
+    void commitEdit();
+
+signals:
+    /// The user changed a cell. Raised once per cell, after the change; not when the text stayed the same.
+    void cellEdited(int column, int row);
+    void headerDoubleClicked(int column);
+    /// The active cell moves. newRow is 0 when there is no cell to move to.
+    void cellLeft(int column, int row, int newColumn, int newRow);
+    void escapePressed(Qt::KeyboardModifiers modifiers);
+    /// Row or column 0: a header. position is global.
+    void rightClicked(int column, int row, const QPoint &position);
+    /// Ctrl+C, Ctrl+X, Ctrl+V and their old equivalents; the grid itself does nothing then.
+    void copyRequested();
+    void cutRequested();
+    void pasteRequested();
+
+private:
+    SpreadModel *m_model;
+};
