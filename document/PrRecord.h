@@ -15,11 +15,7 @@ struct SettingRange
 /// A read condition: while it holds, a bulk read leaves the parameter out.
 struct PrCondition
 {
-    enum KindBit : quint8
-    {
-        NotEqual = 0x01,
-        HasRange = 0x02
-    };
+    enum KindBit : quint8 { NotEqual = 0x01, HasRange = 0x02 };
 
     QString subject; ///< parameter number, "MODE" or "OP"
     quint8 kind = 0; ///< sum of KindBits

@@ -7,14 +7,7 @@
 /// whatever the type.
 struct CellType
 {
-    enum class Kind : quint8
-    {
-        Text,
-        Integer,
-        Float,
-        CheckBox,
-        ComboBox
-    };
+    enum class Kind : quint8 { Text, Integer, Float, CheckBox, ComboBox };
 
     Kind kind = Kind::Text;
     double minimum = 0; ///< Integer, Float

@@ -7,12 +7,7 @@ class QWidget;
 /// Message boxes with the program's own button texts; every text is shown as it is, never as markup.
 namespace MessageBox {
 
-enum class Answer
-{
-    Yes,
-    No,
-    Cancel
-};
+enum class Answer { Yes, No, Cancel };
 
 /// The button texts, in this order: OK, Yes, No, Cancel. Set once the language is known.
 void setButtonTexts(const QString &ok, const QString &yes, const QString &no, const QString &cancel);
