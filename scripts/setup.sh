@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# Installs what building, testing and running Tabrix needs from Debian's packages. Does nothing when all is there.
+set -euo pipefail
+
+packages=(
+    # build
+    g++ cmake ninja-build
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools libgl-dev
+    # run
+    libqt6svg6 libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-ipafont-gothic
+    # test, measure and check
+    git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick
+    clang-format clang-tidy python3
+)
+
+missing=()
+for package in "${packages[@]}"; do
+    [ "$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null)" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+sudo=()
+[ "$(id -u)" -eq 0 ] || sudo=(sudo)
+echo "Installing: ${missing[*]}"
+"${sudo[@]}" apt-get update -q
+"${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
