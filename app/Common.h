@@ -5,14 +5,16 @@ class QFont;
 class QLineEdit;
 class QWidget;
 
-/// UserFont as a Qt font.
+/// UserFont as a Qt font; 12 points when its size cannot be shown (below 1 or above 512). A family that the system does
+/// not have is replaced by the system's choice, for Japanese text by a font with Japanese characters.
 QFont userFont();
 
-/// Applies UserFont to the dialog's controls and puts its inner area's half size left of and above the screen's
-/// centre, so that it sits lower and more to the right than the exact centre by half its frame.
+/// Applies UserFont to the dialog's controls and places the dialog on the screen that its parent is on: its outer top
+/// left corner half its inner size left of and above the screen's centre. So it sits lower and more to the right than
+/// the exact centre by half its frame. Call it when the dialog is built and filled, before it is shown.
 void PrepareDialog(QDialog &dialog);
 
-/// Sets UserFont on every control of the window.
+/// Sets UserFont on every control of the window, grids included; not on its menus nor on dialogs that it owns.
 void ApplyUserFont(QWidget &window);
 
 /// Selects the whole text of the box.

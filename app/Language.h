@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QString>
-
-#include <initializer_list>
-#include <utility>
+#include <QStringList>
 
 inline constexpr qint32 JapaneseBase = 5000;
 inline constexpr qint32 EnglishBase = 10000;
@@ -35,13 +32,14 @@ QString setupIniPath(qint32 languageBase);
 /// HelpFilePath for a language.
 QString helpFilePath(qint32 languageBase);
 
-/// The user-interface text of identifier id (1 to 256, with gaps) in the language chosen, each placeholder of pairs
-/// replaced by its value without regard to case. A value that holds its own placeholder is left alone.
-QString ResString(qint16 id, std::initializer_list<std::pair<QString, QString>> pairs = {});
+/// The user-interface text of identifier id (1 to 256, with gaps) in the language chosen. pairs are taken two by two:
+/// a placeholder and its value, e.g. ResString(210, {u"|1"_s, title}). Every occurrence of the placeholder is replaced
+/// without regard to case, but not in the inserted value. A last placeholder without a value takes the value before.
+QString ResString(qint16 id, const QStringList &pairs = {});
 
 /// folder and fileName joined by the platform's separator, which is not doubled.
 QString JoinPath(const QString &folder, const QString &fileName);
 
-/// The position (from 1) of the first occurrence of searched in text at or after start (from 1); 0 when there is none.
-/// compareMode 0 regards case, any other does not.
+/// The position (from 1) of the first occurrence of searched in text at or after start (from 1); 0 when there is none
+/// or start lies outside the text. An empty searched is found at start. compareMode 0 regards case, any other does not.
 int InStrNoCase(const QString &text, const QString &searched, int start = 1, int compareMode = 1);

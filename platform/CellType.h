@@ -13,9 +13,9 @@ struct CellType
     double minimum = 0; ///< Integer, Float
     double maximum = 0;
     int maxLength = 0; ///< Text: most 16-bit units that can be typed; 0 for no limit
-    QString caption; ///< CheckBox: the text beside the box; without one the box stands in the cell's middle
-    QStringList items; ///< ComboBox
-    QString initial; ///< the text of this cell in a row that setRowCount() adds
+    QString caption = {}; ///< CheckBox: the text beside the box; without one the box stands in the cell's middle
+    QStringList items = {}; ///< ComboBox
+    QString initial = {}; ///< the text of this cell in a row that setRowCount() adds
 
     static CellType text(int maxLength = 0) { return {.kind = Kind::Text, .maxLength = maxLength}; }
     static CellType integer(int minimum, int maximum)

@@ -1,0 +1,112 @@
+#include "app/Common.h"
+
+#include "app/Language.h"
+#include "app/Settings.h"
+#include "platform/HelpWindow.h"
+#include "platform/MessageBox.h"
+#include "platform/SpreadGrid.h"
+
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QFont>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+
+#include <cerrno>
+
+namespace {
+
+constexpr qint16 programNameText = 9;
+
+/// The sizes that the font dialog offers; anything else in the settings store is damage.
+constexpr float smallestFont = 1;
+constexpr float largestFont = 512;
+constexpr float usualFont = 12;
+
+/// The dialog's inner size as it will be shown.
+QSize innerSize(QDialog &dialog)
+{
+    dialog.ensurePolished();
+    if (dialog.layout()) {
+        dialog.layout()->activate();
+    }
+    if (!dialog.testAttribute(Qt::WA_Resized)) {
+        dialog.adjustSize();
+        dialog.setAttribute(Qt::WA_Resized, false); // stays free to follow its content
+    }
+    return dialog.size();
+}
+
+void applyFont(QWidget &control, const QFont &font);
+
+void applyFontToChildren(QWidget &parent, const QFont &font)
+{
+    for (QObject *child : parent.children()) {
+        auto *control = qobject_cast<QWidget *>(child);
+        // A menu has no font of its own, and another dialog prepares itself.
+        if (control && !qobject_cast<QDialog *>(control) && !qobject_cast<QMenu *>(control)) {
+            applyFont(*control, font);
+        }
+    }
+}
+
+void applyFont(QWidget &control, const QFont &font)
+{
+    if (auto *grid = qobject_cast<SpreadGrid *>(&control)) {
+        grid->setGridFont(font);
+        return;
+    }
+    control.setFont(font);
+    applyFontToChildren(control, font);
+}
+
+/// What is wrong with a file that could not be shown as help, in the system's words.
+QString fileError(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? qt_error_string(EINVAL) : file.errorString();
+}
+
+} // namespace
+
+QFont userFont()
+{
+    QFont font;
+    font.setFamilies({UserFont.FontName}); // one name, whatever commas it holds
+    const bool usable = UserFont.FontSize >= smallestFont && UserFont.FontSize <= largestFont;
+    font.setPointSizeF(usable ? UserFont.FontSize : usualFont);
+    font.setItalic(UserFont.FontItalic);
+    font.setBold(UserFont.FontBold);
+    return font;
+}
+
+void PrepareDialog(QDialog &dialog)
+{
+    ApplyUserFont(dialog); // first, because the inner size depends on it
+    const QWidget *parent = dialog.parentWidget();
+    const QRect screen = (parent ? parent->screen() : dialog.screen())->geometry();
+    const QSize inner = innerSize(dialog);
+    dialog.move(
+        screen.x() + screen.width() / 2 - inner.width() / 2, screen.y() + screen.height() / 2 - inner.height() / 2);
+}
+
+void ApplyUserFont(QWidget &window)
+{
+    applyFontToChildren(window, userFont());
+}
+
+void SelectAllText(QLineEdit &textBox)
+{
+    textBox.selectAll();
+}
+
+void ShowHelp(QWidget *window, int contextId)
+{
+    if (!HelpWindow::showTopic(HelpFilePath, contextId, window)) {
+        const QString text = QDir::toNativeSeparators(HelpFilePath) + u'\n' + fileError(HelpFilePath);
+        MessageBox::showExclamation(window, text, ResString(programNameText));
+    }
+}
