@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QIcon>
+
+/// The pictures of the resource table. They are drawn anew for every size and scale.
+namespace Picture {
+
+/// The picture of that number (1000 to 1004, 1010 to 1025); a null icon for any other.
+/// second, unless 0, is the picture that a disabled control shows.
+QIcon icon(int first, int second = 0);
+
+/// The picture that the window system shows for the program.
+QIcon programIcon();
+
+} // namespace Picture
