@@ -7,6 +7,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QShortcutEvent>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -17,6 +18,25 @@ namespace {
 constexpr int helpContext = 50;
 constexpr int boxesPerRow = 3;
 constexpr int firstExtraGroup = 12; // from here on a group without a label is not shown at all
+
+/// A check box whose access key ticks it at once. Otherwise it shows itself pressed for a moment first, and a quick
+/// Enter overtakes it.
+class PromptCheckBox : public QCheckBox
+{
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
+            return QCheckBox::event(event);
+        }
+        setFocus(Qt::ShortcutFocusReason);
+        click();
+        return true;
+    }
+};
 
 } // namespace
 
@@ -59,7 +79,7 @@ QWidget *frmFunc::createBoxes()
     m_frame->setObjectName(u"Frame1"_s);
     auto *grid = new QGridLayout(m_frame);
     for (int group = 0; group < FunctionGroupCount; ++group) {
-        auto *box = new QCheckBox(m_frame);
+        auto *box = new PromptCheckBox(m_frame);
         box->setObjectName(elementName(u"chkFunc"_s, group));
         connect(box, &QCheckBox::toggled, this, [this] { showCode(codeFromBoxes()); });
         grid->addWidget(box, group / boxesPerRow, group % boxesPerRow);

@@ -158,6 +158,7 @@ TEST_P(FuncAccessKey, ticksTheBox)
     EXPECT_TRUE(show(0, GetParam().file, [&] {
         press(GetParam().key, Qt::AltModifier);
         EXPECT_TRUE(box(GetParam().group).isChecked());
+        EXPECT_EQ(focusedName(), boxName(GetParam().group));
         ok();
     }));
     EXPECT_EQ(code, 1 << GetParam().group);
@@ -176,6 +177,16 @@ INSTANTIATE_TEST_SUITE_P(Kqm3, FuncAccessKey,
         AccessKey{kqm3File, Qt::Key_B, 5}, AccessKey{kqm3File, Qt::Key_A, 6}, AccessKey{kqm3File, Qt::Key_V, 7},
         AccessKey{kqm3File, Qt::Key_L, 9}, AccessKey{kqm3File, Qt::Key_O, 10}, AccessKey{kqm3File, Qt::Key_R, 11},
         AccessKey{kqm3File, Qt::Key_E, 12}, AccessKey{kqm3File, Qt::Key_Q, 13}, AccessKey{kqm3File, Qt::Key_N, 14}));
+
+TEST_F(FuncDialog, enterDoesNotOvertakeAnAccessKey)
+{
+    EXPECT_TRUE(show(0, normalFile, [&] {
+        press(Qt::Key_T, Qt::AltModifier);
+        press(Qt::Key_F, Qt::AltModifier);
+        press(Qt::Key_Return);
+    }));
+    EXPECT_EQ(code, 3);
+}
 
 TEST_F(FuncDialog, okClearsTheBitsThatTheNormalSetHasNoBoxFor)
 {
