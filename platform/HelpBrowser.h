@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTextBrowser>
+
+class HelpLibrary;
+
+/// Shows the pages of a help file and follows their links.
+class HelpBrowser : public QTextBrowser
+{
+    Q_OBJECT
+
+public:
+    explicit HelpBrowser(const HelpLibrary &library, QWidget *parent = nullptr);
+
+    QVariant loadResource(int type, const QUrl &name) override;
+
+    /// Selects the next (or previous) occurrence of text after (before) the selection, going round at the page's end.
+    /// Returns false, and leaves the view, when the page has none.
+    bool findAround(const QString &text, bool backward);
+    /// The same from the start of the selection: for a text that is still being typed.
+    bool findWhileTyping(const QString &text);
+
+private:
+    const HelpLibrary &m_library;
+    QUrl m_page;
+};

@@ -1,0 +1,405 @@
+#include "platform/HelpWindow.h"
+
+#include "platform/HelpBrowser.h"
+#include "platform/HelpLibrary.h"
+#include "platform/HelpSearch.h"
+#include "tests/support/Controls.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QFile>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString helpFile(const QString &language)
+{
+    return QStringLiteral(TABRIX_HELP_FOLDER "/") + (language == u"ja" ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s);
+}
+
+QString text(const HelpLibrary &library, const QUrl &page)
+{
+    return QString::fromUtf8(library.data(page));
+}
+
+QWidget *openWindow()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == u"helpWindow") {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+class HelpInLanguage : public testing::TestWithParam<const char *>
+{
+protected:
+    QString file = helpFile(QString::fromLatin1(GetParam()));
+};
+
+class HelpWindowTest : public testing::Test
+{
+protected:
+    void TearDown() override { delete openWindow(); }
+
+    void show(int contextId = 1)
+    {
+        ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"en"_s), contextId, nullptr));
+        window = openWindow();
+        ASSERT_NE(window, nullptr);
+        browser = &control<HelpBrowser>(*window, u"helpBrowser"_s);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    }
+
+    QString page() const { return browser->source().fileName(); }
+
+    QAction &action(const QString &name) const { return control<QAction>(*window, name); }
+
+    QWidget *window = nullptr;
+    HelpBrowser *browser = nullptr;
+};
+
+using Damage = std::function<void(QByteArray &)>;
+
+QString damagedCopy(const QTemporaryDir &folder, const Damage &damage)
+{
+    QFile whole(helpFile(u"en"_s));
+    EXPECT_TRUE(whole.open(QIODevice::ReadOnly));
+    QByteArray bytes = whole.readAll();
+    damage(bytes);
+    const QString name = folder.filePath(u"DAMAGED.HLP"_s);
+    QFile damaged(name);
+    EXPECT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write(bytes);
+    return name;
+}
+
+} // namespace
+
+TEST_P(HelpInLanguage, opensTheTopicOfEachContextNumber)
+{
+    const QHash<int, QString> pages{
+        {1, u"index.html"_s}, {50, u"funccode.html"_s}, {60, u"conditions.html"_s}, {100, u"machine.html"_s}};
+    const auto library = HelpLibrary::open(file);
+    ASSERT_TRUE(library);
+    for (auto [context, page] : pages.asKeyValueRange()) {
+        EXPECT_EQ(library->topic(context).fileName(), page);
+    }
+    EXPECT_EQ(library->topic(4711).fileName(), u"index.html"_s);
+}
+
+TEST_P(HelpInLanguage, hasNoLinkThatLeadsNowhere)
+{
+    const auto library = HelpLibrary::open(file);
+    ASSERT_TRUE(library);
+    static const QRegularExpression link(u"(?:href|src)=\"([^\"]*)\""_s);
+    int links = 0;
+    for (const QUrl &page : library->pages()) {
+        for (const auto &match : link.globalMatch(text(*library, page))) {
+            const QUrl target = page.resolved(QUrl(match.captured(1)));
+            const QString content = text(*library, target.adjusted(QUrl::RemoveFragment));
+            ++links;
+            EXPECT_FALSE(content.isEmpty()) << target.toString().toStdString();
+            EXPECT_TRUE(!target.hasFragment() || content.contains(u"name=\"%1\""_s.arg(target.fragment())))
+                << target.toString().toStdString();
+        }
+    }
+    EXPECT_GT(links, 60);
+}
+
+TEST_P(HelpInLanguage, givesEveryPageATitleAndAPlaceInTheContents)
+{
+    const auto library = HelpLibrary::open(file);
+    ASSERT_TRUE(library);
+    QHelpContentModel *contents = library->engine().contentModel();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return contents->rowCount() > 0; }));
+    QHelpContentWidget *tree = library->engine().contentWidget();
+    const std::unique_ptr<QWidget> treeOwner(tree);
+    ASSERT_EQ(library->pages().size(), 18);
+    for (const QUrl &page : library->pages()) {
+        const QModelIndex place = tree->indexOf(page);
+        ASSERT_TRUE(place.isValid()) << page.toString().toStdString();
+        const QString title = place.data().toString().toHtmlEscaped();
+        EXPECT_TRUE(text(*library, page).contains(u"<title>%1</title>"_s.arg(title))) << title.toStdString();
+    }
+}
+
+TEST_P(HelpInLanguage, namesEveryControlOfTheWindow)
+{
+    const auto library = HelpLibrary::open(file);
+    ASSERT_TRUE(library);
+    for (const char *key :
+        {"back", "forward", "home", "print", "find", "contents", "index", "search", "indexFilter", "searchWords"}) {
+        EXPECT_FALSE(library->label(QString::fromLatin1(key)).isEmpty()) << key;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, HelpInLanguage, testing::Values("en", "ja"));
+
+TEST(HelpSearchTest, findsPagesThatHoldEveryWordInAnyCase)
+{
+    const auto library = HelpLibrary::open(helpFile(u"en"_s));
+    ASSERT_TRUE(library);
+    HelpSearch search(*library);
+    const QList<HelpHit> hits = search.find(u"  KORVELIN ini "_s);
+    ASSERT_EQ(hits.size(), 1);
+    EXPECT_EQ(hits.first().page.fileName(), u"settings.html"_s);
+    EXPECT_TRUE(search.find(u"korvelin zebra"_s).isEmpty());
+    EXPECT_TRUE(search.find(u"  "_s).isEmpty());
+    const QList<HelpHit> many = search.find(u"clipboard"_s);
+    ASSERT_GT(many.size(), 2);
+    EXPECT_EQ(many.first().page.fileName(), u"edit.html"_s);
+    EXPECT_GE(many.at(0).count, many.at(1).count);
+}
+
+TEST(HelpSearchTest, findsPartsOfJapaneseWordsInHalfAndFullWidth)
+{
+    const auto library = HelpLibrary::open(helpFile(u"ja"_s));
+    ASSERT_TRUE(library);
+    HelpSearch search(*library);
+    const auto pages = [&](const QString &words) {
+        QStringList names;
+        for (const HelpHit &hit : search.find(words)) {
+            names << hit.page.fileName();
+        }
+        return names;
+    };
+    EXPECT_EQ(pages(u"挿入貼り付け"_s).first(), u"edit.html"_s);
+    EXPECT_EQ(pages(u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s), pages(u"クリップボード"_s));
+    EXPECT_TRUE(pages(u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s).contains(u"keyboard.html"_s));
+}
+
+TEST_F(HelpWindowTest, showsThePageOfTheContextUnderItsTitle)
+{
+    show(50);
+    EXPECT_EQ(page(), u"funccode.html"_s);
+    EXPECT_EQ(window->windowTitle(), u"Functional list code dialog"_s);
+    EXPECT_TRUE(browser->toPlainText().contains(u"Magnetic flux vector"_s));
+}
+
+TEST_F(HelpWindowTest, stylesTheFirstPageAndThoseAfterIt)
+{
+    show(50);
+    EXPECT_EQ(browser->document()->begin().blockFormat().topMargin(), 14);
+    show(60);
+    EXPECT_EQ(browser->document()->begin().blockFormat().topMargin(), 14);
+}
+
+TEST_F(HelpWindowTest, usesTheSameWindowForTheNextTopic)
+{
+    show(50);
+    QWidget *first = window;
+    window->hide();
+    show(60);
+    EXPECT_EQ(window, first);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(page(), u"conditions.html"_s);
+    EXPECT_EQ(window->windowTitle(), u"Read condition dialog"_s);
+}
+
+TEST_F(HelpWindowTest, opensAgainAfterItWasClosed)
+{
+    show(50);
+    const QPointer<QWidget> first = window;
+    QTest::keyClick(window, Qt::Key_Escape);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
+    show(100);
+    EXPECT_EQ(page(), u"machine.html"_s);
+}
+
+TEST_F(HelpWindowTest, changesTheLanguageWithTheFile)
+{
+    show(1);
+    ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"ja"_s), 100, nullptr));
+    EXPECT_EQ(openWindow()->windowTitle(), u"機種情報ダイアログ"_s);
+    EXPECT_EQ(control<QTabWidget>(*openWindow(), u"helpTabs"_s).tabText(0), u"目次"_s);
+}
+
+TEST_F(HelpWindowTest, opensAFileNamedRelativeToTheWorkingFolder)
+{
+    const QString name = QDir().relativeFilePath(helpFile(u"en"_s));
+    ASSERT_TRUE(HelpWindow::showTopic(name, 50, nullptr));
+    show(60);
+    EXPECT_TRUE(action(u"helpback"_s).isEnabled()) << "one window for one file";
+}
+
+TEST_F(HelpWindowTest, walksBackAndForwardAndHome)
+{
+    show(50);
+    EXPECT_FALSE(action(u"helpback"_s).isEnabled());
+    show(60);
+    QTest::keyClick(window, Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(page(), u"funccode.html"_s);
+    QTest::keyClick(window, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(page(), u"conditions.html"_s);
+    EXPECT_FALSE(action(u"helpforward"_s).isEnabled());
+    action(u"helphome"_s).trigger();
+    EXPECT_EQ(page(), u"index.html"_s);
+}
+
+TEST_F(HelpWindowTest, followsALinkAndMarksItsPageInTheContents)
+{
+    show(1);
+    auto &tree = control<QHelpContentWidget>(*window, u"helpContents"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }));
+    EXPECT_EQ(tree.currentIndex().data().toString(), u"Tabrix Help"_s);
+    browser->moveCursor(QTextCursor::Start);
+    browser->setFocus();
+    QTest::keyClick(browser, Qt::Key_Tab);
+    QTest::keyClick(browser, Qt::Key_Return);
+    EXPECT_EQ(page(), u"first-steps.html"_s);
+    EXPECT_EQ(tree.currentIndex().data().toString(), u"First steps"_s);
+}
+
+TEST_F(HelpWindowTest, opensThePageThatIsClickedInTheContents)
+{
+    show(1);
+    auto &tree = control<QHelpContentWidget>(*window, u"helpContents"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }));
+    const QModelIndex last = tree.model()->index(tree.model()->rowCount() - 1, 0);
+    tree.scrollTo(last);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(last).center());
+    EXPECT_EQ(page(), u"about.html"_s);
+}
+
+TEST_F(HelpWindowTest, opensThePlaceThatTheIndexNames)
+{
+    show(1);
+    control<QTabWidget>(*window, u"helpTabs"_s).setCurrentIndex(1);
+    auto &index = control<QHelpIndexWidget>(*window, u"helpIndex"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return index.model()->rowCount() > 0; }));
+    auto &filter = control<QLineEdit>(*window, u"helpIndexFilter"_s);
+    QTest::keyClicks(&filter, u"add pas"_s);
+    QTest::keyClick(&filter, Qt::Key_Return);
+    EXPECT_EQ(page(), u"edit.html"_s);
+    EXPECT_EQ(browser->source().fragment(), u"addpaste"_s);
+}
+
+TEST_F(HelpWindowTest, listsTheHitsOfASearchAndOpensThem)
+{
+    show(1);
+    control<QTabWidget>(*window, u"helpTabs"_s).setCurrentIndex(2);
+    QTest::keyClicks(&control<QLineEdit>(*window, u"helpSearchText"_s), u"korvelin"_s);
+    auto &hits = control<QListWidget>(*window, u"helpSearchHits"_s);
+    ASSERT_EQ(hits.count(), 1);
+    EXPECT_EQ(hits.item(0)->text(), u"Language and settings"_s);
+    QTest::mouseClick(hits.viewport(), Qt::LeftButton, {}, hits.visualItemRect(hits.item(0)).center());
+    EXPECT_EQ(page(), u"settings.html"_s);
+}
+
+TEST_F(HelpWindowTest, findsTextOnThePageAndGoesRound)
+{
+    show(50);
+    auto &find = control<QLineEdit>(*window, u"helpFind"_s);
+    QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(find.hasFocus());
+    QTest::keyClicks(&find, u"hexadecimal"_s);
+    EXPECT_EQ(browser->textCursor().selectedText().toLower(), u"hexadecimal"_s);
+    const int first = browser->textCursor().selectionStart();
+    QTest::keyClick(&find, Qt::Key_Return);
+    EXPECT_EQ(browser->textCursor().selectionStart(), first) << "the only place on the page";
+    QTest::keyClicks(&find, u"xyz"_s);
+    QTest::keyClick(&find, Qt::Key_Return);
+    EXPECT_EQ(page(), u"funccode.html"_s);
+
+    find.setText(u"code"_s);
+    QTest::keyClick(window, Qt::Key_F3);
+    const int second = browser->textCursor().selectionStart();
+    QTest::keyClick(window, Qt::Key_F3);
+    EXPECT_GT(browser->textCursor().selectionStart(), second);
+    QTest::keyClick(window, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(browser->textCursor().selectionStart(), second);
+}
+
+TEST_F(HelpWindowTest, printsThePage)
+{
+    show(50);
+    const QTemporaryDir folder;
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder.filePath(u"page.pdf"_s));
+    browser->print(&printer);
+    EXPECT_GT(QFile(folder.filePath(u"page.pdf"_s)).size(), 1000);
+}
+
+TEST_F(HelpWindowTest, staysUsableBesideTheModalDialogThatCalledIt)
+{
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"en"_s), 1, &dialog));
+    show(50);
+    ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"en"_s), 60, &dialog));
+    QTest::keyClick(window->windowHandle(), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(page(), u"funccode.html"_s);
+    dialog.accept();
+    EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(HelpWindowTest, doesNotKeepTheProgramRunning)
+{
+    show(1);
+    EXPECT_FALSE(window->testAttribute(Qt::WA_QuitOnClose));
+}
+
+TEST_F(HelpWindowTest, reportsAMissingFileAndShowsNothing)
+{
+    EXPECT_FALSE(HelpWindow::showTopic(u"/nowhere/TABRIX.HLP"_s, 1, nullptr));
+    EXPECT_FALSE(HelpWindow::showTopic(QStringLiteral(TABRIX_HELP_FOLDER), 1, nullptr)) << "a folder";
+    EXPECT_EQ(openWindow(), nullptr);
+}
+
+TEST_F(HelpWindowTest, reportsADamagedFileAndShowsNothing)
+{
+    const QTemporaryDir folder;
+    const Damage damages[] = {
+        [](QByteArray &bytes) { bytes.clear(); },
+        [](QByteArray &bytes) { bytes = "This is no help file.\r\n"; },
+        [](QByteArray &bytes) { bytes.truncate(1000); },
+        [](QByteArray &bytes) { bytes.replace(0, 16, QByteArray(16, '\0')); },
+        [](QByteArray &bytes) { bytes.fill('x').prepend(QByteArray("SQLite format 3\0", 16)); },
+    };
+    for (const auto &damage : damages) {
+        EXPECT_FALSE(HelpWindow::showTopic(damagedCopy(folder, damage), 1, nullptr));
+        EXPECT_EQ(openWindow(), nullptr);
+    }
+}
+
+TEST_F(HelpWindowTest, survivesAnyDamageInTheMiddleOfTheFile)
+{
+    const QTemporaryDir folder;
+    for (qsizetype part = 1; part < 16; ++part) {
+        const auto overwrite = [part](QByteArray &bytes) {
+            bytes.replace(bytes.size() / 16 * part, 4096, QByteArray(4096, '\xff'));
+        };
+        const auto cut = [part](QByteArray &bytes) { bytes.truncate(bytes.size() / 16 * part); };
+        for (const Damage &damage : {Damage(overwrite), Damage(cut)}) {
+            if (HelpWindow::showTopic(damagedCopy(folder, damage), 50, nullptr)) {
+                EXPECT_FALSE(control<HelpBrowser>(*openWindow(), u"helpBrowser"_s).source().isEmpty());
+                QApplication::processEvents();
+                delete openWindow();
+            }
+        }
+    }
+}
