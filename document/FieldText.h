@@ -1,33 +1,30 @@
 #pragma once
 
-#include "document/PrGrid.h"
-#include "runtime/RunTimeError.h"
+#include "document/PrRecord.h"
+#include "runtime/NumberText.h"
 
+#include <QList>
 #include <QString>
 
-#include <functional>
-#include <optional>
+#include <span>
 
 /// The number in text as files store it: "." as decimal point whatever the system uses, shortest form ("007" gives
-/// "7"). A text that does not begin with a number gives "0"; there is no failure.
+/// "7"). A text that does not begin with a number gives "0"; a number too large for a double comes back as it stands.
 QString NormalizeNumText(QStringView text);
 
 /// A bound as files store it: at most seven significant digits, "." as decimal point.
 QString SingleToText(float value);
 
-/// Fills the ranges of PrRecords[rowIndex] (index from 0) from a setting-range text ("0-400,9999", "5-") and returns
-/// their number. An empty text gives 0 and leaves the ranges alone.
+/// The ranges of a setting-range text ("0-400,9999", "5-"); none for an empty one. Overflow when a bound is too large
+/// for a single or when there are more than 32767 parts.
+Converted<QList<SettingRange>> rangesFromText(QStringView text);
+
+/// The setting-range text of ranges; its inverse, but for ranges whose upper bound is not above the lower one.
+QString rangesToText(std::span<const SettingRange> ranges);
+
+/// Fills the ranges of PrRecords[rowIndex] (index from 0) from a setting-range text and returns their number. An empty
+/// text, and one that overflows, gives 0 and leaves the ranges alone.
 qint16 ParseSettingRange(int rowIndex, QStringView text);
 
 /// The setting-range text of PrRecords[rowIndex] (index from 0).
 QString FormatSettingRange(int rowIndex);
-
-/// What stopped a collection, and at which grid row (from 1).
-struct CollectFailure
-{
-    RunTimeError error;
-    int row;
-};
-
-/// Rebuilds PrRecords from the grid's rows; afterRow is called after each. Nothing is returned when all went well.
-std::optional<CollectFailure> CollectPrRecords(const PrGrid &grid, const std::function<void()> &afterRow);

@@ -45,3 +45,7 @@ struct PrRecord
 
     bool operator==(const PrRecord &) const = default;
 };
+
+Q_DECLARE_TYPEINFO(SettingRange, Q_PRIMITIVE_TYPE);
+Q_DECLARE_TYPEINFO(PrCondition, Q_RELOCATABLE_TYPE);
+Q_DECLARE_TYPEINFO(PrRecord, Q_RELOCATABLE_TYPE);

@@ -6,35 +6,59 @@
 #include <memory>
 #include <optional>
 
+class AnsiTables;
+
 /// One ANSI code page: 932 (Japanese) or 1252 (Western European).
 ///
 /// Bytes that the page cannot decode become private characters (U+F780 to U+F7FF, the byte in the low eight bits) and
-/// encode to the same bytes again, so that a file keeps what it holds. The page's tables are built on first use.
+/// encode to the same bytes again, so that a file keeps what it holds. The page's tables are built on first use; a
+/// system without the converters that they come from ends the program with a message.
 class AnsiCodePage
 {
 public:
+    /// How far an encoding came.
+    struct Encoded
+    {
+        char *end; ///< behind the last byte written
+        qsizetype missing; ///< index of the first character that the page does not have; -1: there is none
+    };
+
+    /// The most bytes that one UTF-16 unit takes.
+    static constexpr int maxBytesPerUnit = 2;
+
     /// The page of that number; 932 or 1252, any other number gives 1252.
     static const AnsiCodePage &page(int number);
+
+    ~AnsiCodePage();
+    Q_DISABLE_COPY_MOVE(AnsiCodePage)
 
     int number() const { return m_number; }
 
     QString decode(QByteArrayView bytes) const;
 
+    /// Decodes into out, which has room for bytes.size() units; returns the number of units.
+    qsizetype decodeTo(QByteArrayView bytes, char16_t *out) const;
+
     /// Appends the bytes of text to out. Returns the index of the first character that the page does not have, with
     /// out holding what stands before it; nothing when all went well.
     std::optional<qsizetype> encode(QStringView text, QByteArray &out) const;
+
+    /// Encodes to out, which has room for maxBytesPerUnit bytes for each unit of text; stops at a missing character.
+    Encoded encodeTo(QStringView text, char *out) const;
 
     /// The number of bytes that text takes; a character that the page does not have counts as one.
     qsizetype byteLength(QStringView text) const;
 
 private:
     explicit AnsiCodePage(int number);
-    struct Tables;
-    const Tables &tables() const;
+    const AnsiTables &tables() const;
 
     int m_number;
-    mutable std::unique_ptr<const Tables> m_tables;
+    mutable std::unique_ptr<const AnsiTables> m_tables;
 };
+
+/// Whether no byte has its high bit set.
+bool isAscii(QByteArrayView bytes);
 
 /// The code page of the system: Windows' own there; elsewhere 932 when the country code is 81 (Japan), else 1252.
 int ansiCodePageNumber();

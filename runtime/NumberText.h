@@ -2,6 +2,7 @@
 
 #include "runtime/RunTimeError.h"
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <optional>
@@ -20,8 +21,9 @@ std::optional<double> numericValue(QStringView text);
 bool isNumeric(QStringView text);
 
 /// The number that text begins with, after blanks: sign, digits, one ".", exponent; what follows is ignored.
-/// No number gives 0; there is no failure.
+/// No number gives 0, one that a double cannot hold an infinity.
 double leadingNumber(QStringView text);
+double leadingNumber(QByteArrayView ascii);
 
 /// Rounds halves to even. Overflow outside -32768 to 32767.
 Converted<qint16> toInt16(double value);
@@ -30,8 +32,8 @@ Converted<qint16> toInt16(double value);
 /// "&H8000" to "&HFFFF" give the negative numbers of those 16 bits.
 Converted<qint16> toInt16(QStringView text);
 
-/// The leading hexadecimal digits of text as the bits of a 16-bit integer ("FFFF" gives -1, "12G4" gives 0x12, none
-/// gives 0). Overflow for a value above FFFF.
+/// The leading hexadecimal digits of text, after blanks, as the bits of a 16-bit integer ("FFFF" gives -1, "12G4"
+/// gives 0x12, none gives 0). Overflow for a value above FFFF.
 Converted<qint16> hexToInt16(QStringView text);
 
 /// "True" and "False" in any case, else a number (0 is false). TypeMismatch for any other text, the empty one included.
@@ -43,3 +45,9 @@ QString singleText(float value);
 
 /// As singleText(), with fifteen significant digits: 1E+15 style from 10^15.
 QString doubleText(double value);
+
+/// The most characters that a number's text takes.
+inline constexpr int numberTextLength = 32;
+
+/// singleText() into a buffer of numberTextLength characters; returns the end of what was written.
+char *writeSingle(float value, char *out);

@@ -1,0 +1,83 @@
+#include "dialogs/EditDialog.h"
+
+#include "app/Common.h"
+#include "app/Language.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QShortcut>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// By index of EditDialog's buttons.
+constexpr qint16 buttonTexts[] = {1, 2, 45};
+
+} // namespace
+
+QString elementName(const QString &array, int index)
+{
+    return u"%1(%2)"_s.arg(array).arg(index);
+}
+
+EditDialog::EditDialog(QWidget *parent, int helpContext) : QDialog(parent), m_helpContext(helpContext)
+{
+}
+
+QHBoxLayout *EditDialog::createButtonRow()
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    QPushButton *ok = addButton(*row, u"cmdOK"_s);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &EditDialog::accept);
+    connect(addButton(*row, u"cmdCancel"_s), &QPushButton::clicked, this, &EditDialog::reject);
+    if (m_helpContext != 0) {
+        addHelp(*row);
+    }
+    return row;
+}
+
+QPushButton *EditDialog::addButton(QHBoxLayout &row, const QString &name)
+{
+    auto *button = new QPushButton(this);
+    button->setObjectName(name);
+    row.addWidget(button);
+    m_buttons << button;
+    return button;
+}
+
+void EditDialog::addHelp(QHBoxLayout &row)
+{
+    connect(addButton(row, u"cmdHelp"_s), &QPushButton::clicked, this, &EditDialog::showHelp);
+    auto *key = new QShortcut(QKeySequence(Qt::Key_F1), this);
+    connect(key, &QShortcut::activated, this, &EditDialog::showHelp);
+}
+
+void EditDialog::showHelp()
+{
+    ShowHelp(this, m_helpContext);
+}
+
+void EditDialog::prepare(qint16 captionText)
+{
+    setWindowTitle(ResString(captionText));
+    for (int i = 0; i < m_buttons.size(); ++i) {
+        m_buttons[i]->setText(ResString(buttonTexts[i]));
+    }
+    ApplyUserFont(*this);
+    setEqualButtonWidths();
+    PrepareDialog(*this);
+}
+
+void EditDialog::setEqualButtonWidths()
+{
+    int width = 0;
+    for (const QPushButton *button : std::as_const(m_buttons)) {
+        width = qMax(width, button->sizeHint().width());
+    }
+    for (QPushButton *button : std::as_const(m_buttons)) {
+        button->setMinimumWidth(width);
+    }
+}

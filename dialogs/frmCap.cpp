@@ -1,0 +1,67 @@
+#include "dialogs/frmCap.h"
+
+#include "app/Language.h"
+#include "dialogs/SelectAllBox.h"
+#include "runtime/NumberText.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// By index of the boxes: capacity, rated current.
+constexpr qint16 labelTexts[] = {181, 182};
+
+} // namespace
+
+frmCap::frmCap(QWidget *parent) : EditDialog(parent)
+{
+    auto *grid = new QGridLayout(this);
+    for (int i = 0; i < boxCount; ++i) {
+        m_labels[i] = new QLabel(this);
+        m_labels[i]->setObjectName(elementName(u"Label1"_s, i));
+        m_boxes[i] = new SelectAllBox(this);
+        m_boxes[i]->setObjectName(elementName(u"Text1"_s, i));
+        m_labels[i]->setBuddy(m_boxes[i]);
+        grid->addWidget(m_labels[i], i, 0);
+        grid->addWidget(m_boxes[i], i, 1);
+    }
+    grid->addLayout(createButtonRow(), boxCount, 0, 1, 2);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+bool frmCap::ShowCapForm(QStringList &values)
+{
+    load();
+    if (exec() != Accepted) {
+        return false;
+    }
+    for (int i = 0; i < qMin<qsizetype>(boxCount, values.size()); ++i) {
+        values[i] = m_boxes[i]->text();
+    }
+    return true;
+}
+
+void frmCap::load()
+{
+    for (int i = 0; i < boxCount; ++i) {
+        m_labels[i]->setText(ResString(labelTexts[i]));
+        m_boxes[i]->clear();
+    }
+    m_boxes[0]->setFocus();
+    prepare(180);
+}
+
+void frmCap::accept()
+{
+    for (QLineEdit *box : m_boxes) {
+        if (!isNumeric(box->text())) {
+            box->setFocus();
+            return;
+        }
+    }
+    EditDialog::accept();
+}

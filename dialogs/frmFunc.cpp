@@ -1,0 +1,144 @@
+#include "dialogs/frmFunc.h"
+
+#include "app/Language.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QShortcutEvent>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int helpContext = 50;
+constexpr int boxesPerRow = 3;
+constexpr int firstExtraGroup = 12; // from here on a group without a label is not shown at all
+
+/// A check box whose access key ticks it at once. Otherwise it shows itself pressed for a moment first, and a quick
+/// Enter overtakes it.
+class PromptCheckBox : public QCheckBox
+{
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
+            return QCheckBox::event(event);
+        }
+        setFocus(Qt::ShortcutFocusReason);
+        click();
+        return true;
+    }
+};
+
+} // namespace
+
+frmFunc::frmFunc(QWidget *parent) : EditDialog(parent, helpContext)
+{
+    auto *all = new QVBoxLayout(this);
+    all->addLayout(createHeading());
+    all->addWidget(createBoxes());
+    all->addLayout(createButtonRow());
+    all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+QLayout *frmFunc::createHeading()
+{
+    m_pr = createLabel(u"lblPr"_s);
+    m_codeCaption = createLabel(u"lblFuncCode(0)"_s);
+    m_code = createLabel(u"lblFuncCode(1)"_s);
+    m_code->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    m_code->setMargin(3);
+
+    auto *heading = new QHBoxLayout;
+    heading->addWidget(m_pr);
+    heading->addStretch();
+    heading->addWidget(m_codeCaption);
+    heading->addWidget(m_code);
+    return heading;
+}
+
+QLabel *frmFunc::createLabel(const QString &name)
+{
+    auto *label = new QLabel(this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QWidget *frmFunc::createBoxes()
+{
+    m_frame = new QGroupBox(this);
+    m_frame->setObjectName(u"Frame1"_s);
+    auto *grid = new QGridLayout(m_frame);
+    for (int group = 0; group < FunctionGroupCount; ++group) {
+        auto *box = new PromptCheckBox(m_frame);
+        box->setObjectName(elementName(u"chkFunc"_s, group));
+        connect(box, &QCheckBox::toggled, this, [this] { showCode(codeFromBoxes()); });
+        grid->addWidget(box, group / boxesPerRow, group % boxesPerRow);
+        m_boxes[group] = box;
+    }
+    return m_frame;
+}
+
+bool frmFunc::ShowFuncCode(const QString &pr, qint16 &code, const QString &filePath)
+{
+    m_labels = functionLabels(filePath);
+    load(pr, code);
+    if (exec() != Accepted) {
+        return false;
+    }
+    const qint16 chosen = codeFromBoxes();
+    if (chosen == code) {
+        return false;
+    }
+    code = chosen;
+    return true;
+}
+
+void frmFunc::load(const QString &pr, qint16 code)
+{
+    m_pr->setText(pr.isEmpty() ? QString() : u"Pr."_s + pr);
+    m_frame->setTitle(ResString(141));
+    m_codeCaption->setText(ResString(154));
+    const FunctionGroups groups = groupsOfCode(code, m_labels);
+    for (int group = 0; group < FunctionGroupCount; ++group) {
+        loadBox(group, groups[group]);
+    }
+    // The incoming code stays in view, with the bits that have no box, until the user touches a box.
+    showCode(code);
+    m_boxes[0]->setFocus();
+    prepare(140);
+}
+
+void frmFunc::loadBox(int group, bool ticked)
+{
+    QCheckBox *box = m_boxes[group];
+    const QSignalBlocker quiet(box);
+    const bool enabled = hasFunctionGroup(m_labels, group);
+    box->setEnabled(enabled);
+    box->setVisible(enabled || group < firstExtraGroup);
+    box->setText(enabled ? ResString(functionGroupText(m_labels, group)) : QString());
+    box->setChecked(ticked);
+}
+
+void frmFunc::showCode(qint16 code)
+{
+    m_code->setText(functionCodeText(code));
+}
+
+qint16 frmFunc::codeFromBoxes() const
+{
+    FunctionGroups groups{};
+    for (int group = 0; group < FunctionGroupCount; ++group) {
+        groups[group] = m_boxes[group]->isChecked();
+    }
+    return codeOfGroups(groups, m_labels);
+}

@@ -1,0 +1,224 @@
+#include "dialogs/frmKisyuEdit.h"
+
+#include "app/Language.h"
+#include "dialogs/DialogGrid.h"
+#include "dialogs/MachineInfoText.h"
+#include "dialogs/SelectAllBox.h"
+#include "dialogs/frmCap.h"
+#include "document/DocumentTables.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int helpContext = 100;
+constexpr int capacityMaximum = 3600;
+constexpr qint16 frameTexts[] = {120, 121, 122, 123, 126}; // in the order in which the frames are made
+
+DialogGrid::Column capacityColumn(qint16 headingText)
+{
+    const QString heading = ResString(headingText);
+    // In code page 932 a text has as many bytes as it is half-width places wide.
+    const auto width = static_cast<double>(AnsiCodePage::page(932).byteLength(heading));
+    return {heading, width, CellType::number(0, capacityMaximum)};
+}
+
+} // namespace
+
+frmKisyuEdit::frmKisyuEdit(QWidget *parent, int docNo) : EditDialog(parent, helpContext), m_docNo(docNo)
+{
+    createTypeFrame();
+    m_voltage = createBox<SelectAllBox>(*createFrame(u"fraVoltage"_s), u"txtV"_s);
+    m_code = createBox<SelectAllBox>(*createFrame(u"fraCode"_s), u"txtCode"_s);
+    createCapacityFrame();
+    m_options = createBox<QLineEdit>(*createFrame(u"fraOption"_s), u"txtOption"_s);
+    layOutFrames();
+    load();
+}
+
+QGroupBox *frmKisyuEdit::createFrame(const QString &name)
+{
+    auto *frame = new QGroupBox(this);
+    frame->setObjectName(name);
+    new QHBoxLayout(frame);
+    m_frames << frame;
+    return frame;
+}
+
+template <typename Box>
+QLineEdit *frmKisyuEdit::createBox(QGroupBox &frame, const QString &name)
+{
+    auto *box = new Box(&frame);
+    box->setObjectName(name);
+    frame.layout()->addWidget(box);
+    connect(box, &QLineEdit::textChanged, this, &frmKisyuEdit::setChanged);
+    return box;
+}
+
+void frmKisyuEdit::createTypeFrame()
+{
+    QGroupBox *frame = createFrame(u"fraType"_s);
+    m_name = createBox<SelectAllBox>(*frame, u"txtKisyuName"_s);
+    m_type = createBox<SelectAllBox>(*frame, u"txtKigo"_s);
+}
+
+void frmKisyuEdit::createCapacityFrame()
+{
+    QGroupBox *frame = createFrame(u"fraCap"_s);
+    m_capacities = new SpreadGrid(frame);
+    m_capacities->setObjectName(u"vaSpread1"_s);
+    connect(m_capacities, &SpreadGrid::cellEdited, this, &frmKisyuEdit::setChanged);
+    m_add = createButton(u"cmdAdd"_s, &frmKisyuEdit::addCapacity);
+    m_delete = createButton(u"cmdDel"_s, &frmKisyuEdit::deleteCapacity);
+
+    auto *buttons = new QVBoxLayout;
+    buttons->addWidget(m_add);
+    buttons->addWidget(m_delete);
+    buttons->addStretch();
+    auto *inside = static_cast<QHBoxLayout *>(frame->layout());
+    inside->addWidget(m_capacities, 1);
+    inside->addLayout(buttons);
+}
+
+QPushButton *frmKisyuEdit::createButton(const QString &name, void (frmKisyuEdit::*onClick)())
+{
+    auto *button = new QPushButton(m_frames.constLast());
+    button->setObjectName(name);
+    connect(button, &QPushButton::clicked, this, onClick);
+    return button;
+}
+
+void frmKisyuEdit::layOutFrames()
+{
+    auto *grid = new QGridLayout(this);
+    grid->addWidget(m_frames[0], 0, 0, 1, 2);
+    grid->addWidget(m_frames[1], 1, 0);
+    grid->addWidget(m_frames[2], 1, 1);
+    grid->addWidget(m_frames[3], 2, 0, 1, 2);
+    grid->addWidget(m_frames[4], 3, 0, 1, 2);
+    grid->addLayout(createButtonRow(), 4, 0, 1, 2);
+    grid->setRowStretch(2, 1);
+}
+
+void frmKisyuEdit::load()
+{
+    const MachineInfo &info = MachineInfos.at(m_docNo);
+    loadTexts();
+    loadBoxes(info);
+    loadCapacities(info);
+    m_name->setFocus();
+    m_name->selectAll();
+    prepare(119);
+    m_changed = false;
+}
+
+void frmKisyuEdit::loadTexts()
+{
+    for (int i = 0; i < m_frames.size(); ++i) {
+        m_frames[i]->setTitle(ResString(frameTexts[i]));
+    }
+    m_add->setText(ResString(124));
+    m_delete->setText(ResString(125));
+}
+
+void frmKisyuEdit::loadBoxes(const MachineInfo &info)
+{
+    m_name->setText(info.Name);
+    m_code->setText(info.Code);
+    m_voltage->setText(info.VCapacity);
+    m_type->setText(info.TypeCode);
+    m_options->setText(optionText(info.Option));
+}
+
+void frmKisyuEdit::loadCapacities(const MachineInfo &info)
+{
+    DialogGrid::layOut(*m_capacities, {capacityColumn(128), capacityColumn(129)});
+    m_capacities->setRowCount(static_cast<int>(info.Capacity.size()));
+    for (int row = 1; row <= m_capacities->rowCount(); ++row) {
+        m_capacities->setText(1, row, info.Capacity[row - 1]);
+        m_capacities->setText(2, row, info.ICapacity.value(row - 1));
+    }
+    DialogGrid::ensureActiveCell(*m_capacities);
+}
+
+void frmKisyuEdit::addCapacity()
+{
+    m_capacities->commitEdit();
+    QStringList values(2);
+    if (!frmCap(this).ShowCapForm(values)) {
+        return;
+    }
+    DialogGrid::addRow(*m_capacities);
+    const int row = m_capacities->rowCount();
+    m_capacities->setText(1, row, values[0]);
+    m_capacities->setText(2, row, values[1]);
+    m_capacities->sortRows(1, row, 1);
+    setChanged();
+}
+
+void frmKisyuEdit::deleteCapacity()
+{
+    m_capacities->commitEdit();
+    // A machine always keeps one capacity.
+    if (m_capacities->rowCount() < 2) {
+        return;
+    }
+    DialogGrid::removeActiveRow(*m_capacities);
+    setChanged();
+}
+
+QLineEdit *frmKisyuEdit::firstInvalidBox() const
+{
+    if (m_name->text().trimmed().isEmpty()) {
+        return m_name;
+    }
+    if (!isMachineCode(m_code->text())) {
+        return m_code;
+    }
+    return isNumeric(m_voltage->text()) ? nullptr : m_voltage;
+}
+
+void frmKisyuEdit::accept()
+{
+    m_capacities->commitEdit();
+    if (QLineEdit *invalid = firstInvalidBox()) {
+        invalid->setFocus();
+        return;
+    }
+    if (m_changed) {
+        collect(MachineInfos[m_docNo]);
+        DocFlags[m_docNo].changed = true;
+    }
+    EditDialog::accept();
+}
+
+void frmKisyuEdit::collect(MachineInfo &info) const
+{
+    info.Name = m_name->text();
+    info.TypeCode = m_type->text();
+    info.VCapacity = m_voltage->text();
+    info.Code = m_code->text();
+    info.Option = optionsOfText(m_options->text());
+    collectCapacities(info);
+}
+
+void frmKisyuEdit::collectCapacities(MachineInfo &info) const
+{
+    info.Capacity.clear();
+    info.ICapacity.clear();
+    for (int row = 1; row <= m_capacities->rowCount(); ++row) {
+        if (const auto stored = storedCapacity({m_capacities->text(1, row), m_capacities->text(2, row)})) {
+            info.Capacity << stored->capacity;
+            info.ICapacity << stored->current;
+        }
+    }
+}

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "dialogs/EditDialog.h"
+#include "document/MachineInfo.h"
+
+class QGroupBox;
+class QLineEdit;
+class SpreadGrid;
+
+/// Edits the machine information of a document: MachineInfos[docNo], which OK writes back when the user changed
+/// anything, together with the document's changed flag.
+class frmKisyuEdit : public EditDialog
+{
+    Q_OBJECT
+
+public:
+    /// docNo: document number from 1; the tables must hold it.
+    frmKisyuEdit(QWidget *parent, int docNo);
+
+    void accept() override;
+
+private:
+    QGroupBox *createFrame(const QString &name);
+    template <typename Box>
+    QLineEdit *createBox(QGroupBox &frame, const QString &name);
+    void createTypeFrame();
+    void createCapacityFrame();
+    QPushButton *createButton(const QString &name, void (frmKisyuEdit::*onClick)());
+    void layOutFrames();
+
+    void load();
+    void loadTexts();
+    void loadBoxes(const MachineInfo &info);
+    void loadCapacities(const MachineInfo &info);
+    void setChanged() { m_changed = true; }
+    void addCapacity();
+    void deleteCapacity();
+    QLineEdit *firstInvalidBox() const;
+    void collect(MachineInfo &info) const;
+    void collectCapacities(MachineInfo &info) const;
+
+    int m_docNo;
+    bool m_changed = false;
+    QList<QGroupBox *> m_frames; ///< type, voltage, code, capacities, options
+    QLineEdit *m_name;
+    QLineEdit *m_type;
+    QLineEdit *m_voltage;
+    QLineEdit *m_code;
+    SpreadGrid *m_capacities;
+    QPushButton *m_add;
+    QPushButton *m_delete;
+    QLineEdit *m_options;
+};

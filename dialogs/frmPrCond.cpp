@@ -1,0 +1,238 @@
+#include "dialogs/frmPrCond.h"
+
+#include "app/Language.h"
+#include "dialogs/DialogGrid.h"
+#include "document/DocumentTables.h"
+#include "document/PrCondText.h"
+#include "platform/SpreadGrid.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int helpContext = 60;
+constexpr qint16 firstModeText = 230;
+constexpr int modeCount = 8;
+
+QStringList modeNames()
+{
+    QStringList names;
+    for (qint16 mode = 0; mode < modeCount; ++mode) {
+        names << ResString(firstModeText + mode);
+    }
+    return names;
+}
+
+DialogGrid::Column relationColumn()
+{
+    return {u"=/<> "_s, 5, CellType::comboBox({u"="_s, u"<>"_s}, u"="_s)};
+}
+
+QList<DialogGrid::Column> columns(int kind)
+{
+    switch (kind) {
+    case ParameterGrid:
+        return {{u"Pr"_s, 5, CellType::integer(0, 999)}, relationColumn(), {u"Cond1"_s, 7, CellType::integer(0, 32767)},
+            {u"Cond2"_s, 7, CellType::integer(0, 32767)}};
+    case ModeGrid:
+        return {relationColumn(), {u"Op mode"_s, 10, CellType::comboBox(modeNames(), modeNames().constFirst())}};
+    default:
+        return {relationColumn(), {u"Option"_s, 10, CellType::text()}};
+    }
+}
+
+QStringList rowTexts(const SpreadGrid &grid, int row)
+{
+    QStringList texts;
+    for (int column = 1; column <= grid.columnCount(); ++column) {
+        texts << grid.text(column, row);
+    }
+    return texts;
+}
+
+void setRowTexts(SpreadGrid &grid, int row, const QStringList &texts)
+{
+    const QList<QStringView> views(texts.cbegin(), texts.cend());
+    grid.setRowTexts(row, views);
+}
+
+} // namespace
+
+frmPrCond::frmPrCond(QWidget *parent) : EditDialog(parent, helpContext)
+{
+    auto *all = new QVBoxLayout(this);
+    all->addLayout(createHeading());
+    all->addLayout(createKinds(), 1);
+    all->addLayout(createButtonRow());
+}
+
+QLayout *frmPrCond::createHeading()
+{
+    m_pr = createLabel(u"lblPr"_s);
+    m_countCaption = createLabel(u"lblCount(0)"_s);
+    m_count = createLabel(u"lblCount(1)"_s);
+    m_count->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+    m_count->setMargin(3);
+
+    auto *heading = new QHBoxLayout;
+    heading->addWidget(m_pr);
+    heading->addStretch();
+    heading->addWidget(m_countCaption);
+    heading->addWidget(m_count);
+    return heading;
+}
+
+QLabel *frmPrCond::createLabel(const QString &name)
+{
+    auto *label = new QLabel(this);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+QLayout *frmPrCond::createKinds()
+{
+    auto *row = new QHBoxLayout;
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        createKind(kind);
+        connectKind(kind);
+        row->addWidget(m_kinds[kind].frame, static_cast<int>(columns(kind).size()));
+    }
+    connect(m_kinds[ParameterGrid].grid, &SpreadGrid::cellEdited, this, &frmPrCond::sortParameters);
+    return row;
+}
+
+void frmPrCond::createKind(int kind)
+{
+    auto *frame = new QGroupBox(this);
+    frame->setObjectName(elementName(u"Frame1"_s, kind));
+    auto *grid = new SpreadGrid(frame);
+    grid->setObjectName(elementName(u"vaspdCond"_s, kind));
+    auto *add = new QPushButton(frame);
+    add->setObjectName(elementName(u"cmdAdd"_s, kind));
+    auto *remove = new QPushButton(frame);
+    remove->setObjectName(elementName(u"cmdDell"_s, kind));
+
+    auto *inside = new QGridLayout(frame);
+    inside->addWidget(grid, 0, 0, 1, 3);
+    inside->addWidget(add, 1, 0);
+    inside->addWidget(remove, 1, 1);
+    inside->setColumnStretch(2, 1);
+    inside->setRowStretch(0, 1);
+    m_kinds[kind] = {frame, grid, add, remove};
+}
+
+void frmPrCond::connectKind(int kind)
+{
+    connect(m_kinds[kind].add, &QPushButton::clicked, this, [this, kind] { addRow(kind); });
+    connect(m_kinds[kind].remove, &QPushButton::clicked, this, [this, kind] { removeRow(kind); });
+}
+
+bool frmPrCond::ShowPrCond(const QString &pr, qint16 &count, QString &condText)
+{
+    PrConditions.clear();
+    m_result.count = ParsePrCondText(condText);
+    load(pr);
+    const bool confirmed = exec() == Accepted;
+    PrConditions.clear();
+    if (!confirmed || m_result == PrCondResult{count, condText}) {
+        return false;
+    }
+    count = m_result.count;
+    condText = m_result.text;
+    return true;
+}
+
+void frmPrCond::load(const QString &pr)
+{
+    loadTexts(pr);
+    const std::span conditions(std::as_const(PrConditions).data(), static_cast<size_t>(m_result.count));
+    const PrCondRows rows = rowsOfConditions(conditions, modeNames());
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        loadGrid(kind, rows[kind]);
+    }
+    m_kinds[ParameterGrid].grid->setFocus();
+    prepare(220);
+}
+
+void frmPrCond::loadTexts(const QString &pr)
+{
+    m_pr->setText(pr.isEmpty() ? QString() : u"Pr."_s + pr);
+    m_countCaption->setText(ResString(226));
+    m_count->setText(QString::number(m_result.count));
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        m_kinds[kind].frame->setTitle(ResString(223 + kind));
+        m_kinds[kind].add->setText(ResString(221));
+        m_kinds[kind].remove->setText(ResString(222));
+    }
+}
+
+void frmPrCond::loadGrid(int kind, const QList<QStringList> &rows)
+{
+    SpreadGrid &grid = *m_kinds[kind].grid;
+    DialogGrid::layOut(grid, columns(kind));
+    grid.setRowCount(static_cast<int>(rows.size()));
+    for (int row = 1; row <= grid.rowCount(); ++row) {
+        setRowTexts(grid, row, rows[row - 1]);
+    }
+    DialogGrid::ensureActiveCell(grid);
+    m_kinds[kind].remove->setEnabled(!rows.isEmpty());
+}
+
+void frmPrCond::addRow(int kind)
+{
+    m_kinds[kind].grid->commitEdit();
+    DialogGrid::addRow(*m_kinds[kind].grid);
+    m_kinds[kind].remove->setEnabled(true);
+}
+
+void frmPrCond::removeRow(int kind)
+{
+    m_kinds[kind].grid->commitEdit();
+    DialogGrid::removeActiveRow(*m_kinds[kind].grid);
+    m_kinds[kind].remove->setEnabled(m_kinds[kind].grid->rowCount() > 0);
+}
+
+void frmPrCond::sortParameters()
+{
+    SpreadGrid &grid = *m_kinds[ParameterGrid].grid;
+    grid.sortRows(1, grid.rowCount(), 1);
+}
+
+void frmPrCond::accept()
+{
+    for (const Kind &kind : m_kinds) {
+        kind.grid->commitEdit();
+    }
+    rebuild();
+    EditDialog::accept();
+}
+
+void frmPrCond::rebuild()
+{
+    const PrCondResult rebuilt = conditionsOfRows(rowsFromGrids(), modeNames());
+    m_result.count = rebuilt.count;
+    // Without a condition the earlier text stays, and so a caller sees it next to the count 0.
+    if (!rebuilt.text.isEmpty()) {
+        m_result.text = rebuilt.text;
+    }
+}
+
+PrCondRows frmPrCond::rowsFromGrids() const
+{
+    PrCondRows rows;
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        const SpreadGrid &grid = *m_kinds[kind].grid;
+        for (int row = 1; row <= grid.rowCount(); ++row) {
+            rows[kind] << rowTexts(grid, row);
+        }
+    }
+    return rows;
+}

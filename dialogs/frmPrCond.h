@@ -1,0 +1,56 @@
+#pragma once
+
+#include "dialogs/EditDialog.h"
+#include "dialogs/PrCondRows.h"
+
+class QGroupBox;
+class QLabel;
+class QLayout;
+class SpreadGrid;
+
+/// Edits the read conditions of a parameter in three grids: on parameters, on the operation mode, on options.
+class frmPrCond : public EditDialog
+{
+    Q_OBJECT
+
+public:
+    explicit frmPrCond(QWidget *parent = nullptr);
+
+    /// Lets the user edit the conditions condText of parameter pr, count being the row's shown number of them. Returns
+    /// true when the user pressed OK and count or text are others now; else both are left alone. When OK finds no
+    /// condition left, count becomes 0 and condText what this object made last (nothing if it never did).
+    bool ShowPrCond(const QString &pr, qint16 &count, QString &condText);
+
+    void accept() override;
+
+private:
+    /// What stands in one of the three frames.
+    struct Kind
+    {
+        QGroupBox *frame;
+        SpreadGrid *grid;
+        QPushButton *add;
+        QPushButton *remove;
+    };
+
+    QLayout *createHeading();
+    QLayout *createKinds();
+    void createKind(int kind);
+    void connectKind(int kind);
+    QLabel *createLabel(const QString &name);
+
+    void load(const QString &pr);
+    void loadTexts(const QString &pr);
+    void loadGrid(int kind, const QList<QStringList> &rows);
+    void addRow(int kind);
+    void removeRow(int kind);
+    void sortParameters();
+    PrCondRows rowsFromGrids() const;
+    void rebuild();
+
+    QLabel *m_pr;
+    QLabel *m_countCaption;
+    QLabel *m_count;
+    std::array<Kind, CondGridCount> m_kinds{};
+    PrCondResult m_result; ///< lives on from one opening to the next
+};

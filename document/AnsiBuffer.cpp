@@ -1,0 +1,75 @@
+#include "document/AnsiBuffer.h"
+
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The whole character at index, also when two units make it.
+char32_t characterAt(QStringView text, qsizetype index)
+{
+    const QChar unit = text[index];
+    const bool isPair = unit.isHighSurrogate() && index + 1 < text.size() && text[index + 1].isLowSurrogate();
+    return isPair ? QChar::surrogateToUcs4(unit, text[index + 1]) : unit.unicode();
+}
+
+} // namespace
+
+/// The place for so many more bytes.
+char *AnsiBuffer::room(qsizetype bytes)
+{
+    if (m_bytes.size() - m_used < bytes) {
+        m_bytes.resize(std::max(m_bytes.size() * 2, m_used + bytes));
+    }
+    return m_bytes.data() + m_used;
+}
+
+void AnsiBuffer::put(char ascii)
+{
+    *room(1) = ascii;
+    ++m_used;
+}
+
+void AnsiBuffer::put(QByteArrayView ascii)
+{
+    std::memcpy(room(ascii.size()), ascii.data(), static_cast<size_t>(ascii.size()));
+    m_used += ascii.size();
+}
+
+void AnsiBuffer::putText(QStringView text)
+{
+    char *const first = room(text.size() * AnsiCodePage::maxBytesPerUnit);
+    const AnsiCodePage::Encoded encoded = m_page.encodeTo(text, first);
+    m_used += encoded.end - first;
+    if (encoded.missing >= 0 && m_missing == 0) {
+        m_missing = characterAt(text, encoded.missing);
+    }
+}
+
+void AnsiBuffer::putInteger(int value)
+{
+    char *const first = room(numberTextLength);
+    m_used += std::to_chars(first, first + numberTextLength, value).ptr - first;
+}
+
+void AnsiBuffer::putSingle(float value)
+{
+    char *const first = room(numberTextLength);
+    m_used += writeSingle(value, first) - first;
+}
+
+std::optional<QString> AnsiBuffer::missingCharacter() const
+{
+    if (m_missing == 0) {
+        return std::nullopt;
+    }
+    return u"the character \"%1\" (U+%2) does not exist in code page %3."_s.arg(QString::fromUcs4(&m_missing, 1))
+        .arg(static_cast<uint>(m_missing), 4, 16, QLatin1Char('0'))
+        .arg(m_page.number());
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class AnsiCodePage;
+
+/// The bytes of a file that is being put together in a code page.
+class AnsiBuffer
+{
+public:
+    explicit AnsiBuffer(const AnsiCodePage &page) : m_page(page) { }
+
+    void reserve(qsizetype bytes) { room(bytes); }
+    void put(char ascii);
+    void put(QByteArrayView ascii);
+    void putText(QStringView text);
+    void putInteger(int value);
+    void putSingle(float value);
+
+    /// A sentence about the first character that the code page does not have; nothing while there was none.
+    std::optional<QString> missingCharacter() const;
+
+    qsizetype size() const { return m_used; }
+    /// What was put so far, without a copy; valid until the next put.
+    QByteArrayView bytes() const { return {m_bytes.constData(), m_used}; }
+
+private:
+    char *room(qsizetype bytes);
+
+    const AnsiCodePage &m_page;
+    QByteArray m_bytes; ///< only the first m_used bytes count
+    qsizetype m_used = 0;
+    char32_t m_missing = 0;
+};

@@ -1,0 +1,192 @@
+#include "document/FieldReader.h"
+
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+bool isFieldBlank(char byte)
+{
+    return byte == ' ' || byte == '\t';
+}
+
+bool isLineEnd(char byte)
+{
+    return byte == '\r' || byte == '\n';
+}
+
+bool endsNumber(char byte)
+{
+    return byte == ',' || isFieldBlank(byte) || isLineEnd(byte);
+}
+
+QByteArrayView from(const char *at, QByteArrayView bytes)
+{
+    return {at, bytes.end()};
+}
+
+} // namespace
+
+bool FieldReader::passLine(QByteArrayView line)
+{
+    while (!atEnd()) {
+        const auto *end = std::find(m_rest.begin(), m_rest.end(), '\n');
+        QByteArrayView found(m_rest.begin(), end);
+        if (found.endsWith('\r')) {
+            found.chop(1);
+        }
+        m_rest = from(end == m_rest.end() ? end : end + 1, m_rest);
+        if (found == line) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QString FieldReader::text()
+{
+    if (atEnd()) {
+        fail(RunTimeError::InputPastEnd);
+    }
+    if (m_error) {
+        return {};
+    }
+    while (!atEnd() && m_rest.front() == ' ') {
+        m_rest = m_rest.sliced(1);
+    }
+    if (take('"')) {
+        const QByteArrayView quoted = takeQuotedText();
+        return decoded({quoted, isAscii(quoted)});
+    }
+    return decoded(takePlainText());
+}
+
+qint16 FieldReader::int16()
+{
+    const auto converted = toInt16(number());
+    if (const auto *failure = std::get_if<RunTimeError>(&converted)) {
+        fail(*failure);
+        return 0;
+    }
+    return std::get<qint16>(converted);
+}
+
+quint8 FieldReader::byte()
+{
+    const qint16 value = int16();
+    if (value < 0 || value > std::numeric_limits<quint8>::max()) {
+        fail(RunTimeError::Overflow);
+        return 0;
+    }
+    return static_cast<quint8>(value);
+}
+
+float FieldReader::single()
+{
+    const double value = number();
+    if (std::abs(value) > std::numeric_limits<float>::max()) {
+        fail(RunTimeError::Overflow);
+        return 0;
+    }
+    return static_cast<float>(value);
+}
+
+void FieldReader::fail(RunTimeError error)
+{
+    if (!m_error) {
+        m_error = error;
+    }
+}
+
+bool FieldReader::take(char byte)
+{
+    if (atEnd() || m_rest.front() != byte) {
+        return false;
+    }
+    m_rest = m_rest.sliced(1);
+    return true;
+}
+
+void FieldReader::takeBlanks()
+{
+    while (!atEnd() && isFieldBlank(m_rest.front())) {
+        m_rest = m_rest.sliced(1);
+    }
+}
+
+/// Behind a number or a closing quote: a comma or one line end, after blanks; nothing when another field follows.
+void FieldReader::takeSeparator()
+{
+    takeBlanks();
+    if (m_rest.startsWith("\r\n")) {
+        m_rest = m_rest.sliced(2);
+    } else if (!take(',')) {
+        take('\n');
+    }
+}
+
+/// Up to the next comma or line end, which is passed; trailing blanks are dropped.
+FieldReader::Field FieldReader::takePlainText()
+{
+    const char *const first = m_rest.begin();
+    const char *at = first;
+    uchar bits = 0;
+    for (; at != m_rest.end() && *at != ',' && *at != '\n'; ++at) {
+        bits |= static_cast<uchar>(*at);
+    }
+    const char *last = at;
+    if (at != m_rest.end()) {
+        last -= *at == '\n' && at != first && at[-1] == '\r' ? 1 : 0;
+        ++at;
+    }
+    m_rest = from(at, m_rest);
+    while (last != first && last[-1] == ' ') {
+        --last;
+    }
+    return {QByteArrayView(first, last), bits < 0x80};
+}
+
+/// Up to the next quote, commas and line ends included; the quote and the separator behind it are passed.
+QByteArrayView FieldReader::takeQuotedText()
+{
+    const auto *quote = std::find(m_rest.begin(), m_rest.end(), '"');
+    const QByteArrayView quoted(m_rest.begin(), quote);
+    m_rest = from(quote, m_rest);
+    take('"');
+    takeSeparator();
+    return quoted;
+}
+
+QString FieldReader::decoded(const Field &field)
+{
+    if (field.ascii) {
+        return m_pool.share(QLatin1StringView(field.bytes.data(), field.bytes.size()));
+    }
+    QVarLengthArray<char16_t, 256> units(field.bytes.size());
+    return m_pool.share(QStringView(units.data(), m_page.decodeTo(field.bytes, units.data())));
+}
+
+/// A numeric field; an empty one is 0.
+double FieldReader::number()
+{
+    while (!atEnd() && (isFieldBlank(m_rest.front()) || isLineEnd(m_rest.front()))) {
+        m_rest = m_rest.sliced(1);
+    }
+    if (atEnd()) {
+        fail(RunTimeError::InputPastEnd);
+    }
+    if (m_error) {
+        return 0;
+    }
+    const auto *end = std::find_if(m_rest.begin(), m_rest.end(), endsNumber);
+    const double value = leadingNumber(QByteArrayView(m_rest.begin(), end));
+    m_rest = from(end, m_rest);
+    takeSeparator();
+    return value;
+}

@@ -1,0 +1,185 @@
+#include "document/FieldText.h"
+
+#include "document/DocumentTables.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isDigit(QChar character)
+{
+    return character >= u'0' && character <= u'9';
+}
+
+qsizetype countDigits(QStringView text)
+{
+    qsizetype count = 0;
+    while (count < text.size() && isDigit(text[count])) {
+        ++count;
+    }
+    return count;
+}
+
+/// Whether text is exactly what a number's shortest form would be. Nearly every cell is, and then needs no conversion.
+bool isShortestForm(QStringView text)
+{
+    constexpr qsizetype exactDigits = 15;
+    const QStringView number = text.startsWith(u'-') ? text.sliced(1) : text;
+    const qsizetype whole = countDigits(number);
+    const bool zero = whole == 1 && number[0] == u'0';
+    if (whole == 0 || number.size() > exactDigits || (number[0] == u'0' && !zero)) {
+        return false;
+    }
+    if (whole == number.size()) {
+        return !zero || number.size() == text.size();
+    }
+    const QStringView fraction = number.sliced(whole + 1);
+    return number[whole] == u'.' && !fraction.isEmpty() && countDigits(fraction) == fraction.size()
+        && fraction.back() != u'0' && !(zero && fraction.startsWith(u"000"));
+}
+
+/// The part of text up to where its leading number ends.
+QString leadingDigits(const QString &text)
+{
+    const auto end = std::find_if(text.begin(), text.end(),
+        [](QChar character) { return !isDigit(character) && !u"+-.eE "_s.contains(character); });
+    return QStringView(text.begin(), end).trimmed().toString();
+}
+
+/// Scans a setting-range text; the part that is open is the last of the ranges.
+class RangeScanner
+{
+public:
+    Converted<QList<SettingRange>> scan(QStringView text);
+
+private:
+    void takeDash();
+    void finishPart();
+    float takeBound();
+
+    QList<SettingRange> m_ranges = {SettingRange{}};
+    QVarLengthArray<QChar, 64> m_text;
+    bool m_seenDash = false;
+    bool m_overflow = false;
+};
+
+Converted<QList<SettingRange>> RangeScanner::scan(QStringView text)
+{
+    for (const QChar character : text) {
+        if (character == u'-') {
+            takeDash();
+        } else if (character == u',') {
+            finishPart();
+            m_ranges.append(SettingRange{});
+        } else {
+            m_text.append(character);
+        }
+    }
+    finishPart();
+    if (m_overflow || m_ranges.size() > std::numeric_limits<qint16>::max()) {
+        return RunTimeError::Overflow;
+    }
+    return std::move(m_ranges);
+}
+
+/// A second dash ends the range early and keeps what was collected, which then counts as a single value.
+void RangeScanner::takeDash()
+{
+    if (m_seenDash) {
+        const auto collected = m_text;
+        m_ranges.last().upper = takeBound();
+        m_text = collected;
+    } else {
+        m_ranges.last().lower = takeBound();
+    }
+    m_seenDash = !m_seenDash;
+}
+
+void RangeScanner::finishPart()
+{
+    constexpr float openEnd = -1;
+    SettingRange &range = m_ranges.last();
+    if (!m_seenDash) {
+        range.lower = takeBound();
+        range.upper = 0;
+    } else {
+        range.upper = m_text.isEmpty() ? openEnd : takeBound();
+    }
+    m_seenDash = false;
+}
+
+/// The number collected so far, which is then used up.
+float RangeScanner::takeBound()
+{
+    const double value = leadingNumber(QStringView(m_text.data(), m_text.size()));
+    m_text.clear();
+    m_overflow = m_overflow || std::abs(value) > std::numeric_limits<float>::max();
+    return m_overflow ? 0 : static_cast<float>(value);
+}
+
+void appendRange(QString &text, const SettingRange &range)
+{
+    text += SingleToText(range.lower);
+    if (range.upper > range.lower) {
+        text += u'-';
+        text += SingleToText(range.upper);
+    } else if (range.upper == -1) {
+        text += u'-';
+    }
+}
+
+} // namespace
+
+QString NormalizeNumText(QStringView text)
+{
+    if (isShortestForm(text)) {
+        return text.toString();
+    }
+    const QString decimal = text.toString().replace(u',', u'.');
+    const double value = leadingNumber(decimal);
+    return std::isfinite(value) ? doubleText(value) : leadingDigits(decimal);
+}
+
+QString SingleToText(float value)
+{
+    return singleText(value);
+}
+
+Converted<QList<SettingRange>> rangesFromText(QStringView text)
+{
+    return text.isEmpty() ? QList<SettingRange>() : RangeScanner().scan(text);
+}
+
+QString rangesToText(std::span<const SettingRange> ranges)
+{
+    QString text;
+    for (const SettingRange &range : ranges) {
+        text += text.isEmpty() ? ""_L1 : ","_L1;
+        appendRange(text, range);
+    }
+    return text;
+}
+
+qint16 ParseSettingRange(int rowIndex, QStringView text)
+{
+    auto converted = rangesFromText(text);
+    auto *ranges = std::get_if<QList<SettingRange>>(&converted);
+    if (ranges == nullptr || ranges->isEmpty()) {
+        return 0;
+    }
+    PrRecords[rowIndex].ranges = std::move(*ranges);
+    return static_cast<qint16>(PrRecords.at(rowIndex).ranges.size());
+}
+
+QString FormatSettingRange(int rowIndex)
+{
+    const PrRecord &record = PrRecords.at(rowIndex);
+    const qsizetype count = std::clamp<qsizetype>(record.rangeCount, 0, record.ranges.size());
+    return rangesToText(std::span(record.ranges.data(), static_cast<size_t>(count)));
+}

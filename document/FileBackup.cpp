@@ -1,0 +1,92 @@
+#include "document/FileBackup.h"
+
+#include "runtime/WholeFile.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int keptVersions = 10;
+constexpr int sequenceDigits = 8;
+
+/// The copies in folder by age, which their leading sequence number gives.
+QStringList versions(const QDir &folder)
+{
+    return folder.entryList({u"*.inv"_s}, QDir::Files, QDir::Name);
+}
+
+QString nextVersionName(const QDir &folder)
+{
+    const QStringList known = versions(folder);
+    const int last = known.isEmpty() ? 0 : known.last().left(sequenceDigits).toInt();
+    const QString time = QDateTime::currentDateTime().toString(u"yyyy-MM-dd HH-mm-ss"_s);
+    return u"%1 %2.inv"_s.arg(last + 1, sequenceDigits, 10, QLatin1Char('0')).arg(time);
+}
+
+/// Writes beside the version and renames, so that a version is whole whenever it is there.
+std::optional<QString> writeVersion(const QDir &folder, const QByteArray &content)
+{
+    const QString part = folder.filePath(u"unfinished"_s);
+    if (auto reason = writeWholeFile(part, content)) {
+        return reason;
+    }
+    QFile file(part);
+    if (!file.rename(folder.filePath(nextVersionName(folder)))) {
+        return file.errorString();
+    }
+    return std::nullopt;
+}
+
+void dropOldVersions(QDir folder)
+{
+    QStringList known = versions(folder);
+    while (known.size() > keptVersions) {
+        folder.remove(known.takeFirst());
+    }
+}
+
+std::optional<QString> copyInto(const QDir &folder, const QString &fileName)
+{
+    QByteArray content;
+    if (auto reason = readWholeFile(fileName, content)) {
+        return reason;
+    }
+    if (!folder.mkpath(u"."_s)) {
+        return u"the folder cannot be created."_s;
+    }
+    return writeVersion(folder, content);
+}
+
+} // namespace
+
+std::optional<FileFailure> backUpFile(const QString &fileName)
+{
+    if (!QFileInfo(fileName).isFile()) {
+        return std::nullopt;
+    }
+    const QDir folder(backupFolder(fileName));
+    if (const auto reason = copyInto(folder, fileName)) {
+        return FileFailure{
+            u"The earlier version could not be kept in %1: %2"_s.arg(QDir::toNativeSeparators(folder.path()), *reason)};
+    }
+    dropOldVersions(folder);
+    return std::nullopt;
+}
+
+QString backupFolder(const QString &fileName)
+{
+    constexpr int readableLength = 60;
+    constexpr int hashLength = 16;
+    const QFileInfo info(fileName);
+    const QByteArray hash =
+        QCryptographicHash::hash(info.absoluteFilePath().toUtf8(), QCryptographicHash::Sha256).toHex().left(hashLength);
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Tabrix/backups/"_s
+        + info.fileName().left(readableLength) + u'-' + QString::fromLatin1(hash);
+}

@@ -1,0 +1,171 @@
+#include "runtime/AnsiText.h"
+
+#include "runtime/AnsiTables.h"
+#include "runtime/Country.h"
+
+#include <QVarLengthArray>
+
+#include <algorithm>
+#include <cstring>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
+namespace {
+
+constexpr int japanese = 932;
+constexpr int western = 1252;
+constexpr char16_t firstUndecodable = 0xF780;
+constexpr char16_t lastUndecodable = 0xF7FF;
+
+int codePageOverride = 0;
+
+int systemCodePage()
+{
+#ifdef Q_OS_WIN
+    return static_cast<int>(GetACP());
+#else
+    constexpr int japan = 81;
+    return countryCode() == japan ? japanese : western;
+#endif
+}
+
+uchar byteAt(QByteArrayView bytes, qsizetype index)
+{
+    return static_cast<uchar>(bytes[index]);
+}
+
+bool isAscii(QStringView text)
+{
+    char16_t bits = 0;
+    for (const QChar character : text) {
+        bits |= character.unicode();
+    }
+    return bits < 0x80;
+}
+
+} // namespace
+
+AnsiCodePage::AnsiCodePage(int number) : m_number(number)
+{
+}
+
+AnsiCodePage::~AnsiCodePage() = default;
+
+const AnsiCodePage &AnsiCodePage::page(int number)
+{
+    static const AnsiCodePage japanesePage(japanese);
+    static const AnsiCodePage westernPage(western);
+    return number == japanese ? japanesePage : westernPage;
+}
+
+const AnsiTables &AnsiCodePage::tables() const
+{
+    if (!m_tables) {
+        m_tables = std::make_unique<const AnsiTables>(m_number == japanese ? "windows-31j" : "windows-1252");
+    }
+    return *m_tables;
+}
+
+qsizetype AnsiCodePage::decodeTo(QByteArrayView bytes, char16_t *out) const
+{
+    const AnsiTables &table = tables();
+    char16_t *at = out;
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        const uchar byte = byteAt(bytes, i);
+        if (byte < 0x80) {
+            *at++ = byte;
+            continue;
+        }
+        const char16_t pair = i + 1 < bytes.size() ? table.pair(byte, byteAt(bytes, i + 1)) : u'\0';
+        const char16_t single = table.single(byte);
+        i += pair != 0 ? 1 : 0;
+        *at++ = pair != 0 ? pair : single != 0 ? single : static_cast<char16_t>(0xF700 | byte);
+    }
+    return at - out;
+}
+
+QString AnsiCodePage::decode(QByteArrayView bytes) const
+{
+    if (isAscii(bytes)) {
+        return QString::fromLatin1(bytes);
+    }
+    QVarLengthArray<char16_t, 256> units(bytes.size());
+    return QString(reinterpret_cast<const QChar *>(units.data()), decodeTo(bytes, units.data()));
+}
+
+AnsiCodePage::Encoded AnsiCodePage::encodeTo(QStringView text, char *out) const
+{
+    if (isAscii(text)) {
+        for (const QChar character : text) {
+            *out++ = static_cast<char>(character.unicode());
+        }
+        return {out, -1};
+    }
+    const AnsiTables &table = tables();
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const char16_t unit = text[i].unicode();
+        const bool undecodable = unit >= firstUndecodable && unit <= lastUndecodable;
+        const quint16 code = unit < 0x80 || undecodable ? unit & 0xFF : table.code(unit);
+        if (code == 0 && unit != 0) {
+            return {out, i};
+        }
+        if (code > 0xFF) {
+            *out++ = static_cast<char>(code >> 8);
+        }
+        *out++ = static_cast<char>(code);
+    }
+    return {out, -1};
+}
+
+std::optional<qsizetype> AnsiCodePage::encode(QStringView text, QByteArray &out) const
+{
+    const qsizetype before = out.size();
+    out.resize(before + maxBytesPerUnit * text.size());
+    const Encoded encoded = encodeTo(text, out.data() + before);
+    out.truncate(encoded.end - out.constData());
+    return encoded.missing < 0 ? std::nullopt : std::optional(encoded.missing);
+}
+
+qsizetype AnsiCodePage::byteLength(QStringView text) const
+{
+    if (isAscii(text)) {
+        return text.size();
+    }
+    qsizetype length = text.size();
+    for (const QChar character : text) {
+        length += tables().code(character.unicode()) > 0xFF ? 1 : 0;
+    }
+    return length;
+}
+
+bool isAscii(QByteArrayView bytes)
+{
+    constexpr quint64 highBits = 0x8080808080808080U;
+    const char *at = bytes.data();
+    const char *const end = at + bytes.size();
+    for (; end - at >= qsizetype(sizeof(quint64)); at += sizeof(quint64)) {
+        quint64 eight = 0;
+        std::memcpy(&eight, at, sizeof eight);
+        if ((eight & highBits) != 0) {
+            return false;
+        }
+    }
+    return std::all_of(at, end, [](char byte) { return static_cast<uchar>(byte) < 0x80; });
+}
+
+int ansiCodePageNumber()
+{
+    return codePageOverride != 0 ? codePageOverride : systemCodePage();
+}
+
+void setAnsiCodePageNumber(int number)
+{
+    codePageOverride = number;
+}
+
+const AnsiCodePage &ansiCodePage()
+{
+    return AnsiCodePage::page(ansiCodePageNumber());
+}

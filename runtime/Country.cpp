@@ -1,0 +1,34 @@
+#include "runtime/Country.h"
+
+#include <QLocale>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
+namespace {
+
+int countryOverride = 0;
+
+int systemCountryCode()
+{
+#ifdef Q_OS_WIN
+    return static_cast<int>(GetProfileIntA("intl", "iCountry", 1));
+#else
+    constexpr int japan = 81;
+    return QLocale::system().territory() == QLocale::Japan ? japan : 1;
+#endif
+}
+
+} // namespace
+
+int countryCode()
+{
+    static const int system = systemCountryCode();
+    return countryOverride != 0 ? countryOverride : system;
+}
+
+void setCountryCode(int code)
+{
+    countryOverride = code;
+}

@@ -1,0 +1,187 @@
+#include "runtime/NumberText.h"
+
+#include "runtime/BlankText.h"
+#include "runtime/DecimalValue.h"
+#include "runtime/NumericParser.h"
+
+#include <QVarLengthArray>
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename Char>
+bool isDigit(Char character)
+{
+    return character >= Char('0') && character <= Char('9');
+}
+
+template <typename Char>
+const Char *skipDigits(const Char *at, const Char *end)
+{
+    while (at != end && isDigit(*at)) {
+        ++at;
+    }
+    return at;
+}
+
+/// The end of an exponent that begins at at; at itself when there is none.
+template <typename Char>
+const Char *skipExponent(const Char *at, const Char *end)
+{
+    if (at == end || (*at | 0x20) != Char('e')) {
+        return at;
+    }
+    const Char *digits = at + 1;
+    if (digits != end && (*digits == Char('+') || *digits == Char('-'))) {
+        ++digits;
+    }
+    const Char *last = skipDigits(digits, end);
+    return last == digits ? at : last;
+}
+
+/// Numbers of any length, by the exact conversion.
+template <typename Char>
+double longNumber(const Char *first, const Char *last)
+{
+    QVarLengthArray<char, 64> ascii;
+    ascii.reserve(last - first);
+    for (; first != last; ++first) {
+        ascii.append(static_cast<char>(*first));
+    }
+    return decimalValue(QByteArrayView(ascii.data(), ascii.size()));
+}
+
+/// An unsigned number. Up to 15 digits without an exponent come from one exact division, which rounds as the exact
+/// conversion does: nearly every number of a parameter file is of that kind.
+template <typename Char>
+double unsignedNumber(const Char *first, const Char *end)
+{
+    constexpr int exactDigits = 15;
+    qint64 mantissa = 0;
+    const Char *at = first;
+    const Char *point = nullptr;
+    for (; at != end && (isDigit(*at) || (*at == Char('.') && point == nullptr)); ++at) {
+        if (*at == Char('.')) {
+            point = at;
+        } else if (at - first <= exactDigits) {
+            mantissa = mantissa * 10 + (*at - Char('0'));
+        }
+    }
+    const auto digits = at - first - (point != nullptr ? 1 : 0);
+    if (digits == 0) {
+        return 0;
+    }
+    const Char *last = skipExponent(at, end);
+    if (last != at || digits > exactDigits) {
+        return longNumber(first, last);
+    }
+    return point == nullptr ? double(mantissa) : double(mantissa) / exactPowersOfTen[at - point - 1];
+}
+
+template <typename Char>
+double leadingNumberOf(const Char *at, const Char *end)
+{
+    while (at != end && isNumberBlank(static_cast<std::make_unsigned_t<Char>>(*at))) {
+        ++at;
+    }
+    if (at == end) {
+        return 0;
+    }
+    const bool negative = *at == Char('-');
+    if (negative || *at == Char('+')) {
+        ++at;
+    }
+    const double value = unsignedNumber(at, end);
+    return negative ? -value : value;
+}
+
+int hexDigit(char16_t character)
+{
+    if (isDigit(character)) {
+        return character - u'0';
+    }
+    const char16_t lower = character | 0x20;
+    return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
+}
+
+} // namespace
+
+std::optional<double> numericValue(QStringView text)
+{
+    const auto parsed = NumericParser(text).parse();
+    const auto *number = std::get_if<ParsedNumber>(&parsed);
+    return number != nullptr ? std::optional(number->value) : std::nullopt;
+}
+
+bool isNumeric(QStringView text)
+{
+    return numericValue(text).has_value();
+}
+
+double leadingNumber(QStringView text)
+{
+    return leadingNumberOf(text.utf16(), text.utf16() + text.size());
+}
+
+double leadingNumber(QByteArrayView ascii)
+{
+    return leadingNumberOf(ascii.data(), ascii.data() + ascii.size());
+}
+
+Converted<qint16> toInt16(double value)
+{
+    const double rounded = std::nearbyint(value);
+    if (!(rounded >= std::numeric_limits<qint16>::min() && rounded <= std::numeric_limits<qint16>::max())) {
+        return RunTimeError::Overflow;
+    }
+    return static_cast<qint16>(rounded);
+}
+
+Converted<qint16> toInt16(QStringView text)
+{
+    const auto parsed = NumericParser(text).parse();
+    if (const auto *error = std::get_if<RunTimeError>(&parsed)) {
+        return *error;
+    }
+    const auto &number = std::get<ParsedNumber>(parsed);
+    if (number.isRadix && number.value <= std::numeric_limits<quint16>::max()) {
+        return static_cast<qint16>(static_cast<quint16>(number.value));
+    }
+    return toInt16(number.value);
+}
+
+Converted<qint16> hexToInt16(QStringView text)
+{
+    qsizetype at = 0;
+    while (at < text.size() && isNumberBlank(text[at].unicode())) {
+        ++at;
+    }
+    int value = 0;
+    for (; at < text.size() && hexDigit(text[at].unicode()) >= 0; ++at) {
+        value = value * 16 + hexDigit(text[at].unicode());
+        if (value > std::numeric_limits<quint16>::max()) {
+            return RunTimeError::Overflow;
+        }
+    }
+    return static_cast<qint16>(static_cast<quint16>(value));
+}
+
+Converted<bool> toBoolean(QStringView text)
+{
+    const auto is = [text](QLatin1StringView word) { return text.compare(word, Qt::CaseInsensitive) == 0; };
+    if (is("True"_L1) || is("#TRUE#"_L1)) {
+        return true;
+    }
+    if (is("False"_L1) || is("#FALSE#"_L1)) {
+        return false;
+    }
+    const auto parsed = NumericParser(text).parse();
+    if (const auto *error = std::get_if<RunTimeError>(&parsed)) {
+        return *error;
+    }
+    return std::get<ParsedNumber>(parsed).value != 0;
+}

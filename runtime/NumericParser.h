@@ -1,0 +1,48 @@
+#pragma once
+
+#include "runtime/RunTimeError.h"
+
+#include <QStringView>
+#include <QVarLengthArray>
+
+#include <variant>
+
+/// What a text that is a number stands for.
+struct ParsedNumber
+{
+    double value = 0;
+    bool isRadix = false; ///< written with "&H" or "&O": its bits count, not its sign
+};
+
+/// The grammar of the platform's conversion of a whole text to a number; see numericValue() in NumberText.h.
+class NumericParser
+{
+public:
+    explicit NumericParser(QStringView text) : m_text(text) { }
+
+    /// Once per object. TypeMismatch for a text that is no number, Overflow for one that is too large.
+    std::variant<ParsedNumber, RunTimeError> parse();
+
+private:
+    bool atEnd() const { return m_at == m_text.size(); }
+    char16_t current() const { return atEnd() ? u'\0' : m_text[m_at].unicode(); }
+    bool takeOnce(bool matches, bool &taken);
+    void takeLeading();
+    void takeTrailing();
+    void takeBlanks();
+    int takeRadixPrefix();
+    qsizetype takeDigits(bool separators);
+    bool takeMantissa();
+    bool takeExponent();
+    std::variant<ParsedNumber, RunTimeError> radixNumber(int base);
+    std::variant<ParsedNumber, RunTimeError> decimalNumber() const;
+
+    QStringView m_text;
+    qsizetype m_at = 0;
+    QVarLengthArray<char, 64> m_number; ///< the number without sign, blanks and separators
+    bool m_plus = false;
+    bool m_minus = false;
+    bool m_opened = false;
+    bool m_closed = false;
+    bool m_currency = false;
+};

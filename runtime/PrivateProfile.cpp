@@ -1,0 +1,138 @@
+#include "runtime/PrivateProfile.h"
+
+#include "runtime/AnsiText.h"
+#include "runtime/WholeFile.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr QByteArrayView utf8Mark = "\xEF\xBB\xBF";
+
+/// The end-of-file mark of old editors counts as a blank.
+bool isProfileBlank(char byte)
+{
+    constexpr char endOfFileMark = 0x1A;
+    return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f' || byte == endOfFileMark;
+}
+
+bool isLineEnd(char byte)
+{
+    return byte == '\r' || byte == '\n';
+}
+
+QByteArrayView trimmed(QByteArrayView bytes)
+{
+    while (!bytes.isEmpty() && isProfileBlank(bytes.front())) {
+        bytes = bytes.sliced(1);
+    }
+    while (!bytes.isEmpty() && isProfileBlank(bytes.back())) {
+        bytes.chop(1);
+    }
+    return bytes;
+}
+
+/// Takes the next line off bytes, without its line end; any run of line ends is one.
+QByteArrayView takeLine(QByteArrayView &bytes)
+{
+    const auto end = std::find_if(bytes.begin(), bytes.end(), isLineEnd);
+    const QByteArrayView line(bytes.begin(), end);
+    const auto next = std::find_if_not(end, bytes.end(), isLineEnd);
+    bytes = QByteArrayView(next, bytes.end());
+    return trimmed(line);
+}
+
+/// The name between the brackets of a section line, lower case; nothing for any other line.
+std::optional<QByteArray> sectionName(QByteArrayView line)
+{
+    if (!line.startsWith('[') || !line.contains(']')) {
+        return std::nullopt;
+    }
+    return trimmed(line.first(line.indexOf(']')).sliced(1)).toByteArray().toLower();
+}
+
+QByteArrayView withoutQuotes(QByteArrayView value)
+{
+    const bool quoted =
+        value.size() > 1 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
+    return quoted ? value.sliced(1).chopped(1) : value;
+}
+
+QByteArrayView upToNul(QByteArrayView value)
+{
+    const qsizetype nul = value.indexOf('\0');
+    return nul < 0 ? value : value.first(nul);
+}
+
+/// Puts the key of a line into keys unless it is there: a key's first line decides, also when it holds no value.
+void addKey(QByteArrayView line, QHash<QByteArray, std::optional<QByteArrayView>> &keys)
+{
+    const qsizetype equals = line.indexOf('=');
+    const QByteArray key = trimmed(equals < 0 ? line : line.first(equals)).toByteArray().toLower();
+    if (keys.contains(key)) {
+        return;
+    }
+    if (equals < 0) {
+        keys.insert(key, std::nullopt);
+    } else {
+        keys.insert(key, withoutQuotes(trimmed(upToNul(line.sliced(equals + 1)))));
+    }
+}
+
+/// The text of at most limit bytes; a character that would be cut in half is left out.
+QString cutText(QByteArrayView bytes, qsizetype limit)
+{
+    const AnsiCodePage &page = ansiCodePage();
+    QString text = page.decode(bytes.first(std::min(bytes.size(), limit + 1)));
+    while (page.byteLength(text) > limit) {
+        text.chop(1);
+    }
+    return text;
+}
+
+} // namespace
+
+PrivateProfile::PrivateProfile(QByteArray bytes) : m_bytes(std::move(bytes))
+{
+}
+
+PrivateProfile PrivateProfile::fromFile(const QString &fileName)
+{
+    QByteArray bytes;
+    if (readWholeFile(fileName, bytes)) {
+        bytes.clear();
+    }
+    return PrivateProfile(std::move(bytes));
+}
+
+std::optional<QString> PrivateProfile::value(const QString &section, const QString &key, int bufferSize) const
+{
+    const Keys &keys = keysOf(section.toLatin1().toLower());
+    const auto found = keys.constFind(key.toLatin1().toLower());
+    if (found == keys.cend() || !found->has_value()) {
+        return std::nullopt;
+    }
+    return cutText(**found, bufferSize - 1);
+}
+
+const PrivateProfile::Keys &PrivateProfile::keysOf(const QByteArray &section) const
+{
+    const auto known = m_sections.constFind(section);
+    if (known != m_sections.cend()) {
+        return *known;
+    }
+    QByteArrayView rest = m_bytes;
+    if (rest.startsWith(utf8Mark)) {
+        rest = rest.sliced(utf8Mark.size());
+    }
+    while (!rest.isEmpty() && sectionName(takeLine(rest)) != section) { }
+    Keys keys;
+    while (!rest.isEmpty()) {
+        const QByteArrayView line = takeLine(rest);
+        if (sectionName(line)) {
+            break;
+        }
+        addKey(line, keys);
+    }
+    return *m_sections.insert(section, std::move(keys));
+}
