@@ -7,10 +7,17 @@
 #include <QFont>
 #include <QTableView>
 
-#include <functional>
+#include <memory>
 #include <span>
 
+class QKeyEvent;
+class SpreadDelegate;
+class SpreadHeader;
+class SpreadKeys;
 class SpreadModel;
+class SpreadMouse;
+class SpreadSelection;
+struct TextChange;
 
 /// A spread sheet: texts in columns and rows, with a cell type per column. Columns and rows count from 1; row 0 is the
 /// header row, column 0 the row numbers, -1 stands for all. A cell's text is its only value: a check box holds "0" or
@@ -56,15 +63,19 @@ public:
     /// row -1: the whole column. A type of a single cell goes before its column's.
     void setCellType(int column, int row, const CellType &type);
     CellType cellType(int column, int row) const;
+    /// Column 0: the row numbers.
     void setAlignment(int column, Qt::Alignment alignment);
+    Qt::Alignment alignment(int column) const;
     void setForeColour(const GridBlock &block, const QColor &colour);
     QColor foreColour(int column, int row) const;
-    /// The font of all cells and headers. Heights and widths stay, widths in character units included.
+    /// The font of all cells and headers. Heights and widths stay, widths in character units included; only a grid
+    /// without rows takes its heights from the font.
     void setGridFont(const QFont &font);
     QFont gridFont() const;
 
     // Widths and heights
-    /// Width of a column (0: the row numbers) for that many digits of the grid's font at this moment.
+    /// Width of a column for that many digits of the grid's font at this moment. Column 0, the row numbers, gets
+    /// wider by itself when the last number does not fit.
     void setWidthInCharacters(int column, double characters);
     /// Makes the column as wide as its widest text, the header's included. All rows are measured.
     void fitColumnWidth(int column);
@@ -88,8 +99,9 @@ public:
     int activeRow() const; ///< 0 when there is no active cell
     void setActiveCell(int column, int row);
     int topRow() const; ///< the first row in view; 0 without rows
+    /// Near the end of the grid as far as the view can scroll.
     void setTopRow(int row);
-    int bottomRow() const; ///< the last row that is at least partly in view
+    int bottomRow() const; ///< the last row that is at least partly in view; 0 without rows
 
     /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
     void setRedraw(bool on);
@@ -117,6 +129,55 @@ signals:
     void cutRequested();
     void pasteRequested();
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    QRegion visualRegionForSelection(const QItemSelection &selection) const override;
+
+public:
+    QModelIndex indexAt(const QPoint &place) const override;
+    QRect visualRect(const QModelIndex &index) const override;
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+    void selectAll() override;
+
 private:
+    friend class SpreadKeys;
+    friend class SpreadMouse;
+
+    enum class EditStart { GoOn, Empty };
+
+    void connectHeaders();
+    void pressColumn(int column);
+    void pressRow(int row);
+    void adoptFontHeights();
+    void fitRowNumberWidth();
+    int widestText(int column) const;
+    void announceEdits(const TextChange &change);
+    QString selectionText() const;
+
+    void openEditor(EditStart start);
+    void openEditor(QKeyEvent &typed);
+    void toggleActiveCheckBox();
+    void scrollToCell(int column, int row);
+    /// The shown column that many steps from a column (0 and the one behind the last included); the column itself when
+    /// there is none.
+    int shownColumnFrom(int column, int steps) const;
+    int frozenWidth() const;
+    void paintFrozenColumn(QPainter &painter);
+    void paintActiveFrame(QPainter &painter);
+
     SpreadModel *m_model;
+    SpreadHeader *m_columnHeader;
+    SpreadHeader *m_rowHeader;
+    SpreadSelection *m_selection = nullptr;
+    SpreadDelegate *m_delegate = nullptr;
+    std::unique_ptr<SpreadKeys> m_keys;
+    int m_frozenColumns = 0;
+    int m_rowNumberWidth = 0; ///< as it was asked for
+    int m_redrawsOff = 0;
+    bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own
 };

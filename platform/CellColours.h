@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QColor>
+
+#include <vector>
+
+/// The fore colours of the cells: they belong to the place, not to the text that stands there. A byte per cell, and
+/// none at all before the first colour is set. Columns and rows count from 0. At most 255 different colours; further
+/// ones are shown as the last of them.
+class CellColours
+{
+public:
+    /// Cells that come in have no colour.
+    void resize(int columns, int rows);
+    /// All cells from column1, row1 to column2, row2, which must be inside. An invalid colour takes the colour away.
+    void fill(int column1, int row1, int column2, int row2, const QColor &colour);
+    /// Invalid where no colour is set.
+    QColor colour(int column, int row) const;
+
+private:
+    quint8 paletteIndex(const QColor &colour);
+    size_t place(int column, int row) const { return size_t(row) * size_t(m_columns) + size_t(column); }
+
+    int m_columns = 0;
+    int m_rows = 0;
+    std::vector<QColor> m_palette = {QColor()};
+    std::vector<quint8> m_indexes;
+};

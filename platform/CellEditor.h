@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+struct CellType;
+
+/// An in-place editor: a widget that edits the text of one cell.
+class CellEditor
+{
+public:
+    /// The editor that fits the cell type and the text that stands in the cell; it shows that text already.
+    static CellEditor *create(const CellType &type, const QString &text, QWidget *parent);
+    /// The editor that this widget is; nullptr for other widgets.
+    static CellEditor *of(QWidget *widget);
+
+    virtual ~CellEditor() = default;
+    virtual QWidget *widget() = 0;
+    /// What stands in the editor, with the line ends that the cell's text had.
+    virtual QString text() const = 0;
+    /// Whether the cell takes that text.
+    virtual bool isAcceptable() const = 0;
+    /// Whether the user left something other in it than there was.
+    virtual bool isModified() const = 0;
+    /// Empties it, where an empty text can be typed.
+    virtual void clearText() = 0;
+    /// Goes on with what is there: the caret behind the text, or the list dropped down.
+    virtual void goOn() = 0;
+    /// The pixels that it needs from top to bottom, however low the cell's row is.
+    virtual int neededHeight() const = 0;
+    /// Whether the key is the editor's own although it would end other edits (Enter, Tab, arrows, page keys).
+    virtual bool needsKey(int key, bool shift) const = 0;
+};

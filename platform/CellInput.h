@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/CellType.h"
+
+#include <QValidator>
+
+/// What a user may type into a cell of a type.
+namespace CellInput {
+
+/// Invalid: no typing can turn it into a text that the cell takes. Intermediate: not yet one. An empty text is always
+/// acceptable: it empties the cell.
+QValidator::State check(const CellType &type, const QString &text);
+
+/// Whether a check box with that text is shown ticked: any number other than 0.
+bool isTicked(QStringView text);
+
+/// What emptying a cell of that type writes.
+QString emptyText(const CellType &type);
+
+} // namespace CellInput

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/CellEditor.h"
+#include "platform/CellType.h"
+
+#include <QLineEdit>
+
+/// Edits a cell of one line; refuses, while it is typed, what the cell type does not take.
+class CellLineEdit final : public QLineEdit, public CellEditor
+{
+    Q_OBJECT
+
+public:
+    CellLineEdit(const CellType &type, const QString &text, QWidget *parent);
+
+    QWidget *widget() override { return this; }
+    QString text() const override { return QLineEdit::text(); }
+    bool isAcceptable() const override { return hasAcceptableInput(); }
+    bool isModified() const override { return QLineEdit::text() != m_original; }
+    void clearText() override { clear(); }
+    void goOn() override { end(false); }
+    int neededHeight() const override { return fontMetrics().height() + 2; }
+    bool needsKey(int /*key*/, bool /*shift*/) const override { return false; }
+
+private:
+    class Validator;
+
+    QString m_original;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QFontMetrics>
+#include <QStringView>
+
+/// The pixels that a cell has besides its text.
+namespace CellMetrics {
+
+constexpr int margin = 4; ///< left and right of the text
+constexpr int gridLine = 1;
+constexpr int extraWidth = 2 * margin + gridLine;
+constexpr int extraHeight = 6; ///< above and below the text, with the grid line
+constexpr int arrowWidth = 18;
+
+/// The height of a row whose highest text is this.
+int rowHeight(const QFontMetrics &metrics, QStringView text);
+
+} // namespace CellMetrics

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QStringView>
+#include <QtGlobal>
+
+#include <span>
+#include <utility>
+
+/// The texts of one row in one piece of memory. A row never changes, it is replaced by another; copies share the
+/// memory, so that moving and remembering rows costs a pointer each. Columns count from 0 here. For one thread only.
+class CellRow
+{
+public:
+    CellRow() = default; ///< all cells empty
+    explicit CellRow(std::span<const QStringView> texts);
+    CellRow(const CellRow &other) noexcept;
+    CellRow(CellRow &&other) noexcept
+        : m_buffer(std::exchange(other.m_buffer, nullptr))
+    {
+    }
+    CellRow &operator=(CellRow other) noexcept;
+    ~CellRow();
+
+    /// How many cells the row holds texts for; the cells behind them are empty.
+    int size() const;
+    /// Without a copy; valid as long as a row that shares the memory exists.
+    QStringView text(int column) const;
+    /// The texts of all cells, one after another.
+    QStringView allTexts() const;
+
+    bool sharesMemoryWith(const CellRow &other) const { return m_buffer == other.m_buffer; }
+
+private:
+    struct Buffer;
+
+    Buffer *m_buffer = nullptr;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/CellRow.h"
+
+#include <QString>
+
+#include <functional>
+#include <span>
+#include <vector>
+
+/// What can be done with rows of texts; no routine changes the rows that it is given. Columns count from 0, both ends
+/// of a range are included.
+namespace CellRows {
+
+/// The row with texts from firstColumn on, as far as the row's columns reach.
+CellRow replaced(const CellRow &row, int columns, int firstColumn, std::span<const QStringView> texts);
+
+/// Appends the cells of column1 to column2, joined by tabs.
+void appendCells(QString &block, const CellRow &row, int column1, int column2);
+
+/// The rows after a block text was put into column1 to column2 of them, without its first skippedCells cells of every
+/// row. Cells and rows beyond are dropped; a row that the text does not reach stands unchanged. Where the block is
+/// a single column, a line end at the end stands for an empty last cell, if there is a row for it: such is the block
+/// text of a column whose last cell is empty.
+std::vector<CellRow> withBlockText(std::span<const CellRow> rows, int columns, int column1, int column2,
+                                   int skippedCells, QStringView block);
+
+/// The rows after the cells of column1 to column2 took the text that emptyText gives for (column, index of the row).
+std::vector<CellRow> cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
+                             const std::function<QStringView(int, int)> &emptyText);
+
+/// The rows in ascending order of the numbers in column key; rows without a number there come last. Rows that compare
+/// equal keep their order.
+std::vector<CellRow> sortedByNumber(std::span<const CellRow> rows, int key);
+
+} // namespace CellRows

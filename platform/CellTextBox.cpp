@@ -1,0 +1,66 @@
+#include "platform/CellTextBox.h"
+
+#include "platform/CellInput.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *parent)
+    : QPlainTextEdit(text, parent)
+    , m_type(type)
+    , m_lineEnd(text.contains("\r\n"_L1) ? u"\r\n"_s : text.contains(u'\n') ? u"\n"_s : u"\r"_s)
+    , m_originalLines(plainLines())
+{
+    setObjectName(u"cellEditor"_s);
+    setFrameShape(QFrame::NoFrame);
+    setLineWrapMode(NoWrap);
+    setTabChangesFocus(true);
+    selectAll();
+    if (type.kind == CellType::Kind::Text && type.maxLength > 0) {
+        m_longest = std::max(qsizetype(type.maxLength), text.size());
+        connect(this, &QPlainTextEdit::textChanged, this, &CellTextBox::cutOverhang);
+    }
+}
+
+QString CellTextBox::text() const
+{
+    return plainLines().replace(u'\n', m_lineEnd);
+}
+
+bool CellTextBox::isAcceptable() const
+{
+    const bool hasOwnLimit = m_type.kind == CellType::Kind::Text;
+    return hasOwnLimit || CellInput::check(m_type, text()) == QValidator::Acceptable;
+}
+
+int CellTextBox::neededHeight() const
+{
+    constexpr int mostLines = 8;
+    const int lines = std::clamp(blockCount() + 1, 2, mostLines);
+    return lines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin());
+}
+
+bool CellTextBox::needsKey(int key, bool shift) const
+{
+    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool isTab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    return isEnter ? shift : !isTab;
+}
+
+// The raw text keeps the blanks that do not break, which the plain text of a document turns into common ones.
+QString CellTextBox::plainLines() const
+{
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
+void CellTextBox::cutOverhang()
+{
+    QTextCursor cursor = textCursor();
+    while (text().size() > m_longest && !cursor.atStart()) {
+        const QSignalBlocker quiet(this);
+        cursor.deletePreviousChar();
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/CellEditor.h"
+#include "platform/CellType.h"
+
+#include <QPlainTextEdit>
+
+/// Edits a text of several lines; Alt+Enter and Shift+Enter begin a new one.
+class CellTextBox final : public QPlainTextEdit, public CellEditor
+{
+    Q_OBJECT
+
+public:
+    CellTextBox(const CellType &type, const QString &text, QWidget *parent);
+
+    QWidget *widget() override { return this; }
+    QString text() const override;
+    bool isAcceptable() const override;
+    bool isModified() const override { return plainLines() != m_originalLines; }
+    void clearText() override { clear(); }
+    void goOn() override { moveCursor(QTextCursor::End); }
+    int neededHeight() const override;
+    bool needsKey(int key, bool shift) const override;
+
+private:
+    QString plainLines() const;
+    void cutOverhang();
+
+    CellType m_type;
+    QString m_lineEnd;
+    QString m_originalLines;
+    qsizetype m_longest = 0; ///< 0 for no limit
+};

@@ -1,0 +1,36 @@
+#include "platform/Contrast.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// Relative luminance of sRGB, 0 to 1.
+double luminance(const QColor &colour)
+{
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+double contrast(double luminance1, double luminance2)
+{
+    return (std::max(luminance1, luminance2) + 0.05) / (std::min(luminance1, luminance2) + 0.05);
+}
+
+} // namespace
+
+QColor readableOn(const QColor &background, const QColor &colour)
+{
+    constexpr double enough = 4.5;
+    constexpr int steps = 20;
+    const double ground = luminance(background);
+    const int target = ground < 0.18 ? 255 : 0;
+    QColor shade = colour;
+    for (int step = 1; step <= steps && contrast(luminance(shade), ground) < enough; ++step) {
+        const auto mixed = [&](int part) { return part + (target - part) * step / steps; };
+        shade = QColor(mixed(colour.red()), mixed(colour.green()), mixed(colour.blue()));
+    }
+    return shade;
+}

@@ -1,0 +1,218 @@
+#include "platform/SpreadDelegate.h"
+
+#include "platform/CellEditor.h"
+#include "platform/CellInput.h"
+#include "platform/CellListBox.h"
+#include "platform/CellMetrics.h"
+#include "platform/Contrast.h"
+#include "platform/SpreadModel.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTableView>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
+{
+    return model.cellType(index.column() + 1, index.row() + 1);
+}
+
+QColor textColour(const QStyleOptionViewItem &option, const QColor &own, bool selected)
+{
+    const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    if (selected) {
+        return option.palette.color(group, QPalette::HighlightedText);
+    }
+    return own.isValid() ? readableOn(option.palette.color(QPalette::Base), own)
+                         : option.palette.color(group, QPalette::Text);
+}
+
+} // namespace
+
+SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
+    : QStyledItemDelegate(&view)
+    , m_view(view)
+    , m_model(model)
+{
+}
+
+// Painting
+
+void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const bool active = index == m_view.currentIndex();
+    const bool selected = !active && option.state & QStyle::State_Selected;
+    if (selected) {
+        const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+        painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+    }
+    const int column = index.column() + 1;
+    const int row = index.row() + 1;
+    const CellType &type = m_model.cellType(column, row);
+    const QColor colour = textColour(option, m_model.foreColour(column, row), selected);
+    painter->setPen(colour);
+    if (type.kind == CellType::Kind::CheckBox) {
+        paintCheckBox(painter, option, index);
+        return;
+    }
+    const QString text = m_model.text(column, row).toString();
+    if (!text.isEmpty()) {
+        const bool isLines = text.contains(u'\n') || text.contains(u'\r');
+        painter->setFont(option.font);
+        painter->drawText(option.rect.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0),
+                          int(m_model.alignment(column) | Qt::AlignVCenter)
+                              | (isLines ? Qt::TextExpandTabs : Qt::TextSingleLine),
+                          text);
+    }
+    if (active && type.kind == CellType::Kind::ComboBox) {
+        paintArrow(painter, option, index);
+    }
+}
+
+void SpreadDelegate::paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
+{
+    const QRect place = checkBoxRect(index, option.rect);
+    QStyleOptionButton box;
+    box.initFrom(&m_view);
+    box.rect = QRect(place.topLeft(), indicatorSize());
+    const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
+    box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
+    const QPen pen = painter->pen();
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, &m_view);
+    painter->setPen(pen);
+    painter->drawText(place.adjusted(indicatorSize().width() + CellMetrics::margin, 0, 0, 0),
+                      Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
+}
+
+void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyleOption arrow;
+    arrow.initFrom(&m_view);
+    arrow.rect = arrowRect(index, option.rect);
+    painter->fillRect(arrow.rect, option.palette.brush(QPalette::Button));
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, &m_view);
+}
+
+QSize SpreadDelegate::indicatorSize() const
+{
+    return {m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view),
+            m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view)};
+}
+
+QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) const
+{
+    const CellType &type = typeOf(m_model, index);
+    if (type.kind != CellType::Kind::CheckBox) {
+        return {};
+    }
+    QSize size = indicatorSize();
+    Qt::Alignment alignment = Qt::AlignCenter;
+    if (!type.caption.isEmpty()) {
+        size.rwidth() += CellMetrics::margin + m_view.fontMetrics().horizontalAdvance(type.caption);
+        alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
+    }
+    return QStyle::alignedRect(m_view.layoutDirection(), alignment, size,
+                               cell.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0));
+}
+
+QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) const
+{
+    if (typeOf(m_model, index).kind != CellType::Kind::ComboBox) {
+        return {};
+    }
+    const int width = std::min(cell.width() / 2, CellMetrics::arrowWidth);
+    return cell.adjusted(cell.width() - width, 2, -2, -2);
+}
+
+QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QString text = m_model.text(index.column() + 1, index.row() + 1).toString();
+    return {option.fontMetrics.horizontalAdvance(text) + CellMetrics::extraWidth,
+            CellMetrics::rowHeight(option.fontMetrics, text)};
+}
+
+// Editing
+
+CellEditor *SpreadDelegate::editor() const
+{
+    return CellEditor::of(m_editor);
+}
+
+QWidget *SpreadDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
+                                      const QModelIndex &index) const
+{
+    const CellType &type = typeOf(m_model, index);
+    if (type.kind == CellType::Kind::CheckBox) {
+        return nullptr;
+    }
+    CellEditor *created = CellEditor::create(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    m_editor = created->widget();
+    m_editor->setAutoFillBackground(true);
+    if (auto *list = qobject_cast<CellListBox *>(m_editor)) {
+        auto *self = const_cast<SpreadDelegate *>(this);
+        connect(list, &CellListBox::closed, self, &SpreadDelegate::finishEdit);
+    }
+    return m_editor;
+}
+
+// The editor has its text from the beginning; what the program writes or colours meanwhile must not undo the typing.
+void SpreadDelegate::setEditorData(QWidget * /*editor*/, const QModelIndex & /*index*/) const
+{
+}
+
+void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    const CellEditor *cell = CellEditor::of(editor);
+    if (cell->isModified() && cell->isAcceptable()) {
+        model->setData(index, cell->text(), Qt::EditRole);
+    }
+}
+
+void SpreadDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                          const QModelIndex & /*index*/) const
+{
+    // A row may be lower than the font needs; the text that is being typed is shown whole.
+    QRect place = option.rect;
+    place.setHeight(std::max(place.height(), CellEditor::of(editor)->neededHeight()));
+    editor->setGeometry(place);
+}
+
+void SpreadDelegate::finishEdit()
+{
+    if (QWidget *open = m_editor) {
+        emit commitData(open);
+        emit closeEditor(open, NoHint);
+    }
+}
+
+bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    CellEditor *open = editor();
+    if (open && watched == m_editor && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() != Qt::Key_Escape) {
+            return keyEndsEdit(*open, key->key(), key->modifiers());
+        }
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers)
+{
+    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Tab,      Qt::Key_Backtab,
+                                              Qt::Key_Up,     Qt::Key_Down,   Qt::Key_PageUp,   Qt::Key_PageDown};
+    const bool shift = modifiers & (Qt::ShiftModifier | Qt::AltModifier);
+    if (std::ranges::find(endingKeys, key) == endingKeys.end() || editor.needsKey(key, shift)) {
+        return false;
+    }
+    if (editor.isAcceptable() || !editor.isModified()) {
+        finishEdit();
+        emit keyAfterEdit(key, modifiers);
+    }
+    return true;
+}

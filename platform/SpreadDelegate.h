@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+class CellEditor;
+class QTableView;
+class SpreadModel;
+
+/// Paints the cells of a spread grid and edits them in place. Check boxes and drop-down arrows are painted, there are
+/// no widgets in the grid but the one editor that is open.
+class SpreadDelegate final : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    SpreadDelegate(QTableView &view, const SpreadModel &model);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    /// The editor that is open; nullptr without one.
+    CellEditor *editor() const;
+    /// Ends the edit and takes what was typed, if the cell takes it.
+    void finishEdit();
+
+    /// Where a cell's check box stands, with its caption; empty for other cells.
+    QRect checkBoxRect(const QModelIndex &index, const QRect &cell) const;
+    /// Where a cell's drop-down arrow stands while the cell is active; empty for other cells.
+    QRect arrowRect(const QModelIndex &index, const QRect &cell) const;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                              const QModelIndex &index) const override;
+
+signals:
+    /// A key ended an edit; it shall do what it does in the grid.
+    void keyAfterEdit(int key, Qt::KeyboardModifiers modifiers);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
+    void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    QSize indicatorSize() const;
+
+    QTableView &m_view;
+    const SpreadModel &m_model;
+    mutable QPointer<QWidget> m_editor;
+};

@@ -1,0 +1,377 @@
+#include "platform/SpreadGrid.h"
+
+#include "platform/CellInput.h"
+#include "platform/CellMetrics.h"
+#include "platform/SpreadCorner.h"
+#include "platform/SpreadDelegate.h"
+#include "platform/SpreadHeader.h"
+#include "platform/SpreadKeys.h"
+#include "platform/SpreadModel.h"
+#include "platform/SpreadMouse.h"
+#include "platform/SpreadSelection.h"
+#include "platform/TextChange.h"
+#include "platform/TextMeter.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+SpreadGrid::SpreadGrid(QWidget *parent)
+    : QTableView(parent)
+    , m_model(new SpreadModel(this))
+    , m_columnHeader(new SpreadHeader(Qt::Horizontal, this))
+    , m_rowHeader(new SpreadHeader(Qt::Vertical, this))
+{
+    setHorizontalHeader(m_columnHeader);
+    setVerticalHeader(m_rowHeader);
+    setModel(m_model);
+    setSelectionMode(ContiguousSelection);
+    setEditTriggers(AnyKeyPressed);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setVerticalScrollMode(ScrollPerItem);
+    setAutoScroll(false);
+    setWordWrap(false);
+    m_selection = new SpreadSelection(*this, *m_model);
+    m_delegate = new SpreadDelegate(*this, *m_model);
+    setItemDelegate(m_delegate);
+    m_keys = std::make_unique<SpreadKeys>(*this, *m_model, *m_selection);
+    const auto *mouse = new SpreadMouse(*this, *m_selection, *m_delegate);
+    connect(mouse, &SpreadMouse::rightClicked, this, &SpreadGrid::rightClicked);
+    connect(m_delegate, &SpreadDelegate::keyAfterEdit, this, [this](int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
+        keyPressEvent(&event);
+    });
+    m_model->setObserver([this](const TextChange &change) { announceEdits(change); });
+    connectHeaders();
+    adoptFontHeights();
+    setWidthInCharacters(0, 4);
+}
+
+SpreadGrid::~SpreadGrid() = default;
+
+// Size
+
+int SpreadGrid::rowCount() const
+{
+    return m_model->rowCount();
+}
+
+void SpreadGrid::setRowCount(int rows)
+{
+    const auto held = m_selection->hold();
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_model->setRowCount(rows);
+    m_selection->fitIntoGrid();
+    fitRowNumberWidth();
+}
+
+int SpreadGrid::columnCount() const
+{
+    return m_model->columnCount();
+}
+
+void SpreadGrid::setColumnCount(int columns)
+{
+    const auto held = m_selection->hold();
+    const QScopedValueRollback quiet(m_quiet, true);
+    m_model->setColumnCount(columns);
+    m_selection->fitIntoGrid();
+}
+
+// Texts
+
+QString SpreadGrid::text(int column, int row) const
+{
+    if (row == 0) {
+        return m_model->headerText(column);
+    }
+    const bool isRowNumber = column == 0 && row > 0 && row <= rowCount();
+    return isRowNumber ? QString::number(row) : cellText(column, row).toString();
+}
+
+QStringView SpreadGrid::cellText(int column, int row) const
+{
+    return m_model->text(column, row);
+}
+
+void SpreadGrid::setText(int column, int row, const QString &text)
+{
+    m_model->setText(column, row, text);
+}
+
+void SpreadGrid::setRowTexts(int row, std::span<const QStringView> texts)
+{
+    m_model->setRowTexts(row, texts);
+}
+
+QString SpreadGrid::blockText(const GridBlock &block) const
+{
+    return m_model->blockText(block);
+}
+
+void SpreadGrid::setBlockText(const GridBlock &block, QStringView text)
+{
+    m_model->setBlockText(block, text);
+}
+
+void SpreadGrid::moveRowTexts(int row1, int row2, int target)
+{
+    m_model->moveRowTexts(row1, row2, target);
+}
+
+void SpreadGrid::sortRows(int row1, int row2, int key)
+{
+    m_model->sortRows(row1, row2, key);
+}
+
+// Types and looks
+
+void SpreadGrid::setCellType(int column, int row, const CellType &type)
+{
+    m_model->setCellType(column, row, type);
+}
+
+CellType SpreadGrid::cellType(int column, int row) const
+{
+    return m_model->cellType(column, row);
+}
+
+void SpreadGrid::setAlignment(int column, Qt::Alignment alignment)
+{
+    if (column == 0) {
+        m_rowHeader->setDefaultAlignment(alignment | Qt::AlignVCenter);
+    } else {
+        m_model->setAlignment(column, alignment);
+    }
+}
+
+Qt::Alignment SpreadGrid::alignment(int column) const
+{
+    return column == 0 ? m_rowHeader->defaultAlignment() : m_model->alignment(column);
+}
+
+void SpreadGrid::setForeColour(const GridBlock &block, const QColor &colour)
+{
+    m_model->setForeColour(block, colour);
+}
+
+QColor SpreadGrid::foreColour(int column, int row) const
+{
+    return m_model->foreColour(column, row);
+}
+
+void SpreadGrid::setGridFont(const QFont &font)
+{
+    setFont(font);
+}
+
+QFont SpreadGrid::gridFont() const
+{
+    return font();
+}
+
+void SpreadGrid::changeEvent(QEvent *event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange && rowCount() == 0) {
+        adoptFontHeights();
+    }
+}
+
+// Widths and heights
+
+void SpreadGrid::adoptFontHeights()
+{
+    m_rowHeader->setDefaultSectionSize(CellMetrics::rowHeight(fontMetrics(), {}));
+    fitRowHeight(0);
+}
+
+void SpreadGrid::setWidthInCharacters(int column, double characters)
+{
+    const double digit = QFontMetricsF(font()).horizontalAdvance(u'0');
+    const int width = int(std::lround(characters * digit)) + CellMetrics::extraWidth;
+    if (column == 0) {
+        m_rowNumberWidth = width;
+        fitRowNumberWidth();
+    } else if (column >= 1 && column <= columnCount()) {
+        setColumnWidth(column - 1, width);
+    }
+}
+
+void SpreadGrid::fitRowNumberWidth()
+{
+    TextMeter meter(font());
+    meter.add(QString(QString::number(rowCount()).size(), u'0'));
+    m_rowHeader->setFixedWidth(std::max(m_rowNumberWidth, meter.widest() + CellMetrics::extraWidth));
+}
+
+void SpreadGrid::fitColumnWidth(int column)
+{
+    if (column == 0) {
+        TextMeter meter(font());
+        meter.add(text(0, 0));
+        m_rowNumberWidth = meter.widest() + CellMetrics::extraWidth;
+        fitRowNumberWidth();
+    } else if (column >= 1 && column <= columnCount()) {
+        setColumnWidth(column - 1, std::max(widestText(column), m_columnHeader->textSize(column - 1).width()));
+    }
+}
+
+int SpreadGrid::widestText(int column) const
+{
+    TextMeter meter(font());
+    int widestBox = 0;
+    for (int row = 1; row <= rowCount(); ++row) {
+        if (m_model->cellType(column, row).kind == CellType::Kind::CheckBox) {
+            widestBox = std::max(widestBox, m_delegate->checkBoxRect(m_model->cellIndex(column, row), {}).width());
+        } else {
+            meter.add(cellText(column, row));
+        }
+    }
+    return std::max(widestBox, meter.widest()) + CellMetrics::extraWidth;
+}
+
+void SpreadGrid::fitRowHeight(int row)
+{
+    if (row == 0) {
+        int height = CellMetrics::rowHeight(fontMetrics(), {});
+        for (int column = 1; column <= columnCount(); ++column) {
+            height = std::max(height, m_columnHeader->textSize(column - 1).height());
+        }
+        m_columnHeader->setFixedHeight(height);
+    } else if (row >= 1 && row <= rowCount()) {
+        const int height = CellMetrics::rowHeight(fontMetrics(), m_model->highestText(row));
+        if (height != rowHeight(row - 1)) {
+            setRowHeight(row - 1, height);
+        }
+    }
+}
+
+void SpreadGrid::setColumnShown(int column, bool shown)
+{
+    if (column >= 1 && column <= columnCount()) {
+        setColumnHidden(column - 1, !shown);
+    }
+}
+
+bool SpreadGrid::isColumnShown(int column) const
+{
+    return column >= 1 && column <= columnCount() && !isColumnHidden(column - 1);
+}
+
+void SpreadGrid::setFrozenColumns(int columns)
+{
+    m_frozenColumns = std::clamp(columns, 0, 1);
+    m_columnHeader->setFirstSectionFrozen(m_frozenColumns > 0);
+    viewport()->update();
+}
+
+// Selection
+
+GridBlock SpreadGrid::selectedBlock() const
+{
+    return m_selection->block();
+}
+
+void SpreadGrid::selectBlock(const GridBlock &block)
+{
+    m_selection->select(block);
+}
+
+bool SpreadGrid::isBlockSelected() const
+{
+    return m_selection->isBlock();
+}
+
+int SpreadGrid::activeColumn() const
+{
+    return m_selection->activeColumn();
+}
+
+int SpreadGrid::activeRow() const
+{
+    return m_selection->activeRow();
+}
+
+void SpreadGrid::setActiveCell(int column, int row)
+{
+    m_selection->moveTo(column, row);
+    scrollToCell(activeColumn(), activeRow());
+}
+
+void SpreadGrid::selectAll()
+{
+    m_selection->selectAll();
+}
+
+// Editing
+
+void SpreadGrid::setRedraw(bool on)
+{
+    if (!on && m_redrawsOff++ == 0) {
+        m_model->beginBatch();
+        setUpdatesEnabled(false);
+    } else if (on && m_redrawsOff > 0 && --m_redrawsOff == 0) {
+        m_model->endBatch();
+        setUpdatesEnabled(true);
+    }
+}
+
+QString SpreadGrid::selectionText() const
+{
+    GridBlock block = selectedBlock();
+    block.column1 = std::max(block.column1, 0); // whole rows: with their numbers
+    return blockText(block);
+}
+
+void SpreadGrid::cutSelection()
+{
+    if (activeRow() > 0) {
+        QGuiApplication::clipboard()->setText(selectionText());
+        clearSelectedCells();
+    }
+}
+
+void SpreadGrid::clearSelectedCells()
+{
+    if (activeRow() > 0) {
+        m_model->clearCells(selectedBlock());
+    }
+}
+
+void SpreadGrid::commitEdit()
+{
+    m_delegate->finishEdit();
+}
+
+void SpreadGrid::toggleActiveCheckBox()
+{
+    const bool ticked = CellInput::isTicked(cellText(activeColumn(), activeRow()));
+    m_model->setText(activeColumn(), activeRow(), ticked ? u"0"_s : u"1"_s, SpreadModel::Origin::User);
+}
+
+// The receivers may change the grid, so the cells are noted first; views are told once, after all of them.
+void SpreadGrid::announceEdits(const TextChange &change)
+{
+    if (change.origin != TextChange::Origin::User) {
+        return;
+    }
+    std::vector<QPoint> edited;
+    for (size_t at = 0; at < change.after.size(); ++at) {
+        for (int column = 0; column < columnCount(); ++column) {
+            if (change.before[at].text(column) != change.after[at].text(column)) {
+                edited.emplace_back(column + 1, change.firstRow + int(at));
+            }
+        }
+    }
+    const SpreadModel::Batch batch(*m_model);
+    for (const QPoint &cell : edited) {
+        emit cellEdited(cell.x(), cell.y());
+    }
+}

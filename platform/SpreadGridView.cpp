@@ -1,0 +1,278 @@
+// What a SpreadGrid shows and how it is handled: painting, scrolling, headers, keys.
+
+#include "platform/CellEditor.h"
+#include "platform/SpreadCorner.h"
+#include "platform/SpreadDelegate.h"
+#include "platform/SpreadGrid.h"
+#include "platform/SpreadHeader.h"
+#include "platform/SpreadKeys.h"
+#include "platform/SpreadModel.h"
+#include "platform/SpreadSelection.h"
+
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleOptionViewItem>
+
+#include <algorithm>
+
+// Headers
+
+void SpreadGrid::connectHeaders()
+{
+    for (SpreadHeader *header : {m_columnHeader, m_rowHeader}) {
+        disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
+        disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
+        disconnect(header, &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
+    }
+    connect(m_columnHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressColumn(at + 1); });
+    connect(m_rowHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressRow(at + 1); });
+    connect(m_columnHeader, &QHeaderView::sectionEntered, this, [this](int at) {
+        m_selection->extendTo(at + 1, rowCount());
+        scrollToCell(at + 1, topRow());
+    });
+    connect(m_rowHeader, &QHeaderView::sectionEntered, this, [this](int at) {
+        m_selection->extendTo(columnCount(), at + 1);
+        scrollToCell(activeColumn(), at + 1);
+    });
+    connect(m_columnHeader, &QHeaderView::sectionDoubleClicked, this,
+            [this](int at) { emit headerDoubleClicked(at + 1); });
+    connect(m_columnHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitColumnWidth(at + 1); });
+    connect(m_rowHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitRowHeight(at + 1); });
+    connect(m_columnHeader, &SpreadHeader::rightClicked, this,
+            [this](int at, const QPoint &place) { emit rightClicked(at + 1, 0, place); });
+    connect(m_rowHeader, &SpreadHeader::rightClicked, this, [this](int at, const QPoint &place) {
+        if (!m_selection->block().isWholeRows() || !m_selection->contains(1, at + 1)) {
+            pressRow(at + 1);
+        }
+        emit rightClicked(0, at + 1, place);
+    });
+    const auto *corner = new SpreadCorner(*this, *m_model);
+    connect(corner, &SpreadCorner::doubleClicked, this, [this] { emit headerDoubleClicked(0); });
+    connect(corner, &SpreadCorner::rightClicked, this, [this](const QPoint &place) { emit rightClicked(0, 0, place); });
+}
+
+// The active cell of whole columns is in view, so that choosing them does not scroll.
+void SpreadGrid::pressColumn(int column)
+{
+    commitEdit();
+    if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) {
+        m_selection->selectColumns(activeColumn(), column, activeRow());
+    } else {
+        m_selection->selectColumns(column, column, std::max(topRow(), 1));
+    }
+}
+
+void SpreadGrid::pressRow(int row)
+{
+    commitEdit();
+    if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) {
+        m_selection->selectRows(activeRow(), row, activeColumn());
+    } else {
+        const QModelIndex first = indexAt({0, 0});
+        m_selection->selectRows(row, row, first.isValid() ? first.column() + 1 : 1);
+    }
+}
+
+// Places
+
+int SpreadGrid::frozenWidth() const
+{
+    return m_frozenColumns > 0 && columnCount() > 0 ? columnWidth(0) : 0;
+}
+
+QModelIndex SpreadGrid::indexAt(const QPoint &place) const
+{
+    if (place.x() >= 0 && place.x() < m_columnHeader->coveredWidth()) {
+        return model()->index(rowAt(place.y()), 0);
+    }
+    return QTableView::indexAt(place);
+}
+
+QRect SpreadGrid::visualRect(const QModelIndex &index) const
+{
+    QRect place = QTableView::visualRect(index);
+    if (index.isValid() && index.column() == 0 && m_columnHeader->coveredWidth() > 0) {
+        place.moveLeft(0);
+    }
+    return place;
+}
+
+// A frozen column that stands over scrolled ones has changed as well.
+QRegion SpreadGrid::visualRegionForSelection(const QItemSelection &selection) const
+{
+    return QTableView::visualRegionForSelection(selection)
+        + QRect(0, 0, m_columnHeader->coveredWidth(), viewport()->height());
+}
+
+int SpreadGrid::shownColumnFrom(int column, int steps) const
+{
+    const int step = steps < 0 ? -1 : 1;
+    int reached = column;
+    for (int at = column + step; at >= 1 && at <= columnCount() && steps != 0; at += step) {
+        if (isColumnShown(at)) {
+            reached = at;
+            steps -= step;
+        }
+    }
+    return reached;
+}
+
+// Scrolling
+
+int SpreadGrid::topRow() const
+{
+    return rowAt(0) + 1;
+}
+
+void SpreadGrid::setTopRow(int row)
+{
+    executeDelayedItemsLayout();
+    verticalScrollBar()->setValue(row - 1);
+}
+
+int SpreadGrid::bottomRow() const
+{
+    const int row = rowAt(viewport()->height() - 1) + 1;
+    return row > 0 ? row : rowCount();
+}
+
+void SpreadGrid::scrollToCell(int column, int row)
+{
+    scrollTo(m_model->cellIndex(column, row));
+}
+
+// Both directions by as little as possible; a frozen column needs none sideways, and the others none beneath it.
+void SpreadGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    if (!index.isValid()) {
+        return;
+    }
+    executeDelayedItemsLayout();
+    int top = index.row();
+    for (int room = viewport()->height() - rowHeight(top); top > 0 && room >= rowHeight(top - 1); --top) {
+        room -= rowHeight(top - 1);
+    }
+    const int first = hint == PositionAtTop ? index.row() : std::max(verticalScrollBar()->value(), top);
+    verticalScrollBar()->setValue(std::min(first, index.row()));
+    if (index.column() == 0 && m_frozenColumns > 0) {
+        return;
+    }
+    const int left = m_columnHeader->sectionPosition(index.column());
+    const int right = left + columnWidth(index.column());
+    const int offset = std::max(horizontalScrollBar()->value(), right - viewport()->width());
+    horizontalScrollBar()->setValue(std::min(offset, left - frozenWidth()));
+}
+
+void SpreadGrid::scrollContentsBy(int dx, int dy)
+{
+    QTableView::scrollContentsBy(dx, dy);
+    if (dx != 0 && m_frozenColumns > 0) {
+        viewport()->update();
+        m_columnHeader->viewport()->update();
+        updateEditorGeometries();
+        CellEditor *editor = m_delegate->editor();
+        if (editor && currentIndex().column() > 0 && editor->widget()->x() < m_columnHeader->coveredWidth()) {
+            commitEdit();
+        }
+    }
+}
+
+// Painting
+
+void SpreadGrid::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    QPainter painter(viewport());
+    if (m_columnHeader->coveredWidth() > 0) {
+        paintFrozenColumn(painter);
+    }
+    paintActiveFrame(painter);
+}
+
+void SpreadGrid::paintFrozenColumn(QPainter &painter)
+{
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    const QColor lines = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
+    const int width = m_columnHeader->coveredWidth();
+    for (int row = rowAt(0); row >= 0 && row < rowCount(); ++row) {
+        const QRect cell(0, rowViewportPosition(row), width, rowHeight(row));
+        if (cell.top() > viewport()->height()) {
+            break;
+        }
+        const QModelIndex index = model()->index(row, 0);
+        option.rect = cell.adjusted(0, 0, -1, -1);
+        option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
+        painter.fillRect(cell, palette().base());
+        m_delegate->paint(&painter, option, index);
+        painter.setPen(lines);
+        painter.drawLine(cell.bottomLeft(), cell.bottomRight());
+    }
+    const int bottom = rowCount() == 0 ? 0 : rowViewportPosition(rowCount() - 1) + rowHeight(rowCount() - 1);
+    painter.fillRect(QRect(width - 1, 0, 1, std::min(bottom, viewport()->height())), palette().mid());
+}
+
+void SpreadGrid::paintActiveFrame(QPainter &painter)
+{
+    const QRect cell = visualRect(currentIndex()).adjusted(0, 0, -1, -1);
+    if (!currentIndex().isValid() || isColumnHidden(currentIndex().column())) {
+        return;
+    }
+    if (currentIndex().column() > 0) {
+        painter.setClipRect(viewport()->rect().adjusted(m_columnHeader->coveredWidth(), 0, 0, 0));
+    }
+    const QColor colour = hasFocus() ? palette().color(QPalette::Highlight) : palette().color(QPalette::Mid);
+    painter.setPen(colour);
+    painter.drawRect(cell.adjusted(0, 0, -1, -1));
+    if (hasFocus()) {
+        painter.drawRect(cell.adjusted(1, 1, -2, -2));
+    }
+}
+
+// Keys and the active cell
+
+void SpreadGrid::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        emit escapePressed(event->modifiers());
+        event->ignore(); // a dialog around the grid closes by it
+    } else {
+        event->setAccepted(m_keys->handle(*event));
+    }
+}
+
+void SpreadGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QPoint place = visualRect(currentIndex()).center();
+    emit rightClicked(activeColumn(), activeRow(), viewport()->mapToGlobal(place));
+    event->accept();
+}
+
+void SpreadGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!m_quiet) {
+        emit cellLeft(previous.column() + 1, previous.row() + 1, current.column() + 1, current.row() + 1);
+    }
+}
+
+void SpreadGrid::openEditor(EditStart start)
+{
+    if (!(m_model->flags(currentIndex()) & Qt::ItemIsEditable)) {
+        return;
+    }
+    scrollTo(currentIndex());
+    edit(currentIndex());
+    if (CellEditor *editor = m_delegate->editor()) {
+        start == EditStart::Empty ? editor->clearText() : editor->goOn();
+    }
+}
+
+void SpreadGrid::openEditor(QKeyEvent &typed)
+{
+    scrollTo(currentIndex());
+    edit(currentIndex(), AnyKeyPressed, &typed);
+}

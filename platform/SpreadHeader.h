@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QHeaderView>
+
+/// A header of a spread grid. Its first section stays in view with a frozen column: it is painted over the sections
+/// that were scrolled beneath it, and takes the mouse there. Sections count from 0, as Qt has it.
+class SpreadHeader final : public QHeaderView
+{
+    Q_OBJECT
+
+public:
+    explicit SpreadHeader(Qt::Orientation orientation, QWidget *parent = nullptr);
+
+    void setFirstSectionFrozen(bool frozen);
+    /// The pixels from the left that the frozen section takes from the scrolled ones; 0 while nothing is scrolled.
+    int coveredWidth() const;
+    /// The pixels that the section's text takes, with the header's own margins.
+    QSize textSize(int section) const { return sectionSizeFromContents(section); }
+    /// The section at that place of the viewport, the frozen one included; -1 for none.
+    int sectionAt(const QPoint &place) const;
+
+signals:
+    /// The right button was released over a section.
+    void rightClicked(int section, const QPoint &globalPosition);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    QMouseEvent translated(const QMouseEvent &event) const;
+    bool isOnFrozen(const QPoint &place) const;
+
+    bool m_frozen = false;
+    bool m_onFrozen = false; ///< the mouse was pressed there, and is not released yet
+};

@@ -1,0 +1,114 @@
+#pragma once
+
+#include "platform/CellColours.h"
+#include "platform/CellRow.h"
+#include "platform/CellType.h"
+#include "platform/GridBlock.h"
+#include "platform/TextChange.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+/// The texts, types and colours of a spread grid. Its own routines count columns and rows from 1, as the grid does;
+/// only Qt's (those with a QModelIndex or a section) count from 0.
+class SpreadModel final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using Observer = std::function<void(const TextChange &)>;
+    using Origin = TextChange::Origin;
+    using QAbstractTableModel::columnCount;
+    using QAbstractTableModel::rowCount;
+
+    explicit SpreadModel(QObject *parent = nullptr);
+
+    /// Called after every change of texts, whoever made it.
+    void setObserver(Observer observer) { m_observer = std::move(observer); }
+
+    void setRowCount(int rows);
+    void setColumnCount(int columns);
+
+    /// Without a copy; empty outside the data cells.
+    QStringView text(int column, int row) const;
+    QString headerText(int column) const; ///< column 0: above the row numbers
+    void setHeaderText(int column, const QString &text);
+    void setText(int column, int row, const QString &text, Origin origin = Origin::Program);
+    void setRowTexts(int row, std::span<const QStringView> texts);
+    QString blockText(const GridBlock &block) const;
+    void setBlockText(const GridBlock &block, QStringView text);
+    void moveRowTexts(int row1, int row2, int target);
+    void sortRows(int row1, int row2, int key);
+    /// Empties the data cells of the block as the user's doing.
+    void clearCells(const GridBlock &block);
+
+    void setCellType(int column, int row, const CellType &type); ///< row -1: the whole column
+    const CellType &cellType(int column, int row) const;
+    void setAlignment(int column, Qt::Alignment alignment);
+    Qt::Alignment alignment(int column) const;
+    void setForeColour(const GridBlock &block, const QColor &colour);
+    QColor foreColour(int column, int row) const;
+
+    /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.
+    std::optional<GridBlock> dataCells(const GridBlock &block) const;
+
+    /// The text with the most lines in a row; empty when all have one.
+    QStringView highestText(int row) const;
+
+    /// Until the matching endBatch() views are not told of changed cells, then once. Calls nest.
+    void beginBatch() { ++m_batches; }
+    void endBatch();
+    /// A batch that ends by itself.
+    class Batch
+    {
+    public:
+        explicit Batch(SpreadModel &model) : m_model(model) { m_model.beginBatch(); }
+        ~Batch() { m_model.endBatch(); }
+        Q_DISABLE_COPY_MOVE(Batch)
+
+    private:
+        SpreadModel &m_model;
+    };
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    QModelIndex cellIndex(int column, int row) const { return index(row - 1, column - 1); }
+
+private:
+    struct Column
+    {
+        CellType type;
+        QString header;
+        Qt::Alignment alignment = Qt::AlignLeft;
+    };
+
+    bool isCell(int column, int row) const;
+    bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
+    std::span<const CellRow> rows(int row1, int row2) const;
+    void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
+    void tell(const TextChange &change) const;
+    void addRows(int count);
+    void dropRows(int count);
+    CellRow initialRow() const;
+    CellRow headerRow() const;
+    qsizetype blockTextRoom(int row1, int row2) const;
+    void cellsChanged(const GridBlock &block);
+
+    std::vector<Column> m_columns;
+    std::vector<CellRow> m_rows;
+    QHash<QPair<int, int>, CellType> m_cellTypes;
+    CellColours m_colours;
+    QString m_cornerText;
+    Observer m_observer;
+    int m_batches = 0;
+    std::optional<GridBlock> m_changed;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+#include <QPersistentModelIndex>
+#include <QPoint>
+
+class QContextMenuEvent;
+class QMouseEvent;
+class SpreadDelegate;
+class SpreadGrid;
+class SpreadSelection;
+
+/// What the mouse does on the cells of a spread grid: it selects by clicks and by dragging (scrolling at the edges),
+/// ticks check boxes, drops lists down, begins edits, and asks for the pop-up menu.
+class SpreadMouse final : public QObject
+{
+    Q_OBJECT
+
+public:
+    SpreadMouse(SpreadGrid &grid, SpreadSelection &selection, SpreadDelegate &delegate);
+
+signals:
+    void rightClicked(int column, int row, const QPoint &globalPosition);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    enum class Menu { None, Pressed, Shown };
+
+    bool press(const QMouseEvent &event);
+    bool drag(const QMouseEvent &event);
+    bool release(const QMouseEvent &event);
+    bool doubleClick(const QMouseEvent &event);
+    bool contextMenu(const QContextMenuEvent &event);
+    void pressLeft(const QModelIndex &index, const QMouseEvent &event);
+    void extendTo(const QPoint &place);
+    bool isOnCheckBox(const QModelIndex &index, const QPoint &place) const;
+    void askForMenu(const QPoint &place);
+
+    SpreadGrid &m_grid;
+    SpreadSelection &m_selection;
+    SpreadDelegate &m_delegate;
+    QPersistentModelIndex m_pressedBox;
+    QBasicTimer m_scrollTimer;
+    QPoint m_dragPlace;
+    bool m_dragging = false;
+    Menu m_menu = Menu::None;
+};

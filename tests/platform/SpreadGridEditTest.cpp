@@ -1,0 +1,298 @@
+#include "tests/platform/SpreadGridSupport.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+using namespace Qt::StringLiterals;
+
+// Typing
+
+struct TypingCase
+{
+    int column;
+    QString before;
+    QString typed;
+    QString after;
+};
+
+class SpreadGridTyping : public testing::TestWithParam<TypingCase>
+{
+};
+
+TEST_P(SpreadGridTyping, takesWhatTheCellTypeTakes)
+{
+    const TypingCase &typing = GetParam();
+    const auto grid = shownGrid();
+    grid->setText(typing.column, 3, typing.before);
+    clickCell(*grid, typing.column, 3);
+    QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
+    typeText(*grid, typing.typed);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(typing.column, 3), typing.after);
+    EXPECT_EQ(edited.count(), typing.before == typing.after ? 0 : 1);
+    EXPECT_EQ(openEditor(*grid), nullptr);
+    EXPECT_EQ(grid->activeRow(), 4);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, SpreadGridTyping,
+                         testing::Values(TypingCase{1, u"7"_s, u"1000"_s, u"1000"_s},
+                                         TypingCase{1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
+                                         TypingCase{1, u"7"_s, u"-5"_s, u"5"_s}, //
+                                         TypingCase{1, u"7"_s, u"0x1"_s, u"01"_s}, //
+                                         TypingCase{1, u"A1"_s, u"z"_s, u"A1"_s}, //
+                                         TypingCase{1, u"A1"_s, u"12"_s, u"12"_s}, //
+                                         TypingCase{2, u"old"_s, u"a new name"_s, u"a new name"_s},
+                                         TypingCase{3, u"old"_s, u"123456"_s, u"12345"_s},
+                                         TypingCase{5, u"No"_s, u"0"_s, u"0.1"_s}, //
+                                         TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s},
+                                         TypingCase{6, u""_s, u"3600.5"_s, u"3600."_s}, // beyond the limit
+                                         TypingCase{6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
+                                         TypingCase{6, u""_s, u"1e5"_s, u"15"_s}, //
+                                         TypingCase{6, u""_s, u"1.2.3"_s, u"1.23"_s}));
+
+TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
+{
+    const auto grid = shownGrid();
+    const QString longText = u"longer than five"_s;
+    const QString texts[] = {u"A1"_s, u"a\r\nb"_s, longText, u"1"_s, u"No"_s, u"x"_s};
+    QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
+    for (int column = 1; column <= 6; ++column) {
+        grid->setText(column, 2, texts[column - 1]);
+        clickCell(*grid, column, 2);
+        pressKey(*grid, Qt::Key_F2);
+        EXPECT_EQ(openEditor(*grid) == nullptr, column == 4) << column;
+        grid->commitEdit();
+        EXPECT_EQ(openEditor(*grid), nullptr) << column;
+        EXPECT_EQ(grid->text(column, 2), texts[column - 1]);
+    }
+    EXPECT_EQ(edited.count(), 0);
+}
+
+TEST(SpreadGridEdit, goesOnBehindThePresentTextWithF2)
+{
+    const auto grid = shownGrid();
+    clickCell(*grid, 2, 1);
+    pressKey(*grid, Qt::Key_F2);
+    typeText(*grid, u"x"_s);
+    pressKey(*grid, Qt::Key_Tab);
+    EXPECT_EQ(grid->text(2, 1), u"2.1x"_s);
+    EXPECT_EQ(grid->activeColumn(), 3);
+}
+
+TEST(SpreadGridEdit, letsTheUserDeleteWhatTheTypeWouldNotTake)
+{
+    const auto grid = shownGrid();
+    grid->setText(1, 1, u"A1"_s);
+    clickCell(*grid, 1, 1);
+    pressKey(*grid, Qt::Key_F2);
+    pressKey(*grid, Qt::Key_Backspace);
+    EXPECT_EQ(qobject_cast<QLineEdit *>(openEditor(*grid))->text(), u"A"_s);
+    pressKey(*grid, Qt::Key_Return); // "A" is no number: the editor stays
+    ASSERT_NE(openEditor(*grid), nullptr);
+    pressKey(*grid, Qt::Key_Backspace);
+    typeText(*grid, u"12"_s);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(1, 1), u"12"_s);
+}
+
+TEST(SpreadGridEdit, cancelsWithEscapeWithoutTellingTheGrid)
+{
+    const auto grid = shownGrid();
+    QSignalSpy escaped(grid.get(), &SpreadGrid::escapePressed);
+    clickCell(*grid, 2, 1);
+    typeText(*grid, u"new"_s);
+    pressKey(*grid, Qt::Key_Escape);
+    EXPECT_EQ(grid->text(2, 1), u"2.1"_s);
+    EXPECT_EQ(escaped.count(), 0);
+    QTRY_VERIFY_WITH_TIMEOUT(openEditor(*grid) == nullptr, 1000);
+    pressKey(*grid, Qt::Key_Escape, Qt::ControlModifier);
+    ASSERT_EQ(escaped.count(), 1);
+    EXPECT_EQ(escaped.first().first().value<Qt::KeyboardModifiers>(), Qt::ControlModifier);
+}
+
+TEST(SpreadGridEdit, keepsTheLineBreaksOfATextThatIsChanged)
+{
+    const auto grid = shownGrid();
+    grid->setText(2, 1, u"one\r\ntwo"_s);
+    clickCell(*grid, 2, 1);
+    pressKey(*grid, Qt::Key_F2);
+    ASSERT_NE(qobject_cast<QPlainTextEdit *>(openEditor(*grid)), nullptr);
+    typeText(*grid, u"3"_s);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(2, 1), u"one\r\ntwo3"_s);
+}
+
+TEST(SpreadGridEdit, doesNotLengthenALongTextFromAFile)
+{
+    const auto grid = shownGrid();
+    grid->setText(3, 1, u"1234567"_s);
+    clickCell(*grid, 3, 1);
+    pressKey(*grid, Qt::Key_F2);
+    typeText(*grid, u"8"_s);
+    pressKey(*grid, Qt::Key_Backspace);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(3, 1), u"123456"_s);
+}
+
+TEST(SpreadGridEdit, commitsWhenTheFocusGoesElsewhere)
+{
+    const auto grid = shownGrid();
+    clickCell(*grid, 2, 1);
+    typeText(*grid, u"new"_s);
+    clickCell(*grid, 3, 4);
+    EXPECT_EQ(grid->text(2, 1), u"new"_s);
+    EXPECT_EQ(grid->activeRow(), 4);
+}
+
+TEST(SpreadGridEdit, keepsTheTypingWhenTheProgramColoursTheCell)
+{
+    const auto grid = shownGrid();
+    clickCell(*grid, 2, 1);
+    typeText(*grid, u"new"_s);
+    grid->setForeColour({2, 1, 2, 1}, Qt::red);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(2, 1), u"new"_s);
+}
+
+// Drop-down lists
+
+TEST(SpreadGridEdit, showsAPresentTextAboveTheItemsOfTheList)
+{
+    const auto grid = shownGrid();
+    grid->setText(5, 1, u"No"_s);
+    clickCell(*grid, 5, 1);
+    pressKey(*grid, Qt::Key_Down, Qt::AltModifier);
+    auto *list = qobject_cast<QComboBox *>(openEditor(*grid));
+    ASSERT_NE(list, nullptr);
+    EXPECT_TRUE(list->view()->isVisible());
+    EXPECT_EQ(list->currentText(), u"No"_s);
+    EXPECT_EQ(list->count(), 4);
+}
+
+TEST(SpreadGridEdit, takesTheItemThatIsChosenInTheList)
+{
+    const auto grid = shownGrid();
+    grid->setText(5, 1, u"1"_s);
+    doubleClickCell(*grid, 5, 1);
+    auto *list = qobject_cast<QComboBox *>(openEditor(*grid));
+    ASSERT_NE(list, nullptr);
+    QTest::keyClick(list->view(), Qt::Key_Down);
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return openEditor(*grid) == nullptr; }, 1000));
+    EXPECT_EQ(grid->text(5, 1), u"0.1"_s);
+}
+
+TEST(SpreadGridEdit, dropsTheListDownByItsArrow)
+{
+    const auto grid = shownGrid();
+    grid->setText(5, 1, u"1"_s);
+    clickCell(*grid, 5, 1);
+    const QRect cell = grid->visualRect(grid->model()->index(0, 4));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, QPoint(cell.right() - 6, cell.center().y()));
+    ASSERT_NE(qobject_cast<QComboBox *>(openEditor(*grid)), nullptr);
+}
+
+// Check boxes
+
+TEST(SpreadGridEdit, ticksACheckBoxByClickAndBySpace)
+{
+    const auto grid = shownGrid();
+    QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
+    clickCell(*grid, 4, 2);
+    EXPECT_EQ(grid->text(4, 2), u"1"_s);
+    pressKey(*grid, Qt::Key_Space);
+    EXPECT_EQ(grid->text(4, 2), u"0"_s);
+    grid->setText(4, 2, u"7"_s); // any number but 0 is ticked
+    pressKey(*grid, Qt::Key_Space);
+    EXPECT_EQ(grid->text(4, 2), u"0"_s);
+    EXPECT_EQ(edited.count(), 3);
+}
+
+TEST(SpreadGridEdit, doesNotTickBesideTheBox)
+{
+    const auto grid = shownGrid();
+    const QRect cell = grid->visualRect(grid->model()->index(1, 3));
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, cell.topLeft() + QPoint(3, 3));
+    EXPECT_EQ(grid->activeColumn(), 4);
+    EXPECT_EQ(grid->text(4, 2), QString());
+}
+
+TEST(SpreadGridEdit, ticksTwiceByADoubleClick)
+{
+    const auto grid = shownGrid();
+    QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
+    doubleClickCell(*grid, 4, 2);
+    EXPECT_EQ(edited.count(), 2);
+    EXPECT_EQ(grid->text(4, 2), u"0"_s);
+}
+
+// Clearing
+
+TEST(SpreadGridEdit, clearsTheSelectedCellsWithDelete)
+{
+    const auto grid = shownGrid();
+    grid->setText(4, 2, u"1"_s);
+    QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
+    grid->selectBlock({2, 1, 4, 2});
+    pressKey(*grid, Qt::Key_Delete);
+    EXPECT_EQ(grid->blockText({2, 1, 4, 3}), u"\t\t0\r\n\t\t0\r\n2.3\t3.3\t"_s);
+    EXPECT_EQ(edited.count(), 6);
+}
+
+TEST(SpreadGridEdit, beginsEmptyWithBackspace)
+{
+    const auto grid = shownGrid();
+    clickCell(*grid, 2, 1);
+    pressKey(*grid, Qt::Key_Backspace);
+    typeText(*grid, u"x"_s);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(2, 1), u"x"_s);
+}
+
+TEST(SpreadGridEdit, cutsTheSelectionAsBlockText)
+{
+    const auto grid = shownGrid();
+    grid->selectBlock({2, 1, 3, 2});
+    grid->cutSelection();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"2.1\t3.1\r\n2.2\t3.2"_s);
+    EXPECT_EQ(grid->blockText({2, 1, 3, 2}), u"\t\r\n\t"_s);
+    grid->selectBlock({-1, 3, 6, 3});
+    grid->cutSelection();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"3\t\t2.3\t3.3\t\t\t"_s);
+}
+
+struct ClipboardKey
+{
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    void (SpreadGrid::*request)();
+};
+
+class SpreadGridClipboardKeys : public testing::TestWithParam<ClipboardKey>
+{
+};
+
+TEST_P(SpreadGridClipboardKeys, askForTheCommand)
+{
+    const auto grid = shownGrid();
+    const QString before = grid->blockText({1, 1, 6, 20});
+    QSignalSpy requested(grid.get(), GetParam().request);
+    pressKey(*grid, GetParam().key, GetParam().modifiers);
+    EXPECT_EQ(requested.count(), 1);
+    EXPECT_EQ(grid->blockText({1, 1, 6, 20}), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridClipboardKeys,
+                         testing::Values(ClipboardKey{Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
+                                         ClipboardKey{Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
+                                         ClipboardKey{Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
+                                         ClipboardKey{Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
+                                         ClipboardKey{Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
+                                         ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested}));
