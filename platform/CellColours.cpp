@@ -10,7 +10,7 @@ void CellColours::resize(int columns, int rows)
             std::vector<quint8> indexes(size_t(columns) * size_t(m_rows));
             for (int row = 0; row < m_rows; ++row) {
                 std::copy_n(m_indexes.begin() + qptrdiff(place(0, row)), std::min(columns, m_columns),
-                            indexes.begin() + qptrdiff(row) * columns);
+                    indexes.begin() + qptrdiff(row) * columns);
             }
             m_indexes = std::move(indexes);
         }

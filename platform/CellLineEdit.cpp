@@ -12,9 +12,7 @@ class CellLineEdit::Validator final : public QValidator
 {
 public:
     Validator(const CellType &type, CellLineEdit *edit)
-        : QValidator(edit)
-        , m_type(type)
-        , m_last(edit->QLineEdit::text())
+        : QValidator(edit), m_type(type), m_last(edit->QLineEdit::text())
     {
         connect(edit, &QLineEdit::textChanged, this, [this](const QString &text) { m_last = text; });
     }
@@ -32,8 +30,7 @@ private:
 };
 
 CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent)
-    : QLineEdit(text, parent)
-    , m_original(QLineEdit::text())
+    : QLineEdit(text, parent), m_original(QLineEdit::text())
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);

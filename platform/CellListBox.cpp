@@ -7,8 +7,7 @@
 using namespace Qt::StringLiterals;
 
 CellListBox::CellListBox(const CellType &type, const QString &text, QWidget *parent)
-    : QComboBox(parent)
-    , m_original(text)
+    : QComboBox(parent), m_original(text)
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);

@@ -37,8 +37,7 @@ CellRow::CellRow(std::span<const QStringView> texts)
     }
 }
 
-CellRow::CellRow(const CellRow &other) noexcept
-    : m_buffer(other.m_buffer)
+CellRow::CellRow(const CellRow &other) noexcept : m_buffer(other.m_buffer)
 {
     if (m_buffer) {
         ++m_buffer->references;

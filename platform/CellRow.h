@@ -14,10 +14,7 @@ public:
     CellRow() = default; ///< all cells empty
     explicit CellRow(std::span<const QStringView> texts);
     CellRow(const CellRow &other) noexcept;
-    CellRow(CellRow &&other) noexcept
-        : m_buffer(std::exchange(other.m_buffer, nullptr))
-    {
-    }
+    CellRow(CellRow &&other) noexcept : m_buffer(std::exchange(other.m_buffer, nullptr)) { }
     CellRow &operator=(CellRow other) noexcept;
     ~CellRow();
 

@@ -55,8 +55,8 @@ void CellRows::appendCells(QString &block, const CellRow &row, int column1, int 
     }
 }
 
-std::vector<CellRow> CellRows::withBlockText(std::span<const CellRow> rows, int columns, int column1, int column2,
-                                             int skippedCells, QStringView block)
+std::vector<CellRow> CellRows::withBlockText(
+    std::span<const CellRow> rows, int columns, int column1, int column2, int skippedCells, QStringView block)
 {
     std::vector<CellRow> after(rows.begin(), rows.end());
     const auto width = size_t(std::max(0, column2 - column1 + 1));
@@ -74,7 +74,7 @@ std::vector<CellRow> CellRows::withBlockText(std::span<const CellRow> rows, int 
 }
 
 std::vector<CellRow> CellRows::cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
-                                       const std::function<QStringView(int, int)> &emptyText)
+    const std::function<QStringView(int, int)> &emptyText)
 {
     std::vector<CellRow> after;
     after.reserve(rows.size());

@@ -22,12 +22,12 @@ void appendCells(QString &block, const CellRow &row, int column1, int column2);
 /// row. Cells and rows beyond are dropped; a row that the text does not reach stands unchanged. Where the block is
 /// a single column, a line end at the end stands for an empty last cell, if there is a row for it: such is the block
 /// text of a column whose last cell is empty.
-std::vector<CellRow> withBlockText(std::span<const CellRow> rows, int columns, int column1, int column2,
-                                   int skippedCells, QStringView block);
+std::vector<CellRow> withBlockText(
+    std::span<const CellRow> rows, int columns, int column1, int column2, int skippedCells, QStringView block);
 
 /// The rows after the cells of column1 to column2 took the text that emptyText gives for (column, index of the row).
 std::vector<CellRow> cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
-                             const std::function<QStringView(int, int)> &emptyText);
+    const std::function<QStringView(int, int)> &emptyText);
 
 /// The rows in ascending order of the numbers in column key; rows without a number there come last. Rows that compare
 /// equal keep their order.

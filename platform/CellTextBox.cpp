@@ -11,7 +11,9 @@ using namespace Qt::StringLiterals;
 CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *parent)
     : QPlainTextEdit(text, parent)
     , m_type(type)
-    , m_lineEnd(text.contains("\r\n"_L1) ? u"\r\n"_s : text.contains(u'\n') ? u"\n"_s : u"\r"_s)
+    , m_lineEnd(text.contains("\r\n"_L1) ? u"\r\n"_s
+              : text.contains(u'\n')     ? u"\n"_s
+                                         : u"\r"_s)
     , m_originalLines(plainLines())
 {
     setObjectName(u"cellEditor"_s);

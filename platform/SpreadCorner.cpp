@@ -11,9 +11,7 @@
 using namespace Qt::StringLiterals;
 
 SpreadCorner::SpreadCorner(QTableView &view, const SpreadModel &model)
-    : QObject(&view)
-    , m_button(view.findChild<QAbstractButton *>(QString(), Qt::FindDirectChildrenOnly))
-    , m_model(model)
+    : QObject(&view), m_button(view.findChild<QAbstractButton *>(QString(), Qt::FindDirectChildrenOnly)), m_model(model)
 {
     m_button->setObjectName(u"corner"_s);
     m_button->installEventFilter(this);

@@ -34,9 +34,7 @@ QColor textColour(const QStyleOptionViewItem &option, const QColor &own, bool se
 } // namespace
 
 SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
-    : QStyledItemDelegate(&view)
-    , m_view(view)
-    , m_model(model)
+    : QStyledItemDelegate(&view), m_view(view), m_model(model)
 {
 }
 
@@ -64,17 +62,16 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         const bool isLines = text.contains(u'\n') || text.contains(u'\r');
         painter->setFont(option.font);
         painter->drawText(option.rect.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0),
-                          int(m_model.alignment(column) | Qt::AlignVCenter)
-                              | (isLines ? Qt::TextExpandTabs : Qt::TextSingleLine),
-                          text);
+            int(m_model.alignment(column) | Qt::AlignVCenter) | (isLines ? Qt::TextExpandTabs : Qt::TextSingleLine),
+            text);
     }
     if (active && type.kind == CellType::Kind::ComboBox) {
         paintArrow(painter, option, index);
     }
 }
 
-void SpreadDelegate::paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option,
-                                   const QModelIndex &index) const
+void SpreadDelegate::paintCheckBox(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const QRect place = checkBoxRect(index, option.rect);
     QStyleOptionButton box;
@@ -86,7 +83,7 @@ void SpreadDelegate::paintCheckBox(QPainter *painter, const QStyleOptionViewItem
     m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, &m_view);
     painter->setPen(pen);
     painter->drawText(place.adjusted(indicatorSize().width() + CellMetrics::margin, 0, 0, 0),
-                      Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
+        Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
 }
 
 void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -101,7 +98,7 @@ void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &o
 QSize SpreadDelegate::indicatorSize() const
 {
     return {m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view),
-            m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view)};
+        m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view)};
 }
 
 QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) const
@@ -116,8 +113,8 @@ QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) 
         size.rwidth() += CellMetrics::margin + m_view.fontMetrics().horizontalAdvance(type.caption);
         alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
     }
-    return QStyle::alignedRect(m_view.layoutDirection(), alignment, size,
-                               cell.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0));
+    return QStyle::alignedRect(
+        m_view.layoutDirection(), alignment, size, cell.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0));
 }
 
 QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) const
@@ -133,7 +130,7 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
 {
     const QString text = m_model.text(index.column() + 1, index.row() + 1).toString();
     return {option.fontMetrics.horizontalAdvance(text) + CellMetrics::extraWidth,
-            CellMetrics::rowHeight(option.fontMetrics, text)};
+        CellMetrics::rowHeight(option.fontMetrics, text)};
 }
 
 // Editing
@@ -143,14 +140,15 @@ CellEditor *SpreadDelegate::editor() const
     return CellEditor::of(m_editor);
 }
 
-QWidget *SpreadDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
-                                      const QModelIndex &index) const
+QWidget *SpreadDelegate::createEditor(
+    QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const
 {
     const CellType &type = typeOf(m_model, index);
     if (type.kind == CellType::Kind::CheckBox) {
         return nullptr;
     }
-    CellEditor *created = CellEditor::create(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    CellEditor *created =
+        CellEditor::create(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
     m_editor = created->widget();
     m_editor->setAutoFillBackground(true);
     if (auto *list = qobject_cast<CellListBox *>(m_editor)) {
@@ -173,13 +171,20 @@ void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, co
     }
 }
 
-void SpreadDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
-                                          const QModelIndex & /*index*/) const
+void SpreadDelegate::updateEditorGeometry(
+    QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex & /*index*/) const
 {
     // A row may be lower than the font needs; the text that is being typed is shown whole.
     QRect place = option.rect;
     place.setHeight(std::max(place.height(), CellEditor::of(editor)->neededHeight()));
     editor->setGeometry(place);
+}
+
+// The widget itself is deleted when the event that closed it is over.
+void SpreadDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    m_editor = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
 }
 
 void SpreadDelegate::finishEdit()
@@ -204,8 +209,8 @@ bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
 
 bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers)
 {
-    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter,  Qt::Key_Tab,      Qt::Key_Backtab,
-                                              Qt::Key_Up,     Qt::Key_Down,   Qt::Key_PageUp,   Qt::Key_PageDown};
+    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Up,
+        Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
     const bool shift = modifiers & (Qt::ShiftModifier | Qt::AltModifier);
     if (std::ranges::find(endingKeys, key) == endingKeys.end() || editor.needsKey(key, shift)) {
         return false;

@@ -37,12 +37,12 @@ void SpreadGrid::connectHeaders()
         m_selection->extendTo(columnCount(), at + 1);
         scrollToCell(activeColumn(), at + 1);
     });
-    connect(m_columnHeader, &QHeaderView::sectionDoubleClicked, this,
-            [this](int at) { emit headerDoubleClicked(at + 1); });
+    connect(
+        m_columnHeader, &QHeaderView::sectionDoubleClicked, this, [this](int at) { emit headerDoubleClicked(at + 1); });
     connect(m_columnHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitColumnWidth(at + 1); });
     connect(m_rowHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitRowHeight(at + 1); });
     connect(m_columnHeader, &SpreadHeader::rightClicked, this,
-            [this](int at, const QPoint &place) { emit rightClicked(at + 1, 0, place); });
+        [this](int at, const QPoint &place) { emit rightClicked(at + 1, 0, place); });
     connect(m_rowHeader, &SpreadHeader::rightClicked, this, [this](int at, const QPoint &place) {
         if (!m_selection->block().isWholeRows() || !m_selection->contains(1, at + 1)) {
             pressRow(at + 1);

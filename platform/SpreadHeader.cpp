@@ -4,8 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent)
-    : QHeaderView(orientation, parent)
+SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
     setHighlightSections(true);
@@ -52,8 +51,8 @@ QMouseEvent SpreadHeader::translated(const QMouseEvent &event) const
     const bool isPressed = event.buttons() != Qt::NoButton || event.type() == QEvent::MouseButtonRelease;
     const bool onFrozen = isPressed ? m_onFrozen : isOnFrozen(event.position().toPoint());
     const QPointF place = event.position() - QPointF(onFrozen ? offset() : 0, 0);
-    return {event.type(),    place,          event.scenePosition(), event.globalPosition(), event.button(),
-            event.buttons(), event.modifiers(), event.pointingDevice()};
+    return {event.type(), place, event.scenePosition(), event.globalPosition(), event.button(), event.buttons(),
+        event.modifiers(), event.pointingDevice()};
 }
 
 void SpreadHeader::mousePressEvent(QMouseEvent *event)

@@ -52,9 +52,7 @@ const SpreadKeys::CommandKey SpreadKeys::commandKeys[] = {
 };
 
 SpreadKeys::SpreadKeys(SpreadGrid &grid, SpreadModel &model, SpreadSelection &selection)
-    : m_grid(grid)
-    , m_model(model)
-    , m_selection(selection)
+    : m_grid(grid), m_model(model), m_selection(selection)
 {
 }
 
@@ -90,9 +88,8 @@ bool SpreadKeys::runMove(int key, Qt::KeyboardModifiers modifiers)
 
 bool SpreadKeys::runCommand(int key, Qt::KeyboardModifiers modifiers)
 {
-    const auto *found = std::ranges::find_if(commandKeys, [&](const CommandKey &entry) {
-        return entry.key == key && entry.modifiers == modifiers;
-    });
+    const auto *found = std::ranges::find_if(
+        commandKeys, [&](const CommandKey &entry) { return entry.key == key && entry.modifiers == modifiers; });
     if (found == std::end(commandKeys)) {
         return false;
     }
@@ -166,7 +163,7 @@ std::optional<QPoint> SpreadKeys::target(Move move, QPoint from) const
 QPoint SpreadKeys::stepped(QPoint cell, QPoint step) const
 {
     return {step.x() == 0 ? cell.x() : m_grid.shownColumnFrom(cell.x(), step.x()),
-            std::clamp(cell.y() + step.y(), 1, m_model.rowCount())};
+        std::clamp(cell.y() + step.y(), 1, m_model.rowCount())};
 }
 
 // The view goes on by the same number of rows, so that the cell keeps its place in it.

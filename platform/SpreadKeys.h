@@ -19,8 +19,26 @@ public:
     bool handle(QKeyEvent &event);
 
 private:
-    enum class Move { Left, Right, Up, Down, RowStart, RowEnd, GridStart, GridEnd, EdgeLeft, EdgeRight, EdgeUp,
-                      EdgeDown, PageUp, PageDown, Next, Previous, NextRow, PreviousRow };
+    enum class Move {
+        Left,
+        Right,
+        Up,
+        Down,
+        RowStart,
+        RowEnd,
+        GridStart,
+        GridEnd,
+        EdgeLeft,
+        EdgeRight,
+        EdgeUp,
+        EdgeDown,
+        PageUp,
+        PageDown,
+        Next,
+        Previous,
+        NextRow,
+        PreviousRow
+    };
     struct MoveKey
     {
         int key;

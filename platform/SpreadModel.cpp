@@ -10,8 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-SpreadModel::SpreadModel(QObject *parent)
-    : QAbstractTableModel(parent)
+SpreadModel::SpreadModel(QObject *parent) : QAbstractTableModel(parent)
 {
 }
 
@@ -133,8 +132,8 @@ QString SpreadModel::blockText(const GridBlock &block) const
             text += row == 0 ? m_cornerText : QString::number(row);
             text += QStringView(&BlockText::cellEnd, column2 > 0 ? 1 : 0);
         }
-        CellRows::appendCells(text, row == 0 ? headerRow() : m_rows[size_t(row - 1)], std::max(column1, 1) - 1,
-                              column2 - 1);
+        CellRows::appendCells(
+            text, row == 0 ? headerRow() : m_rows[size_t(row - 1)], std::max(column1, 1) - 1, column2 - 1);
     }
     return text;
 }
@@ -154,8 +153,8 @@ void SpreadModel::setBlockText(const GridBlock &block, QStringView text)
 {
     if (const auto cells = dataCells(block)) {
         const int skipped = block.column1 == 0 ? 1 : 0;
-        auto changed = CellRows::withBlockText(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1,
-                                               cells->column2 - 1, skipped, text);
+        auto changed = CellRows::withBlockText(
+            rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1, cells->column2 - 1, skipped, text);
         exchange(cells->row1, changed, cells->column1, cells->column2, Origin::Program);
     }
 }
@@ -189,10 +188,9 @@ void SpreadModel::clearCells(const GridBlock &block)
         const auto isCheckBox = [&](int column, int index) {
             return cellType(column + 1, cells->row1 + index).kind == CellType::Kind::CheckBox;
         };
-        auto changed = CellRows::cleared(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1,
-                                         cells->column2 - 1, [&](int column, int index) {
-                                             return isCheckBox(column, index) ? QStringView(u"0") : QStringView();
-                                         });
+        auto changed =
+            CellRows::cleared(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1, cells->column2 - 1,
+                [&](int column, int index) { return isCheckBox(column, index) ? QStringView(u"0") : QStringView(); });
         exchange(cells->row1, changed, cells->column1, cells->column2, Origin::User);
     }
 }
@@ -278,8 +276,7 @@ QColor SpreadModel::foreColour(int column, int row) const
 
 std::optional<GridBlock> SpreadModel::dataCells(const GridBlock &block) const
 {
-    const GridBlock cells{
-        std::max(block.column1, 1), std::max(block.row1, 1),
+    const GridBlock cells{std::max(block.column1, 1), std::max(block.row1, 1),
         block.column2 < 0 ? columnCount() : std::min(block.column2, columnCount()),
         block.row2 < 0 ? rowCount() : std::min(block.row2, rowCount())};
     return cells.column1 <= cells.column2 && cells.row1 <= cells.row2 ? std::optional(cells) : std::nullopt;
@@ -299,7 +296,7 @@ void SpreadModel::cellsChanged(const GridBlock &block)
         m_changed = cells;
     } else {
         m_changed = GridBlock{std::min(m_changed->column1, cells->column1), std::min(m_changed->row1, cells->row1),
-                              std::max(m_changed->column2, cells->column2), std::max(m_changed->row2, cells->row2)};
+            std::max(m_changed->column2, cells->column2), std::max(m_changed->row2, cells->row2)};
     }
 }
 

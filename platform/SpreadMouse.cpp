@@ -25,10 +25,7 @@ int stepsBeyond(int place, int first, int last)
 } // namespace
 
 SpreadMouse::SpreadMouse(SpreadGrid &grid, SpreadSelection &selection, SpreadDelegate &delegate)
-    : QObject(&grid)
-    , m_grid(grid)
-    , m_selection(selection)
-    , m_delegate(delegate)
+    : QObject(&grid), m_grid(grid), m_selection(selection), m_delegate(delegate)
 {
     grid.viewport()->installEventFilter(this);
 }
@@ -116,7 +113,7 @@ void SpreadMouse::timerEvent(QTimerEvent *event)
     }
     const QRect inside = m_grid.viewport()->rect();
     const QPoint nearest{std::clamp(m_dragPlace.x(), inside.left(), inside.right()),
-                         std::clamp(m_dragPlace.y(), inside.top(), inside.bottom())};
+        std::clamp(m_dragPlace.y(), inside.top(), inside.bottom())};
     const QModelIndex index = m_grid.indexAt(nearest);
     const QPoint edge = index.isValid() ? QPoint(index.column() + 1, index.row() + 1) : m_selection.farCorner();
     const int column = m_grid.shownColumnFrom(edge.x(), stepsBeyond(m_dragPlace.x(), inside.left(), inside.right()));

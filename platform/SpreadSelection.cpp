@@ -7,10 +7,7 @@
 
 #include <algorithm>
 
-SpreadSelection::SpreadSelection(QTableView &view, SpreadModel &model)
-    : QObject(&view)
-    , m_view(view)
-    , m_model(model)
+SpreadSelection::SpreadSelection(QTableView &view, SpreadModel &model) : QObject(&view), m_view(view), m_model(model)
 {
     connect(view.selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] { adopt(); });
     connect(view.selectionModel(), &QItemSelectionModel::currentChanged, this, [this] { adopt(); });
@@ -70,7 +67,7 @@ void SpreadSelection::select(const GridBlock &block)
     const bool isRows = block.isWholeRows();
     const QPoint topLeft = clamped({isRows ? 1 : block.column1, block.row1 < 0 ? 1 : block.row1});
     const QPoint bottomRight = clamped({isRows || block.column2 < 0 ? m_model.columnCount() : block.column2,
-                                        block.row2 < 0 ? m_model.rowCount() : block.row2});
+        block.row2 < 0 ? m_model.rowCount() : block.row2});
     set(isRows ? Shape::Rows : Shape::Cells, topLeft, bottomRight, topLeft);
 }
 
@@ -118,9 +115,9 @@ void SpreadSelection::set(Shape shape, QPoint anchor, QPoint far, QPoint active)
 void SpreadSelection::show()
 {
     const auto cells = m_anchor.isNull() ? std::nullopt : m_model.dataCells(block());
-    const QItemSelection range = cells ? QItemSelection(m_model.cellIndex(cells->column1, cells->row1),
-                                                        m_model.cellIndex(cells->column2, cells->row2))
-                                       : QItemSelection();
+    const QItemSelection range = cells
+        ? QItemSelection(m_model.cellIndex(cells->column1, cells->row1), m_model.cellIndex(cells->column2, cells->row2))
+        : QItemSelection();
     m_view.selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
 }
 

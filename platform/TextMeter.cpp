@@ -20,8 +20,7 @@ bool isAscii(char16_t unit)
 
 } // namespace
 
-TextMeter::TextMeter(const QFont &font)
-    : m_metrics(font)
+TextMeter::TextMeter(const QFont &font) : m_metrics(font)
 {
     m_asciiAdvances.fill(std::numeric_limits<double>::quiet_NaN());
     m_pairAdvances.fill(std::numeric_limits<float>::quiet_NaN());

@@ -42,20 +42,18 @@ TEST_P(SpreadGridTyping, takesWhatTheCellTypeTakes)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cells, SpreadGridTyping,
-                         testing::Values(TypingCase{1, u"7"_s, u"1000"_s, u"1000"_s},
-                                         TypingCase{1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
-                                         TypingCase{1, u"7"_s, u"-5"_s, u"5"_s}, //
-                                         TypingCase{1, u"7"_s, u"0x1"_s, u"01"_s}, //
-                                         TypingCase{1, u"A1"_s, u"z"_s, u"A1"_s}, //
-                                         TypingCase{1, u"A1"_s, u"12"_s, u"12"_s}, //
-                                         TypingCase{2, u"old"_s, u"a new name"_s, u"a new name"_s},
-                                         TypingCase{3, u"old"_s, u"123456"_s, u"12345"_s},
-                                         TypingCase{5, u"No"_s, u"0"_s, u"0.1"_s}, //
-                                         TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s},
-                                         TypingCase{6, u""_s, u"3600.5"_s, u"3600."_s}, // beyond the limit
-                                         TypingCase{6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
-                                         TypingCase{6, u""_s, u"1e5"_s, u"15"_s}, //
-                                         TypingCase{6, u""_s, u"1.2.3"_s, u"1.23"_s}));
+    testing::Values(TypingCase{1, u"7"_s, u"1000"_s, u"1000"_s},
+        TypingCase{1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
+        TypingCase{1, u"7"_s, u"-5"_s, u"5"_s}, //
+        TypingCase{1, u"7"_s, u"0x1"_s, u"01"_s}, //
+        TypingCase{1, u"A1"_s, u"z"_s, u"A1"_s}, //
+        TypingCase{1, u"A1"_s, u"12"_s, u"12"_s}, //
+        TypingCase{2, u"old"_s, u"a new name"_s, u"a new name"_s}, TypingCase{3, u"old"_s, u"123456"_s, u"12345"_s},
+        TypingCase{5, u"No"_s, u"0"_s, u"0.1"_s}, //
+        TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s}, TypingCase{6, u""_s, u"3600.5"_s, u"3600."_s}, // beyond the limit
+        TypingCase{6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
+        TypingCase{6, u""_s, u"1e5"_s, u"15"_s}, //
+        TypingCase{6, u""_s, u"1.2.3"_s, u"1.23"_s}));
 
 TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
 {
@@ -65,7 +63,7 @@ TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
     QSignalSpy edited(grid.get(), &SpreadGrid::cellEdited);
     for (int column = 1; column <= 6; ++column) {
         grid->setText(column, 2, texts[column - 1]);
-        clickCell(*grid, column, 2);
+        grid->setActiveCell(column, 2);
         pressKey(*grid, Qt::Key_F2);
         EXPECT_EQ(openEditor(*grid) == nullptr, column == 4) << column;
         grid->commitEdit();
@@ -290,9 +288,9 @@ TEST_P(SpreadGridClipboardKeys, askForTheCommand)
 }
 
 INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridClipboardKeys,
-                         testing::Values(ClipboardKey{Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
-                                         ClipboardKey{Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
-                                         ClipboardKey{Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
-                                         ClipboardKey{Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
-                                         ClipboardKey{Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
-                                         ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested}));
+    testing::Values(ClipboardKey{Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
+        ClipboardKey{Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
+        ClipboardKey{Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
+        ClipboardKey{Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
+        ClipboardKey{Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
+        ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested}));

@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QHeaderView>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 std::unique_ptr<SpreadGrid> shownGrid(int rows)
@@ -41,6 +43,7 @@ void doubleClickCell(SpreadGrid &grid, int column, int row)
 {
     clickCell(grid, column, row);
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, placeOf(grid, column, row));
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, placeOf(grid, column, row));
 }
 
 QPoint headerPlace(const SpreadGrid &grid, int column)
@@ -51,7 +54,9 @@ QPoint headerPlace(const SpreadGrid &grid, int column)
 
 QWidget *openEditor(const SpreadGrid &grid)
 {
-    return grid.findChild<QWidget *>(u"cellEditor"_s);
+    const auto editors = grid.findChildren<QWidget *>(u"cellEditor"_s);
+    const auto open = std::ranges::find_if(editors, [](const QWidget *editor) { return !editor->isHidden(); });
+    return open == editors.end() ? nullptr : *open;
 }
 
 void pressKey(SpreadGrid &grid, Qt::Key key, Qt::KeyboardModifiers modifiers)

@@ -14,7 +14,7 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows = 20);
 /// The place of a cell's middle in the viewport.
 QPoint placeOf(const SpreadGrid &grid, int column, int row);
 void clickCell(SpreadGrid &grid, int column, int row, Qt::KeyboardModifiers modifiers = {},
-               Qt::MouseButton button = Qt::LeftButton);
+    Qt::MouseButton button = Qt::LeftButton);
 void doubleClickCell(SpreadGrid &grid, int column, int row);
 /// The middle of a header cell in the header's own viewport.
 QPoint headerPlace(const SpreadGrid &grid, int column);
