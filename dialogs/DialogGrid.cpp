@@ -1,72 +1,98 @@
 #include "dialogs/DialogGrid.h"
 
 #include "app/Common.h"
-#include "platform/SpreadGrid.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
-
-namespace DialogGrid {
 
 namespace {
 
 constexpr int visibleRows = 5;
 
-// The grid does not scroll sideways, and shows some rows, however small the user makes the dialog.
-void setMinimumExtent(SpreadGrid &grid)
-{
-    const int frame = 2 * grid.frameWidth();
-    const int columns = grid.verticalHeader()->sizeHint().width() + grid.horizontalHeader()->length();
-    const int rows =
-        grid.horizontalHeader()->sizeHint().height() + visibleRows * grid.verticalHeader()->defaultSectionSize();
-    grid.setMinimumSize(columns + grid.verticalScrollBar()->sizeHint().width() + frame, rows + frame);
-}
-
 } // namespace
 
-void layOut(SpreadGrid &grid, const QList<Column> &columns)
+void DialogGrid::layOut(const QList<Column> &columns)
 {
-    grid.setTabKeyNavigation(false);
-    grid.setGridFont(userFont());
-    grid.setRowCount(0);
-    grid.setColumnCount(static_cast<int>(columns.size()));
+    setRowCount(0);
+    setGridFont(userFont());
+    setColumnCount(static_cast<int>(columns.size()));
     int number = 0;
     for (const Column &column : columns) {
         ++number;
-        grid.setText(number, 0, column.heading);
-        grid.setCellType(number, -1, column.type);
-        grid.setWidthInCharacters(number, column.width);
+        setText(number, 0, column.heading);
+        setCellType(number, -1, column.type);
+        setWidthInCharacters(number, column.width);
     }
-    grid.fitRowHeight(0);
-    setMinimumExtent(grid);
+    fitRowHeight(0);
+    setMinimumExtent();
 }
 
-void addRow(SpreadGrid &grid)
+// However small the user makes the dialog, no column is out of view and some rows are in view.
+void DialogGrid::setMinimumExtent()
 {
-    grid.setRowCount(grid.rowCount() + 1);
-    ensureActiveCell(grid);
-    grid.scrollToBottom();
+    const int frame = 2 * frameWidth();
+    const int columns = verticalHeader()->minimumWidth() + horizontalHeader()->length();
+    const int rows = horizontalHeader()->minimumHeight() + visibleRows * verticalHeader()->defaultSectionSize();
+    setMinimumSize(columns + verticalScrollBar()->sizeHint().width() + frame, rows + frame);
 }
 
-void removeActiveRow(SpreadGrid &grid)
+void DialogGrid::setRows(const QList<QStringList> &rows)
 {
-    const int active = grid.activeRow();
-    const int last = grid.rowCount();
+    setRowCount(static_cast<int>(rows.size()));
+    for (int row = 1; row <= rowCount(); ++row) {
+        const QStringList &texts = rows[row - 1];
+        const QList<QStringView> views(texts.cbegin(), texts.cend());
+        setRowTexts(row, views);
+    }
+    ensureActiveCell();
+}
+
+QList<QStringList> DialogGrid::rows() const
+{
+    QList<QStringList> rows;
+    for (int row = 1; row <= rowCount(); ++row) {
+        QStringList texts;
+        for (int column = 1; column <= columnCount(); ++column) {
+            texts << text(column, row);
+        }
+        rows << texts;
+    }
+    return rows;
+}
+
+void DialogGrid::addRow()
+{
+    setRowCount(rowCount() + 1);
+    ensureActiveCell();
+    scrollToBottom();
+}
+
+void DialogGrid::removeActiveRow()
+{
+    const int active = activeRow();
+    const int last = rowCount();
     if (active < 1) {
         return;
     }
     if (active < last) {
-        grid.moveRowTexts(active + 1, last, active);
+        moveRowTexts(active + 1, last, active);
     }
-    grid.setRowCount(last - 1);
-    ensureActiveCell(grid);
+    setRowCount(last - 1);
 }
 
-void ensureActiveCell(SpreadGrid &grid)
+void DialogGrid::ensureActiveCell()
 {
-    if (grid.activeRow() < 1 && grid.rowCount() > 0) {
-        grid.setActiveCell(1, 1);
+    if (activeRow() < 1 && rowCount() > 0) {
+        setActiveCell(1, 1);
     }
 }
 
-} // namespace DialogGrid
+void DialogGrid::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->ignore(); // the dialog takes it
+    } else {
+        SpreadGrid::keyPressEvent(event);
+    }
+}

@@ -1,32 +1,40 @@
 #pragma once
 
-#include "platform/CellType.h"
+#include "platform/SpreadGrid.h"
 
 #include <QList>
 #include <QString>
 
-class SpreadGrid;
-
-/// Spread grids as the dialogs use them: small ones, whose Tab key leads to the next control.
-namespace DialogGrid {
-
-struct Column
+/// A small spread grid in a dialog: Enter means the dialog's OK there, unless it ends an edit.
+class DialogGrid : public SpreadGrid
 {
-    QString heading;
-    double width; ///< digits of the grid's font
-    CellType type;
+    Q_OBJECT
+
+public:
+    struct Column
+    {
+        QString heading;
+        double width; ///< digits of the grid's font
+        CellType type;
+    };
+
+    using SpreadGrid::SpreadGrid;
+
+    /// Starts anew with these columns and no rows, in the user's font. The grid never gets narrower than its columns.
+    void layOut(const QList<Column> &columns);
+    /// Fills the grid with rows, each the texts of its cells, and makes the first cell the active one.
+    void setRows(const QList<QStringList> &rows);
+    /// The texts of all rows.
+    QList<QStringList> rows() const;
+    /// Adds a row with its columns' initial texts at the end and brings it into view.
+    void addRow();
+    /// Removes the active row; the rows below it move up. Nothing happens without an active row.
+    void removeActiveRow();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void setMinimumExtent();
+    void ensureActiveCell();
 };
-
-/// Lays out an empty grid with these columns in the user's font, never narrower than its columns.
-void layOut(SpreadGrid &grid, const QList<Column> &columns);
-
-/// Adds an empty row at the end and brings it into view.
-void addRow(SpreadGrid &grid);
-
-/// Removes the active row; the rows below it move up. Nothing happens without an active row.
-void removeActiveRow(SpreadGrid &grid);
-
-/// Makes the first cell the active one when there is none but could be.
-void ensureActiveCell(SpreadGrid &grid);
-
-} // namespace DialogGrid

@@ -68,6 +68,7 @@ void EditDialog::prepare(qint16 captionText)
     }
     ApplyUserFont(*this);
     setEqualButtonWidths();
+    adjustSize(); // an earlier opening may have left another size
     PrepareDialog(*this);
 }
 
@@ -78,6 +79,6 @@ void EditDialog::setEqualButtonWidths()
         width = qMax(width, button->sizeHint().width());
     }
     for (QPushButton *button : std::as_const(m_buttons)) {
-        button->setMinimumWidth(width);
+        button->setMinimumWidth(width + fontMetrics().averageCharWidth());
     }
 }

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int helpContext = 50;
 constexpr int boxesPerRow = 3;
+constexpr int columnSpacing = 20;
 constexpr int firstExtraGroup = 12; // from here on a group without a label is not shown at all
 
 /// A check box whose access key ticks it at once. Otherwise it shows itself pressed for a moment first, and a quick
@@ -78,6 +79,7 @@ QWidget *frmFunc::createBoxes()
     m_frame = new QGroupBox(this);
     m_frame->setObjectName(u"Frame1"_s);
     auto *grid = new QGridLayout(m_frame);
+    grid->setHorizontalSpacing(columnSpacing);
     for (int group = 0; group < FunctionGroupCount; ++group) {
         auto *box = new PromptCheckBox(m_frame);
         box->setObjectName(elementName(u"chkFunc"_s, group));

@@ -6,7 +6,6 @@
 #include "dialogs/SelectAllBox.h"
 #include "dialogs/frmCap.h"
 #include "document/DocumentTables.h"
-#include "platform/SpreadGrid.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
 
@@ -74,9 +73,9 @@ void frmKisyuEdit::createTypeFrame()
 void frmKisyuEdit::createCapacityFrame()
 {
     QGroupBox *frame = createFrame(u"fraCap"_s);
-    m_capacities = new SpreadGrid(frame);
+    m_capacities = new DialogGrid(frame);
     m_capacities->setObjectName(u"vaSpread1"_s);
-    connect(m_capacities, &SpreadGrid::cellEdited, this, &frmKisyuEdit::setChanged);
+    connect(m_capacities, &DialogGrid::cellEdited, this, &frmKisyuEdit::setChanged);
     m_add = createButton(u"cmdAdd"_s, &frmKisyuEdit::addCapacity);
     m_delete = createButton(u"cmdDel"_s, &frmKisyuEdit::deleteCapacity);
 
@@ -141,13 +140,12 @@ void frmKisyuEdit::loadBoxes(const MachineInfo &info)
 
 void frmKisyuEdit::loadCapacities(const MachineInfo &info)
 {
-    DialogGrid::layOut(*m_capacities, {capacityColumn(128), capacityColumn(129)});
-    m_capacities->setRowCount(static_cast<int>(info.Capacity.size()));
-    for (int row = 1; row <= m_capacities->rowCount(); ++row) {
-        m_capacities->setText(1, row, info.Capacity[row - 1]);
-        m_capacities->setText(2, row, info.ICapacity.value(row - 1));
+    QList<QStringList> rows;
+    for (qsizetype i = 0; i < info.Capacity.size(); ++i) {
+        rows << QStringList{info.Capacity[i], info.ICapacity.value(i)};
     }
-    DialogGrid::ensureActiveCell(*m_capacities);
+    m_capacities->layOut({capacityColumn(128), capacityColumn(129)});
+    m_capacities->setRows(rows);
 }
 
 void frmKisyuEdit::addCapacity()
@@ -157,7 +155,7 @@ void frmKisyuEdit::addCapacity()
     if (!frmCap(this).ShowCapForm(values)) {
         return;
     }
-    DialogGrid::addRow(*m_capacities);
+    m_capacities->addRow();
     const int row = m_capacities->rowCount();
     m_capacities->setText(1, row, values[0]);
     m_capacities->setText(2, row, values[1]);
@@ -172,7 +170,7 @@ void frmKisyuEdit::deleteCapacity()
     if (m_capacities->rowCount() < 2) {
         return;
     }
-    DialogGrid::removeActiveRow(*m_capacities);
+    m_capacities->removeActiveRow();
     setChanged();
 }
 
@@ -215,8 +213,9 @@ void frmKisyuEdit::collectCapacities(MachineInfo &info) const
 {
     info.Capacity.clear();
     info.ICapacity.clear();
-    for (int row = 1; row <= m_capacities->rowCount(); ++row) {
-        if (const auto stored = storedCapacity({m_capacities->text(1, row), m_capacities->text(2, row)})) {
+    const QList<QStringList> rows = m_capacities->rows();
+    for (const QStringList &row : rows) {
+        if (const auto stored = storedCapacity({row[0], row[1]})) {
             info.Capacity << stored->capacity;
             info.ICapacity << stored->current;
         }

@@ -3,9 +3,9 @@
 #include "dialogs/EditDialog.h"
 #include "document/MachineInfo.h"
 
+class DialogGrid;
 class QGroupBox;
 class QLineEdit;
-class SpreadGrid;
 
 /// Edits the machine information of a document: MachineInfos[docNo], which OK writes back when the user changed
 /// anything, together with the document's changed flag.
@@ -46,7 +46,7 @@ private:
     QLineEdit *m_type;
     QLineEdit *m_voltage;
     QLineEdit *m_code;
-    SpreadGrid *m_capacities;
+    DialogGrid *m_capacities;
     QPushButton *m_add;
     QPushButton *m_delete;
     QLineEdit *m_options;

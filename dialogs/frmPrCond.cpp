@@ -4,7 +4,6 @@
 #include "dialogs/DialogGrid.h"
 #include "document/DocumentTables.h"
 #include "document/PrCondText.h"
-#include "platform/SpreadGrid.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -46,21 +45,6 @@ QList<DialogGrid::Column> columns(int kind)
     default:
         return {relationColumn(), {u"Option"_s, 10, CellType::text()}};
     }
-}
-
-QStringList rowTexts(const SpreadGrid &grid, int row)
-{
-    QStringList texts;
-    for (int column = 1; column <= grid.columnCount(); ++column) {
-        texts << grid.text(column, row);
-    }
-    return texts;
-}
-
-void setRowTexts(SpreadGrid &grid, int row, const QStringList &texts)
-{
-    const QList<QStringView> views(texts.cbegin(), texts.cend());
-    grid.setRowTexts(row, views);
 }
 
 } // namespace
@@ -105,7 +89,7 @@ QLayout *frmPrCond::createKinds()
         connectKind(kind);
         row->addWidget(m_kinds[kind].frame, static_cast<int>(columns(kind).size()));
     }
-    connect(m_kinds[ParameterGrid].grid, &SpreadGrid::cellEdited, this, &frmPrCond::sortParameters);
+    connect(m_kinds[ParameterGrid].grid, &DialogGrid::cellEdited, this, &frmPrCond::sortParameters);
     return row;
 }
 
@@ -113,7 +97,7 @@ void frmPrCond::createKind(int kind)
 {
     auto *frame = new QGroupBox(this);
     frame->setObjectName(elementName(u"Frame1"_s, kind));
-    auto *grid = new SpreadGrid(frame);
+    auto *grid = new DialogGrid(frame);
     grid->setObjectName(elementName(u"vaspdCond"_s, kind));
     auto *add = new QPushButton(frame);
     add->setObjectName(elementName(u"cmdAdd"_s, kind));
@@ -176,33 +160,28 @@ void frmPrCond::loadTexts(const QString &pr)
 
 void frmPrCond::loadGrid(int kind, const QList<QStringList> &rows)
 {
-    SpreadGrid &grid = *m_kinds[kind].grid;
-    DialogGrid::layOut(grid, columns(kind));
-    grid.setRowCount(static_cast<int>(rows.size()));
-    for (int row = 1; row <= grid.rowCount(); ++row) {
-        setRowTexts(grid, row, rows[row - 1]);
-    }
-    DialogGrid::ensureActiveCell(grid);
+    m_kinds[kind].grid->layOut(columns(kind));
+    m_kinds[kind].grid->setRows(rows);
     m_kinds[kind].remove->setEnabled(!rows.isEmpty());
 }
 
 void frmPrCond::addRow(int kind)
 {
     m_kinds[kind].grid->commitEdit();
-    DialogGrid::addRow(*m_kinds[kind].grid);
+    m_kinds[kind].grid->addRow();
     m_kinds[kind].remove->setEnabled(true);
 }
 
 void frmPrCond::removeRow(int kind)
 {
     m_kinds[kind].grid->commitEdit();
-    DialogGrid::removeActiveRow(*m_kinds[kind].grid);
+    m_kinds[kind].grid->removeActiveRow();
     m_kinds[kind].remove->setEnabled(m_kinds[kind].grid->rowCount() > 0);
 }
 
 void frmPrCond::sortParameters()
 {
-    SpreadGrid &grid = *m_kinds[ParameterGrid].grid;
+    DialogGrid &grid = *m_kinds[ParameterGrid].grid;
     grid.sortRows(1, grid.rowCount(), 1);
 }
 
@@ -217,22 +196,14 @@ void frmPrCond::accept()
 
 void frmPrCond::rebuild()
 {
-    const PrCondResult rebuilt = conditionsOfRows(rowsFromGrids(), modeNames());
+    PrCondRows rows;
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        rows[kind] = m_kinds[kind].grid->rows();
+    }
+    const PrCondResult rebuilt = conditionsOfRows(rows, modeNames());
     m_result.count = rebuilt.count;
     // Without a condition the earlier text stays, and so a caller sees it next to the count 0.
     if (!rebuilt.text.isEmpty()) {
         m_result.text = rebuilt.text;
     }
-}
-
-PrCondRows frmPrCond::rowsFromGrids() const
-{
-    PrCondRows rows;
-    for (int kind = 0; kind < CondGridCount; ++kind) {
-        const SpreadGrid &grid = *m_kinds[kind].grid;
-        for (int row = 1; row <= grid.rowCount(); ++row) {
-            rows[kind] << rowTexts(grid, row);
-        }
-    }
-    return rows;
 }

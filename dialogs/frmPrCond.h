@@ -3,10 +3,10 @@
 #include "dialogs/EditDialog.h"
 #include "dialogs/PrCondRows.h"
 
+class DialogGrid;
 class QGroupBox;
 class QLabel;
 class QLayout;
-class SpreadGrid;
 
 /// Edits the read conditions of a parameter in three grids: on parameters, on the operation mode, on options.
 class frmPrCond : public EditDialog
@@ -28,7 +28,7 @@ private:
     struct Kind
     {
         QGroupBox *frame;
-        SpreadGrid *grid;
+        DialogGrid *grid;
         QPushButton *add;
         QPushButton *remove;
     };
@@ -45,7 +45,6 @@ private:
     void addRow(int kind);
     void removeRow(int kind);
     void sortParameters();
-    PrCondRows rowsFromGrids() const;
     void rebuild();
 
     QLabel *m_pr;

@@ -240,8 +240,7 @@ TEST_F(CondDialog, relationsAndModesAreChosenFromTheirLists)
     EXPECT_TRUE(show(u"OP=A,79=1,MODE=0"_s, 3, [&] {
         for (const auto &[kind, column] : std::initializer_list<std::pair<int, int>>{{0, 2}, {1, 1}, {1, 2}, {2, 1}}) {
             clickCell(grid(kind), column, 1);
-            press(Qt::Key_F2);
-            press(Qt::Key_Down);
+            type(kind == 1 && column == 2 ? u"p"_s : u"<"_s);
             press(Qt::Key_Return);
         }
         EXPECT_EQ(rows(0) + rows(1) + rows(2), (QStringList{u"79|<>|1|"_s, u"<>|PU"_s, u"<>|A"_s}));
@@ -326,10 +325,7 @@ TEST_F(CondDialog, modesAndOptionsAreNotSorted)
 {
     EXPECT_TRUE(show(u"OP=B,OP=C,MODE=3,MODE=1"_s, 4, [&] {
         enterIntoCell(grid(2), 2, 2, u"A"_s);
-        clickCell(grid(1), 1, 2);
-        press(Qt::Key_F2);
-        press(Qt::Key_Down);
-        press(Qt::Key_Return);
+        enterIntoCell(grid(1), 1, 2, u"<"_s);
         ok();
     }));
     EXPECT_EQ(text, u"OP=B,OP=A,MODE=3,MODE/1"_s);
