@@ -26,9 +26,15 @@ void runGuarded(const std::function<void()> &act)
     }
 }
 
+bool hasFocus(const QDialog &dialog)
+{
+    const QWidget *focused = QApplication::focusWidget();
+    return focused && focused->window() == &dialog;
+}
+
 void runOn(QDialog &dialog, const std::function<void()> &act)
 {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFocus(dialog); }));
     runGuarded(act);
     EXPECT_FALSE(dialog.isVisible()) << "the dialog was left open";
     if (dialog.isVisible()) {

@@ -72,7 +72,7 @@ INSTANTIATE_TEST_SUITE_P(Rows, RowsToText,
         RowsCase{"a mode number without a name", modeRows({{u"="_s, u"9"_s}}), 1, u"MODE=9"_s},
         RowsCase{"no option", options({{u"="_s, u""_s}, {u"="_s, u"  "_s}}), 0, u""_s},
         RowsCase{"an option as typed", options({{u"="_s, u" A-1,B "_s}}), 1, u"OP= A-1,B "_s}),
-    [](const auto &info) { return "case" + std::to_string(info.index); });
+    [](const auto &parameter) { return "case" + std::to_string(parameter.index); });
 
 TEST(ConditionsToRows, areDealtOutInTheirOrder)
 {
