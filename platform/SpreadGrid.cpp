@@ -169,6 +169,9 @@ QColor SpreadGrid::foreColour(int column, int row) const
 void SpreadGrid::setGridFont(const QFont &font)
 {
     setFont(font);
+    // A header of a window that was never shown may miss the font of its parent.
+    m_columnHeader->setFont(font);
+    m_rowHeader->setFont(font);
 }
 
 QFont SpreadGrid::gridFont() const
