@@ -44,9 +44,9 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 {
     const bool active = index == m_view.currentIndex();
     const bool selected = !active && option.state & QStyle::State_Selected;
-    if (selected) {
-        const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
-        painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+    if (option.state & QStyle::State_Selected) {
+        // Styles fill the active cell as well, which keeps its own ground within a selected block.
+        painter->fillRect(option.rect, option.palette.brush(selected ? QPalette::Highlight : QPalette::Base));
     }
     const int column = index.column() + 1;
     const int row = index.row() + 1;

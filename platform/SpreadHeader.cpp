@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
+
 SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
@@ -38,38 +40,59 @@ void SpreadHeader::paintEvent(QPaintEvent *event)
     }
 }
 
-// The grip at the frozen section's right edge belongs to it as well.
+int SpreadHeader::gripWidth() const
+{
+    return style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+}
+
+// The grip on both sides of the frozen section's right edge belongs to it.
 bool SpreadHeader::isOnFrozen(const QPoint &place) const
 {
     const int width = coveredWidth();
-    return width > 0 && place.x() < width + style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
+    return width > 0 && place.x() < width + gripWidth();
 }
 
-// Over the frozen section the base class is told the place that it has in an unscrolled header.
+bool SpreadHeader::isOnFrozenGrip(const QPoint &place) const
+{
+    return isOnFrozen(place) && place.x() >= coveredWidth() - gripWidth();
+}
+
+// Over the frozen section the base class is told the place that it has beneath the scrolled ones.
 QMouseEvent SpreadHeader::translated(const QMouseEvent &event) const
 {
-    const bool isPressed = event.buttons() != Qt::NoButton || event.type() == QEvent::MouseButtonRelease;
-    const bool onFrozen = isPressed ? m_onFrozen : isOnFrozen(event.position().toPoint());
-    const QPointF place = event.position() - QPointF(onFrozen ? offset() : 0, 0);
-    return {event.type(), place, event.scenePosition(), event.globalPosition(), event.button(), event.buttons(),
-        event.modifiers(), event.pointingDevice()};
+    const int shift = isOnFrozen(event.position().toPoint()) ? offset() : 0;
+    return {event.type(), event.position() - QPointF(shift, 0), event.scenePosition(), event.globalPosition(),
+        event.button(), event.buttons(), event.modifiers(), event.pointingDevice()};
 }
 
 void SpreadHeader::mousePressEvent(QMouseEvent *event)
 {
-    m_onFrozen = isOnFrozen(event->position().toPoint());
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && isOnFrozenGrip(place)) {
+        m_gripOffset = coveredWidth() - place.x();
+        return;
+    }
     QMouseEvent inside = translated(*event);
     QHeaderView::mousePressEvent(&inside);
 }
 
 void SpreadHeader::mouseMoveEvent(QMouseEvent *event)
 {
+    const QPoint place = event->position().toPoint();
+    if (m_gripOffset) {
+        resizeSection(0, std::max(minimumSectionSize(), place.x() + *m_gripOffset));
+        return;
+    }
     QMouseEvent inside = translated(*event);
     QHeaderView::mouseMoveEvent(&inside);
+    if (event->buttons() == Qt::NoButton && isOnFrozen(place)) {
+        setCursor(isOnFrozenGrip(place) ? Qt::SplitHCursor : Qt::ArrowCursor);
+    }
 }
 
 void SpreadHeader::mouseReleaseEvent(QMouseEvent *event)
 {
+    m_gripOffset.reset();
     QMouseEvent inside = translated(*event);
     QHeaderView::mouseReleaseEvent(&inside);
     const int section = sectionAt(event->position().toPoint());
@@ -80,7 +103,6 @@ void SpreadHeader::mouseReleaseEvent(QMouseEvent *event)
 
 void SpreadHeader::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    m_onFrozen = isOnFrozen(event->position().toPoint());
     QMouseEvent inside = translated(*event);
     QHeaderView::mouseDoubleClickEvent(&inside);
 }

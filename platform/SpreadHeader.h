@@ -2,6 +2,8 @@
 
 #include <QHeaderView>
 
+#include <optional>
+
 /// A header of a spread grid. Its first section stays in view with a frozen column: it is painted over the sections
 /// that were scrolled beneath it, and takes the mouse there. Sections count from 0, as Qt has it.
 class SpreadHeader final : public QHeaderView
@@ -34,7 +36,9 @@ protected:
 private:
     QMouseEvent translated(const QMouseEvent &event) const;
     bool isOnFrozen(const QPoint &place) const;
+    bool isOnFrozenGrip(const QPoint &place) const;
+    int gripWidth() const;
 
     bool m_frozen = false;
-    bool m_onFrozen = false; ///< the mouse was pressed there, and is not released yet
+    std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge less the mouse's place
 };

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 
 #include <algorithm>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,9 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows)
     }
     grid->resize(700, 320);
     grid->show();
+    if (!QTest::qWaitForWindowExposed(grid.get())) {
+        throw std::runtime_error("the grid is not shown");
+    }
     QApplication::setActiveWindow(grid.get());
     grid->setFocus();
     return grid;
