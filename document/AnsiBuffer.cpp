@@ -69,7 +69,7 @@ std::optional<QString> AnsiBuffer::missingCharacter() const
     if (m_missing == 0) {
         return std::nullopt;
     }
-    return u"the character \"%1\" (U+%2) does not exist in code page %3."_s.arg(QString::fromUcs4(&m_missing, 1))
-        .arg(static_cast<uint>(m_missing), 4, 16, QLatin1Char('0'))
-        .arg(m_page.number());
+    const QString code = QString::number(static_cast<uint>(m_missing), 16).toUpper().rightJustified(4, u'0');
+    return u"the character \"%1\" (U+%2) does not exist in code page %3."_s.arg(
+        QString::fromUcs4(&m_missing, 1), code, QString::number(m_page.number()));
 }

@@ -4,11 +4,24 @@
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-DocumentFixture::DocumentFixture()
+namespace {
+
+/// In memory where the system can: thousands of saves that each wait for a disk take minutes.
+QString folderTemplate()
+{
+    const QString memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/tabrix-XXXXXX"_s;
+}
+
+} // namespace
+
+DocumentFixture::DocumentFixture() : m_folder(folderTemplate())
 {
     qputenv("XDG_DATA_HOME", m_folder.filePath(u"data"_s).toLocal8Bit());
     setAnsiCodePageNumber(1252);

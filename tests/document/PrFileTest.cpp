@@ -1,6 +1,7 @@
 #include "document/DocumentTables.h"
 #include "runtime/AnsiText.h"
 #include "tests/document/DocumentFixture.h"
+#include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"
 
 using namespace Qt::StringLiterals;

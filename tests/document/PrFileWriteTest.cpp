@@ -1,0 +1,269 @@
+#include "document/DocumentTables.h"
+#include "document/FileBackup.h"
+#include "document/PrFile.h"
+#include "runtime/AnsiText.h"
+#include "tests/document/DocumentFixture.h"
+#include "tests/support/QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Writing : public DocumentFixture
+{
+protected:
+    Writing()
+    {
+        MachineInfos[docNo] = {u"XT"_s, u"1"_s, u"2"_s, u"3"_s, {}, {}, {}, 0, u"1.0"_s};
+        DocFlags[docNo].changed = true;
+        grid.rows = {FakeGrid::emptyRow()};
+    }
+
+    void setCell(int column, const QString &text) { grid.rows[0][column - 1] = text; }
+    bool write(const QString &fileName, const QString &count = u"1"_s)
+    {
+        return !WritePrFile(fileName, {docNo, grid, count}, host);
+    }
+    /// The rows that stand in the saved file.
+    QByteArray savedRows()
+    {
+        EXPECT_TRUE(write(path(u"saved.inv"_s)));
+        const QByteArray bytes = contentOf(path(u"saved.inv"_s));
+        return bytes.mid(bytes.indexOf("[Paramater]\r\n") + 13);
+    }
+    QStringList backups(const QString &fileName) const
+    {
+        return QDir(backupFolder(fileName)).entryList(QDir::Files, QDir::Name);
+    }
+    /// Expects a save that fails with that text and leaves everything as it was.
+    void expectRefusal(const QString &message, const QString &count = u"1"_s)
+    {
+        const QString file = put("earlier");
+        EXPECT_FALSE(write(file, count));
+        EXPECT_EQ(host.messages, QStringList{message});
+        EXPECT_EQ(host.titles, QStringList{file});
+        EXPECT_EQ(contentOf(file), "earlier");
+        EXPECT_TRUE(DocFlags[docNo].changed);
+        EXPECT_FALSE(host.busy);
+        EXPECT_FALSE(host.busyAtError);
+        EXPECT_TRUE(backups(file).isEmpty());
+    }
+
+    FakeGrid grid;
+};
+
+TEST_F(Writing, withoutANameFailsSilently)
+{
+    EXPECT_FALSE(write(QString()));
+    EXPECT_TRUE(host.messages.isEmpty());
+    EXPECT_EQ(host.busyCalls, 1);
+    EXPECT_FALSE(host.busy);
+    EXPECT_TRUE(DocFlags[docNo].changed);
+}
+
+TEST_F(Writing, putsTheMachineInformationInItsOrder)
+{
+    MachineInfos[docNo].Capacity = {u"0.4"_s, u"0.75"_s};
+    MachineInfos[docNo].ICapacity = {u"2.5"_s, u"4.2"_s, u"7"_s};
+    MachineInfos[docNo].Option = {u"A"_s, u"B"_s};
+    EXPECT_TRUE(write(path(u"saved.inv"_s), u" 5 "_s));
+    EXPECT_EQ(contentOf(path(u"saved.inv"_s)),
+        QByteArray("[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=3\r\nCapacity0=0.4\r\n"
+                   "ICapacity0=2.5\r\nCapacity1=0.75\r\nICapacity1=4.2\r\nOption0=A\r\nOption1=B\r\n"
+                   "SoftWareVersion=1.0\r\nParamater=5\r\n[Paramater]\r\n0,,,,,1,-1,-1,0,0,0,0,"));
+    EXPECT_EQ(MachineInfos[docNo].Paramater, 5);
+    EXPECT_FALSE(DocFlags[docNo].changed);
+    EXPECT_FALSE(host.busy);
+    EXPECT_TRUE(host.messages.isEmpty());
+    EXPECT_EQ(host.eventPasses, 1);
+}
+
+TEST_F(Writing, endsTheLineBehindTheLastConditionOrTheLastRange)
+{
+    setCell(3, u"0-400,9999,5-"_s);
+    EXPECT_EQ(savedRows(), "0,,,,,1,-1,-1,0,0,0,3,0,400,9999,0,5,-1\r\n");
+    setCell(13, u"79=1-3,OP/A1"_s);
+    EXPECT_EQ(savedRows(), "2,,,,,1,-1,-1,0,0,0,3,0,400,9999,0,5,-1,79,2,1,3,OP,1,A1\r\n");
+    setCell(3, u""_s);
+    EXPECT_EQ(savedRows(), "2,,,,,1,-1,-1,0,0,0,0,79,2,1,3,OP,1,A1\r\n");
+}
+
+TEST_F(Writing, leavesOutAnEmptySecondValue)
+{
+    PrRecords = {};
+    setCell(13, u"79=-1"_s);
+    EXPECT_EQ(savedRows(), "1,,,,,1,-1,-1,0,0,0,0,79,2,,1\r\n");
+}
+
+TEST_F(Writing, takesEveryColumnButTheConditionCount)
+{
+    grid.rows[0] = QStringList{u"79"_s, u"Name, with comma"_s, u"1"_s, u"1"_s, u"0.1"_s, u"No"_s, u"0.001"_s, u"Hz"_s,
+        u"1,5"_s, u"1079"_s, u"FFFF"_s, u"9"_s, u"MODE=1"_s};
+    EXPECT_EQ(savedRows(), "1,79,1079,Name, with comma,Hz,0.1,-1,0.001,1.5,-1,1,1,1,0,MODE,0,1\r\n");
+    EXPECT_EQ(PrRecords.size(), 1);
+    EXPECT_EQ(PrRecords[0].conditionCount, 1);
+}
+
+TEST_F(Writing, ofAGridWithoutRowsEndsBehindTheSectionLine)
+{
+    grid.rows.clear();
+    EXPECT_EQ(savedRows(), "");
+    EXPECT_TRUE(PrRecords.isEmpty());
+}
+
+TEST_F(Writing, refusesAFunctionCodeAbove16Bits)
+{
+    setCell(11, u"10000"_s);
+    expectRefusal(u"Overflow"_s);
+}
+
+TEST_F(Writing, refusesABoundThatNoSingleHolds)
+{
+    setCell(3, u"0-1e39"_s);
+    expectRefusal(u"Overflow"_s);
+}
+
+TEST_F(Writing, refusesARowCountThatIsNoNumber)
+{
+    expectRefusal(u"Type mismatch"_s, u"many"_s);
+}
+
+TEST_F(Writing, refusesARowCountAbove16Bits)
+{
+    expectRefusal(u"Overflow"_s, u"40000"_s);
+}
+
+TEST_F(Writing, refusesACharacterThatTheCodePageDoesNotHave)
+{
+    grid.rows << FakeGrid::emptyRow();
+    grid.rows[1][1] = u"Drehzahl 漢"_s;
+    expectRefusal(u"Row 2: the character \"漢\" (U+6F22) does not exist in code page 1252."_s);
+}
+
+TEST_F(Writing, refusesACharacterOfTwoUnitsAsAWhole)
+{
+    setCell(8, u"\U0001F600"_s);
+    expectRefusal(u"Row 1: the character \"\U0001F600\" (U+1F600) does not exist in code page 1252."_s);
+}
+
+TEST_F(Writing, refusesSuchACharacterInTheMachineInformationEvenBeforeAMissingCurrent)
+{
+    MachineInfos[docNo].Name = u"漢"_s;
+    MachineInfos[docNo].Capacity = {u"1"_s};
+    expectRefusal(u"Name: the character \"漢\" (U+6F22) does not exist in code page 1252."_s);
+}
+
+TEST_F(Writing, intoADocumentNumberThatIsNotThereFails)
+{
+    EXPECT_TRUE(WritePrFile(path(u"saved.inv"_s), {2, grid, u"1"_s}, host));
+    EXPECT_EQ(host.messages, QStringList{u"Subscript out of range"_s});
+    EXPECT_FALSE(QFileInfo::exists(path(u"saved.inv"_s)));
+}
+
+TEST_F(Writing, leavesWhatStandsBeforeAMissingCurrent)
+{
+    const QString file = put("earlier");
+    MachineInfos[docNo].Capacity = {u"1"_s, u"2"_s};
+    MachineInfos[docNo].ICapacity = {u"3"_s};
+    EXPECT_FALSE(write(file));
+    EXPECT_EQ(contentOf(file),
+        "[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=3\r\nCapacity0=1\r\nICapacity0=3\r\n"
+        "Capacity1=2\r\n");
+    EXPECT_EQ(host.messages, QStringList{u"Subscript out of range"_s});
+    EXPECT_EQ(host.titles, QStringList{file});
+    EXPECT_TRUE(DocFlags[docNo].changed);
+    EXPECT_FALSE(host.busy);
+    ASSERT_EQ(backups(file).size(), 1);
+    EXPECT_EQ(contentOf(backupFolder(file) + u'/' + backups(file)[0]), "earlier");
+}
+
+struct FaultyTarget
+{
+    QString fileName;
+    QString message;
+};
+
+class WritingFault : public Writing, public testing::WithParamInterface<FaultyTarget>
+{
+};
+
+TEST_P(WritingFault, isToldAndLeavesTheDocumentChanged)
+{
+    EXPECT_FALSE(write(GetParam().fileName));
+    EXPECT_EQ(host.messages, QStringList{GetParam().message});
+    EXPECT_EQ(host.titles, QStringList{GetParam().fileName});
+    EXPECT_TRUE(DocFlags[docNo].changed);
+    EXPECT_FALSE(host.busy);
+    EXPECT_TRUE(write(path(u"elsewhere.inv"_s)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Targets, WritingFault,
+    testing::Values(FaultyTarget{u"/dev/full"_s, u"No space left on device"_s},
+        FaultyTarget{u"/"_s, u"Is a directory"_s},
+        FaultyTarget{u"/nowhere/at all.inv"_s, u"No such file or directory"_s}));
+
+TEST_F(Writing, runsEventsUnderTheBusyPointer)
+{
+    bool busyDuringEvents = false;
+    host.duringEvents = [&] { busyDuringEvents = host.busy; };
+    EXPECT_TRUE(write(path(u"saved.inv"_s)));
+    EXPECT_TRUE(busyDuringEvents);
+}
+
+TEST_F(Writing, throughALinkReplacesTheFileBehindIt)
+{
+    const QString file = put("earlier");
+    ASSERT_TRUE(QFile::link(file, path(u"link.inv"_s)));
+    EXPECT_TRUE(write(path(u"link.inv"_s)));
+    EXPECT_TRUE(QFileInfo(path(u"link.inv"_s)).isSymLink());
+    EXPECT_TRUE(contentOf(file).startsWith("[Inverter]"));
+    EXPECT_EQ(contentOf(backupFolder(path(u"link.inv"_s)) + u'/' + backups(path(u"link.inv"_s))[0]), "earlier");
+}
+
+TEST_F(Writing, keepsTheLastTenVersionsInTheirOrder)
+{
+    const QString file = path(u"saved.inv"_s);
+    for (int i = 0; i <= 13; ++i) {
+        setCell(1, QString::number(i));
+        ASSERT_TRUE(write(file));
+    }
+    const QStringList kept = backups(file);
+    ASSERT_EQ(kept.size(), 10);
+    for (int i = 0; i < 10; ++i) {
+        const QByteArray bytes = contentOf(backupFolder(file) + u'/' + kept[i]);
+        EXPECT_TRUE(bytes.contains("\r\n0," + QByteArray::number(i + 3) + ",,")) << bytes.toStdString();
+    }
+    EXPECT_EQ(QDir(QFileInfo(file).path()).entryList(QDir::Files), QStringList{u"saved.inv"_s});
+}
+
+TEST_F(Writing, keepsNoVersionOfANewFile)
+{
+    EXPECT_TRUE(write(path(u"saved.inv"_s)));
+    EXPECT_FALSE(QFileInfo::exists(backupFolder(path(u"saved.inv"_s))));
+}
+
+TEST_F(Writing, keepsFilesOfOneNameInDifferentFoldersApart)
+{
+    EXPECT_NE(backupFolder(u"/a/XT.INV"_s), backupFolder(u"/b/XT.INV"_s));
+    EXPECT_EQ(backupFolder(u"/a/XT.INV"_s), backupFolder(u"/a/b/../XT.INV"_s));
+    EXPECT_TRUE(QFileInfo(backupFolder(u"/a/XT.INV"_s)).fileName().startsWith(u"XT.INV-"_s));
+}
+
+TEST_F(Writing, isRefusedWhenTheEarlierVersionCannotBeKept)
+{
+    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    const QString file = put("earlier");
+    EXPECT_FALSE(write(file));
+    ASSERT_EQ(host.messages.size(), 1);
+    EXPECT_TRUE(host.messages[0].startsWith(u"The earlier version could not be kept in "_s))
+        << host.messages[0].toStdString();
+    EXPECT_EQ(host.titles, QStringList{file});
+    EXPECT_EQ(contentOf(file), "earlier");
+    EXPECT_TRUE(DocFlags[docNo].changed);
+}
+
+} // namespace

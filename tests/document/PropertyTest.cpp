@@ -1,0 +1,221 @@
+#include "document/DocumentTables.h"
+#include "document/FieldText.h"
+#include "document/PrCondText.h"
+#include "document/PrFile.h"
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+#include "tests/document/DocumentFixture.h"
+#include "tests/document/RandomDocument.h"
+#include "tests/document/RecordPrinters.h"
+#include "tests/support/QtPrinters.h"
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Properties : public DocumentFixture
+{
+protected:
+    /// Writes records, reads them back and writes them again; bytes and records must stay.
+    void roundTrip(const MachineInfo &info, const QList<PrRecord> &records);
+};
+
+void Properties::roundTrip(const MachineInfo &info, const QList<PrRecord> &records)
+{
+    MachineInfos[docNo] = info;
+    ASSERT_TRUE(save(path(u"first.inv"_s), FakeGrid(records, records.size()))) << host.messages.value(0).toStdString();
+    EXPECT_EQ(PrRecords, records);
+    const MachineInfo written = MachineInfos[docNo];
+    MachineInfos[docNo] = {};
+    ASSERT_TRUE(read(path(u"first.inv"_s))) << host.messages.value(0).toStdString();
+    EXPECT_EQ(MachineInfos[docNo], written);
+    ASSERT_EQ(PrRecords.size(), records.size() + 1);
+    EXPECT_EQ(PrRecords.first(records.size()), records);
+    ASSERT_TRUE(save(path(u"second.inv"_s)));
+    EXPECT_TRUE(sameBytes(contentOf(path(u"second.inv"_s)), contentOf(path(u"first.inv"_s))));
+}
+
+TEST_F(Properties, writtenDocumentsComeBack)
+{
+    constexpr quint32 documents = 3000;
+    for (quint32 seed = 0; seed < documents; ++seed) {
+        const bool japanese = seed % 2 != 0;
+        setAnsiCodePageNumber(japanese ? 932 : 1252);
+        RandomDocument document(seed, japanese);
+        const MachineInfo info = document.machineInfo();
+        roundTrip(info, document.records(12));
+        ASSERT_FALSE(HasFailure()) << "seed " << seed;
+        QFile::remove(path(u"first.inv"_s));
+        QFile::remove(path(u"second.inv"_s));
+    }
+}
+
+/// The setting-range rules once more, part by part instead of character by character.
+QList<SettingRange> modelRanges(const QString &text)
+{
+    QList<SettingRange> ranges;
+    for (const QString &part : text.split(u',')) {
+        const QStringList pieces = part.split(u'-');
+        const qsizetype dashes = pieces.size() - 1;
+        // Every second dash hands what stands before it on to what follows.
+        QString carried = pieces[0];
+        SettingRange range;
+        for (qsizetype dash = 1; dash <= dashes; ++dash) {
+            if (dash % 2 != 0) {
+                range.lower = static_cast<float>(leadingNumber(carried));
+                carried = pieces[dash];
+            } else {
+                carried += pieces[dash];
+            }
+        }
+        if (dashes % 2 != 0) {
+            range.upper = carried.isEmpty() ? -1 : static_cast<float>(leadingNumber(carried));
+        } else {
+            range = {0, static_cast<float>(leadingNumber(carried))};
+        }
+        ranges << range;
+    }
+    return ranges;
+}
+
+TEST_F(Properties, rangeTextsFollowTheModel)
+{
+    RandomDocument random(7, false);
+    for (int i = 0; i < 20000; ++i) {
+        const QString text = random.textOf(u"0123459.,,-- x", 14);
+        const auto converted = rangesFromText(text);
+        const auto expected = text.isEmpty() ? QList<SettingRange>() : modelRanges(text);
+        ASSERT_EQ(std::get<QList<SettingRange>>(converted), expected) << text.toStdString();
+        const QString formatted = rangesToText(expected);
+        ASSERT_EQ(rangesToText(std::get<QList<SettingRange>>(rangesFromText(formatted))), formatted)
+            << text.toStdString();
+    }
+}
+
+TEST_F(Properties, rangesComeBackFromTheirText)
+{
+    for (quint32 seed = 0; seed < 500; ++seed) {
+        for (const PrRecord &record : RandomDocument(seed, false).records(20)) {
+            const auto converted = rangesFromText(rangesToText(record.ranges));
+            ASSERT_EQ(std::get<QList<SettingRange>>(converted), record.ranges);
+        }
+    }
+}
+
+/// The subject of an item: what stands before the first relation behind which a subject is complete, without dashes.
+/// Relations before it are dropped from it as well.
+struct ModelItem
+{
+    QString subject;
+    QString rest; ///< behind the accepted relation, all relations still in it
+    quint8 relation = 0;
+};
+
+std::optional<ModelItem> modelSubject(const QString &item)
+{
+    QString collected;
+    for (qsizetype i = 0; i < item.size(); ++i) {
+        if (item[i] == u'=' || item[i] == u'/') {
+            if (collected == u"MODE"_s || collected == u"OP"_s || isNumeric(collected)) {
+                return ModelItem{
+                    collected, item.sliced(i + 1), quint8(item.lastIndexOf(u'/') > item.lastIndexOf(u'='))};
+            }
+        } else if (item[i] != u'-') {
+            collected += item[i];
+        }
+    }
+    return std::nullopt;
+}
+
+QString withoutBlanksAround(QString text)
+{
+    while (text.startsWith(u' ')) {
+        text.remove(0, 1);
+    }
+    while (text.endsWith(u' ')) {
+        text.chop(1);
+    }
+    return text;
+}
+
+std::optional<PrCondition> modelCondition(const QString &item)
+{
+    const auto found = modelSubject(item);
+    if (!found) {
+        return std::nullopt;
+    }
+    PrCondition condition{withoutBlanksAround(found->subject), found->relation, {}, {}};
+    QString rest = found->rest;
+    rest.remove(u'=').remove(u'/');
+    if (!isNumeric(found->subject)) {
+        rest.remove(u'-');
+    }
+    const QStringList values = rest.split(u'-');
+    const QString last = values.last();
+    if (last.isEmpty() || (found->subject != u"OP"_s && !isNumeric(last))) {
+        return std::nullopt;
+    }
+    condition.value1 = withoutBlanksAround(last);
+    if (values.size() > 1) {
+        // The relation's kind follows the last relation character; the range bit is set at the end in any case.
+        condition.kind |= PrCondition::HasRange;
+        condition.value2 = condition.value1;
+        condition.value1 = withoutBlanksAround(values[values.size() - 2]);
+        if (last < condition.value1) {
+            condition.value1.swap(condition.value2);
+        }
+    }
+    return condition;
+}
+
+TEST_F(Properties, conditionTextsFollowTheModel)
+{
+    RandomDocument random(11, false);
+    int valid = 0;
+    for (int i = 0; i < 60000; ++i) {
+        QString text = random.textOf(u"0129.,=/=/-- A", 14);
+        text.replace(u"A"_s, i % 3 == 0 ? u"A"_s : i % 3 == 1 ? u"MODE"_s : u"OP"_s);
+        QList<PrCondition> expected;
+        for (const QString &item : text.split(u',')) {
+            if (const auto condition = modelCondition(item)) {
+                expected << *condition;
+            }
+        }
+        valid += static_cast<int>(expected.size());
+        ASSERT_EQ(conditionsFromText(text), expected) << text.toStdString();
+    }
+    EXPECT_GT(valid, 1000);
+}
+
+TEST_F(Properties, conditionsComeBackFromTheirTextInTextOrder)
+{
+    for (quint32 seed = 0; seed < 500; ++seed) {
+        for (const PrRecord &record : RandomDocument(seed, false).records(20)) {
+            ASSERT_EQ(conditionsFromText(conditionsToText(record.conditions)), record.conditions);
+            // Values in the other order come back exchanged.
+            QList<PrCondition> exchanged = record.conditions;
+            for (PrCondition &condition : exchanged) {
+                if ((condition.kind & PrCondition::HasRange) != 0) {
+                    condition.value1.swap(condition.value2);
+                }
+            }
+            ASSERT_EQ(conditionsFromText(conditionsToText(exchanged)), record.conditions);
+        }
+    }
+}
+
+TEST_F(Properties, anyBytesEndInARecordTableOrAnError)
+{
+    RandomDocument random(3, false);
+    for (int i = 0; i < 5000; ++i) {
+        QByteArray rows = random.textOf(u"0123,,,,,,,-\"\r\n a.e\u00B1\u0081", 200).toLatin1();
+        MachineInfos[docNo] = {};
+        const bool done = readBytes(fileWithRows(rows, random.number(4)));
+        ASSERT_EQ(done, host.messages.isEmpty()) << rows.toStdString();
+        host.messages.clear();
+    }
+}
+
+} // namespace
