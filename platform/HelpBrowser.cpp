@@ -2,7 +2,12 @@
 
 #include "platform/HelpLibrary.h"
 
+#include <QImage>
+#include <QPainter>
+#include <QSvgRenderer>
 #include <QTextCursor>
+
+using namespace Qt::StringLiterals;
 
 HelpBrowser::HelpBrowser(const HelpLibrary &library, QWidget *parent) : QTextBrowser(parent), m_library(library)
 {
@@ -15,7 +20,21 @@ QVariant HelpBrowser::loadResource(int type, const QUrl &name)
     if (type == QTextDocument::HtmlResource) {
         m_page = name;
     }
-    return m_library.data(m_page.resolved(name));
+    const QByteArray content = m_library.data(m_page.resolved(name));
+    return name.path().endsWith(u".svg"_s) ? QVariant(picture(content)) : QVariant(content);
+}
+
+// Drawn for the screen that shows it, so that pictures are as crisp as in the tool bar.
+QImage HelpBrowser::picture(const QByteArray &drawing) const
+{
+    QSvgRenderer renderer(drawing);
+    QImage image(renderer.defaultSize() * devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    image.setDevicePixelRatio(devicePixelRatio());
+    return image;
 }
 
 bool HelpBrowser::findAround(const QString &text, bool backward)

@@ -21,6 +21,8 @@ public:
     bool findWhileTyping(const QString &text);
 
 private:
+    QImage picture(const QByteArray &drawing) const;
+
     const HelpLibrary &m_library;
     QUrl m_page;
 };

@@ -54,6 +54,7 @@ void HelpViewer::showTopic(int contextId)
     show();
     raise();
     activateWindow();
+    m_browser->setFocus();
 }
 
 void HelpViewer::attachTo(QWidget *owner)
@@ -96,7 +97,6 @@ void HelpViewer::addPageActions(QToolBar &bar)
     connect(m_browser, &QTextBrowser::forwardAvailable, forward, &QAction::setEnabled);
 
     QAction *home = addAction(bar, u"home"_s, QKeySequence(Qt::ALT | Qt::Key_Home));
-    home->setIcon(style()->standardIcon(QStyle::SP_DirHomeIcon));
     connect(home, &QAction::triggered, this, [this] { showPage(m_library->topic(1)); });
 
     connect(addAction(bar, u"print"_s, QKeySequence::Print), &QAction::triggered, this, &HelpViewer::printPage);

@@ -15,6 +15,7 @@
 #include <QFile>
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
+#include <QImage>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
@@ -203,6 +204,18 @@ TEST_F(HelpWindowTest, stylesTheFirstPageAndThoseAfterIt)
     EXPECT_EQ(browser->document()->begin().blockFormat().topMargin(), 14);
     show(60);
     EXPECT_EQ(browser->document()->begin().blockFormat().topMargin(), 14);
+}
+
+TEST_F(HelpWindowTest, drawsThePicturesOfTheToolBarForTheScreen)
+{
+    show(1);
+    browser->setSource(browser->source().resolved(QUrl(u"frame.html"_s)));
+    const QUrl picture = browser->source().resolved(QUrl(u"1010.svg"_s));
+    const auto image = browser->loadResource(QTextDocument::ImageResource, picture).value<QImage>();
+    EXPECT_EQ(image.deviceIndependentSize(), QSizeF(24, 24));
+    EXPECT_EQ(image.devicePixelRatio(), browser->devicePixelRatio());
+    EXPECT_NE(image, QImage(image.size(), image.format()));
+    EXPECT_TRUE(image.pixelColor(0, 0).alpha() < 255);
 }
 
 TEST_F(HelpWindowTest, usesTheSameWindowForTheNextTopic)
