@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int visibleRows = 5;
+constexpr int visibleRows = 6;
 
 } // namespace
 
@@ -25,6 +25,7 @@ void DialogGrid::layOut(const QList<Column> &columns)
         setWidthInCharacters(number, column.width);
     }
     fitRowHeight(0);
+    horizontalHeader()->setHighlightSections(false); // bold headings need more width than their columns have
     setMinimumExtent();
 }
 
@@ -35,6 +36,11 @@ void DialogGrid::setMinimumExtent()
     const int columns = verticalHeader()->minimumWidth() + horizontalHeader()->length();
     const int rows = horizontalHeader()->minimumHeight() + visibleRows * verticalHeader()->defaultSectionSize();
     setMinimumSize(columns + verticalScrollBar()->sizeHint().width() + frame, rows + frame);
+}
+
+QSize DialogGrid::sizeHint() const
+{
+    return minimumSize();
 }
 
 void DialogGrid::setRows(const QList<QStringList> &rows)

@@ -31,6 +31,8 @@ public:
     /// Removes the active row; the rows below it move up. Nothing happens without an active row.
     void removeActiveRow();
 
+    QSize sizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 

@@ -1,5 +1,6 @@
 #include "dialogs/frmFunc.h"
 
+#include "app/Common.h"
 #include "app/Language.h"
 
 #include <QCheckBox>
@@ -57,6 +58,7 @@ QLayout *frmFunc::createHeading()
     m_code = createLabel(u"lblFuncCode(1)"_s);
     m_code->setFrameStyle(QFrame::Panel | QFrame::Sunken);
     m_code->setMargin(3);
+    m_code->setAlignment(Qt::AlignCenter);
 
     auto *heading = new QHBoxLayout;
     heading->addWidget(m_pr);
@@ -117,7 +119,15 @@ void frmFunc::load(const QString &pr, qint16 code)
     // The incoming code stays in view, with the bits that have no box, until the user touches a box.
     showCode(code);
     m_boxes[0]->setFocus();
+    setCodeWidth();
     prepare(140);
+}
+
+// The same for every code, so that nothing moves while the user ticks.
+void frmFunc::setCodeWidth()
+{
+    const int margins = 2 * (m_code->margin() + m_code->frameWidth());
+    m_code->setMinimumWidth(QFontMetrics(userFont()).horizontalAdvance(u"DDDD"_s) + margins);
 }
 
 void frmFunc::loadBox(int group, bool ticked)

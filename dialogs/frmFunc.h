@@ -27,6 +27,7 @@ private:
     QLabel *createLabel(const QString &name);
 
     void load(const QString &pr, qint16 code);
+    void setCodeWidth();
     void loadBox(int group, bool ticked);
     void showCode(qint16 code);
     qint16 codeFromBoxes() const;
