@@ -1,0 +1,78 @@
+// Each dialog's help topic, by its Help button and by the keys for it.
+
+#include "app/Language.h"
+#include "platform/HelpBrowser.h"
+#include "platform/HelpLibrary.h"
+#include "tests/dialogs/DialogDriver.h"
+#include "tests/dialogs/DialogOpeners.h"
+#include "tests/support/Controls.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QWidget *helpWindow()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "helpWindow"_L1 && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+struct HelpTopic
+{
+    DialogOpener open;
+    int contextId;
+};
+
+using HelpWay = void (*)(QDialog &dialog);
+
+class DialogHelp : public testing::TestWithParam<std::tuple<HelpTopic, HelpWay>>
+{
+protected:
+    void SetUp() override
+    {
+        useEnglish();
+        HelpFilePath = QStringLiteral(TABRIX_HELP_FOLDER "/TABRIXE.HLP");
+    }
+    void TearDown() override { delete helpWindow(); }
+};
+
+TEST_P(DialogHelp, showsTheDialogsTopicAndLeavesTheDialogOpen)
+{
+    const auto &[topic, askForHelp] = GetParam();
+    topic.open([&, askForHelp = askForHelp, contextId = topic.contextId](QDialog &dialog) {
+        askForHelp(dialog);
+        ASSERT_TRUE(QTest::qWaitFor([] { return helpWindow() != nullptr; }));
+        const auto library = HelpLibrary::open(HelpFilePath);
+        EXPECT_EQ(control<HelpBrowser>(*helpWindow(), u"helpBrowser"_s).source(), library->topic(contextId));
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, DialogHelp,
+    testing::Combine(testing::Values(HelpTopic{openFunc, 50}, HelpTopic{openPrCond, 60}, HelpTopic{openKisyuEdit, 100}),
+        testing::Values([](QDialog &dialog) { click(dialog, u"cmdHelp"_s); }, [](QDialog &) { press(Qt::Key_F1); },
+            [](QDialog &) { press(Qt::Key_H, Qt::AltModifier); })));
+
+TEST(DialogWithoutHelp, ignoresTheHelpKey)
+{
+    useEnglish();
+    openCap([](QDialog &dialog) {
+        press(Qt::Key_F1);
+        EXPECT_EQ(helpWindow(), nullptr);
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+}
+
+} // namespace

@@ -1,0 +1,67 @@
+#include "tests/dialogs/DialogOpeners.h"
+
+#include "dialogs/frmCap.h"
+#include "dialogs/frmFunc.h"
+#include "dialogs/frmKisyuEdit.h"
+#include "dialogs/frmPrCond.h"
+#include "document/DocumentTables.h"
+#include "tests/dialogs/DialogDriver.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void openFuncOf(const QString &file, const DialogAct &act)
+{
+    frmFunc dialog;
+    qint16 code = 5;
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.ShowFuncCode(u"79"_s, code, file);
+}
+
+} // namespace
+
+void openFunc(const DialogAct &act)
+{
+    openFuncOf(u"xt200.inv"_s, act);
+}
+
+void openKqm3Func(const DialogAct &act)
+{
+    openFuncOf(u"kqm3.inv"_s, act);
+}
+
+void openPrCond(const DialogAct &act)
+{
+    frmPrCond dialog;
+    qint16 count = 3;
+    QString text = u"OP=A1,79=1-3,MODE=5"_s;
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.ShowPrCond(u"79"_s, count, text);
+}
+
+void openKisyuEdit(const DialogAct &act)
+{
+    resetDocumentTables();
+    growDocumentTables(1);
+    MachineInfos[1] = {.Name = u"XT200-0.4K"_s,
+        .TypeCode = u"XT"_s,
+        .VCapacity = u"200"_s,
+        .Code = u"1A"_s,
+        .Capacity = {u"0.4"_s, u"3.7"_s},
+        .ICapacity = {u"2.5"_s, u"16.5"_s},
+        .Option = {u"A1"_s},
+        .Paramater = 1,
+        .SoftWareVersion = u"1.0"_s};
+    frmKisyuEdit dialog(nullptr, 1);
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.exec();
+}
+
+void openCap(const DialogAct &act)
+{
+    frmCap dialog;
+    QStringList values{u""_s, u""_s};
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.ShowCapForm(values);
+}
