@@ -11,6 +11,8 @@ QString runTimeErrorText(RunTimeError error)
         return QStringLiteral("Subscript out of range");
     case RunTimeError::InputPastEnd:
         return QStringLiteral("Input past end of file");
+    case RunTimeError::PrinterError:
+        return QStringLiteral("Printer error");
     }
     return {};
 }

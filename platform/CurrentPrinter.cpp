@@ -1,0 +1,85 @@
+#include "platform/CurrentPrinter.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QPushButton>
+
+namespace {
+
+/// Goes with the application: a printer must not outlive the platform's printing support.
+class PrinterHolder : public QObject
+{
+public:
+    using QObject::QObject;
+
+    QPrinter printer{QPrinter::HighResolution};
+};
+
+/// The system's dialog is made to print at once; here its button only accepts the choice.
+void setButtonTexts(QPrintDialog &dialog, const QString &okText, const QString &cancelText)
+{
+    if (auto *buttons = dialog.findChild<QDialogButtonBox *>()) {
+        const std::pair<QDialogButtonBox::StandardButton, QString> texts[] = {
+            {QDialogButtonBox::Ok, okText}, {QDialogButtonBox::Cancel, cancelText}};
+        for (const auto &[which, text] : texts) {
+            if (QPushButton *button = buttons->button(which)) {
+                button->setText(text);
+            }
+        }
+    }
+}
+
+} // namespace
+
+QPrinter &CurrentPrinter::printer()
+{
+    static QPointer<PrinterHolder> holder;
+    if (!holder) {
+        holder = new PrinterHolder(QCoreApplication::instance());
+    }
+    return holder->printer;
+}
+
+bool CurrentPrinter::isPresent()
+{
+    return !QPrinterInfo::availablePrinterNames().isEmpty();
+}
+
+QString CurrentPrinter::deviceName()
+{
+    return isPresent() ? printer().printerName() : QString();
+}
+
+void CurrentPrinter::showSetup(
+    QWidget *parent, const QString &title, const QString &okText, const QString &cancelText, const QString &fileName)
+{
+    const bool toFile = !isPresent();
+    const QString before = printer().outputFileName();
+    const QString preset = before.isEmpty() ? fileName : before;
+    if (toFile) {
+        printer().setOutputFileName(preset);
+    }
+    QPrintDialog dialog(&printer(), parent);
+    dialog.setWindowTitle(title);
+    dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, toFile);
+    setButtonTexts(dialog, okText, cancelText);
+    const bool isAccepted = dialog.exec() == QDialog::Accepted;
+    if (toFile && (!isAccepted || printer().outputFileName() == preset)) {
+        printer().setOutputFileName(before);
+    }
+}
+
+QString CurrentPrinter::takeChosenFile()
+{
+    if (isPresent()) {
+        return {};
+    }
+    const QString chosen = printer().outputFileName();
+    printer().setOutputFileName({});
+    return chosen;
+}

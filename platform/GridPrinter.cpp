@@ -1,0 +1,44 @@
+#include "platform/GridPrinter.h"
+
+#include "platform/GridPagePainter.h"
+#include "platform/PrintAbortBox.h"
+#include "platform/PrintJob.h"
+#include "platform/SpreadGrid.h"
+
+#include <QPagedPaintDevice>
+
+namespace {
+
+PrintSpan chosenPages(const GridPrintOptions &options, int pageCount)
+{
+    if (options.type == GridPrintType::PageRange) {
+        return pagesInRange(options.pageFrom, options.pageTo, pageCount);
+    }
+    return {1, pageCount};
+}
+
+} // namespace
+
+PrintOutcome printGrid(const SpreadGrid &grid, const GridPrintOptions &options, PrintJob &job, QWidget *owner)
+{
+    const GridPrintLayout layout(grid, printArea(grid, options), options, job.paper());
+    const PrintSpan pages = chosenPages(options, layout.pages().count());
+    if (pages.isEmpty()) {
+        return PrintOutcome::Done;
+    }
+    PrintAbortBox abortBox(options.abortText, options.cancelText, grid.gridFont(), owner);
+    abortBox.setWindowTitle(job.name());
+    abortBox.show();
+    GridPagePainter painter(layout, options, job.painter());
+    for (int page = pages.first; page <= pages.last; ++page) {
+        abortBox.setProgress(page - pages.first, pages.last - pages.first + 1);
+        if (abortBox.isCancelled()) {
+            return PrintOutcome::Cancelled;
+        }
+        if (!job.startPage()) {
+            return PrintOutcome::Failed;
+        }
+        painter.paintPage(page);
+    }
+    return PrintOutcome::Done;
+}

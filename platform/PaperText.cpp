@@ -1,0 +1,114 @@
+#include "platform/PaperText.h"
+
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The font as it comes out on the paper: a size in pixels would be a speck there.
+QFont paperFont(const QFont &font, QPaintDevice &paper)
+{
+    QFont sized = font;
+    if (font.pixelSize() > 0) {
+        sized.setPointSizeF(font.pixelSize() * 0.75);
+    }
+    return {sized, &paper};
+}
+
+bool isLineBreak(QChar character)
+{
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator
+        || character == QChar::ParagraphSeparator;
+}
+
+bool hasLineBreak(QStringView text)
+{
+    return std::ranges::any_of(text, isLineBreak);
+}
+
+QString withLineSeparators(QString text)
+{
+    return text.replace("\r\n"_L1, "\n"_L1).replace(u'\r', QChar::LineSeparator).replace(u'\n', QChar::LineSeparator);
+}
+
+double leftEdge(const QRectF &area, Qt::Alignment alignment, double width)
+{
+    if (alignment & Qt::AlignHCenter) {
+        return area.left() + (area.width() - width) / 2;
+    }
+    return (alignment & Qt::AlignRight) ? area.right() - width : area.left();
+}
+
+double topEdge(const QRectF &area, Qt::Alignment alignment, double height)
+{
+    const bool centred = (alignment & Qt::AlignVCenter) && height < area.height();
+    return centred ? area.top() + (area.height() - height) / 2 : area.top();
+}
+
+} // namespace
+
+PaperText::PaperText(const QFont &font, QPaintDevice &paper)
+    : m_font(paperFont(font, paper))
+    , m_paper(&paper)
+    , m_metrics(m_font, &paper)
+    , m_characterWidth(m_metrics.horizontalAdvance(u'0'))
+    , m_widestCharacter(std::max(m_metrics.horizontalAdvance(u'W'), m_metrics.horizontalAdvance(QChar(u'漢'))))
+{
+}
+
+bool PaperText::isShort(QStringView text, double width) const
+{
+    return double(text.size()) * m_widestCharacter <= width && !hasLineBreak(text);
+}
+
+int PaperText::lineCount(const QString &text, double width) const
+{
+    if (!hasLineBreak(text) && this->width(text) <= room(width)) {
+        return 1;
+    }
+    QTextLayout layout(withLineSeparators(text), m_font, m_paper);
+    layOut(layout, width);
+    return std::max(layout.lineCount(), 1);
+}
+
+void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const
+{
+    const double textWidth = width(text);
+    if (hasLineBreak(text) || textWidth > room(area.width())) {
+        drawLines(painter, area, alignment, text);
+        return;
+    }
+    const double left = leftEdge(area, alignment, textWidth);
+    painter.drawText(QPointF(left, topEdge(area, alignment, lineHeight()) + ascent()), text);
+}
+
+void PaperText::layOut(QTextLayout &layout, double width) const
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(room(width));
+    }
+    layout.endLayout();
+}
+
+void PaperText::drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const
+{
+    QTextLayout layout(withLineSeparators(text), m_font, m_paper);
+    layOut(layout, area.width());
+    const double top = topEdge(area, alignment, layout.lineCount() * lineHeight());
+    const int linesThatFit = std::max(1, int(std::floor(area.height() / lineHeight() + 0.01)));
+    for (int i = 0; i < std::min(layout.lineCount(), linesThatFit); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const double left = leftEdge(area, alignment, line.naturalTextWidth());
+        const double baseline = top + i * lineHeight() + ascent();
+        line.draw(&painter, QPointF(left - line.x(), baseline - line.ascent() - line.y()));
+    }
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QFont>
+#include <QFontMetricsF>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+class QTextLayout;
+
+/// Measures and draws texts in one font on one paper. Lengths are the paper's device units.
+class PaperText
+{
+public:
+    PaperText(const QFont &font, QPaintDevice &paper);
+
+    const QFont &font() const { return m_font; }
+    double lineHeight() const { return m_metrics.lineSpacing(); }
+    double ascent() const { return m_metrics.ascent(); }
+    /// Width of a digit.
+    double characterWidth() const { return m_characterWidth; }
+    double width(const QString &text) const { return m_metrics.horizontalAdvance(text); }
+
+    /// How many lines the text takes when it is wrapped to that width; line breaks in it count. At least 1.
+    int lineCount(const QString &text, double width) const;
+    /// True when the text takes one line for certain, found without measuring it.
+    bool isShort(QStringView text, double width) const;
+
+    /// Draws the text wrapped to area's width. What does not fit into area's height is cut off.
+    void draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
+
+private:
+    double room(double width) const { return width + m_characterWidth / 4; }
+    void layOut(QTextLayout &layout, double width) const;
+    void drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
+
+    QFont m_font;
+    QPaintDevice *m_paper;
+    QFontMetricsF m_metrics;
+    double m_characterWidth;
+    double m_widestCharacter;
+};

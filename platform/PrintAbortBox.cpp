@@ -1,0 +1,47 @@
+#include "platform/PrintAbortBox.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+PrintAbortBox::PrintAbortBox(const QString &text, const QString &cancelText, const QFont &font, QWidget *owner)
+    : QDialog(owner), m_progress(new QProgressBar)
+{
+    setObjectName(u"frmPrintAbort"_s);
+    setFont(font);
+    setModal(true);
+    m_progress->setObjectName(u"prgPrint"_s);
+    m_progress->setFormat(u"%v / %m"_s);
+    m_progress->setAlignment(Qt::AlignCenter);
+
+    auto *label = new QLabel(text);
+    label->setObjectName(u"lblAbort"_s);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
+    auto *cancel = new QPushButton(cancelText);
+    cancel->setObjectName(u"cmdCancel"_s);
+    connect(cancel, &QPushButton::clicked, this, &PrintAbortBox::reject);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(label);
+    layout->addWidget(m_progress);
+    layout->addWidget(cancel, 0, Qt::AlignHCenter);
+}
+
+void PrintAbortBox::setProgress(int pagesDone, int pages)
+{
+    m_progress->setRange(0, pages);
+    m_progress->setValue(pagesDone);
+    QCoreApplication::processEvents();
+}
+
+void PrintAbortBox::reject()
+{
+    m_cancelled = true;
+    QDialog::reject();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QList>
+
+#include <functional>
+
+/// A run of rows, columns or pages, both ends included; empty when last is below first.
+struct PrintSpan
+{
+    int first = 1;
+    int last = 0;
+
+    bool isEmpty() const { return last < first; }
+
+    bool operator==(const PrintSpan &) const = default;
+};
+
+/// Breaks items first to last into spans that fit into room each, in the unit of sizeOf(item). A span holds at least
+/// one item, so that one that is too large has a span of its own. No items: no span.
+QList<PrintSpan> spansThatFit(const PrintSpan &items, double room, const std::function<double(int)> &sizeOf);
+
+/// Which of pageCount pages a page range prints. from 0 or below (an empty box) stands for the first page, to 0 or
+/// below for the one page from; pages that do not exist are left out, and no page lies in a range whose end stands
+/// before its begin.
+PrintSpan pagesInRange(int from, int to, int pageCount);
+
+/// The pages of a print-out in printing order, numbered from 1: all rows of the first columns, then all rows of the
+/// columns that did not fit beside them ("down, then over").
+class PrintPages
+{
+public:
+    /// Without rows there is one page for each span of columns, which shows the headings only.
+    PrintPages(QList<PrintSpan> rows, QList<PrintSpan> columns);
+
+    int count() const;
+    PrintSpan rows(int page) const;
+    PrintSpan columns(int page) const;
+
+private:
+    QList<PrintSpan> m_rows;
+    QList<PrintSpan> m_columns;
+};
