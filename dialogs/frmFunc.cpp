@@ -2,13 +2,12 @@
 
 #include "app/Common.h"
 #include "app/Language.h"
+#include "dialogs/PromptButton.h"
 
-#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QShortcutEvent>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -20,25 +19,6 @@ constexpr int helpContext = 50;
 constexpr int boxesPerRow = 3;
 constexpr int columnSpacing = 20;
 constexpr int firstExtraGroup = 12; // from here on a group without a label is not shown at all
-
-/// A check box whose access key ticks it at once. Otherwise it shows itself pressed for a moment first, and a quick
-/// Enter overtakes it.
-class PromptCheckBox : public QCheckBox
-{
-public:
-    using QCheckBox::QCheckBox;
-
-protected:
-    bool event(QEvent *event) override
-    {
-        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
-            return QCheckBox::event(event);
-        }
-        setFocus(Qt::ShortcutFocusReason);
-        click();
-        return true;
-    }
-};
 
 } // namespace
 

@@ -1,0 +1,81 @@
+#include "dialogs/DocumentPrinter.h"
+
+#include "dialogs/GridPrintChoice.h"
+#include "dialogs/MachineInfoPrinter.h"
+#include "dialogs/PrintSettings.h"
+#include "platform/GridPrinter.h"
+#include "platform/MessageBox.h"
+#include "platform/PdfFile.h"
+#include "platform/PrintJob.h"
+#include "runtime/RunTimeError.h"
+
+#include <QPrinter>
+
+DocumentPrinter::DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
+    : m_parent(parent), m_grid(grid), m_docNo(docNo), m_title(title)
+{
+}
+
+PrintOutcome DocumentPrinter::printMachinePage(PrintJob &job) const
+{
+    if (SharedPrintSettings.flags[0] != 1) {
+        return PrintOutcome::Done;
+    }
+    return printMachineInfo(job, m_docNo, m_title) ? PrintOutcome::Done : PrintOutcome::Failed;
+}
+
+PrintOutcome DocumentPrinter::printParameters(PrintJob &job) const
+{
+    if (SharedPrintSettings.flags[1] != 1) {
+        return PrintOutcome::Done;
+    }
+    return printGrid(m_grid, gridPrintOptions(m_grid, SharedPrintSettings, m_title), job, m_parent);
+}
+
+void DocumentPrinter::toPrinter(QPrinter &printer)
+{
+    // Two jobs, so that the machine page is on its way while the parameters are still produced.
+    PrintOutcome outcome = runJob(printer, &DocumentPrinter::printMachinePage);
+    if (outcome == PrintOutcome::Done) {
+        outcome = runJob(printer, &DocumentPrinter::printParameters);
+    }
+    if (outcome == PrintOutcome::Failed) {
+        report(runTimeErrorText(RunTimeError::PrinterError));
+    }
+}
+
+PrintOutcome DocumentPrinter::runJob(QPrinter &printer, Content content) const
+{
+    PrintJob job(printer, m_title);
+    const PrintOutcome outcome = (this->*content)(job);
+    if (outcome == PrintOutcome::Cancelled) {
+        job.cancel();
+    }
+    return job.end() ? outcome : PrintOutcome::Failed;
+}
+
+void DocumentPrinter::toPdf(const QString &fileName, const QPageLayout &layout)
+{
+    PdfFile file(fileName, layout);
+    if (!file.open()) {
+        report(file.errorString());
+        return;
+    }
+    PrintJob job(file.paper(), m_title);
+    PrintOutcome outcome = printMachinePage(job);
+    if (outcome == PrintOutcome::Done) {
+        outcome = printParameters(job);
+    }
+    const bool isWhole = job.end() && outcome == PrintOutcome::Done;
+    if (job.pageCount() == 0 || outcome == PrintOutcome::Cancelled) {
+        return;
+    }
+    if (!isWhole || !file.commit()) {
+        report(file.errorString());
+    }
+}
+
+void DocumentPrinter::report(const QString &reason) const
+{
+    MessageBox::showExclamation(m_parent, reason, m_title);
+}

@@ -1,0 +1,3 @@
+#include "dialogs/PrintSettings.h"
+
+PrintSettings SharedPrintSettings;

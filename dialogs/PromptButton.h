@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QCheckBox>
+#include <QRadioButton>
+#include <QShortcutEvent>
+
+/// A check box or option whose access key takes effect at once. Otherwise it shows itself pressed for a moment first,
+/// and a quick Enter overtakes it.
+template <typename Button>
+class PromptButton : public Button
+{
+public:
+    using Button::Button;
+
+protected:
+    bool event(QEvent *event) override
+    {
+        if (event->type() != QEvent::Shortcut || static_cast<QShortcutEvent *>(event)->isAmbiguous()) {
+            return Button::event(event);
+        }
+        this->setFocus(Qt::ShortcutFocusReason);
+        this->click();
+        return true;
+    }
+};
+
+using PromptCheckBox = PromptButton<QCheckBox>;
+using PromptRadioButton = PromptButton<QRadioButton>;

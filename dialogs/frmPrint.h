@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class SpreadGrid;
+
+/// The print dialog: what to print goes into SharedPrintSettings.
+class frmPrint : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// caption is that of the editor window whose document is printed.
+    explicit frmPrint(const QString &caption, QWidget *parent = nullptr);
+
+    /// Shows the dialog for the grid, whose open edit is ended first. result is true when the user pressed OK with
+    /// something to print; SharedPrintSettings holds the choice then.
+    void PrintShow(SpreadGrid &grid, bool &result);
+
+private:
+    void createControls();
+    void setTexts();
+    void arrange();
+    QGroupBox *createRangeFrame();
+    void connectControls();
+    void enableRange();
+    void enablePages();
+    void setUpPrinter();
+    void confirm();
+    void storeChoice();
+    int chosenOption() const;
+
+    QLabel *m_printerCaption = nullptr;
+    QLabel *m_printerName = nullptr;
+    std::array<QCheckBox *, 2> m_print{};
+    QGroupBox *m_range = nullptr;
+    std::array<QRadioButton *, 4> m_options{};
+    std::array<QLineEdit *, 2> m_pages{};
+    std::array<QLabel *, 2> m_pageLabels{};
+    QPushButton *m_ok = nullptr;
+    QPushButton *m_cancel = nullptr;
+    QPushButton *m_setup = nullptr;
+    bool m_hasSelection = false;
+};
