@@ -45,14 +45,15 @@ CellRow CellRows::replaced(const CellRow &row, int columns, int firstColumn, std
     return rowOf(cells);
 }
 
-void CellRows::appendCells(QString &block, const CellRow &row, int column1, int column2)
+QChar *CellRows::writeCells(QChar *place, const CellRow &row, int column1, int column2)
 {
     for (int column = column1; column <= column2; ++column) {
         if (column > column1) {
-            block += QChar(BlockText::cellEnd);
+            *place++ = BlockText::cellEnd;
         }
-        block += row.text(column);
+        place = std::ranges::copy(row.text(column), place).out;
     }
+    return place;
 }
 
 std::vector<CellRow> CellRows::withBlockText(

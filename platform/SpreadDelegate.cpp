@@ -21,14 +21,17 @@ const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
     return model.cellType(index.column() + 1, index.row() + 1);
 }
 
-QColor textColour(const QStyleOptionViewItem &option, const QColor &own, bool selected)
+QColor textColour(const QPalette &palette, const QColor &own, bool selected)
 {
-    const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     if (selected) {
-        return option.palette.color(group, QPalette::HighlightedText);
+        return palette.color(QPalette::HighlightedText);
     }
-    return own.isValid() ? readableOn(option.palette.color(QPalette::Base), own)
-                         : option.palette.color(group, QPalette::Text);
+    return own.isValid() ? readableOn(palette.color(QPalette::Base), own) : palette.color(QPalette::Text);
+}
+
+bool hasLineBreak(QStringView text)
+{
+    return std::ranges::any_of(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
 }
 
 } // namespace
@@ -40,33 +43,33 @@ SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
 
 // Painting
 
+// The active cell keeps its own ground within a selected block.
 void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const bool active = index == m_view.currentIndex();
-    const bool selected = !active && option.state & QStyle::State_Selected;
-    if (option.state & QStyle::State_Selected) {
-        // Styles fill the active cell as well, which keeps its own ground within a selected block.
-        painter->fillRect(option.rect, option.palette.brush(selected ? QPalette::Highlight : QPalette::Base));
-    }
     const int column = index.column() + 1;
     const int row = index.row() + 1;
-    const CellType &type = m_model.cellType(column, row);
-    const QColor colour = textColour(option, m_model.foreColour(column, row), selected);
-    painter->setPen(colour);
-    if (type.kind == CellType::Kind::CheckBox) {
+    const bool active = index == m_view.currentIndex();
+    const bool selected = !active && option.state & QStyle::State_Selected;
+    painter->fillRect(option.rect, option.palette.color(selected ? QPalette::Highlight : QPalette::Base));
+    painter->setPen(textColour(option.palette, m_model.foreColour(column, row), selected));
+    const CellType::Kind kind = m_model.cellType(column, row).kind;
+    if (kind == CellType::Kind::CheckBox) {
         paintCheckBox(painter, option, index);
         return;
     }
-    const QString text = m_model.text(column, row).toString();
-    if (!text.isEmpty()) {
-        const bool isLines = text.contains(u'\n') || text.contains(u'\r');
-        painter->setFont(option.font);
-        painter->drawText(option.rect.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0),
-            int(m_model.alignment(column) | Qt::AlignVCenter) | (isLines ? Qt::TextExpandTabs : Qt::TextSingleLine),
-            text);
-    }
-    if (active && type.kind == CellType::Kind::ComboBox) {
+    paintText(painter, option, m_model.text(column, row), m_model.alignment(column));
+    if (active && kind == CellType::Kind::ComboBox) {
         paintArrow(painter, option, index);
+    }
+}
+
+void SpreadDelegate::paintText(
+    QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const
+{
+    if (!text.isEmpty()) {
+        const int flags = hasLineBreak(text) ? Qt::TextExpandTabs : Qt::TextSingleLine;
+        painter->drawText(option.rect.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0),
+            int(alignment | Qt::AlignVCenter) | flags, text.toString());
     }
 }
 
@@ -74,16 +77,35 @@ void SpreadDelegate::paintCheckBox(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const QRect place = checkBoxRect(index, option.rect);
-    QStyleOptionButton box;
-    box.initFrom(&m_view);
-    box.rect = QRect(place.topLeft(), indicatorSize());
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
-    box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
-    const QPen pen = painter->pen();
-    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, &m_view);
-    painter->setPen(pen);
+    painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, boxPicture(ticked));
     painter->drawText(place.adjusted(indicatorSize().width() + CellMetrics::margin, 0, 0, 0),
         Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
+}
+
+// The style draws each of the two once: its shades and curves cost as much as five texts.
+const QPixmap &SpreadDelegate::boxPicture(bool ticked) const
+{
+    const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF()};
+    if (look != m_boxLook) {
+        m_boxLook = look;
+        m_boxes = {drawnBox(false), drawnBox(true)};
+    }
+    return m_boxes[ticked ? 1 : 0];
+}
+
+QPixmap SpreadDelegate::drawnBox(bool ticked) const
+{
+    QPixmap picture(indicatorSize() * m_view.devicePixelRatioF());
+    picture.setDevicePixelRatio(m_view.devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QStyleOptionButton box;
+    box.initFrom(&m_view);
+    box.rect = QRect(QPoint(), indicatorSize());
+    box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
+    QPainter painter(&picture);
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &m_view);
+    return picture;
 }
 
 void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const

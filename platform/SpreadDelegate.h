@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QPixmap>
 #include <QPointer>
 #include <QStyledItemDelegate>
+
+#include <array>
 
 class CellEditor;
 class QTableView;
@@ -45,6 +48,18 @@ protected:
 
 private:
     bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
+    struct BoxLook
+    {
+        const QStyle *style = nullptr;
+        qint64 palette = 0;
+        double pixelRatio = 0;
+        bool operator==(const BoxLook &) const = default;
+    };
+
+    void paintText(
+        QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
+    const QPixmap &boxPicture(bool ticked) const;
+    QPixmap drawnBox(bool ticked) const;
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     QSize indicatorSize() const;
@@ -52,4 +67,6 @@ private:
     QTableView &m_view;
     const SpreadModel &m_model;
     mutable QPointer<QWidget> m_editor;
+    mutable BoxLook m_boxLook;
+    mutable std::array<QPixmap, 2> m_boxes; ///< unticked, ticked
 };

@@ -40,6 +40,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     m_selection = new SpreadSelection(*this, *m_model);
     m_delegate = new SpreadDelegate(*this, *m_model);
     setItemDelegate(m_delegate);
+    connect(m_selection, &SpreadSelection::changed, this, &SpreadGrid::markHeaders);
     m_keys = std::make_unique<SpreadKeys>(*this, *m_model, *m_selection);
     const auto *mouse = new SpreadMouse(*this, *m_selection, *m_delegate);
     connect(mouse, &SpreadMouse::rightClicked, this, &SpreadGrid::rightClicked);
@@ -49,7 +50,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     });
     m_model->setObserver([this](const TextChange &change) { announceEdits(change); });
     connectHeaders();
-    adoptFontHeights();
+    noteFont();
     setWidthInCharacters(0, 4);
 }
 
@@ -182,17 +183,20 @@ QFont SpreadGrid::gridFont() const
 void SpreadGrid::changeEvent(QEvent *event)
 {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange && rowCount() == 0) {
-        adoptFontHeights();
+    if (event->type() == QEvent::FontChange) {
+        noteFont();
     }
 }
 
 // Widths and heights
 
-void SpreadGrid::adoptFontHeights()
+void SpreadGrid::noteFont()
 {
-    m_rowHeader->setDefaultSectionSize(CellMetrics::rowHeight(fontMetrics(), {}));
-    fitRowHeight(0);
+    m_lineRowHeight = CellMetrics::rowHeight(fontMetrics(), {});
+    if (rowCount() == 0) {
+        m_rowHeader->setDefaultSectionSize(m_lineRowHeight);
+        fitRowHeight(0);
+    }
 }
 
 void SpreadGrid::setWidthInCharacters(int column, double characters)
@@ -243,13 +247,14 @@ int SpreadGrid::widestText(int column) const
 void SpreadGrid::fitRowHeight(int row)
 {
     if (row == 0) {
-        int height = CellMetrics::rowHeight(fontMetrics(), {});
+        int height = m_lineRowHeight;
         for (int column = 1; column <= columnCount(); ++column) {
             height = std::max(height, m_columnHeader->textSize(column - 1).height());
         }
         m_columnHeader->setFixedHeight(height);
     } else if (row >= 1 && row <= rowCount()) {
-        const int height = CellMetrics::rowHeight(fontMetrics(), m_model->highestText(row));
+        const QStringView highest = m_model->highestText(row);
+        const int height = highest.isEmpty() ? m_lineRowHeight : CellMetrics::rowHeight(fontMetrics(), highest);
         if (height != rowHeight(row - 1)) {
             setRowHeight(row - 1, height);
         }

@@ -153,7 +153,7 @@ private:
     void connectHeaders();
     void pressColumn(int column);
     void pressRow(int row);
-    void adoptFontHeights();
+    void noteFont();
     void fitRowNumberWidth();
     int widestText(int column) const;
     void announceEdits(const TextChange &change);
@@ -167,7 +167,8 @@ private:
     /// there is none.
     int shownColumnFrom(int column, int steps) const;
     int frozenWidth() const;
-    void paintFrozenColumn(QPainter &painter);
+    void markHeaders();
+    void paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part);
     void paintActiveFrame(QPainter &painter);
 
     SpreadModel *m_model;
@@ -179,5 +180,6 @@ private:
     int m_frozenColumns = 0;
     int m_rowNumberWidth = 0; ///< as it was asked for
     int m_redrawsOff = 0;
+    int m_lineRowHeight = 0; ///< of a row whose texts have one line
     bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own
 };

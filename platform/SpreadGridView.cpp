@@ -11,6 +11,7 @@
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -26,6 +27,8 @@ void SpreadGrid::connectHeaders()
         disconnect(header, &QHeaderView::sectionPressed, this, nullptr);
         disconnect(header, &QHeaderView::sectionEntered, this, nullptr);
         disconnect(header, &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
+        // With the grid's own, a header looks at every cell of a selected column each time it is painted.
+        header->setSelectionModel(new QItemSelectionModel(m_model, header));
     }
     connect(m_columnHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressColumn(at + 1); });
     connect(m_rowHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressRow(at + 1); });
@@ -182,37 +185,58 @@ void SpreadGrid::scrollContentsBy(int dx, int dy)
 
 // Painting
 
+void SpreadGrid::markHeaders()
+{
+    const GridBlock block = selectedBlock();
+    m_columnHeader->setMarkedSections(std::max(block.column1, 1) - 1, block.column2 - 1);
+    m_rowHeader->setMarkedSections(block.row1 - 1, block.row2 - 1);
+}
+
+// Each cell is painted with its ground, so that one that is asked for twice looks the same.
 void SpreadGrid::paintEvent(QPaintEvent *event)
 {
-    QTableView::paintEvent(event);
     QPainter painter(viewport());
-    if (m_columnHeader->coveredWidth() > 0) {
-        paintFrozenColumn(painter);
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.font = font();
+    const int covered = m_columnHeader->coveredWidth();
+    for (const QRect &part : event->region()) {
+        for (int x = std::max(part.left(), covered); x <= part.right();) {
+            const int column = m_columnHeader->logicalIndexAt(x);
+            if (column < 0) {
+                break;
+            }
+            const int left = columnViewportPosition(column);
+            paintColumn(painter, option, column, left, part);
+            x = left + columnWidth(column);
+        }
+        if (part.left() < covered) {
+            paintColumn(painter, option, 0, 0, part);
+        }
+    }
+    if (covered > 0) {
+        painter.fillRect(QRect(covered - 1, 0, 1, viewport()->height()), palette().mid());
     }
     paintActiveFrame(painter);
 }
 
-void SpreadGrid::paintFrozenColumn(QPainter &painter)
+void SpreadGrid::paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part)
 {
-    QStyleOptionViewItem option;
-    initViewItemOption(&option);
+    const int width = columnWidth(column);
     const QColor lines = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
-    const int width = m_columnHeader->coveredWidth();
-    for (int row = rowAt(0); row >= 0 && row < rowCount(); ++row) {
-        const QRect cell(0, rowViewportPosition(row), width, rowHeight(row));
-        if (cell.top() > viewport()->height()) {
+    int top = 0;
+    for (int row = rowAt(part.top()); row >= 0 && row < rowCount(); ++row) {
+        top = rowViewportPosition(row);
+        const int height = rowHeight(row);
+        option.rect = QRect(left, top, width - 1, height - 1);
+        option.state.setFlag(QStyle::State_Selected, m_selection->contains(column + 1, row + 1));
+        m_delegate->paint(&painter, option, model()->index(row, column));
+        painter.fillRect(left, top + height - 1, width, 1, lines);
+        painter.fillRect(left + width - 1, top, 1, height, lines);
+        if (top + height > part.bottom()) {
             break;
         }
-        const QModelIndex index = model()->index(row, 0);
-        option.rect = cell.adjusted(0, 0, -1, -1);
-        option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
-        painter.fillRect(cell, palette().base());
-        m_delegate->paint(&painter, option, index);
-        painter.setPen(lines);
-        painter.drawLine(cell.bottomLeft(), cell.bottomRight());
     }
-    const int bottom = rowCount() == 0 ? 0 : rowViewportPosition(rowCount() - 1) + rowHeight(rowCount() - 1);
-    painter.fillRect(QRect(width - 1, 0, 1, std::min(bottom, viewport()->height())), palette().mid());
 }
 
 void SpreadGrid::paintActiveFrame(QPainter &painter)

@@ -3,13 +3,14 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyleOptionHeader>
 
 #include <algorithm>
 
 SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
-    setHighlightSections(true);
+    setHighlightSections(false); // setMarkedSections() does it
     setSectionResizeMode(Interactive);
     setDefaultAlignment(Qt::AlignCenter);
     setMinimumSectionSize(8);
@@ -19,6 +20,21 @@ void SpreadHeader::setFirstSectionFrozen(bool frozen)
 {
     m_frozen = frozen;
     viewport()->update();
+}
+
+void SpreadHeader::setMarkedSections(int first, int last)
+{
+    if (first != m_firstMarked || last != m_lastMarked) {
+        m_firstMarked = first;
+        m_lastMarked = last;
+        viewport()->update();
+    }
+}
+
+void SpreadHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int section) const
+{
+    QHeaderView::initStyleOptionForIndex(option, section);
+    option->state.setFlag(QStyle::State_On, section >= m_firstMarked && section <= m_lastMarked);
 }
 
 int SpreadHeader::coveredWidth() const

@@ -16,6 +16,8 @@ public:
     void setFirstSectionFrozen(bool frozen);
     /// The pixels from the left that the frozen section takes from the scrolled ones; 0 while nothing is scrolled.
     int coveredWidth() const;
+    /// Marks the sections first to last as those of the selection; last before first for none.
+    void setMarkedSections(int first, int last);
     /// The pixels that the section's text takes, with the header's own margins.
     QSize textSize(int section) const { return sectionSizeFromContents(section); }
     /// The section at that place of the viewport, the frozen one included; -1 for none.
@@ -26,6 +28,7 @@ signals:
     void rightClicked(int section, const QPoint &globalPosition);
 
 protected:
+    void initStyleOptionForIndex(QStyleOptionHeader *option, int section) const override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
@@ -40,5 +43,7 @@ private:
     int gripWidth() const;
 
     bool m_frozen = false;
+    int m_firstMarked = 0;
+    int m_lastMarked = -1;
     std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge less the mouse's place
 };

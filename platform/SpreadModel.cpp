@@ -122,29 +122,34 @@ QString SpreadModel::blockText(const GridBlock &block) const
     const int column2 = block.column2 < 0 ? columnCount() : std::min(block.column2, columnCount());
     const int row1 = block.row1 < 0 ? 1 : block.row1;
     const int row2 = block.row2 < 0 ? rowCount() : std::min(block.row2, rowCount());
-    QString text;
-    text.reserve(blockTextRoom(row1, row2));
-    for (int row = row1; row <= row2 && column1 <= column2; ++row) {
+    if (column1 > column2 || row1 > row2) {
+        return {};
+    }
+    QString text(blockTextRoom(row1, row2), Qt::Uninitialized);
+    QChar *place = text.data();
+    for (int row = row1; row <= row2; ++row) {
         if (row > row1) {
-            text += QStringView(BlockText::rowEnd);
+            place = std::ranges::copy(QStringView(BlockText::rowEnd), place).out;
         }
         if (column1 == 0) {
-            text += row == 0 ? m_cornerText : QString::number(row);
-            text += QStringView(&BlockText::cellEnd, column2 > 0 ? 1 : 0);
+            place = std::ranges::copy(row == 0 ? m_cornerText : QString::number(row), place).out;
+            place = std::fill_n(place, column2 > 0 ? 1 : 0, QChar(BlockText::cellEnd));
         }
-        CellRows::appendCells(
-            text, row == 0 ? headerRow() : m_rows[size_t(row - 1)], std::max(column1, 1) - 1, column2 - 1);
+        const CellRow &cells = row == 0 ? headerRow() : m_rows[size_t(row - 1)];
+        place = CellRows::writeCells(place, cells, std::max(column1, 1) - 1, column2 - 1);
     }
+    text.truncate(place - text.constData());
     return text;
 }
 
-// Units that the block text of these rows takes at most, but for long headers.
+// Units that the block text of these rows takes at most.
 qsizetype SpreadModel::blockTextRoom(int row1, int row2) const
 {
-    constexpr int numberAndLineEnd = 8;
-    qsizetype units = 0;
+    constexpr int numberAndLineEnd = 16;
+    qsizetype units = row1 == 0 ? m_cornerText.size() + headerRow().allTexts().size() : 0;
+    units += qsizetype(row2 - row1 + 1) * (columnCount() + numberAndLineEnd);
     for (int row = std::max(row1, 1); row <= row2; ++row) {
-        units += m_rows[size_t(row - 1)].allTexts().size() + columnCount() + numberAndLineEnd;
+        units += m_rows[size_t(row - 1)].allTexts().size();
     }
     return units;
 }

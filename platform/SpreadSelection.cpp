@@ -119,6 +119,7 @@ void SpreadSelection::show()
         ? QItemSelection(m_model.cellIndex(cells->column1, cells->row1), m_model.cellIndex(cells->column2, cells->row2))
         : QItemSelection();
     m_view.selectionModel()->select(range, QItemSelectionModel::ClearAndSelect);
+    emit changed();
 }
 
 // Somebody else moved the selection: the desktop's accessibility, or a routine of the view. What covers all columns or
@@ -140,4 +141,5 @@ void SpreadSelection::adopt()
         const bool allRows = range.height() == m_model.rowCount() && range.height() > 1;
         m_shape = allColumns ? Shape::Rows : allRows ? Shape::Columns : Shape::Cells;
     }
+    emit changed();
 }

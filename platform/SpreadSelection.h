@@ -42,6 +42,10 @@ public:
     /// Shows the selection again in a grid that has other rows or columns now; what is outside is cut off.
     void fitIntoGrid();
 
+signals:
+    /// What is selected, or may be, is another.
+    void changed();
+
 private:
     enum class Shape { Cells, Rows, Columns };
 
