@@ -1,0 +1,209 @@
+#include "bench/DocumentGenerator.h"
+#include "bench/Floors.h"
+#include "bench/RatioReporter.h"
+#include "bench/RecordGrid.h"
+#include "document/CollectPrRecords.h"
+#include "document/DocumentTables.h"
+#include "document/PrFile.h"
+#include "runtime/AnsiText.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 docNo = 1;
+
+/// Lets events run as the program does, or not at all.
+class BenchHost : public FileHost
+{
+public:
+    explicit BenchHost(bool events) : m_events(events) { }
+
+    void showMessage(const QString &text) override { qFatal("%s", qPrintable(text)); }
+    void showError(const QString &text, const QString &) override { qFatal("%s", qPrintable(text)); }
+    void setBusy(bool) override { }
+    void runPendingEvents() override { floors::passEvents(m_events ? 1 : 0); }
+
+private:
+    bool m_events;
+};
+
+/// In memory where the system can, so that the disk's own time does not hide the program's.
+QString folderTemplate()
+{
+    const QString memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/tabrix-bench-XXXXXX"_s;
+}
+
+/// A generated document in a folder of its own, read once, with the grid that shows it.
+struct Document
+{
+    explicit Document(int rowCount) : rows(rowCount), folder(folderTemplate())
+    {
+        qputenv("XDG_DATA_HOME", folder.filePath(u"data"_s).toLocal8Bit());
+        setAnsiCodePageNumber(1252);
+        resetDocumentTables();
+        growDocumentTables(docNo);
+        QFile file(fileName());
+        if (!file.open(QIODevice::WriteOnly)) {
+            qFatal("cannot write the generated file");
+        }
+        file.write(DocumentGenerator(1).file(rows));
+        file.close();
+        read(true);
+        grid = std::make_unique<RecordGrid>(PrRecords, rows);
+    }
+
+    QString fileName() const { return folder.filePath(u"document.inv"_s); }
+    QString savedName() const { return folder.filePath(u"saved.inv"_s); }
+    void read(bool events) const
+    {
+        BenchHost host(events);
+        ReadPrFile(fileName(), docNo, host);
+    }
+    void save(bool events) const
+    {
+        BenchHost host(events);
+        WritePrFile(savedName(), {docNo, *grid, QString::number(rows)}, host);
+    }
+
+    int rows;
+    QTemporaryDir folder;
+    std::unique_ptr<RecordGrid> grid;
+};
+
+void readFile(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        document.read(true);
+    }
+}
+
+void readFloor(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
+        floors::passEvents(document.rows);
+    }
+}
+
+void readWithoutEvents(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        document.read(false);
+    }
+}
+
+void splitOnly(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
+    }
+}
+
+void collect(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        CollectPrRecords(*document.grid);
+    }
+}
+
+void saveFile(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        document.save(true);
+    }
+}
+
+void saveFloor(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    const QStringList fields = floors::splitFile(document.fileName());
+    for (auto _ : state) {
+        floors::joinToFile(fields, document.savedName());
+        floors::passEvents(document.rows);
+    }
+}
+
+void saveWithoutEvents(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        document.save(false);
+    }
+}
+
+void joinOnly(benchmark::State &state)
+{
+    const Document document(static_cast<int>(state.range(0)));
+    const QStringList fields = floors::splitFile(document.fileName());
+    for (auto _ : state) {
+        floors::joinToFile(fields, document.savedName());
+    }
+}
+
+void registerAll()
+{
+    const std::pair<const char *, void (*)(benchmark::State &)> benchmarks[] = {{"readFile", readFile},
+        {"readFloor", readFloor}, {"readWithoutEvents", readWithoutEvents}, {"splitOnly", splitOnly},
+        {"collect", collect}, {"saveFile", saveFile}, {"saveFloor", saveFloor},
+        {"saveWithoutEvents", saveWithoutEvents}, {"joinOnly", joinOnly}};
+    constexpr int repetitions = 11;
+    for (const auto &[name, function] : benchmarks) {
+        benchmark::RegisterBenchmark(name, function)
+            ->Arg(1000)
+            ->Arg(32767)
+            ->UseRealTime()
+            ->MinTime(0.05)
+            ->Repetitions(repetitions)
+            ->ReportAggregatesOnly()
+            ->Unit(benchmark::kMillisecond);
+    }
+}
+
+std::vector<Ratio> ratios()
+{
+    std::vector<Ratio> ratios;
+    for (const std::string rows : {"1000", "32767"}) {
+        ratios.push_back({"read, " + rows + " rows", "readFile/" + rows, "readFloor/" + rows, 1.3});
+        ratios.push_back(
+            {"  without event passes on either side", "readWithoutEvents/" + rows, "splitOnly/" + rows, 1.3});
+        ratios.push_back({"collect and write, " + rows + " rows", "saveFile/" + rows, "saveFloor/" + rows, 1.5});
+        ratios.push_back(
+            {"  without event passes on either side", "saveWithoutEvents/" + rows, "joinOnly/" + rows, 1.5});
+    }
+    // 32.767 times the rows may take 1.2 times that.
+    constexpr double linear = 32.767 * 1.2;
+    ratios.push_back({"read, 32767 rows against 1000", "readFile/32767", "readFile/1000", linear});
+    ratios.push_back({"collect and write, 32767 rows against 1000", "saveFile/32767", "saveFile/1000", linear});
+    return ratios;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+        return 1;
+    }
+    registerAll();
+    RatioReporter reporter(ratios());
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return 0;
+}

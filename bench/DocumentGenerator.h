@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <random>
+
+/// Parameter files that look like a drive's, as bytes of code page 1252; the same seed gives the same file.
+class DocumentGenerator
+{
+public:
+    explicit DocumentGenerator(quint32 seed) : m_random(seed) { }
+
+    QByteArray file(int rows);
+
+private:
+    int number(int last);
+    bool chance(int percent) { return number(99) < percent; }
+    template <size_t size>
+    const char *oneOf(const char *const (&texts)[size]);
+    QByteArray name();
+    QByteArray ranges(int count);
+    QByteArray conditions(int count);
+    QByteArray row(int index);
+
+    std::mt19937 m_random;
+};
