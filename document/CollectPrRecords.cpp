@@ -7,6 +7,8 @@
 #include "runtime/NumberText.h"
 
 #include <algorithm>
+#include <charconv>
+#include <iterator>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -47,7 +49,8 @@ constexpr IncrementField incrementFields[] = {{Min1Column, &PrRecord::min1, "1"_
     {Min2Column, &PrRecord::min2, "-1"_L1}, {Min3Column, &PrRecord::min3, "-1"_L1}};
 constexpr QLatin1StringView increments[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
 
-/// Turns grid rows into records.
+/// Turns grid rows into records. A record's texts and lists that already are what the row says stay as they are: after
+/// an open and after a save that is nearly all of them.
 class Collector
 {
 public:
@@ -56,7 +59,10 @@ public:
     std::optional<RunTimeError> collect(int row, PrRecord &record);
 
 private:
+    template <typename View>
+    void assign(QString &field, View text);
     void collectIncrement(const IncrementField &increment, int row, PrRecord &record);
+    void collectFactorySetting(QStringView cell, PrRecord &record);
     std::optional<RunTimeError> collectRanges(int row, PrRecord &record) const;
     std::optional<RunTimeError> collectFunctionCode(int row, PrRecord &record);
     std::optional<RunTimeError> collectConditions(int row, PrRecord &record) const;
@@ -65,17 +71,25 @@ private:
     TextPool m_pool;
 };
 
+template <typename View>
+void Collector::assign(QString &field, View text)
+{
+    if (field != text) {
+        field = m_pool.share(text);
+    }
+}
+
 std::optional<RunTimeError> Collector::collect(int row, PrRecord &record)
 {
     for (const TextField &plain : plainFields) {
-        record.*plain.field = m_pool.share(m_grid.cellText(plain.column, row));
+        assign(record.*plain.field, m_grid.cellText(plain.column, row));
     }
     for (const IncrementField &increment : incrementFields) {
         collectIncrement(increment, row, record);
     }
     const QStringView checked = m_grid.cellText(RangeCheckColumn, row);
-    record.rangeCheck = m_pool.share(checked.isEmpty() ? QStringView(u"0") : checked);
-    record.factorySetting = m_pool.share(NormalizeNumText(m_grid.cellText(FactoryColumn, row)));
+    assign(record.rangeCheck, checked.isEmpty() ? QStringView(u"0") : checked);
+    collectFactorySetting(m_grid.cellText(FactoryColumn, row), record);
     if (const auto error = collectRanges(row, record)) {
         return error;
     }
@@ -88,19 +102,24 @@ std::optional<RunTimeError> Collector::collect(int row, PrRecord &record)
 void Collector::collectIncrement(const IncrementField &increment, int row, PrRecord &record)
 {
     const QStringView cell = m_grid.cellText(increment.column, row);
-    const bool isIncrement = std::ranges::any_of(increments, [cell](QLatin1StringView step) { return cell == step; });
-    record.*increment.field = isIncrement ? m_pool.share(cell) : m_pool.share(increment.otherwise);
+    const auto *step = std::ranges::find_if(increments, [cell](QLatin1StringView known) { return cell == known; });
+    assign(record.*increment.field, step != std::end(increments) ? *step : increment.otherwise);
+}
+
+void Collector::collectFactorySetting(QStringView cell, PrRecord &record)
+{
+    if (isNormalizedNum(cell)) {
+        assign(record.factorySetting, cell);
+    } else {
+        assign(record.factorySetting, QStringView(NormalizeNumText(cell)));
+    }
 }
 
 std::optional<RunTimeError> Collector::collectRanges(int row, PrRecord &record) const
 {
-    auto converted = rangesFromText(m_grid.cellText(RangesColumn, row));
-    if (const auto *error = std::get_if<RunTimeError>(&converted)) {
-        return *error;
-    }
-    record.ranges = std::get<QList<SettingRange>>(std::move(converted));
-    record.rangeCount = static_cast<qint16>(record.ranges.size());
-    return std::nullopt;
+    const auto error = parseRanges(m_grid.cellText(RangesColumn, row), record.ranges);
+    record.rangeCount = error ? qint16(0) : static_cast<qint16>(record.ranges.size());
+    return error;
 }
 
 std::optional<RunTimeError> Collector::collectFunctionCode(int row, PrRecord &record)
@@ -109,7 +128,9 @@ std::optional<RunTimeError> Collector::collectFunctionCode(int row, PrRecord &re
     if (const auto *error = std::get_if<RunTimeError>(&converted)) {
         return *error;
     }
-    record.functionCode = m_pool.share(QString::number(std::get<qint16>(converted)));
+    char digits[numberTextLength];
+    const auto written = std::to_chars(digits, std::end(digits), std::get<qint16>(converted));
+    assign(record.functionCode, QLatin1StringView(digits, written.ptr - digits));
     return std::nullopt;
 }
 
@@ -117,6 +138,7 @@ std::optional<RunTimeError> Collector::collectConditions(int row, PrRecord &reco
 {
     record.conditions = conditionsFromText(m_grid.cellText(ConditionsColumn, row));
     if (record.conditions.size() > std::numeric_limits<qint16>::max()) {
+        record.conditionCount = 0;
         return RunTimeError::Overflow;
     }
     record.conditionCount = static_cast<qint16>(record.conditions.size());
@@ -127,13 +149,12 @@ std::optional<RunTimeError> Collector::collectConditions(int row, PrRecord &reco
 
 std::optional<RunTimeError> CollectPrRecords(const PrGrid &grid)
 {
-    QList<PrRecord> records(grid.rowCount());
+    PrRecords.resize(grid.rowCount());
     Collector collector(grid);
-    for (int i = 0; i < records.size(); ++i) {
-        if (const auto error = collector.collect(i + 1, records[i])) {
+    for (int i = 0; i < PrRecords.size(); ++i) {
+        if (const auto error = collector.collect(i + 1, PrRecords[i])) {
             return error;
         }
     }
-    PrRecords = std::move(records);
     return std::nullopt;
 }

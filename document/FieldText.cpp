@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -26,24 +27,6 @@ qsizetype countDigits(QStringView text)
     return count;
 }
 
-/// Whether text is exactly what a number's shortest form would be. Nearly every cell is, and then needs no conversion.
-bool isShortestForm(QStringView text)
-{
-    constexpr qsizetype exactDigits = 15;
-    const QStringView number = text.startsWith(u'-') ? text.sliced(1) : text;
-    const qsizetype whole = countDigits(number);
-    const bool zero = whole == 1 && number[0] == u'0';
-    if (whole == 0 || number.size() > exactDigits || (number[0] == u'0' && !zero)) {
-        return false;
-    }
-    if (whole == number.size()) {
-        return !zero || number.size() == text.size();
-    }
-    const QStringView fraction = number.sliced(whole + 1);
-    return number[whole] == u'.' && !fraction.isEmpty() && countDigits(fraction) == fraction.size()
-        && fraction.back() != u'0' && !(zero && fraction.startsWith(u"000"));
-}
-
 /// The part of text up to where its leading number ends.
 QString leadingDigits(const QString &text)
 {
@@ -52,40 +35,40 @@ QString leadingDigits(const QString &text)
     return QStringView(text.begin(), end).trimmed().toString();
 }
 
-/// Scans a setting-range text; the part that is open is the last of the ranges.
+/// Scans a setting-range text.
 class RangeScanner
 {
 public:
-    Converted<QList<SettingRange>> scan(QStringView text);
+    explicit RangeScanner(QList<SettingRange> &ranges) : m_ranges(ranges) { }
+
+    std::optional<RunTimeError> scan(QStringView text);
 
 private:
     void takeDash();
     void finishPart();
     float takeBound();
 
-    QList<SettingRange> m_ranges = {SettingRange{}};
+    QList<SettingRange> &m_ranges;
+    SettingRange m_range; ///< the part that is open
     QVarLengthArray<QChar, 64> m_text;
     bool m_seenDash = false;
     bool m_overflow = false;
 };
 
-Converted<QList<SettingRange>> RangeScanner::scan(QStringView text)
+std::optional<RunTimeError> RangeScanner::scan(QStringView text)
 {
     for (const QChar character : text) {
         if (character == u'-') {
             takeDash();
         } else if (character == u',') {
             finishPart();
-            m_ranges.append(SettingRange{});
         } else {
             m_text.append(character);
         }
     }
     finishPart();
-    if (m_overflow || m_ranges.size() > std::numeric_limits<qint16>::max()) {
-        return RunTimeError::Overflow;
-    }
-    return std::move(m_ranges);
+    const bool tooMany = m_ranges.size() > std::numeric_limits<qint16>::max();
+    return m_overflow || tooMany ? std::optional(RunTimeError::Overflow) : std::nullopt;
 }
 
 /// A second dash ends the range early and keeps what was collected, which then counts as a single value.
@@ -93,10 +76,10 @@ void RangeScanner::takeDash()
 {
     if (m_seenDash) {
         const auto collected = m_text;
-        m_ranges.last().upper = takeBound();
+        m_range.upper = takeBound();
         m_text = collected;
     } else {
-        m_ranges.last().lower = takeBound();
+        m_range.lower = takeBound();
     }
     m_seenDash = !m_seenDash;
 }
@@ -104,13 +87,12 @@ void RangeScanner::takeDash()
 void RangeScanner::finishPart()
 {
     constexpr float openEnd = -1;
-    SettingRange &range = m_ranges.last();
     if (!m_seenDash) {
-        range.lower = takeBound();
-        range.upper = 0;
+        m_range = {0, takeBound()};
     } else {
-        range.upper = m_text.isEmpty() ? openEnd : takeBound();
+        m_range.upper = m_text.isEmpty() ? openEnd : takeBound();
     }
+    m_ranges.append(std::exchange(m_range, SettingRange{}));
     m_seenDash = false;
 }
 
@@ -136,9 +118,26 @@ void appendRange(QString &text, const SettingRange &range)
 
 } // namespace
 
+bool isNormalizedNum(QStringView text)
+{
+    constexpr qsizetype exactDigits = 15;
+    const QStringView number = text.startsWith(u'-') ? text.sliced(1) : text;
+    const qsizetype whole = countDigits(number);
+    const bool zero = whole == 1 && number[0] == u'0';
+    if (whole == 0 || number.size() > exactDigits || (number[0] == u'0' && !zero)) {
+        return false;
+    }
+    if (whole == number.size()) {
+        return !zero || number.size() == text.size();
+    }
+    const QStringView fraction = number.sliced(whole + 1);
+    return number[whole] == u'.' && !fraction.isEmpty() && countDigits(fraction) == fraction.size()
+        && fraction.back() != u'0' && !(zero && fraction.startsWith(u"000"));
+}
+
 QString NormalizeNumText(QStringView text)
 {
-    if (isShortestForm(text)) {
+    if (isNormalizedNum(text)) {
         return text.toString();
     }
     const QString decimal = text.toString().replace(u',', u'.');
@@ -151,9 +150,19 @@ QString SingleToText(float value)
     return singleText(value);
 }
 
+std::optional<RunTimeError> parseRanges(QStringView text, QList<SettingRange> &ranges)
+{
+    ranges.clear();
+    return text.isEmpty() ? std::nullopt : RangeScanner(ranges).scan(text);
+}
+
 Converted<QList<SettingRange>> rangesFromText(QStringView text)
 {
-    return text.isEmpty() ? QList<SettingRange>() : RangeScanner().scan(text);
+    QList<SettingRange> ranges;
+    if (const auto error = parseRanges(text, ranges)) {
+        return *error;
+    }
+    return ranges;
 }
 
 QString rangesToText(std::span<const SettingRange> ranges)

@@ -115,6 +115,9 @@ QString ConditionScanner::takeText()
 QList<PrCondition> conditionsFromText(QStringView text)
 {
     QList<PrCondition> conditions;
+    if (text.isEmpty()) {
+        return conditions;
+    }
     for (const QStringView item : text.tokenize(u',')) {
         if (auto condition = ConditionScanner().scan(item)) {
             conditions.append(*std::move(condition));
