@@ -120,7 +120,7 @@ bool lacksCurrents(const MachineInfo &info)
 
 std::optional<FileFailure> writeDocument(const QString &fileName, qint16 docNo, FileHost &host)
 {
-    const MachineInfo info = MachineInfos.at(docNo);
+    const MachineInfo &info = MachineInfos.at(docNo);
     AnsiBuffer out(ansiCodePage());
     out.put("[Inverter]\r\n");
     auto failure = WriteInverterSection(info, out);
