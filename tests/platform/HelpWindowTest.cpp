@@ -88,7 +88,7 @@ QString damagedCopy(const QTemporaryDir &folder, const Damage &damage)
     EXPECT_TRUE(whole.open(QIODevice::ReadOnly));
     QByteArray bytes = whole.readAll();
     damage(bytes);
-    const QString name = folder.filePath(u"DAMAGED.HLP"_s);
+    QString name = folder.filePath(u"DAMAGED.HLP"_s);
     QFile damaged(name);
     EXPECT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
     damaged.write(bytes);
