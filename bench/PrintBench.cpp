@@ -20,6 +20,7 @@ void fill(SpreadGrid &grid)
 {
     grid.setColumnCount(Columns);
     grid.setRowCount(Rows);
+    grid.setWidthInCharacters(2, 25);
     for (int row = 1; row <= Rows; ++row) {
         for (int column = 1; column <= Columns; ++column) {
             grid.setText(column, row, column == 2 ? u"Acceleration time %1"_s.arg(row) : u"0.1-%1"_s.arg(row % 400));

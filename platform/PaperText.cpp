@@ -59,11 +59,20 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
     , m_characterWidth(m_metrics.horizontalAdvance(u'0'))
     , m_widestCharacter(std::max(m_metrics.horizontalAdvance(u'W'), m_metrics.horizontalAdvance(QChar(u'漢'))))
 {
+    m_asciiWidths.fill(m_widestCharacter);
+    for (char16_t code = u' '; code < u'\x7f'; ++code) {
+        m_asciiWidths[code] = m_metrics.horizontalAdvance(QChar(code));
+    }
 }
 
 bool PaperText::isShort(QStringView text, double width) const
 {
-    return double(text.size()) * m_widestCharacter <= width && !hasLineBreak(text);
+    double atMost = 0;
+    for (const QChar character : text) {
+        const auto code = character.unicode();
+        atMost += code < m_asciiWidths.size() ? m_asciiWidths[code] : m_widestCharacter;
+    }
+    return atMost <= width && !hasLineBreak(text);
 }
 
 int PaperText::lineCount(const QString &text, double width) const

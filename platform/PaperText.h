@@ -5,6 +5,8 @@
 #include <QRectF>
 #include <QString>
 
+#include <array>
+
 class QPainter;
 class QTextLayout;
 
@@ -23,7 +25,7 @@ public:
 
     /// How many lines the text takes when it is wrapped to that width; line breaks in it count. At least 1.
     int lineCount(const QString &text, double width) const;
-    /// True when the text takes one line for certain, found without measuring it.
+    /// True when the text takes one line for certain. Quicker than lineCount(), for the thousands of texts that do.
     bool isShort(QStringView text, double width) const;
 
     /// Draws the text wrapped to area's width. What does not fit into area's height is cut off.
@@ -39,4 +41,5 @@ private:
     QFontMetricsF m_metrics;
     double m_characterWidth;
     double m_widestCharacter;
+    std::array<double, 128> m_asciiWidths; ///< a control character counts as the widest one
 };
