@@ -159,12 +159,19 @@ void frmPrint::PrintShow(SpreadGrid &grid, bool &result)
     grid.commitEdit();
     m_hasSelection = grid.isBlockSelected();
     m_printerName->setText(CurrentPrinter::deviceName());
-    for (QLineEdit *page : m_pages) {
-        page->setFixedWidth(QFontMetrics(userFont()).horizontalAdvance(u"00000000"_s));
-    }
+    setWidths(QFontMetrics(userFont()));
     PrepareDialog(*this);
     enableRange();
     result = exec() == Accepted;
+}
+
+/// Room for a page number, and for the buttons' texts without touching their edges.
+void frmPrint::setWidths(const QFontMetrics &metrics)
+{
+    for (QLineEdit *page : m_pages) {
+        page->setFixedWidth(metrics.horizontalAdvance(u"00000000"_s));
+    }
+    m_cancel->setMinimumWidth(metrics.horizontalAdvance(m_cancel->text() + u"000"_s));
 }
 
 void frmPrint::enableRange()

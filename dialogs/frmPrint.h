@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QFontMetrics>
 
 #include <array>
 
@@ -31,6 +32,7 @@ private:
     void arrange();
     QGroupBox *createRangeFrame();
     void connectControls();
+    void setWidths(const QFontMetrics &metrics);
     void enableRange();
     void enablePages();
     void setUpPrinter();

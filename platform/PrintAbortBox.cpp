@@ -25,6 +25,7 @@ PrintAbortBox::PrintAbortBox(const QString &text, const QString &cancelText, con
     label->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
     auto *cancel = new QPushButton(cancelText);
     cancel->setObjectName(u"cmdCancel"_s);
+    cancel->setMinimumWidth(fontMetrics().horizontalAdvance(cancelText + u"0000"_s));
     connect(cancel, &QPushButton::clicked, this, &PrintAbortBox::reject);
 
     auto *layout = new QVBoxLayout(this);
