@@ -68,8 +68,19 @@ void EditDialog::prepare(qint16 captionText)
     }
     ApplyUserFont(*this);
     setEqualButtonWidths();
-    adjustSize(); // an earlier opening may have left another size
+    fitSize();
     PrepareDialog(*this);
+}
+
+// An earlier opening may have left another size, and what frames need reaches a hidden window's layout only when told.
+void EditDialog::fitSize()
+{
+    const auto frames = findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    for (QWidget *frame : frames) {
+        frame->updateGeometry();
+    }
+    layout()->activate();
+    adjustSize();
 }
 
 void EditDialog::setEqualButtonWidths()

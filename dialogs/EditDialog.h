@@ -29,6 +29,7 @@ private:
     void addHelp(QHBoxLayout &row);
     void showHelp();
     void setEqualButtonWidths();
+    void fitSize();
 
     int m_helpContext;
     QList<QPushButton *> m_buttons; ///< OK, Cancel and, if there is one, Help

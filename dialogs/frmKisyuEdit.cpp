@@ -115,7 +115,6 @@ void frmKisyuEdit::load()
     loadBoxes(info);
     loadCapacities(info);
     m_name->setFocus();
-    m_name->selectAll();
     prepare(119);
     m_changed = false;
 }

@@ -35,6 +35,7 @@ bool hasFocus(const QDialog &dialog)
 void runOn(QDialog &dialog, const std::function<void()> &act)
 {
     EXPECT_TRUE(QTest::qWaitFor([&] { return hasFocus(dialog); }));
+    QApplication::processEvents(); // the layouts have come to rest after that
     runGuarded(act);
     EXPECT_FALSE(dialog.isVisible()) << "the dialog was left open";
     if (dialog.isVisible()) {

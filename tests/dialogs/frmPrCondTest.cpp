@@ -385,6 +385,19 @@ TEST_F(CondDialog, deletingEverythingGivesTheTextOfTheLastOkThatMadeOne)
     EXPECT_EQ(text, u"10=1"_s);
 }
 
+TEST_F(CondDialog, buttonsPressedWithoutTheMouseTakeAnOpenEditToo)
+{
+    show(u"OP=A"_s, 1, [&] {
+        typeIntoCell(grid(2), 2, 1, u"B"_s);
+        control<QPushButton>(dialog, u"cmdAdd(2)"_s).click(); // as assistive tools do, without moving the focus
+        EXPECT_EQ(rows(2), (QStringList{u"=|B"_s, u"=|"_s}));
+        typeIntoCell(grid(2), 2, 2, u"C"_s);
+        control<QPushButton>(dialog, u"cmdDell(2)"_s).click();
+        EXPECT_EQ(rows(2), QStringList{u"=|B"_s});
+        cancel();
+    });
+}
+
 class CondCancel : public CondDialog, public testing::WithParamInterface<std::function<void(frmPrCond &)>>
 {
 };
