@@ -79,7 +79,7 @@ QString CurrentPrinter::takeChosenFile()
     if (isPresent()) {
         return {};
     }
-    const QString chosen = printer().outputFileName();
+    QString chosen = printer().outputFileName();
     printer().setOutputFileName({});
     return chosen;
 }
