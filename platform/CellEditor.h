@@ -22,6 +22,8 @@ public:
     virtual bool isAcceptable() const = 0;
     /// Whether the user left something other in it than there was.
     virtual bool isModified() const = 0;
+    /// As the cell's text stands.
+    virtual void alignText(Qt::Alignment alignment) = 0;
     /// Empties it, where an empty text can be typed.
     virtual void clearText() = 0;
     /// Goes on with what is there: the caret behind the text, or the list dropped down.

@@ -17,6 +17,7 @@ public:
     QString text() const override { return QLineEdit::text(); }
     bool isAcceptable() const override { return hasAcceptableInput(); }
     bool isModified() const override { return QLineEdit::text() != m_original; }
+    void alignText(Qt::Alignment alignment) override { setAlignment(alignment); }
     void clearText() override { clear(); }
     void goOn() override { end(false); }
     int neededHeight() const override { return fontMetrics().height() + 2; }

@@ -16,6 +16,7 @@ public:
     QString text() const override { return currentText(); }
     bool isAcceptable() const override { return true; }
     bool isModified() const override { return currentText() != m_original; }
+    void alignText(Qt::Alignment /*alignment*/) override { }
     void clearText() override { goOn(); }
     void goOn() override { showPopup(); }
     int neededHeight() const override { return sizeHint().height(); }

@@ -17,6 +17,7 @@ public:
     QString text() const override;
     bool isAcceptable() const override;
     bool isModified() const override { return plainLines() != m_originalLines; }
+    void alignText(Qt::Alignment /*alignment*/) override { }
     void clearText() override { clear(); }
     void goOn() override { moveCursor(QTextCursor::End); }
     int neededHeight() const override;

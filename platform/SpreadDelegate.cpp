@@ -6,10 +6,14 @@
 #include "platform/CellMetrics.h"
 #include "platform/Contrast.h"
 #include "platform/SpreadModel.h"
+#include "platform/TextMeter.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTableView>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 #include <array>
@@ -150,9 +154,25 @@ QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) con
 
 QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
+    const QStringView text = m_model.text(index.column() + 1, index.row() + 1);
+    TextMeter meter(option.font);
+    meter.add(text);
+    return {meter.widest() + CellMetrics::extraWidth, CellMetrics::rowHeight(option.fontMetrics, text)};
+}
+
+// A text that its cell cuts off is shown whole beside the mouse.
+bool SpreadDelegate::helpEvent(
+    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    const QSize room = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
+    const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
+    const bool isCut = isText && sizeHint(option, index).boundedTo(room) != sizeHint(option, index);
     const QString text = m_model.text(index.column() + 1, index.row() + 1).toString();
-    return {option.fontMetrics.horizontalAdvance(text) + CellMetrics::extraWidth,
-        CellMetrics::rowHeight(option.fontMetrics, text)};
+    QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view, option.rect);
+    return true;
 }
 
 // Editing
@@ -171,6 +191,7 @@ QWidget *SpreadDelegate::createEditor(
     }
     CellEditor *created =
         CellEditor::create(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    created->alignText(m_model.alignment(index.column() + 1));
     m_editor = created->widget();
     m_editor->setAutoFillBackground(true);
     if (auto *list = qobject_cast<CellListBox *>(m_editor)) {

@@ -11,6 +11,7 @@
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QPainter>
@@ -265,6 +266,17 @@ void SpreadGrid::keyPressEvent(QKeyEvent *event)
         event->ignore(); // a dialog around the grid closes by it
     } else {
         event->setAccepted(m_keys->handle(*event));
+    }
+}
+
+// Qt opens an editor for composed text, but keeps the text itself back.
+void SpreadGrid::inputMethodEvent(QInputMethodEvent *event)
+{
+    const bool hasText = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
+    if (hasText && edit(currentIndex(), AnyKeyPressed, event) && m_delegate->editor()) {
+        QCoreApplication::sendEvent(m_delegate->editor()->widget(), event);
+    } else {
+        event->ignore();
     }
 }
 

@@ -102,7 +102,8 @@ bool SpreadKeys::beginTyping(QKeyEvent &event)
 {
     const QString typed = event.text();
     const bool isCommand = (event.modifiers() & Qt::ControlModifier) && !(event.modifiers() & Qt::AltModifier);
-    if (typed.isEmpty() || !typed.front().isPrint() || isCommand || m_selection.activeRow() == 0) {
+    const bool isText = !typed.isEmpty() && (typed.front().isPrint() || typed.front().isSurrogate());
+    if (!isText || isCommand || m_selection.activeRow() == 0) {
         return false;
     }
     const CellType &type = m_model.cellType(m_selection.activeColumn(), m_selection.activeRow());

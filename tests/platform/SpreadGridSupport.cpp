@@ -4,6 +4,7 @@
 #include <QHeaderView>
 
 #include <algorithm>
+#include <ostream>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -33,9 +34,30 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows)
     return grid;
 }
 
+void PrintTo(const GridBlock &block, std::ostream *out)
+{
+    *out << block.column1 << ',' << block.row1 << " to " << block.column2 << ',' << block.row2;
+}
+
+QRect cellRect(const SpreadGrid &grid, int column, int row)
+{
+    return grid.visualRect(grid.model()->index(row - 1, column - 1));
+}
+
+QRect innerRect(const SpreadGrid &grid, int column, int row)
+{
+    return cellRect(grid, column, row).adjusted(3, 3, -3, -3);
+}
+
+QImage pictureOf(SpreadGrid &grid)
+{
+    QApplication::processEvents();
+    return grid.viewport()->grab().toImage();
+}
+
 QPoint placeOf(const SpreadGrid &grid, int column, int row)
 {
-    return grid.visualRect(grid.model()->index(row - 1, column - 1)).center();
+    return cellRect(grid, column, row).center();
 }
 
 void clickCell(SpreadGrid &grid, int column, int row, Qt::KeyboardModifiers modifiers, Qt::MouseButton button)
