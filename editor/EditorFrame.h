@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
+class QMenu;
 class frmPrFile;
 
 /// What an editor window shows in the frame around it, and what it reads there.
@@ -12,15 +14,22 @@ public:
 
     /// The editor window that is active; nullptr without one.
     virtual frmPrFile *activeEditor() const = 0;
+    /// Every open editor window, by document number.
+    virtual QList<frmPrFile *> openEditors() const = 0;
+    virtual void makeActive(frmPrFile &editor) = 0;
 
     virtual void showParameterCount(int count) = 0;
     /// The text of the parameter-count label, which a save takes as the row count.
     virtual QString shownParameterCount() const = 0;
     virtual void showPrNumber(const QString &number) = 0;
-    virtual void enablePasteButtons(bool paste, bool addPaste) = 0;
+
+    virtual void enablePasteButton(bool enabled) = 0;
     virtual void enableAddPasteButton(bool enabled) = 0;
 
     /// bar 0: tool bar, 1: status bar.
     virtual bool isBarShown(int bar) const = 0;
     virtual void showBar(int bar, bool shown) = 0;
+
+    /// Puts the list of open windows at the end of a Window menu.
+    virtual void fillWindowList(QMenu &menu) = 0;
 };

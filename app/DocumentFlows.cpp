@@ -1,0 +1,150 @@
+#include "app/DocumentFlows.h"
+
+#include "app/Language.h"
+#include "document/DocumentTables.h"
+#include "document/PrFile.h"
+#include "editor/EditorFrame.h"
+#include "editor/ParameterCells.h"
+#include "editor/frmPrFile.h"
+#include "platform/BusyPointer.h"
+#include "platform/FileDialog.h"
+
+#include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 untitledId = 7;
+constexpr qint16 openFilterId = 160;
+constexpr qint16 extensionId = 161;
+constexpr int parameterFilter = 2;
+
+} // namespace
+
+DocumentFlows::DocumentFlows(QMdiArea &area, EditorFrame &frame, FileHost &host)
+    : m_area(area), m_frame(frame), m_host(host), m_placer(area)
+{
+}
+
+bool DocumentFlows::OpenPrFile()
+{
+    const QString fileName = askForFileToOpen(m_area.window(),
+        {.defaultExtension = ResString(extensionId),
+            .filter = ResString(openFilterId),
+            .filterIndex = parameterFilter,
+            .folder = QDir::currentPath()});
+    return !fileName.isEmpty() && OpenPrFile(fileName);
+}
+
+bool DocumentFlows::OpenPrFile(const QString &fileName)
+{
+    const BusyPointer busy;
+    const int slot = FindFreeDocumentSlot();
+    if (ReadPrFile(fileName, qint16(slot), m_host)) {
+        return false;
+    }
+    frmPrFile &editor = createEditor(slot);
+    editor.SetPrInfSpread();
+    editor.setWindowTitle(fileName);
+    showEditor(editor);
+    emit documentOpened();
+    emit fileUsed(fileName);
+    return true;
+}
+
+void DocumentFlows::SavePrFile(const QString &fileName)
+{
+    const bool untitled = fileName.isEmpty() || fileName == ResString(untitledId);
+    const QString target = untitled ? ShowFileDialog() : fileName;
+    if (!writeActive(target)) {
+        return;
+    }
+    m_frame.activeEditor()->setWindowTitle(target);
+    emit fileUsed(target);
+}
+
+bool DocumentFlows::writeActive(const QString &fileName)
+{
+    frmPrFile *editor = m_frame.activeEditor();
+    if (!editor) {
+        return false;
+    }
+    editor->vaspdParam().commitEdit();
+    const ParameterCells cells(editor->vaspdParam());
+    const PrFileSource source{
+        .docNo = qint16(editor->docNo()), .grid = cells, .parameterCount = m_frame.shownParameterCount()};
+    return !WritePrFile(fileName, source, m_host);
+}
+
+QString DocumentFlows::ShowFileDialog()
+{
+    // Fixed English texts in either language, unlike the dialog that opens files
+    return askForFileToSave(m_area.window(),
+        {.defaultExtension = u"INV"_s,
+            .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
+            .filterIndex = parameterFilter,
+            .folder = QDir::currentPath()});
+}
+
+void DocumentFlows::NewDocumentWindow(int slot)
+{
+    growDocumentTables(slot);
+    MachineInfo &info = MachineInfos[slot];
+    info.Capacity.clear();
+    info.ICapacity.clear();
+    info.Option.clear();
+    info.Paramater = 1; // the one row that the window shows, so that it can be saved and read back
+    DocFlags[slot] = {};
+    frmPrFile &editor = createEditor(slot);
+    editor.setWindowTitle(ResString(untitledId));
+    showEditor(editor);
+}
+
+int DocumentFlows::FindFreeDocumentSlot()
+{
+    const int last = documentUpperBound();
+    for (int slot = 1; slot <= last; ++slot) {
+        if (DocFlags[slot].free) {
+            DocFlags[slot].free = false;
+            MachineInfos[slot] = {}; // the reader keeps what a file does not name
+            return slot;
+        }
+    }
+    growDocumentTables(last + 1);
+    return last + 1;
+}
+
+QList<frmPrFile *> DocumentFlows::openEditors() const
+{
+    QList<frmPrFile *> editors;
+    for (int slot = 1; slot < m_windows.size(); ++slot) {
+        if (m_windows[slot] && !DocFlags[slot].free) {
+            editors << m_windows[slot];
+        }
+    }
+    return editors;
+}
+
+frmPrFile &DocumentFlows::createEditor(int slot)
+{
+    DocFlags[slot].changed = false;
+    auto *editor = new frmPrFile(slot, m_frame);
+    m_windows.resize(std::max<qsizetype>(m_windows.size(), slot + 1));
+    m_windows[slot] = editor;
+    QMdiSubWindow *window = m_area.addSubWindow(editor);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    emit editorCreated(editor);
+    return *editor;
+}
+
+void DocumentFlows::showEditor(frmPrFile &editor)
+{
+    auto *window = qobject_cast<QMdiSubWindow *>(editor.parentWidget());
+    m_placer.place(*window);
+    window->show();
+    m_area.setActiveSubWindow(window);
+    editor.setFocus();
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "app/WindowPlacer.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class EditorFrame;
+class FileHost;
+class QMdiArea;
+class frmPrFile;
+
+/// Opening, saving and closing of documents: slots, file dialogs, reader, writer and editor windows.
+/// Slots count from 1; slot n's window, machine information and flags share the number.
+class DocumentFlows : public QObject
+{
+    Q_OBJECT
+
+public:
+    DocumentFlows(QMdiArea &area, EditorFrame &frame, FileHost &host);
+
+    /// Asks for a file and opens it. Returns true when a window was opened.
+    bool OpenPrFile();
+    /// Opens fileName as it is given; an empty name is the reader's to refuse. Returns true when a window was opened.
+    bool OpenPrFile(const QString &fileName);
+
+    /// Saves the active editor window under fileName. Asks for a name when fileName is empty or that of an untitled
+    /// document.
+    void SavePrFile(const QString &fileName = {});
+
+    /// Writes the active editor window's document to fileName, without a dialog. Returns true on success.
+    bool writeActive(const QString &fileName);
+
+    /// The name to save under, or an empty text when the user cancelled.
+    QString ShowFileDialog();
+
+    /// Creates and shows the editor window of an untitled document with one row.
+    void NewDocumentWindow(int slot);
+
+    /// The lowest free slot, its free mark cleared, or a new one.
+    int FindFreeDocumentSlot();
+
+    /// Every open window, by slot.
+    QList<frmPrFile *> openEditors() const;
+
+signals:
+    /// A window was made; it is not shown yet.
+    void editorCreated(frmPrFile *editor);
+    /// A file was opened; its window is active.
+    void documentOpened();
+    /// A file was opened or saved under that name.
+    void fileUsed(const QString &fileName);
+
+private:
+    frmPrFile &createEditor(int slot);
+    void showEditor(frmPrFile &editor);
+
+    QMdiArea &m_area;
+    EditorFrame &m_frame;
+    FileHost &m_host;
+    WindowPlacer m_placer;
+    QList<QPointer<frmPrFile>> m_windows; ///< by slot; entry 0 is never used
+};

@@ -1,0 +1,49 @@
+#include "app/FrameFileHost.h"
+
+#include "app/Language.h"
+#include "platform/MessageBox.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+
+namespace {
+
+constexpr qint16 programNameId = 9;
+
+/// The ordinary pointer, also over an hourglass, for as long as this object lives.
+class OrdinaryPointer
+{
+public:
+    OrdinaryPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~OrdinaryPointer() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(OrdinaryPointer)
+};
+
+} // namespace
+
+void FrameFileHost::showMessage(const QString &text)
+{
+    const OrdinaryPointer pointer;
+    MessageBox::showPlain(&m_frame, text, ResString(programNameId));
+}
+
+void FrameFileHost::showError(const QString &text, const QString &title)
+{
+    const OrdinaryPointer pointer;
+    MessageBox::showExclamation(&m_frame, text, title);
+}
+
+void FrameFileHost::setBusy(bool busy)
+{
+    if (busy) {
+        m_busy.emplace();
+    } else {
+        m_busy.reset();
+    }
+}
+
+void FrameFileHost::runPendingEvents()
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "document/FileHost.h"
+#include "platform/BusyPointer.h"
+
+#include <QWidget>
+
+#include <optional>
+
+/// The desktop for reading and writing: message boxes over the frame, the pointer, the event loop.
+class FrameFileHost : public FileHost
+{
+public:
+    explicit FrameFileHost(QWidget &frame) : m_frame(frame) { }
+
+    void showMessage(const QString &text) override;
+    void showError(const QString &text, const QString &title) override;
+    void setBusy(bool busy) override;
+    void runPendingEvents() override;
+
+private:
+    QWidget &m_frame;
+    std::optional<BusyPointer> m_busy;
+};

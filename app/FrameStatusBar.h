@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QStatusBar>
+
+class QLabel;
+class QLineEdit;
+
+/// The frame's status bar: the parameter count and the box that jumps to a parameter number, at its right edge.
+class FrameStatusBar : public QStatusBar
+{
+    Q_OBJECT
+
+public:
+    explicit FrameStatusBar(QWidget *parent = nullptr);
+
+    void setCaptions(const QString &count, const QString &number);
+    void showParameterCount(int count);
+    QString shownParameterCount() const;
+    void showPrNumber(const QString &number);
+
+signals:
+    /// Enter was pressed in the jump box.
+    void jumpRequested(const QString &number);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void placeControls();
+
+    QLabel *m_countCaption;
+    QLabel *m_lblPrcount;
+    QLabel *m_numberCaption;
+    QLineEdit *m_txtPr;
+};

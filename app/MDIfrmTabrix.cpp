@@ -1,0 +1,364 @@
+#include "app/MDIfrmTabrix.h"
+
+#include "app/Common.h"
+#include "app/FrameMenus.h"
+#include "app/FrameStatusBar.h"
+#include "app/FrameToolBar.h"
+#include "app/Language.h"
+#include "app/QtTexts.h"
+#include "app/Settings.h"
+#include "app/WindowArrangement.h"
+#include "app/frmVersion.h"
+#include "editor/ParameterGrid.h"
+#include "editor/RecentFileGroup.h"
+#include "editor/frmPrFile.h"
+#include "platform/MessageBox.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/NumberText.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int contentsContext = 1;
+
+constexpr std::pair<qint16, Qt::WindowState> windowStates[] = {
+    {0, Qt::WindowNoState},
+    {1, Qt::WindowMinimized},
+    {2, Qt::WindowMaximized},
+};
+
+Qt::WindowStates windowStateFrom(qint16 stored)
+{
+    const auto found = std::ranges::find(windowStates, stored, [](const auto &state) { return state.first; });
+    return found == std::end(windowStates) ? Qt::WindowNoState : found->second;
+}
+
+qint16 storedWindowState(Qt::WindowStates states)
+{
+    const auto found = std::ranges::find_if(
+        windowStates, [states](const auto &state) { return state.first != 0 && states.testFlag(state.second); });
+    return found == std::end(windowStates) ? qint16(0) : found->first;
+}
+
+/// The last row whose parameter number equals the number that text begins with; 0 when there is none.
+int lastRowWithNumber(const SpreadGrid &grid, const QString &text)
+{
+    const auto wanted = toInt16(leadingNumber(text));
+    const auto *number = std::get_if<qint16>(&wanted);
+    int row = number ? grid.rowCount() : 0;
+    while (row > 0 && numericValue(grid.cellText(ParameterColumn::Number, row)) != double(*number)) {
+        --row;
+    }
+    return row;
+}
+
+} // namespace
+
+MDIfrmTabrix::MDIfrmTabrix()
+    : m_area(new QMdiArea(this))
+    , m_toolBar(new FrameToolBar(this))
+    , m_statusBar(new FrameStatusBar(this))
+    , m_menus(new FrameMenus(this))
+    , m_host(*this)
+    , m_documents(*m_area, *this, m_host)
+    , m_recent(m_menus->recentFiles(), *this)
+{
+    setObjectName(u"MDIfrmTabrix"_s);
+    setContextMenuPolicy(Qt::NoContextMenu); // the Visible menu shows and hides the bars
+    setAcceptDrops(true);
+    setGeometry(screen()->availableGeometry());
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(m_area);
+    addToolBar(m_toolBar);
+    setStatusBar(m_statusBar);
+    showMenus(m_menus->all());
+    connectMenus();
+    connectToolBar();
+    m_toolBar->enableDocumentButtons(false);
+    connect(m_statusBar, &FrameStatusBar::jumpRequested, this, &MDIfrmTabrix::jumpToParameter);
+    connect(m_area, &QMdiArea::subWindowActivated, this, &MDIfrmTabrix::windowActivated);
+    connect(&m_documents, &DocumentFlows::editorCreated, this, &MDIfrmTabrix::connectEditor);
+    connect(&m_documents, &DocumentFlows::documentOpened, this, [this] { m_toolBar->enableDocumentButtons(true); });
+    connect(&m_documents, &DocumentFlows::fileUsed, this,
+        [this](const QString &fileName) { m_recent.AddRecentFile(fileName); });
+}
+
+MDIfrmTabrix::~MDIfrmTabrix()
+{
+    // The editor windows use the frame to the last.
+    m_area->disconnect(this);
+    delete m_area;
+}
+
+void MDIfrmTabrix::load(const QString &commandLine)
+{
+    SelectLanguage();
+    loadQtTexts();
+    MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
+    HelpFilePath = helpFilePath(LanguageBase);
+    qint16 windowState = 0;
+    LoadWindowSettings(windowState);
+    setWindowState(windowStateFrom(windowState));
+    LoadUserFont(UserFont.FontName, UserFont.FontSize, UserFont.FontItalic, UserFont.FontBold);
+    SetFrameCaptions();
+    m_toolBar->clearTip();
+    m_toolBar->loadPictures();
+    m_documents.NewDocumentWindow(1);
+    if (!commandLine.isEmpty()) {
+        m_documents.OpenPrFile(commandLine);
+    }
+    m_recent.BuildRecentMenus();
+    setWindowState(Qt::WindowMaximized); // last, so that the frame opens maximised whatever was restored
+}
+
+void MDIfrmTabrix::SetFrameCaptions()
+{
+    setWindowTitle(ResString(8));
+    m_statusBar->setCaptions(ResString(71), ResString(70));
+    m_menus->setCaptions();
+}
+
+void MDIfrmTabrix::ShowTip()
+{
+    m_toolBar->ShowTip();
+}
+
+void MDIfrmTabrix::connectMenus()
+{
+    const auto on = [this](QStringView name, auto handler) {
+        connect(&m_menus->action(name), &QAction::triggered, this, handler);
+    };
+    on(u"mneFileOpen", [this] { m_documents.OpenPrFile(); });
+    on(u"mneFileExit", [this] { close(); });
+    on(u"mneVisualItem(0)", [this] { showBar(0, !isBarShown(0)); });
+    on(u"mneVisualItem(1)", [this] { showBar(1, !isBarShown(1)); });
+    on(u"mneWinItem(0)", [this] { arrangeWindows(0); });
+    on(u"mneWinItem(1)", [this] { arrangeWindows(1); });
+    on(u"mneHelpItem", [this] { ShowHelp(this, contentsContext); });
+    on(u"mneHelpVer", [this] { showAbout(); });
+    connect(&m_menus->recentFiles(), &RecentFileGroup::chosen, this, &MDIfrmTabrix::openRecent);
+    connect(&m_menus->windowMenu(), &QMenu::aboutToShow, this, [this] { fillWindowList(m_menus->windowMenu()); });
+}
+
+void MDIfrmTabrix::connectToolBar()
+{
+    connect(m_toolBar, &FrameToolBar::openClicked, this, [this] { m_documents.OpenPrFile(); });
+    connect(m_toolBar, &FrameToolBar::saveClicked, this, &MDIfrmTabrix::saveByButton);
+    connect(m_toolBar, &FrameToolBar::printClicked, this, &MDIfrmTabrix::printByButton);
+    connect(m_toolBar, &FrameToolBar::editClicked, this, &MDIfrmTabrix::runEditCommand);
+}
+
+void MDIfrmTabrix::connectEditor(frmPrFile *editor)
+{
+    m_toolBar->enableDocumentButtons(true);
+    connect(editor, &frmPrFile::openRequested, this, [this] { m_documents.OpenPrFile(); });
+    connect(editor, &frmPrFile::openRecentRequested, this, &MDIfrmTabrix::openRecent);
+    connect(editor, &frmPrFile::saveRequested, &m_documents, &DocumentFlows::SavePrFile);
+    connect(editor, &frmPrFile::exitRequested, this, &QWidget::close);
+    connect(editor, &frmPrFile::aboutRequested, this, &MDIfrmTabrix::showAbout);
+    connect(editor, &frmPrFile::arrangeRequested, this, &MDIfrmTabrix::arrangeWindows);
+    connect(editor, &frmPrFile::unloaded, this, &MDIfrmTabrix::editorUnloaded);
+}
+
+void MDIfrmTabrix::windowActivated(QMdiSubWindow *window)
+{
+    // No window is active while the frame is in the background; its menus stay then.
+    if (auto *editor = window ? qobject_cast<frmPrFile *>(window->widget()) : nullptr) {
+        showMenus(editor->menus());
+        editor->activate();
+    }
+}
+
+void MDIfrmTabrix::editorUnloaded()
+{
+    if (openEditors().isEmpty()) {
+        m_toolBar->enableDocumentButtons(false);
+        showMenus(m_menus->all());
+    }
+}
+
+void MDIfrmTabrix::showMenus(const QList<QMenu *> &menus)
+{
+    menuBar()->clear();
+    for (QMenu *menu : menus) {
+        menuBar()->addMenu(menu);
+    }
+}
+
+frmPrFile *MDIfrmTabrix::activeEditor() const
+{
+    const QMdiSubWindow *window = m_area->currentSubWindow();
+    return window ? qobject_cast<frmPrFile *>(window->widget()) : nullptr;
+}
+
+void MDIfrmTabrix::makeActive(frmPrFile &editor)
+{
+    m_area->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(editor.parentWidget()));
+}
+
+void MDIfrmTabrix::showParameterCount(int count)
+{
+    m_statusBar->showParameterCount(count);
+}
+
+QString MDIfrmTabrix::shownParameterCount() const
+{
+    return m_statusBar->shownParameterCount();
+}
+
+void MDIfrmTabrix::showPrNumber(const QString &number)
+{
+    m_statusBar->showPrNumber(number);
+}
+
+void MDIfrmTabrix::enablePasteButton(bool enabled)
+{
+    m_toolBar->enablePasteButton(enabled);
+}
+
+void MDIfrmTabrix::enableAddPasteButton(bool enabled)
+{
+    m_toolBar->enableAddPasteButton(enabled);
+}
+
+QWidget &MDIfrmTabrix::bar(int bar) const
+{
+    return bar == 0 ? static_cast<QWidget &>(*m_toolBar) : static_cast<QWidget &>(*m_statusBar);
+}
+
+bool MDIfrmTabrix::isBarShown(int index) const
+{
+    return !bar(index).isHidden();
+}
+
+void MDIfrmTabrix::showBar(int index, bool shown)
+{
+    bar(index).setVisible(shown);
+    m_menus->action(u"mneVisualItem(%1)"_s.arg(index)).setChecked(shown);
+}
+
+void MDIfrmTabrix::fillWindowList(QMenu &menu)
+{
+    constexpr int mostAccessKeys = 9;
+    const QString listed = u"windowListItem"_s;
+    for (QAction *old : menu.findChildren<QAction *>(listed, Qt::FindDirectChildrenOnly)) {
+        delete old;
+    }
+    int number = 0;
+    for (frmPrFile *editor : openEditors()) {
+        if (number++ == 0) {
+            menu.addSeparator()->setObjectName(listed);
+        }
+        const QString title = editor->windowTitle().replace(u'&', "&&"_L1);
+        const QString caption = number <= mostAccessKeys ? u"&%1 %2"_s : u"%1 %2"_s;
+        QAction *item = menu.addAction(caption.arg(QString::number(number), title));
+        item->setObjectName(listed);
+        item->setCheckable(true);
+        item->setChecked(editor == activeEditor());
+        connect(item, &QAction::triggered, editor, [this, editor] { makeActive(*editor); });
+    }
+}
+
+void MDIfrmTabrix::openRecent(const QString &fileName)
+{
+    m_documents.OpenPrFile(fileName);
+    m_recent.BuildRecentMenus();
+}
+
+void MDIfrmTabrix::runEditCommand(int index)
+{
+    using EditorCommand = void (frmPrFile::*)();
+    static constexpr EditorCommand commands[] = {&frmPrFile::cut, &frmPrFile::copy, &frmPrFile::paste,
+        &frmPrFile::addPaste, &frmPrFile::addLine, &frmPrFile::deleteLines, &frmPrFile::editFuncCode,
+        &frmPrFile::editMachineInfo};
+    if (frmPrFile *editor = activeEditor()) {
+        (editor->*commands[index])();
+    }
+}
+
+void MDIfrmTabrix::saveByButton()
+{
+    // Unlike the menu's Save: no dialog for an untitled document, no entry among the recent files.
+    if (const frmPrFile *editor = activeEditor()) {
+        m_documents.writeActive(editor->windowTitle());
+    }
+}
+
+void MDIfrmTabrix::printByButton()
+{
+    if (frmPrFile *editor = activeEditor()) {
+        editor->print();
+    }
+}
+
+void MDIfrmTabrix::jumpToParameter(const QString &text)
+{
+    frmPrFile *editor = activeEditor();
+    if (!editor) {
+        return;
+    }
+    SpreadGrid &grid = editor->vaspdParam();
+    if (const int row = lastRowWithNumber(grid, text)) {
+        grid.setActiveCell(ParameterColumn::Number, row);
+        grid.setTopRow(row);
+    }
+    grid.setFocus();
+}
+
+void MDIfrmTabrix::arrangeWindows(int arrangement)
+{
+    if (arrangement == 0) {
+        m_area->cascadeSubWindows();
+    } else {
+        tileWindows(*m_area);
+    }
+}
+
+void MDIfrmTabrix::showAbout()
+{
+    frmVersion box(this);
+    box.CaptionSet();
+    box.exec();
+}
+
+void MDIfrmTabrix::closeEvent(QCloseEvent *event)
+{
+    for (const frmPrFile *editor : openEditors()) {
+        if (!editor->parentWidget()->close()) {
+            event->ignore();
+            return;
+        }
+    }
+    SaveWindowSettings(storedWindowState(windowState()));
+    event->accept();
+}
+
+void MDIfrmTabrix::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MDIfrmTabrix::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    for (const QUrl &url : event->mimeData()->urls()) {
+        if (url.isLocalFile()) {
+            m_documents.OpenPrFile(QDir::toNativeSeparators(url.toLocalFile()));
+        }
+    }
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "app/DocumentFlows.h"
+#include "app/FrameFileHost.h"
+#include "app/RecentMenus.h"
+#include "editor/EditorFrame.h"
+
+#include <QMainWindow>
+
+class FrameMenus;
+class FrameStatusBar;
+class FrameToolBar;
+class QMdiArea;
+class QMdiSubWindow;
+
+/// The frame window: it holds the editor windows, shows the menus of the active one, and passes commands on to it.
+class MDIfrmTabrix : public QMainWindow, public EditorFrame
+{
+    Q_OBJECT
+
+public:
+    MDIfrmTabrix();
+    ~MDIfrmTabrix() override;
+
+    /// The program's start-up. commandLine is one file name, quotes included; empty for none.
+    void load(const QString &commandLine);
+
+    void SetFrameCaptions();
+    /// Shows or ends the tool tip of the button that the mouse was last over.
+    void ShowTip();
+    DocumentFlows &documents() { return m_documents; }
+
+    // EditorFrame
+    frmPrFile *activeEditor() const override;
+    QList<frmPrFile *> openEditors() const override { return m_documents.openEditors(); }
+    void makeActive(frmPrFile &editor) override;
+    void showParameterCount(int count) override;
+    QString shownParameterCount() const override;
+    void showPrNumber(const QString &number) override;
+    void enablePasteButton(bool enabled) override;
+    void enableAddPasteButton(bool enabled) override;
+    bool isBarShown(int bar) const override;
+    void showBar(int bar, bool shown) override;
+    void fillWindowList(QMenu &menu) override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void connectMenus();
+    void connectToolBar();
+    void connectEditor(frmPrFile *editor);
+    void windowActivated(QMdiSubWindow *window);
+    void editorUnloaded();
+    void showMenus(const QList<QMenu *> &menus);
+    void openRecent(const QString &fileName);
+    void runEditCommand(int index);
+    void saveByButton();
+    void printByButton();
+    void jumpToParameter(const QString &number);
+    void arrangeWindows(int arrangement);
+    void showAbout();
+    QWidget &bar(int bar) const;
+
+    QMdiArea *m_area;
+    FrameToolBar *m_toolBar;
+    FrameStatusBar *m_statusBar;
+    FrameMenus *m_menus;
+    FrameFileHost m_host;
+    DocumentFlows m_documents;
+    RecentMenus m_recent;
+};

@@ -1,0 +1,28 @@
+#include "app/RecentMenus.h"
+
+#include "app/Settings.h"
+#include "editor/EditorFrame.h"
+#include "editor/RecentFileGroup.h"
+#include "editor/frmPrFile.h"
+
+void RecentMenus::AddRecentFile(const QString &fileName)
+{
+    if (!IsRecentFile(fileName)) {
+        StoreRecentFile(fileName);
+    }
+    BuildRecentMenus();
+}
+
+bool RecentMenus::IsRecentFile(const QString &fileName) const
+{
+    return m_frameGroup.shownFiles().contains(fileName);
+}
+
+void RecentMenus::BuildRecentMenus()
+{
+    const QStringList files = recentFiles();
+    m_frameGroup.show(files);
+    for (frmPrFile *editor : m_frame.openEditors()) {
+        editor->showRecentFiles(files);
+    }
+}

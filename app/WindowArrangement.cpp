@@ -1,0 +1,40 @@
+#include "app/WindowArrangement.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+
+#include <cmath>
+
+QList<QRect> tiledHorizontally(const QRect &area, int count)
+{
+    QList<QRect> places;
+    const int columns = int(std::sqrt(count));
+    int placed = 0;
+    for (int column = 0; column < columns; ++column) {
+        // The last columns take the windows that do not divide evenly.
+        const int rows = (count - placed) / (columns - column);
+        const int left = area.left() + area.width() * column / columns;
+        const int right = area.left() + area.width() * (column + 1) / columns;
+        for (int row = 0; row < rows; ++row, ++placed) {
+            const int top = area.top() + area.height() * row / rows;
+            const int bottom = area.top() + area.height() * (row + 1) / rows;
+            places << QRect(left, top, right - left, bottom - top);
+        }
+    }
+    return places;
+}
+
+void tileWindows(QMdiArea &area)
+{
+    QList<QMdiSubWindow *> windows;
+    for (QMdiSubWindow *window : area.subWindowList()) {
+        if (window->isVisible() && !window->isMinimized()) {
+            windows << window;
+        }
+    }
+    const QList<QRect> places = tiledHorizontally(area.viewport()->rect(), int(windows.size()));
+    for (qsizetype i = 0; i < windows.size(); ++i) {
+        windows[i]->showNormal();
+        windows[i]->setGeometry(places[i]);
+    }
+}

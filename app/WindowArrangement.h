@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+
+class QMdiArea;
+
+/// Where count windows stand when they are tiled into area: wide rather than tall, stacked from top to bottom, in
+/// several columns from four windows on, every pixel covered.
+QList<QRect> tiledHorizontally(const QRect &area, int count);
+
+/// Tiles the area's windows that are not minimised.
+void tileWindows(QMdiArea &area);

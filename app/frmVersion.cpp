@@ -1,0 +1,81 @@
+#include "app/frmVersion.h"
+
+#include "app/Common.h"
+#include "app/IniFile.h"
+#include "app/Language.h"
+#include "platform/MemoryStatus.h"
+
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int pictureSize = 64;
+constexpr int spacing = 16;
+
+QString iniUserText(const QString &key)
+{
+    QString value;
+    return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? value.trimmed() : u" "_s;
+}
+
+QLabel *newLabel(const QString &name, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+qint32 memoryInKilobytes(quint64 bytes)
+{
+    return qint32(quint32(bytes)) / 1024;
+}
+
+frmVersion::frmVersion(QWidget *parent)
+    : QDialog(parent)
+    , m_picture(new QLabel(this))
+    , m_lblSwName(newLabel(u"lblSwName"_s, this))
+    , m_lblName(newLabel(u"lblName"_s, this))
+    , m_lblMemory(newLabel(u"lblMemory"_s, this))
+    , m_cmdOK(new QPushButton(this))
+{
+    setObjectName(u"frmVersion"_s);
+    m_picture->setPixmap(QGuiApplication::windowIcon().pixmap(pictureSize));
+    m_cmdOK->setObjectName(u"cmdOK"_s);
+    m_cmdOK->setDefault(true);
+    auto *layout = new QGridLayout(this);
+    layout->setHorizontalSpacing(spacing);
+    layout->setVerticalSpacing(spacing);
+    layout->addWidget(m_picture, 0, 0, 3, 1, Qt::AlignTop);
+    layout->addWidget(m_lblSwName, 0, 1);
+    layout->addWidget(m_lblName, 1, 1);
+    layout->addWidget(m_lblMemory, 2, 1);
+    layout->addWidget(m_cmdOK, 3, 0, 1, 2, Qt::AlignRight);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    connect(m_cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+    readUser();
+}
+
+void frmVersion::readUser()
+{
+    m_userName = iniUserText(u"UserName"_s);
+    m_userCorp = iniUserText(u"UserCorp"_s);
+}
+
+void frmVersion::CaptionSet()
+{
+    setWindowTitle(ResString(80));
+    m_lblSwName->setText(ResString(8) + "\r\n"_L1 + ResString(9) + "  V2.0"_L1);
+    m_lblName->setText(m_userName + u'\n' + m_userCorp);
+    m_lblMemory->setText(ResString(83) + QString::number(memoryInKilobytes(totalPhysicalMemory())) + "KB"_L1);
+    m_cmdOK->setText(ResString(1));
+    PrepareDialog(*this); // places the box by its size, so last
+}

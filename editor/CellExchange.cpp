@@ -1,0 +1,72 @@
+#include "editor/CellExchange.h"
+
+#include "app/Language.h"
+#include "dialogs/FuncCodeText.h"
+#include "dialogs/frmFunc.h"
+#include "dialogs/frmPrCond.h"
+#include "document/DocumentTables.h"
+#include "editor/ParameterGrid.h"
+#include "platform/MessageBox.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/NumberText.h"
+
+#include <QPointer>
+
+namespace {
+
+constexpr qint16 programNameId = 9;
+
+QString trimmedCell(const SpreadGrid &grid, int column)
+{
+    const QString text = grid.text(column, grid.activeRow());
+    return text.trimmed().isEmpty() ? QString() : text;
+}
+
+/// The one dialog of the program. It lives on between calls: the text that it last built stays with it when nothing is
+/// left to build.
+frmPrCond &prCondDialog(QWidget *window)
+{
+    static QPointer<frmPrCond> dialog;
+    if (!dialog) {
+        dialog = new frmPrCond(window);
+    }
+    return *dialog;
+}
+
+} // namespace
+
+void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
+{
+    grid.commitEdit();
+    const int row = grid.activeRow();
+    if (row == 0) {
+        return;
+    }
+    const auto converted = hexToInt16(grid.text(ParameterColumn::FuncCode, row));
+    if (const auto *error = std::get_if<RunTimeError>(&converted)) {
+        MessageBox::showExclamation(grid.window(), runTimeErrorText(*error), ResString(programNameId));
+        return;
+    }
+    qint16 code = std::get<qint16>(converted);
+    if (frmFunc(grid.window()).ShowFuncCode(grid.text(ParameterColumn::Number, row), code, fileName)) {
+        DocFlags[docNo].changed = true;
+        grid.setText(ParameterColumn::FuncCode, row, functionCodeText(code));
+    }
+}
+
+void exchangePrCond(SpreadGrid &grid, int docNo)
+{
+    grid.commitEdit();
+    const int row = grid.activeRow();
+    if (row == 0) {
+        return;
+    }
+    const auto converted = toInt16(leadingNumber(trimmedCell(grid, ParameterColumn::ConditionCount)));
+    qint16 count = std::holds_alternative<qint16>(converted) ? std::get<qint16>(converted) : qint16(0);
+    QString conditions = trimmedCell(grid, ParameterColumn::Condition);
+    if (prCondDialog(grid.window()).ShowPrCond(grid.text(ParameterColumn::Number, row), count, conditions)) {
+        DocFlags[docNo].changed = true;
+        grid.setText(ParameterColumn::ConditionCount, row, QString::number(count));
+        grid.setText(ParameterColumn::Condition, row, conditions);
+    }
+}

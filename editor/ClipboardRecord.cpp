@@ -1,0 +1,7 @@
+#include "editor/ClipboardRecord.h"
+
+ClipboardRecord &clipboardRecord()
+{
+    static ClipboardRecord record;
+    return record;
+}

@@ -1,0 +1,179 @@
+#include "editor/GridCommands.h"
+
+#include "app/Language.h"
+#include "document/DocumentTables.h"
+#include "editor/ClipboardRecord.h"
+#include "editor/EditorFrame.h"
+#include "editor/ParameterGrid.h"
+#include "editor/PasteTarget.h"
+#include "platform/MessageBox.h"
+#include "platform/RedrawOff.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/RunTimeError.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <limits>
+
+namespace {
+
+constexpr qint16 programNameId = 9;
+// The heading's text stands where one would expect the message of identifier 114.
+constexpr qint16 sizeMismatchId = 113;
+constexpr int deleteFloor = 2;
+// A file counts its rows in a 16-bit integer.
+constexpr int mostRows = std::numeric_limits<qint16>::max();
+
+QString clipboardText()
+{
+    return QGuiApplication::clipboard()->text();
+}
+
+} // namespace
+
+GridCommands::GridCommands(SpreadGrid &grid, int docNo, EditorFrame &frame, QObject *parent)
+    : QObject(parent), m_grid(grid), m_docNo(docNo), m_frame(frame)
+{
+}
+
+void GridCommands::copy()
+{
+    m_grid.commitEdit();
+    if (m_grid.activeRow() == 0) {
+        return;
+    }
+    GridBlock block = m_grid.selectedBlock();
+    clipboardRecord() = copiedShape(block);
+    const bool wholeRows = block.isWholeRows();
+    if (wholeRows) {
+        block = {0, block.row1, m_grid.columnCount(), block.row2};
+    }
+    const bool single = block.isSingleCell();
+    QGuiApplication::clipboard()->setText(single ? m_grid.text(block.column1, block.row1) : m_grid.blockText(block));
+    emit copied(wholeRows);
+}
+
+void GridCommands::cut()
+{
+    copy();
+    if (m_grid.activeRow() == 0) {
+        return;
+    }
+    m_grid.setFocus();
+    m_grid.clearSelectedCells();
+    noteChange();
+}
+
+void GridCommands::paste()
+{
+    const QString text = clipboardText();
+    m_grid.commitEdit();
+    if (text.isEmpty() || m_grid.activeRow() == 0) {
+        return;
+    }
+    switch (clipboardRecord().kind) {
+    case ClipboardRecord::Block:
+        return pasteBlock(text);
+    case ClipboardRecord::WholeRows:
+        return pasteRows(text);
+    default:
+        return pasteCell(text);
+    }
+}
+
+void GridCommands::pasteBlock(const QString &text)
+{
+    const auto target =
+        blockPasteTarget(clipboardRecord(), m_grid.selectedBlock(), m_grid.columnCount(), m_grid.rowCount());
+    if (!target) {
+        MessageBox::showExclamation(&m_grid, ResString(sizeMismatchId), ResString(programNameId));
+        return;
+    }
+    m_grid.selectBlock(*target);
+    place(*target, text);
+}
+
+void GridCommands::pasteRows(const QString &text)
+{
+    place(rowsPasteTarget(clipboardRecord(), m_grid.selectedBlock(), m_grid.columnCount(), m_grid.rowCount()), text);
+}
+
+void GridCommands::pasteCell(const QString &text)
+{
+    const int column = m_grid.activeColumn();
+    const int row = m_grid.activeRow();
+    m_grid.setForeColour({column, row, column, row}, QColor(changedCellColour));
+    m_grid.setText(column, row, text);
+    noteChange();
+}
+
+void GridCommands::place(const GridBlock &target, const QString &text)
+{
+    const RedrawOff redrawOff(m_grid);
+    m_grid.setForeColour(target, QColor(changedCellColour));
+    m_grid.setBlockText(target, text);
+    noteChange();
+}
+
+void GridCommands::addPaste()
+{
+    if (clipboardRecord().kind != ClipboardRecord::WholeRows || clipboardText().isEmpty()) {
+        return;
+    }
+    addLines(clipboardRecord().height + 1);
+    paste();
+}
+
+void GridCommands::addLines(int lines)
+{
+    m_grid.commitEdit();
+    const int lastRow = m_grid.rowCount();
+    if (lastRow + lines > mostRows) {
+        MessageBox::showExclamation(&m_grid, runTimeErrorText(RunTimeError::Overflow), ResString(programNameId));
+        return;
+    }
+    const RedrawOff redrawOff(m_grid);
+    const int row = m_grid.activeRow();
+    m_grid.setRowCount(lastRow + lines);
+    if (row > 0) {
+        m_grid.moveRowTexts(row, lastRow, row + lines);
+        resetParameterRow(m_grid, row);
+    } else {
+        for (int added = 1; added <= lines; ++added) {
+            resetParameterRow(m_grid, added);
+        }
+    }
+    noteRowCount();
+}
+
+void GridCommands::deleteLines()
+{
+    m_grid.commitEdit();
+    const int lastRow = m_grid.rowCount();
+    if (lastRow <= deleteFloor) {
+        return;
+    }
+    const RedrawOff redrawOff(m_grid);
+    const GridBlock selection = m_grid.selectedBlock();
+    const int count = selection.row2 - selection.row1 + 1;
+    const int column = m_grid.activeColumn();
+    if (selection.row2 < lastRow) {
+        m_grid.moveRowTexts(selection.row2 + 1, lastRow, selection.row1);
+    }
+    m_grid.setRowCount(lastRow - count);
+    m_grid.setActiveCell(column, std::min(selection.row1, lastRow - count));
+    noteRowCount();
+}
+
+void GridCommands::noteRowCount()
+{
+    m_frame.showParameterCount(m_grid.rowCount());
+    MachineInfos[m_docNo].Paramater = qint16(m_grid.rowCount());
+    noteChange();
+}
+
+void GridCommands::noteChange()
+{
+    DocFlags[m_docNo].changed = true;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QObject>
+
+class EditorFrame;
+struct GridBlock;
+class SpreadGrid;
+
+/// The Edit commands that move rows and cells of one document's parameter grid.
+class GridCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// docNo counts from 1.
+    GridCommands(SpreadGrid &grid, int docNo, EditorFrame &frame, QObject *parent);
+
+    void copy();
+    void cut();
+    void paste();
+    /// Inserts as many rows as were copied above the active row, then pastes them.
+    void addPaste();
+    /// Inserts rows above the active row. The topmost is given an added parameter's texts but keeps the read condition
+    /// of the row that stood there; the others keep their texts.
+    void addLines(int lines = 1);
+    /// Removes the rows that the selection touches, unless the grid holds two rows or fewer.
+    void deleteLines();
+
+signals:
+    /// Paste has become possible, and Add-paste too when rows were copied.
+    void copied(bool wholeRows);
+
+private:
+    void pasteBlock(const QString &text);
+    void pasteRows(const QString &text);
+    void pasteCell(const QString &text);
+    void place(const GridBlock &target, const QString &text);
+    void noteRowCount();
+    void noteChange();
+
+    SpreadGrid &m_grid;
+    int m_docNo;
+    EditorFrame &m_frame;
+};

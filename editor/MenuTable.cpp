@@ -1,0 +1,40 @@
+#include "editor/MenuTable.h"
+
+#include "app/Language.h"
+
+QMenu *newMenu(const MenuLine &line, QWidget *parent)
+{
+    auto *menu = new QMenu(ResString(line.textId), parent);
+    menu->setObjectName(line.name.toString());
+    return menu;
+}
+
+void addMenuLine(QMenu &menu, const MenuLine &line)
+{
+    if (line.textId == 0) {
+        menu.addSeparator();
+        return;
+    }
+    QAction *action = menu.addAction(ResString(line.textId));
+    action->setObjectName(line.name.toString());
+    if (line.shortcut.toCombined() != 0) {
+        action->setShortcut(line.shortcut);
+    }
+}
+
+void addMenuLines(QMenu &menu, std::span<const MenuLine> lines)
+{
+    for (const MenuLine &line : lines) {
+        addMenuLine(menu, line);
+    }
+}
+
+QAction &menuAction(const QList<QMenu *> &menus, QStringView name)
+{
+    for (const QMenu *menu : menus) {
+        if (auto *found = menu->findChild<QAction *>(name.toString(), Qt::FindDirectChildrenOnly)) {
+            return *found;
+        }
+    }
+    qFatal("No menu holds the command %s", qUtf8Printable(name.toString()));
+}

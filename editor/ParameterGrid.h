@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QColor>
+
+class SpreadGrid;
+
+/// The parameter grid's columns, 1-based; each shows one field of a parameter.
+namespace ParameterColumn {
+enum : int {
+    Number = 1,
+    Name,
+    SettingRange,
+    RangeCheck,
+    Min1,
+    Min2,
+    Min3,
+    Unit,
+    FactorySetting,
+    HelpId,
+    FuncCode,
+    ConditionCount,
+    Condition,
+    Count = Condition
+};
+} // namespace ParameterColumn
+
+/// Dark red: the text colour of cells that were changed since the window was opened.
+inline constexpr QRgb changedCellColour = 0xff800000;
+
+/// Lays the grid out for a document of that many rows: columns, headers, cell types, widths and hidden columns.
+void layOutParameterGrid(SpreadGrid &grid, int rows);
+
+/// Hides the columns that ListVisualState hides and shows the others.
+void applyVisibleColumns(SpreadGrid &grid);
+
+/// Copies PrRecords into the grid, over as many rows as the grid has.
+void fillParameterGrid(SpreadGrid &grid);
+
+/// Puts an added parameter's first texts into row, as Add line gives them; the read condition's column is left alone.
+void resetParameterRow(SpreadGrid &grid, int row);

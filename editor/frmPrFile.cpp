@@ -1,0 +1,293 @@
+#include "editor/frmPrFile.h"
+
+#include "app/Common.h"
+#include "app/Language.h"
+#include "dialogs/PrintCommand.h"
+#include "dialogs/frmKisyuEdit.h"
+#include "document/DocumentTables.h"
+#include "editor/CellExchange.h"
+#include "editor/ClipboardRecord.h"
+#include "editor/EditorFrame.h"
+#include "editor/EditorMenus.h"
+#include "editor/GridCommands.h"
+#include "editor/GridFont.h"
+#include "editor/ParameterGrid.h"
+#include "editor/RecentFileGroup.h"
+#include "editor/frmVisualInf.h"
+#include "platform/MessageBox.h"
+#include "platform/SpreadGrid.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QMenu>
+#include <QStyle>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 frameCaptionId = 8;
+constexpr qint16 changedPromptId = 210;
+constexpr int contentsContext = 1;
+
+} // namespace
+
+frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
+    : QWidget(parent)
+    , m_docNo(docNo)
+    , m_frame(frame)
+    , m_grid(new SpreadGrid(this))
+    , m_menus(new EditorMenus(this))
+    , m_commands(new GridCommands(*m_grid, docNo, frame, this))
+{
+    setObjectName(u"frmPrFile"_s);
+    m_grid->setObjectName(u"vaspdParam"_s);
+    m_grid->setFrameShape(QFrame::NoFrame);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_grid);
+    setFocusProxy(m_grid);
+    ApplyUserFont(*this);
+    connectMenus();
+    layOutParameterGrid(*m_grid, MachineInfos[docNo].Paramater);
+    connectGrid();
+}
+
+QList<QMenu *> frmPrFile::menus() const
+{
+    return m_menus->all();
+}
+
+QAction &frmPrFile::action(QStringView name) const
+{
+    return m_menus->action(name);
+}
+
+void frmPrFile::connectMenus()
+{
+    using Command = void (frmPrFile::*)();
+    static constexpr std::pair<QStringView, Command> commands[] = {
+        {u"mneFileOpen", &frmPrFile::openRequested},
+        {u"mneFilePrint", &frmPrFile::print},
+        {u"mneFileExit", &frmPrFile::exitRequested},
+        {u"mneEditCut", &frmPrFile::cut},
+        {u"mneEditCopy", &frmPrFile::copy},
+        {u"mneEditPaste", &frmPrFile::paste},
+        {u"mneEditAddPaste", &frmPrFile::addPaste},
+        {u"mneEditAdd", &frmPrFile::addLine},
+        {u"mneEditDel", &frmPrFile::deleteLines},
+        {u"mneEditInf", &frmPrFile::editMachineInfo},
+        {u"mneEditFunc", &frmPrFile::editFuncCode},
+        {u"mneEditCond", &frmPrFile::editPrCond},
+        {u"mneHelpVer", &frmPrFile::aboutRequested},
+    };
+    for (const auto &[name, command] : commands) {
+        connect(&action(name), &QAction::triggered, this, command);
+    }
+    const auto on = [this](
+                        QStringView name, auto handler) { connect(&action(name), &QAction::triggered, this, handler); };
+    on(u"mneFileClose", [this] { parentWidget() ? parentWidget()->close() : close(); });
+    on(u"mneFileSave", [this] { emit saveRequested(windowTitle()); });
+    on(u"mneFileSaveAs", [this] { emit saveRequested(QString()); });
+    on(u"mneVisualItem(0)", [this] { toggleBar(0); });
+    on(u"mneVisualItem(1)", [this] { toggleBar(1); });
+    on(u"mneVisualItem(3)", [this] { chooseGridFont(*m_grid); });
+    on(u"mneVisualInf", [this] { frmVisualInf(m_frame, window()).exec(); });
+    on(u"mneWinItem(0)", [this] { emit arrangeRequested(0); });
+    on(u"mneWinItem(1)", [this] { emit arrangeRequested(1); });
+    on(u"mneHelpItem", [this] { ShowHelp(window(), contentsContext); });
+    connect(&m_menus->recentFiles(), &RecentFileGroup::chosen, this, &frmPrFile::openRecentRequested);
+    connect(
+        &m_menus->windowMenu(), &QMenu::aboutToShow, this, [this] { m_frame.fillWindowList(m_menus->windowMenu()); });
+}
+
+void frmPrFile::connectGrid()
+{
+    connect(m_grid, &SpreadGrid::cellEdited, this, &frmPrFile::markChanged);
+    connect(m_grid, &SpreadGrid::headerDoubleClicked, m_grid, &SpreadGrid::fitColumnWidth);
+    connect(m_grid, &SpreadGrid::cellLeft, this, [this](int, int, int, int newRow) { showMoved(newRow); });
+    connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
+    connect(m_grid, &SpreadGrid::rightClicked, this,
+        [this](int, int, const QPoint &position) { m_menus->edit().popup(position); });
+    connect(m_grid, &SpreadGrid::copyRequested, this, &frmPrFile::copy);
+    connect(m_grid, &SpreadGrid::cutRequested, this, &frmPrFile::cut);
+    connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
+    connect(m_commands, &GridCommands::copied, this, [this](bool wholeRows) {
+        action(u"mneEditPaste").setEnabled(true);
+        m_frame.enablePasteButton(true);
+        if (wholeRows) {
+            action(u"mneEditAddPaste").setEnabled(true);
+            m_frame.enableAddPasteButton(true);
+        }
+    });
+}
+
+void frmPrFile::SetPrInfSpread()
+{
+    fillParameterGrid(*m_grid);
+}
+
+void frmPrFile::activate()
+{
+    m_frame.showParameterCount(MachineInfos[m_docNo].Paramater);
+    m_frame.showPrNumber(m_grid->text(ParameterColumn::Number, m_grid->activeRow()));
+    updatePaste();
+    for (const int bar : {0, 1}) {
+        showBarMark(bar, m_frame.isBarShown(bar));
+    }
+}
+
+void frmPrFile::updatePaste()
+{
+    const bool paste = !QGuiApplication::clipboard()->text().isEmpty();
+    const bool addPaste = paste && clipboardRecord().kind == ClipboardRecord::WholeRows;
+    action(u"mneEditPaste").setEnabled(paste);
+    action(u"mneEditAddPaste").setEnabled(addPaste);
+    m_frame.enablePasteButton(paste);
+    m_frame.enableAddPasteButton(addPaste);
+}
+
+void frmPrFile::showRecentFiles(const QStringList &files)
+{
+    m_menus->recentFiles().show(files);
+}
+
+void frmPrFile::showBarMark(int bar, bool shown)
+{
+    action(bar == 0 ? u"mneVisualItem(0)" : u"mneVisualItem(1)").setChecked(shown);
+}
+
+void frmPrFile::toggleBar(int bar)
+{
+    m_frame.showBar(bar, !m_frame.isBarShown(bar));
+    showBarMark(bar, m_frame.isBarShown(bar));
+}
+
+void frmPrFile::markChanged(int column, int row)
+{
+    DocFlags[m_docNo].changed = true;
+    m_grid->setForeColour({column, row, column, row}, QColor(changedCellColour));
+}
+
+void frmPrFile::showMoved(int newRow)
+{
+    if (newRow > 0) {
+        m_frame.showPrNumber(m_grid->text(ParameterColumn::Number, newRow));
+    }
+}
+
+void frmPrFile::forgetClipboard(Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers == Qt::ControlModifier) {
+        return;
+    }
+    QGuiApplication::clipboard()->setText(u""_s);
+    clipboardRecord() = {};
+    updatePaste();
+}
+
+void frmPrFile::cut()
+{
+    m_commands->cut();
+}
+
+void frmPrFile::copy()
+{
+    m_commands->copy();
+}
+
+void frmPrFile::paste()
+{
+    m_commands->paste();
+}
+
+void frmPrFile::addPaste()
+{
+    m_commands->addPaste();
+}
+
+void frmPrFile::addLine()
+{
+    m_commands->addLines();
+}
+
+void frmPrFile::deleteLines()
+{
+    m_commands->deleteLines();
+}
+
+void frmPrFile::editFuncCode()
+{
+    exchangeFuncCode(*m_grid, m_docNo, windowTitle());
+}
+
+void frmPrFile::editPrCond()
+{
+    exchangePrCond(*m_grid, m_docNo);
+}
+
+void frmPrFile::editMachineInfo()
+{
+    frmKisyuEdit(window(), m_docNo).exec();
+}
+
+void frmPrFile::print()
+{
+    m_grid->commitEdit();
+    printDocument(window(), *m_grid, m_docNo, windowTitle());
+}
+
+QSize frmPrFile::sizeHint() const
+{
+    constexpr int fewestRows = 10;
+    constexpr int mostRows = 50;
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QHeaderView &numbers = *m_grid->verticalHeader();
+    int width = std::max({numbers.width(), numbers.minimumWidth(), numbers.sizeHint().width()}) + bar;
+    for (int column = 0; column < m_grid->columnCount(); ++column) {
+        width += m_grid->columnWidth(column); // 0 for a hidden one
+    }
+    const int rows = std::clamp(m_grid->rowCount(), fewestRows, mostRows);
+    return {width, m_grid->horizontalHeader()->height() + rows * numbers.defaultSectionSize() + bar};
+}
+
+bool frmPrFile::queryUnload()
+{
+    m_grid->commitEdit();
+    if (!DocFlags[m_docNo].changed) {
+        return true;
+    }
+    m_frame.makeActive(*this);
+    const QString prompt = ResString(changedPromptId, {u"|1"_s, windowTitle()});
+    switch (MessageBox::askYesNoCancel(window(), prompt, ResString(frameCaptionId))) {
+    case MessageBox::Answer::Yes:
+        emit saveRequested(windowTitle());
+        break;
+    case MessageBox::Answer::No:
+        DocFlags[m_docNo].changed = false;
+        break;
+    case MessageBox::Answer::Cancel:
+        return false;
+    }
+    return true;
+}
+
+void frmPrFile::closeEvent(QCloseEvent *event)
+{
+    if (!queryUnload()) {
+        event->ignore();
+        return;
+    }
+    if (DocFlags[m_docNo].changed) {
+        emit closedUnsaved();
+    }
+    DocFlags[m_docNo] = {.free = true, .changed = false};
+    event->accept();
+    emit unloaded();
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+class EditorFrame;
+class EditorMenus;
+class GridCommands;
+class QAction;
+class QMenu;
+class SpreadGrid;
+
+/// The window in which one parameter file is edited. Its title is the file's name as it was given, or "No Name"; its
+/// grid is the only live copy of the rows.
+class frmPrFile : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// docNo counts from 1; MachineInfos and DocFlags must hold it.
+    frmPrFile(int docNo, EditorFrame &frame, QWidget *parent = nullptr);
+
+    int docNo() const { return m_docNo; }
+    /// The document number as text.
+    QString tag() const { return QString::number(m_docNo); }
+    SpreadGrid &vaspdParam() const { return *m_grid; }
+    QList<QMenu *> menus() const;
+
+    /// Copies the rows just read into the grid.
+    void SetPrInfSpread();
+
+    /// Brings the frame's labels, buttons and this window's menus up to date; to be called whenever it becomes active.
+    void activate();
+    void showRecentFiles(const QStringList &files);
+    /// Sets the check mark of bar 0 (tool bar) or 1 (status bar).
+    void showBarMark(int bar, bool shown);
+
+    // The commands that the tool bar shares with the menus
+    void cut();
+    void copy();
+    void paste();
+    void addPaste();
+    void addLine();
+    void deleteLines();
+    void editFuncCode();
+    void editPrCond();
+    void editMachineInfo();
+    void print();
+
+    QSize sizeHint() const override;
+
+signals:
+    void openRequested();
+    void openRecentRequested(const QString &fileName);
+    /// An empty name asks the user for one.
+    void saveRequested(const QString &fileName);
+    void exitRequested();
+    void aboutRequested();
+    /// 0: cascaded, 1: tiled
+    void arrangeRequested(int arrangement);
+    /// The close was allowed although changes are not in the file.
+    void closedUnsaved();
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void connectMenus();
+    void connectGrid();
+    void markChanged(int column, int row);
+    void forgetClipboard(Qt::KeyboardModifiers modifiers);
+    void updatePaste();
+    void toggleBar(int bar);
+    void showMoved(int newRow);
+    QAction &action(QStringView name) const;
+    bool queryUnload();
+
+    int m_docNo;
+    EditorFrame &m_frame;
+    SpreadGrid *m_grid;
+    EditorMenus *m_menus;
+    GridCommands *m_commands;
+};

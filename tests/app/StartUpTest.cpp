@@ -1,0 +1,179 @@
+#include "app/Language.h"
+#include "app/Settings.h"
+#include "document/DocumentTables.h"
+#include "editor/frmPrFile.h"
+#include "platform/RibbonButton.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/Country.h"
+#include "tests/support/FrameTest.h"
+
+#include <QLabel>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class StartUp : public FrameTest
+{
+protected:
+    static QString setting(const QString &key)
+    {
+        return QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).value(key).toString();
+    }
+    static void store(const QString &key, const QString &value)
+    {
+        QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).setValue(key, value);
+    }
+};
+
+TEST_F(StartUp, showsOneUntitledDocumentWithOneRow)
+{
+    start();
+    ASSERT_EQ(frame().openEditors().size(), 1);
+    EXPECT_EQ(editor().windowTitle(), u"No Name"_s);
+    EXPECT_EQ(editor().tag(), u"1"_s);
+    EXPECT_EQ(grid().rowCount(), 1);
+    EXPECT_EQ(MachineInfos[1].Paramater, 1);
+    EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), u"1"_s);
+}
+
+TEST_F(StartUp, opensTheCommandLineAsOneFileName)
+{
+    const QString file = writeFile(u"two words.inv"_s, document(3));
+    start(file);
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(editor().windowTitle(), file);
+    EXPECT_EQ(editor().tag(), u"2"_s);
+    EXPECT_EQ(grid().text(2, 3), u"Parameter 3"_s);
+}
+
+TEST_F(StartUp, takesQuotesOnTheCommandLineAsPartOfTheName)
+{
+    const QString quoted = u'"' + writeFile(u"a.inv"_s, document(1)) + u'"';
+    ModalScript script;
+    script.then([&](QWidget &box) {
+        EXPECT_EQ(box.windowTitle(), quoted);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    start(quoted);
+    EXPECT_EQ(frame().openEditors().size(), 1);
+    EXPECT_EQ(script.asked(), 1);
+}
+
+TEST_F(StartUp, opensMaximisedWhateverStateIsStored)
+{
+    for (const QString &state : {u"0"_s, u"1"_s, u"2"_s, u"77"_s}) {
+        store(u"WindowInf/WindowState"_s, state);
+        start();
+        EXPECT_TRUE(frame().isMaximized()) << state.toStdString();
+    }
+}
+
+TEST_F(StartUp, storesItsWindowStateWhenItEnds)
+{
+    start();
+    EXPECT_TRUE(frame().close());
+    EXPECT_EQ(setting(u"WindowInf/WindowState"_s), u"2"_s);
+    EXPECT_EQ(setting(u"WindowInf/ListVisualState6"_s), u"True"_s);
+    EXPECT_EQ(setting(u"WindowInf/ListVisualState0"_s), u"False"_s);
+    start();
+    frame().showNormal();
+    EXPECT_TRUE(frame().close());
+    EXPECT_EQ(setting(u"WindowInf/WindowState"_s), u"0"_s);
+}
+
+TEST_F(StartUp, appliesTheStoredFontToTheGrid)
+{
+    store(u"FontInf/FontSize"_s, u"17"_s);
+    store(u"FontInf/FontBold"_s, u"True"_s);
+    start();
+    EXPECT_EQ(grid().gridFont().pointSizeF(), 17);
+    EXPECT_TRUE(grid().gridFont().bold());
+}
+
+TEST_F(StartUp, listsTheStoredRecentFiles)
+{
+    store(u"Recent Files/RecentFile1"_s, u"/b.inv"_s);
+    store(u"Recent Files/RecentFile2"_s, u"/a.inv"_s);
+    start();
+    EXPECT_EQ(menuCommand(u"mneFile"_s, u"mnuRecentFile(1)"_s).text(), u"/b.inv"_s);
+    EXPECT_EQ(menuCommand(u"mneFile"_s, u"mnuRecentFile(2)"_s).text(), u"/a.inv"_s);
+    EXPECT_TRUE(menuCommand(u"mneFile"_s, u"mnuRecentFile(0)"_s).isVisible());
+    EXPECT_FALSE(menuCommand(u"mneFile"_s, u"mnuRecentFile(3)"_s).isVisible());
+}
+
+TEST_F(StartUp, captionsTheFrameInJapaneseForJapan)
+{
+    setCountryCode(81);
+    start();
+    EXPECT_EQ(LanguageBase, JapaneseBase);
+    EXPECT_EQ(editor().windowTitle(), u"無題"_s);
+    EXPECT_TRUE(frame().windowTitle().startsWith(u"ﾊﾟﾗﾒｰﾀﾌｧｲﾙ編集"_s));
+    EXPECT_EQ(control<QLabel>(frame(), u"lblPrcountCaption"_s).text(), u"ﾊﾟﾗﾒｰﾀ数 :"_s);
+    EXPECT_TRUE(HelpFilePath.endsWith(u"TABRIX.HLP"_s));
+}
+
+TEST_F(StartUp, namesTheEnglishHelpFileInEnglish)
+{
+    start();
+    EXPECT_EQ(HelpFilePath, JoinPath(programFolder(), u"TABRIXE.HLP"_s));
+}
+
+TEST_F(StartUp, givesTheFirstDocumentRoomForItsVisibleColumns)
+{
+    start(writeFile(u"a.inv"_s, document(30)));
+    const auto *window = editor().parentWidget();
+    const auto *area = frame().centralWidget();
+    EXPECT_LE(window->geometry().right(), area->width());
+    EXPECT_LE(window->geometry().bottom(), area->height());
+    EXPECT_GT(window->height(), area->height() / 2);
+}
+
+struct FrameCaption
+{
+    QString menu;
+    QString command; ///< empty: the menu itself
+    QString english;
+    QString japanese;
+};
+
+class FrameCaptions : public StartUp, public testing::WithParamInterface<FrameCaption>
+{
+protected:
+    QString shown()
+    {
+        start();
+        EXPECT_TRUE(editor().parentWidget()->close());
+        for (const QAction *action : frame().menuBar()->actions()) {
+            if (action->menu()->objectName() == GetParam().menu && GetParam().command.isEmpty()) {
+                return action->text();
+            }
+        }
+        return menuCommand(GetParam().menu, GetParam().command).text();
+    }
+};
+
+TEST_P(FrameCaptions, areOfTheLanguage)
+{
+    EXPECT_EQ(shown(), GetParam().english);
+    setCountryCode(81);
+    EXPECT_EQ(shown(), GetParam().japanese);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menus, FrameCaptions,
+    testing::Values(FrameCaption{u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
+        FrameCaption{u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
+        FrameCaption{u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
+        FrameCaption{u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
+        FrameCaption{u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
+        FrameCaption{u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
+        FrameCaption{u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
+        FrameCaption{u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
+        FrameCaption{u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
+        FrameCaption{u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
+        FrameCaption{u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
+        FrameCaption{u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s}));

@@ -1,0 +1,341 @@
+#include "app/Settings.h"
+#include "document/DocumentTables.h"
+#include "editor/GridFont.h"
+#include "editor/frmPrFile.h"
+#include "platform/RibbonButton.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/Country.h"
+#include "tests/support/FrameTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QFontDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSettings>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class EditorWindow : public FrameTest
+{
+protected:
+    void SetUp() override
+    {
+        start();
+        open(u"a.inv"_s, 12);
+    }
+    void open(const QString &name, int rows)
+    {
+        ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(name, document(rows))));
+    }
+    QString box() { return control<QLineEdit>(frame(), u"txtPr"_s).text(); }
+    QPoint cellPlace(int column, int row)
+    {
+        return grid().visualRect(grid().model()->index(row - 1, column - 1)).center();
+    }
+    QPoint headerPlace(int column)
+    {
+        const QHeaderView &header = *grid().horizontalHeader();
+        return {header.sectionViewportPosition(column - 1) + header.sectionSize(column - 1) / 2, header.height() / 2};
+    }
+};
+
+TEST_F(EditorWindow, fillsItsGrid)
+{
+    frame().showNormal();
+    for (const QSize size : {QSize(500, 300), QSize(700, 200)}) {
+        editor().parentWidget()->resize(size);
+        EXPECT_EQ(grid().geometry(), editor().rect());
+    }
+}
+
+TEST_F(EditorWindow, showsCountAndNumberWhenItBecomesActive)
+{
+    grid().setActiveCell(3, 7);
+    open(u"b.inv"_s, 3);
+    EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), u"3"_s);
+    frame().makeActive(*frame().openEditors().at(1));
+    EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), u"12"_s);
+    EXPECT_EQ(box(), u"7"_s);
+}
+
+TEST_F(EditorWindow, showsTheNumberOfTheRowThatTheCursorEnters)
+{
+    grid().setActiveCell(2, 1);
+    grid().setFocus();
+    pressKey(grid(), Qt::Key_Down);
+    EXPECT_EQ(box(), u"2"_s);
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cellPlace(2, 4));
+    EXPECT_EQ(box(), u"4"_s);
+}
+
+TEST_F(EditorWindow, marksATypedCellAndItsDocument)
+{
+    EXPECT_FALSE(DocFlags[docNo()].changed);
+    typeInto(2, 3, u"New name"_s);
+    EXPECT_EQ(grid().text(2, 3), u"New name"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    EXPECT_EQ(grid().foreColour(2, 3), QColor(128, 0, 0));
+    EXPECT_NE(grid().foreColour(2, 2), QColor(128, 0, 0));
+}
+
+TEST_F(EditorWindow, keepsTheColourAfterASave)
+{
+    typeInto(2, 3, u"New name"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_FALSE(DocFlags[docNo()].changed);
+    EXPECT_EQ(grid().foreColour(2, 3), QColor(128, 0, 0));
+}
+
+TEST_F(EditorWindow, togglesTheRangeCheckByKeyAndSavesIt)
+{
+    grid().setActiveCell(4, 2);
+    grid().setFocus();
+    ASSERT_EQ(grid().text(4, 2), u"1"_s);
+    pressKey(grid(), Qt::Key_Space);
+    EXPECT_EQ(grid().text(4, 2), u"0"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_TRUE(readFile(editor().windowTitle()).contains("Parameter 2,%,0.1,-1,-1,2,3,0,1,"));
+}
+
+TEST_F(EditorWindow, fitsAColumnOnADoubleClickOnItsHeading)
+{
+    grid().setText(2, 12, QString(80, u'W'));
+    const int before = grid().columnWidth(1);
+    QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, cellPlace(3, 2));
+    EXPECT_EQ(grid().columnWidth(1), before);
+    pressKey(*QApplication::focusWidget(), Qt::Key_Escape);
+    QTest::mouseDClick(grid().horizontalHeader()->viewport(), Qt::LeftButton, {}, headerPlace(2));
+    EXPECT_GT(grid().columnWidth(1), grid().fontMetrics().horizontalAdvance(grid().text(2, 12)));
+}
+
+TEST_F(EditorWindow, popsUpTheEditMenuOnARightClick)
+{
+    QMenu &menu = *qobject_cast<QMenu *>(menuCommand(u"mneEdit"_s, u"mneEditCut"_s).parent());
+    QTest::mouseClick(grid().viewport(), Qt::RightButton, {}, cellPlace(3, 4));
+    EXPECT_TRUE(menu.isVisible());
+    menu.close();
+}
+
+TEST_F(EditorWindow, enablesPasteFromTheClipboardWhenItBecomesActive)
+{
+    EXPECT_FALSE(menuCommand(u"mneEdit"_s, u"mneEditPaste"_s).isEnabled());
+    QApplication::clipboard()->setText(u"foreign"_s);
+    frame().makeActive(*frame().openEditors().at(0));
+    EXPECT_TRUE(menuCommand(u"mneEdit"_s, u"mneEditPaste"_s).isEnabled());
+    EXPECT_TRUE(toolButton(u"ssrbnEdit(2)"_s).isEnabled());
+    EXPECT_FALSE(menuCommand(u"mneEdit"_s, u"mneEditAddPaste"_s).isEnabled());
+    EXPECT_FALSE(toolButton(u"ssrbnEdit(3)"_s).isEnabled());
+    QApplication::clipboard()->setText(u""_s);
+    frame().makeActive(*frame().openEditors().at(1));
+    EXPECT_FALSE(menuCommand(u"mneEdit"_s, u"mneEditPaste"_s).isEnabled());
+    EXPECT_FALSE(toolButton(u"ssrbnEdit(2)"_s).isEnabled());
+}
+
+struct EditorCaption
+{
+    QString menu;
+    QString command; ///< empty: the menu itself
+    QString english;
+    QString japanese;
+};
+
+class EditorCaptions : public FrameTest, public testing::WithParamInterface<EditorCaption>
+{
+protected:
+    QString shown()
+    {
+        start();
+        if (!GetParam().command.isEmpty()) {
+            return menuCommand(GetParam().menu, GetParam().command).text();
+        }
+        for (const QAction *action : frame().menuBar()->actions()) {
+            if (action->menu()->objectName() == GetParam().menu) {
+                return action->text();
+            }
+        }
+        return {};
+    }
+};
+
+TEST_P(EditorCaptions, areOfTheLanguage)
+{
+    EXPECT_EQ(shown(), GetParam().english);
+    setCountryCode(81);
+    EXPECT_EQ(shown(), GetParam().japanese);
+}
+
+INSTANTIATE_TEST_SUITE_P(Menus, EditorCaptions,
+    testing::Values(EditorCaption{u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
+        EditorCaption{u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
+        EditorCaption{u"mneFile"_s, u"mneFileClose"_s, u"&Close"_s, u"閉じる(&C)"_s},
+        EditorCaption{u"mneFile"_s, u"mneFileSave"_s, u"&Save"_s, u"上書き保存(&S)"_s},
+        EditorCaption{u"mneFile"_s, u"mneFileSaveAs"_s, u"Save &As..."_s, u"名前を付けて保存(&A)..."_s},
+        EditorCaption{u"mneFile"_s, u"mneFilePrint"_s, u"&Print"_s, u"印刷(&P)"_s},
+        EditorCaption{u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
+        EditorCaption{u"mneEdit"_s, {}, u"&Edit"_s, u"編集(&E)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditCut"_s, u"Cu&t"_s, u"切り取り(&T)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditCopy"_s, u"&Copy"_s, u"ｺﾋﾟｰ(&C)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditPaste"_s, u"&Paste"_s, u"貼り付け(&P)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditAddPaste"_s, u"Add Pa&ste"_s, u"挿入貼り付け(&S)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditAdd"_s, u"&Add"_s, u"空白行挿入(&A)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditDel"_s, u"&Delete"_s, u"選択行削除(&D)"_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditInf"_s, u"&Machine inf..."_s, u"機種情報表示(&M)..."_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditFunc"_s, u"&Functional list code..."_s, u"機能ﾘｽﾄｺｰﾄﾞ編集(&F)..."_s},
+        EditorCaption{u"mneEdit"_s, u"mneEditCond"_s, u"Pr &Read Condition..."_s, u"ﾊﾟﾗﾒｰﾀ読出し条件編集(&R)..."_s},
+        EditorCaption{u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
+        EditorCaption{u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
+        EditorCaption{u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
+        EditorCaption{u"mneVisual"_s, u"mneVisualItem(3)"_s, u"&Font"_s, u"ﾌｫﾝﾄ(&F)..."_s},
+        EditorCaption{u"mneVisual"_s, u"mneVisualInf"_s, u"D&isp col setting..."_s, u"表示ｶﾗﾑ設定(&I)..."_s},
+        EditorCaption{u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
+        EditorCaption{u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
+        EditorCaption{u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
+        EditorCaption{u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
+        EditorCaption{u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
+        EditorCaption{u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s}));
+
+class VisibleColumns : public EditorWindow
+{
+protected:
+    /// Toggles the boxes of those columns in the dialog and presses a button.
+    void choose(const QList<int> &toggled, const QString &button)
+    {
+        ModalScript script;
+        script.then([&](QWidget &dialog) {
+            auto &list = control<SpreadGrid>(dialog, u"vaspdVisualInf"_s);
+            for (const int column : toggled) {
+                list.setActiveCell(1, column);
+                list.setFocus();
+                QTest::keyClick(&list, Qt::Key_Space);
+            }
+            QTest::mouseClick(&control<QPushButton>(dialog, button), Qt::LeftButton);
+        });
+        chooseMenu(u"mneVisual"_s, u"mneVisualInf"_s);
+    }
+};
+
+TEST_F(VisibleColumns, areListedWithTheirHeadings)
+{
+    ModalScript script;
+    script.then([this](QWidget &dialog) {
+        auto &list = control<SpreadGrid>(dialog, u"vaspdVisualInf"_s);
+        EXPECT_EQ(dialog.windowTitle(), u"List condition"_s);
+        EXPECT_EQ(list.text(1, 0), u"Display row:"_s);
+        EXPECT_EQ(control<QLabel>(dialog, u"lblInf"_s).text(), u"Please check the display rows."_s);
+        EXPECT_EQ(list.rowCount(), 13);
+        for (int column = 1; column <= 13; ++column) {
+            EXPECT_EQ(list.cellType(1, column), CellType::checkBox(grid().text(column, 0)));
+            EXPECT_EQ(list.text(1, column), grid().isColumnShown(column) ? u"1"_s : u"0"_s) << column;
+        }
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualInf"_s);
+}
+
+TEST_F(VisibleColumns, applyToEveryOpenAndLaterWindow)
+{
+    ASSERT_TRUE(grid().isColumnShown(9));
+    ASSERT_FALSE(grid().isColumnShown(8));
+    choose({8, 9}, u"cmdOK"_s);
+    open(u"b.inv"_s, 2);
+    ASSERT_EQ(frame().openEditors().size(), 3);
+    for (const frmPrFile *window : frame().openEditors()) {
+        EXPECT_TRUE(window->vaspdParam().isColumnShown(8));
+        EXPECT_FALSE(window->vaspdParam().isColumnShown(9));
+    }
+    EXPECT_FALSE(ListVisualState[7]);
+    EXPECT_TRUE(ListVisualState[8]);
+}
+
+TEST_F(VisibleColumns, mayAllBeHidden)
+{
+    QList<int> shown;
+    for (int column = 1; column <= 13; ++column) {
+        if (grid().isColumnShown(column)) {
+            shown << column;
+        }
+    }
+    choose(shown, u"cmdOK"_s);
+    for (int column = 1; column <= 13; ++column) {
+        EXPECT_FALSE(grid().isColumnShown(column)) << column;
+        EXPECT_TRUE(ListVisualState[column - 1]) << column;
+    }
+}
+
+TEST_F(VisibleColumns, stayOnCancel)
+{
+    const auto before = ListVisualState;
+    choose({2, 3}, u"cmdCancel"_s);
+    EXPECT_EQ(ListVisualState, before);
+    EXPECT_TRUE(grid().isColumnShown(2));
+}
+
+class GridFont : public EditorWindow
+{
+protected:
+    static QFont bigger()
+    {
+        QFont font;
+        font.setFamilies({u"DejaVu Sans"_s});
+        font.setPointSizeF(24);
+        font.setItalic(true);
+        return font;
+    }
+};
+
+TEST_F(GridFont, isChosenStoredAndApplied)
+{
+    const int header = grid().horizontalHeader()->height();
+    const int row = grid().rowHeight(0);
+    ModalScript script;
+    script.then([](QWidget &window) {
+        auto &dialog = dynamic_cast<QFontDialog &>(window);
+        dialog.setCurrentFont(bigger());
+        dialog.accept();
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
+    EXPECT_EQ(UserFont, (UserFontSettings{u"DejaVu Sans"_s, 24, true, false}));
+    const QSettings store(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontName"_s), u"DejaVu Sans"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontSize"_s), u"24"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontItalic"_s), u"True"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontBold"_s), u"False"_s);
+    EXPECT_EQ(grid().gridFont().pointSizeF(), 24);
+    EXPECT_GT(grid().horizontalHeader()->height(), header);
+    EXPECT_EQ(grid().rowHeight(0), row);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    open(u"b.inv"_s, 2);
+    EXPECT_EQ(grid().gridFont().pointSizeF(), 24);
+}
+
+TEST_F(GridFont, staysWhenTheDialogIsCancelled)
+{
+    const UserFontSettings before = UserFont;
+    ModalScript script;
+    script.then([this](QWidget &window) {
+        auto &dialog = dynamic_cast<QFontDialog &>(window);
+        EXPECT_EQ(dialog.currentFont().pointSizeF(), grid().gridFont().pointSizeF());
+        dialog.reject();
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
+    EXPECT_EQ(UserFont, before);
+}
+
+TEST_F(EditorWindow, runsCommandsByAccessKeys)
+{
+    grid().setActiveCell(2, 3);
+    grid().setFocus();
+    QTest::keyClick(&frame(), Qt::Key_E, Qt::AltModifier);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_A);
+    EXPECT_EQ(grid().rowCount(), 13);
+}
