@@ -9,13 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-// By index of EditDialog's buttons.
-constexpr qint16 buttonTexts[] = {1, 2, 45};
-
-} // namespace
-
 QString elementName(const QString &array, int index)
 {
     return u"%1(%2)"_s.arg(array).arg(index);
@@ -29,28 +22,28 @@ QHBoxLayout *EditDialog::createButtonRow()
 {
     auto *row = new QHBoxLayout;
     row->addStretch();
-    QPushButton *ok = addButton(*row, u"cmdOK"_s);
+    QPushButton *ok = addButton(*row, u"cmdOK"_s, 1);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &EditDialog::accept);
-    connect(addButton(*row, u"cmdCancel"_s), &QPushButton::clicked, this, &EditDialog::reject);
+    connect(addButton(*row, u"cmdCancel"_s, 2), &QPushButton::clicked, this, &EditDialog::reject);
     if (m_helpContext != 0) {
         addHelp(*row);
     }
     return row;
 }
 
-QPushButton *EditDialog::addButton(QHBoxLayout &row, const QString &name)
+QPushButton *EditDialog::addButton(QHBoxLayout &row, const QString &name, qint16 captionText)
 {
     auto *button = new QPushButton(this);
     button->setObjectName(name);
     row.addWidget(button);
-    m_buttons << button;
+    m_buttons << Button{button, captionText};
     return button;
 }
 
 void EditDialog::addHelp(QHBoxLayout &row)
 {
-    connect(addButton(row, u"cmdHelp"_s), &QPushButton::clicked, this, &EditDialog::showHelp);
+    connect(addButton(row, u"cmdHelp"_s, 45), &QPushButton::clicked, this, &EditDialog::showHelp);
     auto *key = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(key, &QShortcut::activated, this, &EditDialog::showHelp);
 }
@@ -63,8 +56,8 @@ void EditDialog::showHelp()
 void EditDialog::prepare(qint16 captionText)
 {
     setWindowTitle(ResString(captionText));
-    for (int i = 0; i < m_buttons.size(); ++i) {
-        m_buttons[i]->setText(ResString(buttonTexts[i]));
+    for (const Button &button : std::as_const(m_buttons)) {
+        button.widget->setText(ResString(button.captionText));
     }
     ApplyUserFont(*this);
     setEqualButtonWidths();
@@ -86,10 +79,10 @@ void EditDialog::fitSize()
 void EditDialog::setEqualButtonWidths()
 {
     int width = 0;
-    for (const QPushButton *button : std::as_const(m_buttons)) {
-        width = qMax(width, button->sizeHint().width());
+    for (const Button &button : std::as_const(m_buttons)) {
+        width = qMax(width, button.widget->sizeHint().width());
     }
-    for (QPushButton *button : std::as_const(m_buttons)) {
-        button->setMinimumWidth(width + fontMetrics().averageCharWidth());
+    for (const Button &button : std::as_const(m_buttons)) {
+        button.widget->setMinimumWidth(width + fontMetrics().averageCharWidth());
     }
 }

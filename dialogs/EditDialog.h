@@ -25,12 +25,18 @@ protected:
     void prepare(qint16 captionText);
 
 private:
-    QPushButton *addButton(QHBoxLayout &row, const QString &name);
+    struct Button
+    {
+        QPushButton *widget;
+        qint16 captionText;
+    };
+
+    QPushButton *addButton(QHBoxLayout &row, const QString &name, qint16 captionText);
     void addHelp(QHBoxLayout &row);
     void showHelp();
     void setEqualButtonWidths();
     void fitSize();
 
     int m_helpContext;
-    QList<QPushButton *> m_buttons; ///< OK, Cancel and, if there is one, Help
+    QList<Button> m_buttons; ///< OK, Cancel and, if there is one, Help
 };
