@@ -49,6 +49,13 @@ constexpr IncrementField incrementFields[] = {{Min1Column, &PrRecord::min1, "1"_
     {Min2Column, &PrRecord::min2, "-1"_L1}, {Min3Column, &PrRecord::min3, "-1"_L1}};
 constexpr QLatin1StringView increments[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
 
+/// What a check box with that text shows. Any text can be pasted into it, but a file knows no other values.
+QStringView checkBoxValue(QStringView cell)
+{
+    const bool ticked = cell == "1"_L1 || (cell != "0"_L1 && numericValue(cell).value_or(0) != 0);
+    return ticked ? u"1" : u"0";
+}
+
 /// Turns grid rows into records. A record's texts and lists that already are what the row says stay as they are: after
 /// an open and after a save that is nearly all of them.
 class Collector
@@ -87,8 +94,7 @@ std::optional<RunTimeError> Collector::collect(int row, PrRecord &record)
     for (const IncrementField &increment : incrementFields) {
         collectIncrement(increment, row, record);
     }
-    const QStringView checked = m_grid.cellText(RangeCheckColumn, row);
-    assign(record.rangeCheck, checked.isEmpty() ? QStringView(u"0") : checked);
+    assign(record.rangeCheck, checkBoxValue(m_grid.cellText(RangeCheckColumn, row)));
     collectFactorySetting(m_grid.cellText(FactoryColumn, row), record);
     if (const auto error = collectRanges(row, record)) {
         return error;
