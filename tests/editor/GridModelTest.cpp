@@ -1,0 +1,323 @@
+// Long random days at the keyboard: whatever an engineer does in whatever order, the grid holds what plain rows of
+// texts would hold, and the file says the same.
+
+#include "app/Settings.h"
+#include "document/DocumentTables.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmPrFile.h"
+#include "platform/RibbonButton.h"
+#include "platform/SpreadGrid.h"
+#include "tests/editor/RowsFile.h"
+#include "tests/editor/RowsModel.h"
+#include "tests/support/FrameTest.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QListView>
+#include <QTest>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+class GridModelTest : public FrameTest, public testing::WithParamInterface<unsigned>
+{
+protected:
+    static constexpr int stepCount = 400;
+    static constexpr int checkBoxColumn = 4;
+    static constexpr int mostRows = 70;
+
+    using Step = void (GridModelTest::*)();
+
+    void SetUp() override
+    {
+        start();
+        std::vector<RowsModel::Row> rows;
+        const int count = upTo(20, 60);
+        for (int row = 1; row <= count; ++row) {
+            rows.push_back(randomRow(row));
+        }
+        m_model = RowsModel(rows);
+        ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, RowsFile::bytes(rows))));
+        ListVisualState.fill(false);
+        applyVisibleColumns(grid());
+        grid().selectBlock({1, 1, 1, 1});
+        editor().activate(); // an open switches all buttons on
+    }
+
+    int upTo(int least, int most) { return std::uniform_int_distribution(least, most)(m_random); }
+    const QString &oneOf(const QStringList &texts) { return texts.at(upTo(0, int(texts.size()) - 1)); }
+    RowsModel::Row randomRow(int number);
+    const QString &randomText(int column);
+    int randomRowNumber() { return upTo(1, std::max(m_model.rowCount(), 1)); }
+
+    void step();
+    void compare();
+    QString difference();
+
+    void select(const GridBlock &block);
+    void selectCell() { selectFrom(upTo(1, 13), randomRowNumber(), 0, 0); }
+    void selectBlock() { selectFrom(upTo(1, 13), randomRowNumber(), upTo(0, 4), upTo(0, 6)); }
+    void selectRows();
+    void selectFrom(int column, int row, int width, int height);
+    void openEditor();
+    void typeText();
+    void chooseStep();
+    void toggle();
+    void pressDelete();
+    void forgetClipboard();
+    void takeForeignText();
+    void copy();
+    void cut();
+    void paste();
+    void addPaste();
+    void addLine();
+    void deleteLines();
+
+    RowsModel m_model{{}};
+    QString m_done; ///< the last step, for messages
+
+private:
+    std::mt19937 m_random{GetParam()};
+};
+
+RowsModel::Row GridModelTest::randomRow(int number)
+{
+    RowsModel::Row row;
+    for (int column = 1; column <= RowsModel::columnCount; ++column) {
+        row.at(size_t(column - 1)) = randomText(column);
+    }
+    row[0] = QString::number(number);
+    row[3] = oneOf({u"0"_s, u"1"_s});
+    for (const size_t minimum : {size_t(4), size_t(5), size_t(6)}) {
+        row.at(minimum) = oneOf({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s});
+    }
+    row[12].replace(u"9-10"_s, u"10-9"_s); // as a file has it
+    // As an open shows the conditions: as many as there are.
+    row[11] = QString::number(row[12].isEmpty() ? 0 : row[12].count(u',') + 1);
+    return row;
+}
+
+/// Texts that stay as they are on their way through a file.
+const QString &GridModelTest::randomText(int column)
+{
+    static const QStringList numbers{u"1"_s, u"79"_s, u"160"_s, u"999"_s, u"1000"_s};
+    static const QStringList texts[] = {numbers, {u"Name 7"_s, u"Température"_s, u"Torque boost"_s, u"x"_s},
+        {u"0-400"_s, u"0.5-30,9999"_s, u"7"_s, u"10-20,5-"_s}, {}, {}, {}, {}, {u"%"_s, u"Hz"_s, u"°C"_s, u"kW"_s},
+        {u"0"_s, u"50"_s, u"1.5"_s, u"0.75"_s}, {u"0"_s, u"1001"_s, u"32767"_s},
+        {u"000A"_s, u"FFFF"_s, u"8000"_s, u"0000"_s}, {u"0"_s, u"3"_s, u"9"_s},
+        {QString(), u"79=1"_s, u"160=1-3"_s, u"160=9-10"_s, u"MODE/0"_s, u"OP/A1,79=1-3,10/5,MODE=1"_s}};
+    return oneOf(column >= 5 && column <= 7 ? numbers : column == checkBoxColumn ? numbers : texts[column - 1]);
+}
+
+void GridModelTest::select(const GridBlock &block)
+{
+    grid().selectBlock(block);
+    m_model.select(block);
+}
+
+void GridModelTest::selectFrom(int column, int row, int width, int height)
+{
+    if (m_model.rowCount() > 0) {
+        select({column, row, std::min(column + width, RowsModel::columnCount),
+            std::min(row + height, m_model.rowCount())});
+    }
+}
+
+void GridModelTest::selectRows()
+{
+    if (m_model.rowCount() > 0) {
+        const int row = randomRowNumber();
+        select({-1, row, RowsModel::columnCount, std::min(row + upTo(0, 5), m_model.rowCount())});
+    }
+}
+
+// A former editor is deleted when control returns to the event loop.
+void GridModelTest::openEditor()
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    grid().setFocus();
+    pressKey(grid(), Qt::Key_F2);
+}
+
+void GridModelTest::typeText()
+{
+    static constexpr int typed[] = {1, 2, 3, 8, 9, 10, 11, 12, 13};
+    if (m_model.rowCount() > 0) {
+        const int column = typed[upTo(0, int(std::size(typed)) - 1)];
+        selectFrom(column, randomRowNumber(), 0, 0);
+        const QString text = QString(randomText(column)).remove(u'\u00e9').remove(u'\u00b0'); // no keys
+        openEditor();
+        auto &cellEditor = control<QWidget>(grid(), u"cellEditor"_s);
+        QTest::keyClick(&cellEditor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&cellEditor, text);
+        QTest::keyClick(&cellEditor, Qt::Key_Return);
+        // Nothing typed over a marked text leaves it.
+        m_model.type(text.isEmpty() ? m_model.text(column, m_model.activeRow()) : text);
+    }
+}
+
+void GridModelTest::chooseStep()
+{
+    if (m_model.rowCount() > 0) {
+        selectFrom(upTo(5, 7), randomRowNumber(), 0, 0);
+        openEditor();
+        auto &list = control<QComboBox>(grid(), u"cellEditor"_s);
+        QTest::keyClick(list.view(), Qt::Key_End);
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor(
+            [this] { return grid().cellText(m_model.activeColumn(), m_model.activeRow()) == u"0.001"; }));
+        m_model.choose(u"0.001"_s);
+    }
+}
+
+void GridModelTest::toggle()
+{
+    if (m_model.rowCount() > 0) {
+        selectFrom(checkBoxColumn, randomRowNumber(), 0, 0);
+        pressKey(grid(), Qt::Key_Space);
+        m_model.toggleCheckBox();
+    }
+}
+
+void GridModelTest::pressDelete()
+{
+    pressKey(grid(), Qt::Key_Delete);
+    m_model.clearSelection();
+}
+
+void GridModelTest::forgetClipboard()
+{
+    pressKey(grid(), Qt::Key_Escape);
+    m_model.forgetClipboard();
+}
+
+void GridModelTest::takeForeignText()
+{
+    const QString text = oneOf({u"x\ty\r\nz"_s, u"Name 8"_s, u"x\ny\n"_s, u"40"_s, QString()});
+    QApplication::clipboard()->setText(text);
+    editor().activate();
+    m_model.takeForeignText(text);
+}
+
+void GridModelTest::copy()
+{
+    pressKey(grid(), Qt::Key_C, Qt::ControlModifier);
+    m_model.copy();
+}
+
+void GridModelTest::cut()
+{
+    clickTool(u"ssrbnEdit(0)"_s);
+    m_model.cut();
+}
+
+void GridModelTest::paste()
+{
+    ModalScript script;
+    if (m_model.pasteIsRefused()) {
+        script.thenMessage(u"Pr Read Condition"_s, u"OK"_s);
+    }
+    pressKey(grid(), Qt::Key_V, Qt::ControlModifier);
+    m_model.paste();
+}
+
+void GridModelTest::addPaste()
+{
+    if (m_model.rowCount() < mostRows) {
+        clickTool(u"ssrbnEdit(3)"_s);
+        m_model.addPaste();
+    }
+}
+
+void GridModelTest::addLine()
+{
+    if (m_model.rowCount() < mostRows) {
+        clickTool(u"ssrbnEdit(4)"_s);
+        m_model.addLines(1);
+    }
+}
+
+void GridModelTest::deleteLines()
+{
+    clickTool(u"ssrbnEdit(5)"_s);
+    m_model.deleteLines();
+}
+
+void GridModelTest::step()
+{
+    static constexpr struct
+    {
+        const char *name;
+        Step run;
+        int weight;
+    } steps[] = {{"select a cell", &GridModelTest::selectCell, 4}, {"select a block", &GridModelTest::selectBlock, 4},
+        {"select rows", &GridModelTest::selectRows, 4}, {"type", &GridModelTest::typeText, 4},
+        {"choose a step", &GridModelTest::chooseStep, 1}, {"toggle", &GridModelTest::toggle, 2},
+        {"press Delete", &GridModelTest::pressDelete, 1}, {"press Escape", &GridModelTest::forgetClipboard, 1},
+        {"take foreign text", &GridModelTest::takeForeignText, 1}, {"copy", &GridModelTest::copy, 6},
+        {"cut", &GridModelTest::cut, 2}, {"paste", &GridModelTest::paste, 6},
+        {"add-paste", &GridModelTest::addPaste, 4}, {"add a line", &GridModelTest::addLine, 3},
+        {"delete lines", &GridModelTest::deleteLines, 3}};
+    static constexpr int weights = [] {
+        int sum = 0;
+        for (const auto &entry : steps) {
+            sum += entry.weight;
+        }
+        return sum;
+    }();
+    int drawn = upTo(1, weights);
+    const auto *chosen = std::begin(steps);
+    while (drawn > chosen->weight) {
+        drawn -= chosen++->weight;
+    }
+    m_done = QString::fromLatin1(chosen->name);
+    (this->*chosen->run)();
+}
+
+/// Where the grid and the rows differ first; empty when nowhere.
+QString GridModelTest::difference()
+{
+    for (int row = 1; row <= m_model.rowCount(); ++row) {
+        for (int column = 1; column <= RowsModel::columnCount; ++column) {
+            if (grid().cellText(column, row) != m_model.text(column, row)) {
+                return u"column %1, row %2: \"%3\" instead of \"%4\""_s.arg(column).arg(row).arg(
+                    grid().text(column, row), m_model.text(column, row));
+            }
+        }
+    }
+    return {};
+}
+
+void GridModelTest::compare()
+{
+    ASSERT_EQ(grid().rowCount(), m_model.rowCount());
+    ASSERT_EQ(difference(), QString());
+    ASSERT_EQ(grid().selectedBlock(), m_model.selection());
+    ASSERT_EQ(grid().activeColumn(), m_model.activeColumn());
+    ASSERT_EQ(grid().activeRow(), m_model.activeRow());
+    ASSERT_EQ(QApplication::clipboard()->text(), m_model.clipboard());
+    ASSERT_EQ(toolButton(u"ssrbnEdit(2)"_s).isEnabled(), m_model.canPaste());
+    ASSERT_EQ(toolButton(u"ssrbnEdit(3)"_s).isEnabled(), m_model.canAddPaste());
+    ASSERT_EQ(std::exchange(DocFlags[docNo()].changed, false), m_model.takeChanged());
+    ASSERT_EQ(MachineInfos[docNo()].Paramater, m_model.rowCount());
+    ASSERT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), QString::number(m_model.rowCount()));
+}
+
+TEST_P(GridModelTest, agreesWithPlainRowsAfterEveryStepAndOnDisk)
+{
+    compare();
+    for (int number = 1; number <= stepCount && !HasFatalFailure(); ++number) {
+        step();
+        SCOPED_TRACE(testing::Message() << "step " << number << ": " << m_done.toStdString());
+        compare();
+    }
+    if (!HasFatalFailure()) {
+        chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+        EXPECT_EQ(readFile(editor().windowTitle()), RowsFile::bytes(m_model.rows()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, GridModelTest, testing::Range(1U, 9U));

@@ -1,0 +1,223 @@
+#include "tests/editor/RowsModel.h"
+
+#include "tests/editor/RowsFile.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int checkBoxColumn = 4;
+constexpr int lastResetColumn = 12;
+
+QStringList lines(QString text)
+{
+    return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').split(u'\n');
+}
+
+} // namespace
+
+void RowsModel::select(const GridBlock &block)
+{
+    if (!m_rows.empty()) {
+        m_selection = block;
+        m_activeColumn = std::max(block.column1, 1);
+        m_activeRow = block.row1;
+    }
+}
+
+void RowsModel::takeForeignText(const QString &text)
+{
+    m_clipboard = text;
+    m_canPaste = !text.isEmpty();
+    m_canAddPaste = m_canPaste && m_copied == Copied::Rows;
+}
+
+void RowsModel::forgetClipboard()
+{
+    m_copied = Copied::Nothing;
+    takeForeignText(QString());
+}
+
+QString RowsModel::joined(int column1, int row1, int column2, int row2) const
+{
+    QStringList rows;
+    for (int row = row1; row <= row2; ++row) {
+        QStringList cells;
+        for (int column = column1; column <= column2; ++column) {
+            cells << (column == 0 ? QString::number(row) : text(column, row));
+        }
+        rows << cells.join(u'\t');
+    }
+    return rows.join(u"\r\n"_s);
+}
+
+void RowsModel::copy()
+{
+    if (m_rows.empty()) {
+        return;
+    }
+    const bool isRows = m_selection.column1 == -1;
+    const bool isCell = m_selection.column1 == m_selection.column2 && m_selection.row1 == m_selection.row2;
+    m_copied = isRows ? Copied::Rows : isCell ? Copied::Cell : Copied::Block;
+    m_copiedWidth = isRows ? 0 : m_selection.column2 - m_selection.column1;
+    m_copiedHeight = m_selection.row2 - m_selection.row1;
+    const int firstColumn = isRows ? 0 : m_selection.column1;
+    m_clipboard = joined(firstColumn, m_selection.row1, m_selection.column2, m_selection.row2);
+    m_canPaste = true;
+    m_canAddPaste = m_canAddPaste || isRows;
+}
+
+void RowsModel::cut()
+{
+    if (m_rows.empty()) {
+        return;
+    }
+    copy();
+    clearSelection();
+    m_changed = true;
+}
+
+void RowsModel::clearSelection()
+{
+    if (m_rows.empty()) {
+        return;
+    }
+    for (int row = m_selection.row1; row <= m_selection.row2; ++row) {
+        for (int column = std::max(m_selection.column1, 1); column <= m_selection.column2; ++column) {
+            change(at(column, row), column == checkBoxColumn ? u"0"_s : QString());
+        }
+    }
+}
+
+bool RowsModel::pasteIsRefused() const
+{
+    const bool isCell = m_selection.column1 == m_selection.column2 && m_selection.row1 == m_selection.row2;
+    const bool fits = m_selection.column1 + m_copiedWidth == m_selection.column2
+        && m_selection.row1 + m_copiedHeight == m_selection.row2;
+    return !m_rows.empty() && m_copied == Copied::Block && !m_clipboard.isEmpty() && !isCell && !fits;
+}
+
+void RowsModel::paste()
+{
+    if (m_rows.empty() || m_clipboard.isEmpty() || pasteIsRefused()) {
+        return;
+    }
+    if (m_copied == Copied::Block) {
+        pasteBlock();
+    } else if (m_copied == Copied::Rows) {
+        pasteRows();
+    } else {
+        at(m_activeColumn, m_activeRow) = m_clipboard;
+    }
+    m_changed = true;
+}
+
+void RowsModel::pasteBlock()
+{
+    const int column2 = std::min(m_selection.column1 + m_copiedWidth, columnCount);
+    const int row2 = std::min(m_selection.row1 + m_copiedHeight, rowCount());
+    select({m_selection.column1, m_selection.row1, column2, row2});
+    place(m_selection.column1, m_selection.row1, column2, row2, 0);
+}
+
+// The numbers before the copied rows are no cells.
+void RowsModel::pasteRows()
+{
+    place(1, m_selection.row1, columnCount, std::min(m_selection.row1 + m_copiedHeight, rowCount()), 1);
+}
+
+// A line end behind the last row is a row of its own only where a row may be one empty cell.
+void RowsModel::place(int column1, int row1, int column2, int row2, int dropped)
+{
+    QStringList rows = lines(m_clipboard);
+    if (rows.size() > 1 && rows.last().isEmpty() && column1 != column2) {
+        rows.removeLast();
+    }
+    for (int row = row1; row <= row2 && row - row1 < rows.size(); ++row) {
+        const QStringList cells = rows.at(row - row1).split(u'\t').mid(dropped);
+        for (int column = column1; column <= column2 && column - column1 < cells.size(); ++column) {
+            at(column, row) = cells.at(column - column1);
+        }
+    }
+}
+
+void RowsModel::addPaste()
+{
+    if (m_copied != Copied::Rows || m_clipboard.isEmpty() || !m_canAddPaste) {
+        return;
+    }
+    addLines(m_copiedHeight + 1);
+    paste();
+}
+
+void RowsModel::addLines(int lines)
+{
+    const std::vector<Row> before = m_rows;
+    m_rows.resize(before.size() + size_t(lines));
+    m_changed = true;
+    if (before.empty()) {
+        for (int row = 1; row <= lines; ++row) {
+            blank(row);
+        }
+        select({1, 1, 1, 1});
+        return;
+    }
+    for (size_t row = size_t(m_activeRow - 1); row < before.size(); ++row) {
+        m_rows[row + size_t(lines)] = before[row];
+    }
+    blank(m_activeRow);
+}
+
+// The read condition stays: it is the one that stood in this place before.
+void RowsModel::blank(int row)
+{
+    const QStringList texts{{}, {}, {}, u"0"_s, u"No"_s, u"No"_s, u"No"_s, {}, {}, u"0"_s, u"0000"_s, u"0"_s};
+    for (int column = 1; column <= lastResetColumn; ++column) {
+        at(column, row) = texts.at(column - 1);
+    }
+}
+
+void RowsModel::deleteLines()
+{
+    if (rowCount() <= 2) {
+        return;
+    }
+    m_rows.erase(m_rows.begin() + (m_selection.row1 - 1), m_rows.begin() + m_selection.row2);
+    m_changed = true;
+    const int row = std::min(m_selection.row1, rowCount());
+    if (row == 0) {
+        m_selection = {0, 0, 0, 0};
+        m_activeColumn = m_activeRow = 0;
+    } else {
+        select({m_activeColumn, row, m_activeColumn, row});
+    }
+}
+
+void RowsModel::type(const QString &text)
+{
+    change(at(m_activeColumn, m_activeRow), text);
+    const int below = std::min(m_activeRow + 1, rowCount());
+    select({m_activeColumn, below, m_activeColumn, below});
+}
+
+void RowsModel::choose(const QString &text)
+{
+    change(at(m_activeColumn, m_activeRow), text);
+}
+
+void RowsModel::toggleCheckBox()
+{
+    QString &cell = at(m_activeColumn, m_activeRow);
+    change(cell, RowsFile::isTicked(cell) ? u"0"_s : u"1"_s);
+}
+
+void RowsModel::change(QString &cell, const QString &text)
+{
+    m_changed = m_changed || cell != text;
+    cell = text;
+}
