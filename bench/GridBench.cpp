@@ -244,9 +244,8 @@ static void FitColumn(benchmark::State &state)
 static void ClearAllAndColour(benchmark::State &state)
 {
     const auto grid = fullGrid();
-    QObject::connect(grid.get(), &SpreadGrid::cellEdited, grid.get(), [&grid](int column, int row) {
-        grid->setForeColour({column, row, column, row}, QColor(128, 0, 0));
-    });
+    QObject::connect(grid.get(), &SpreadGrid::cellsEdited, grid.get(),
+        [&grid](const GridBlock &block) { grid->setForeColour(block, QColor(128, 0, 0)); });
     measure(
         state, noFloor, [&] { fill(*grid); },
         [&] {

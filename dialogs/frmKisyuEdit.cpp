@@ -75,7 +75,7 @@ void frmKisyuEdit::createCapacityFrame()
     QGroupBox *frame = createFrame(u"fraCap"_s);
     m_capacities = new DialogGrid(frame);
     m_capacities->setObjectName(u"vaSpread1"_s);
-    connect(m_capacities, &DialogGrid::cellEdited, this, &frmKisyuEdit::setChanged);
+    connect(m_capacities, &DialogGrid::cellsEdited, this, &frmKisyuEdit::setChanged);
     m_add = createButton(u"cmdAdd"_s, &frmKisyuEdit::addCapacity);
     m_delete = createButton(u"cmdDel"_s, &frmKisyuEdit::deleteCapacity);
 

@@ -89,7 +89,7 @@ QLayout *frmPrCond::createKinds()
         connectKind(kind);
         row->addWidget(m_kinds[kind].frame, static_cast<int>(columns(kind).size()));
     }
-    connect(m_kinds[ParameterGrid].grid, &DialogGrid::cellEdited, this, &frmPrCond::sortParameters);
+    connect(m_kinds[ParameterGrid].grid, &DialogGrid::cellsEdited, this, &frmPrCond::sortParameters);
     return row;
 }
 

@@ -109,7 +109,7 @@ void frmPrFile::connectMenus()
 
 void frmPrFile::connectGrid()
 {
-    connect(m_grid, &SpreadGrid::cellEdited, this, &frmPrFile::markChanged);
+    connect(m_grid, &SpreadGrid::cellsEdited, this, &frmPrFile::markChanged);
     connect(m_grid, &SpreadGrid::headerDoubleClicked, m_grid, &SpreadGrid::fitColumnWidth);
     connect(m_grid, &SpreadGrid::cellLeft, this, [this](int, int, int, int newRow) { showMoved(newRow); });
     connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
@@ -169,10 +169,10 @@ void frmPrFile::toggleBar(int bar)
     showBarMark(bar, m_frame.isBarShown(bar));
 }
 
-void frmPrFile::markChanged(int column, int row)
+void frmPrFile::markChanged(const GridBlock &block)
 {
     DocFlags[m_docNo].changed = true;
-    m_grid->setForeColour({column, row, column, row}, QColor(changedCellColour));
+    m_grid->setForeColour(block, QColor(changedCellColour));
 }
 
 void frmPrFile::showMoved(int newRow)

@@ -9,6 +9,7 @@ class GridCommands;
 class QAction;
 class QMenu;
 class SpreadGrid;
+struct GridBlock;
 
 /// The window in which one parameter file is edited. Its title is the file's name as it was given, or "No Name"; its
 /// grid is the only live copy of the rows.
@@ -68,7 +69,7 @@ protected:
 private:
     void connectMenus();
     void connectGrid();
-    void markChanged(int column, int row);
+    void markChanged(const GridBlock &block);
     void forgetClipboard(Qt::KeyboardModifiers modifiers);
     void updatePaste();
     void toggleBar(int bar);

@@ -18,9 +18,37 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
+#include <optional>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+void enlarge(std::optional<GridBlock> &block, int column, int row)
+{
+    if (!block) {
+        block = GridBlock{column, row, column, row};
+    }
+    block->column1 = std::min(block->column1, column);
+    block->column2 = std::max(block->column2, column);
+    block->row2 = row; // rows come in their order
+}
+
+/// The smallest block that holds all cells whose texts differ.
+std::optional<GridBlock> changedBlock(const TextChange &change, int columns)
+{
+    std::optional<GridBlock> block;
+    for (size_t at = 0; at < change.after.size(); ++at) {
+        for (int column = 1; column <= columns; ++column) {
+            if (change.before[at].text(column - 1) != change.after[at].text(column - 1)) {
+                enlarge(block, column, change.firstRow + int(at));
+            }
+        }
+    }
+    return block;
+}
+
+} // namespace
 
 SpreadGrid::SpreadGrid(QWidget *parent)
     : QTableView(parent)
@@ -364,22 +392,11 @@ void SpreadGrid::toggleActiveCheckBox()
     m_model->setText(activeColumn(), activeRow(), ticked ? u"0"_s : u"1"_s, SpreadModel::Origin::User);
 }
 
-// The receivers may change the grid, so the cells are noted first; views are told once, after all of them.
 void SpreadGrid::announceEdits(const TextChange &change)
 {
-    if (change.origin != TextChange::Origin::User) {
-        return;
-    }
-    std::vector<QPoint> edited;
-    for (size_t at = 0; at < change.after.size(); ++at) {
-        for (int column = 0; column < columnCount(); ++column) {
-            if (change.before[at].text(column) != change.after[at].text(column)) {
-                edited.emplace_back(column + 1, change.firstRow + int(at));
-            }
+    if (change.origin == TextChange::Origin::User) {
+        if (const auto block = changedBlock(change, columnCount())) {
+            emit cellsEdited(*block);
         }
-    }
-    const SpreadModel::Batch batch(*m_model);
-    for (const QPoint &cell : edited) {
-        emit cellEdited(cell.x(), cell.y());
     }
 }

@@ -107,8 +107,8 @@ public:
     void setRedraw(bool on);
 
     // Editing
-    /// Copies the selection to the clipboard as block text and empties its data cells, as the user's own doing: the
-    /// cells raise cellEdited(). A check box becomes "0".
+    /// Copies the selection to the clipboard as block text and empties its data cells, as the user's own doing: it
+    /// raises cellsEdited(). A check box becomes "0".
     void cutSelection();
     /// Empties the selected data cells in the same way, without the clipboard.
     void clearSelectedCells();
@@ -116,8 +116,9 @@ public:
     void commitEdit();
 
 signals:
-    /// The user changed a cell. Raised once per cell, after the change; not when the text stayed the same.
-    void cellEdited(int column, int row);
+    /// The user changed texts. Raised once per act, after it, with the smallest block that holds all changed cells; not
+    /// when every text stayed the same.
+    void cellsEdited(const GridBlock &block);
     void headerDoubleClicked(int column);
     /// The active cell moves. newRow is 0 when there is no cell to move to.
     void cellLeft(int column, int row, int newColumn, int newRow);

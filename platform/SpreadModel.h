@@ -63,17 +63,6 @@ public:
     /// Until the matching endBatch() views are not told of changed cells, then once. Calls nest.
     void beginBatch() { ++m_batches; }
     void endBatch();
-    /// A batch that ends by itself.
-    class Batch
-    {
-    public:
-        explicit Batch(SpreadModel &model) : m_model(model) { m_model.beginBatch(); }
-        ~Batch() { m_model.endBatch(); }
-        Q_DISABLE_COPY_MOVE(Batch)
-
-    private:
-        SpreadModel &m_model;
-    };
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;

@@ -105,6 +105,17 @@ TEST_F(GridCommandsTest, cutsTheSelectedCells)
     EXPECT_TRUE(grid().hasFocus());
 }
 
+TEST_F(GridCommandsTest, marksWhatTheDeleteKeyClears)
+{
+    select(2, 3, 3, 4);
+    pressKey(grid(), Qt::Key_Delete);
+    EXPECT_EQ(grid().blockText({2, 3, 3, 4}), u"\t\r\n\t"_s);
+    EXPECT_TRUE(isRed(2, 3) && isRed(3, 4));
+    EXPECT_FALSE(isRed(1, 3) || isRed(2, 5));
+    EXPECT_TRUE(isChanged());
+    EXPECT_EQ(clipboard(), QString());
+}
+
 TEST_F(GridCommandsTest, pastesRowsThatWereCutWhereTheyWere)
 {
     const QString before = rowText(3);
