@@ -6,13 +6,15 @@
 #include <string>
 #include <vector>
 
-/// A ratio that is wanted: of one benchmark's median to another's, and the most that it may be.
+/// A ratio that is wanted: of one benchmark's median to another's, and the most that it may be. Where a user waits, it
+/// is the time itself that has a limit.
 struct Ratio
 {
     std::string what;
     std::string measured;
     std::string floor;
-    double target;
+    double target; ///< 0 for none
+    double mostTime = 0; ///< in the benchmark's unit; 0 for no limit
 };
 
 /// Prints benchmarks as usual, and a table of ratios of their medians at the end.

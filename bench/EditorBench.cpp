@@ -1,0 +1,222 @@
+// What the editor window's commands cost on a table of the greatest size, the paint that follows included, beside
+// moving the same texts by one row within memory.
+
+#include "app/MDIfrmTabrix.h"
+#include "app/Settings.h"
+#include "bench/DocumentGenerator.h"
+#include "bench/RatioReporter.h"
+#include "document/DocumentTables.h"
+#include "editor/GridFont.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QKeyEvent>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <array>
+#include <ctime>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rowCount = 32767;
+constexpr double longestWait = 100; // ms
+constexpr int columnCount = ParameterColumn::Count;
+constexpr GridBlock allRows{-1, 1, columnCount, rowCount};
+constexpr GridBlock firstRow{-1, 1, columnCount, 1};
+constexpr GridBlock firstCell{1, 1, 1, 1};
+
+/// The running program with one document.
+class Desk
+{
+public:
+    Desk()
+    {
+        QFile file(m_folder.filePath(u"a.inv"_s));
+        if (!file.open(QIODevice::WriteOnly) || file.write(DocumentGenerator(1).file(rowCount)) < 0) {
+            qFatal("no place for the document");
+        }
+        file.close();
+        m_frame.load({});
+        m_frame.resize(1200, 800);
+        m_frame.show();
+        m_frame.documents().OpenPrFile(file.fileName());
+        QApplication::processEvents();
+    }
+    ~Desk() { DocFlags[editor().docNo()].changed = false; }
+    Q_DISABLE_COPY_MOVE(Desk)
+
+    frmPrFile &editor() const { return *m_frame.activeEditor(); }
+    SpreadGrid &grid() const { return editor().vaspdParam(); }
+    /// The texts of the file again, in all rows.
+    void restore() const
+    {
+        grid().setRowCount(rowCount);
+        editor().SetPrInfSpread();
+    }
+
+private:
+    QTemporaryDir m_folder;
+    MDIfrmTabrix m_frame;
+};
+
+// Other processes' share of the machine does not count.
+double secondsOf(const auto &work)
+{
+    const std::clock_t begin = std::clock();
+    work();
+    return double(std::clock() - begin) / CLOCKS_PER_SEC;
+}
+
+/// Measures work and the paint after it, with prepare before each run.
+void measure(benchmark::State &state, const Desk &desk, const auto &prepare, const auto &work)
+{
+    desk.editor().setFocus();
+    for (auto _ : state) {
+        prepare();
+        QApplication::processEvents();
+        state.SetIterationTime(secondsOf([&] {
+            work();
+            QApplication::processEvents();
+        }));
+    }
+}
+
+} // namespace
+
+static void MoveOfTexts(benchmark::State &state)
+{
+    const Desk desk;
+    std::vector<std::array<QString, columnCount>> rows(rowCount + 1);
+    for (int row = 1; row <= rowCount; ++row) {
+        for (int column = 1; column <= columnCount; ++column) {
+            rows[size_t(row - 1)][size_t(column - 1)] = desk.grid().text(column, row);
+        }
+    }
+    for (auto _ : state) {
+        state.SetIterationTime(secondsOf([&] { std::move_backward(rows.begin(), rows.end() - 1, rows.end()); }));
+    }
+}
+
+static void CopyAllRows(benchmark::State &state)
+{
+    const Desk desk;
+    measure(
+        state, desk, [&] { desk.grid().selectBlock(allRows); }, [&] { desk.editor().copy(); });
+}
+
+static void PasteAllRows(benchmark::State &state)
+{
+    const Desk desk;
+    desk.grid().selectBlock(allRows);
+    desk.editor().copy();
+    measure(
+        state, desk, [&] { desk.grid().selectBlock(firstCell); }, [&] { desk.editor().paste(); });
+}
+
+static void CutAllRows(benchmark::State &state)
+{
+    const Desk desk;
+    const auto prepare = [&] {
+        desk.restore();
+        desk.grid().selectBlock(allRows);
+    };
+    measure(state, desk, prepare, [&] { desk.editor().cut(); });
+}
+
+static void AddLineAtTheTop(benchmark::State &state)
+{
+    const Desk desk;
+    const auto prepare = [&] {
+        desk.grid().setRowCount(rowCount - 1);
+        desk.grid().selectBlock(firstCell);
+    };
+    measure(state, desk, prepare, [&] { desk.editor().addLine(); });
+}
+
+static void DeleteTheFirstRow(benchmark::State &state)
+{
+    const Desk desk;
+    const auto prepare = [&] {
+        desk.grid().setRowCount(rowCount);
+        desk.grid().selectBlock(firstRow);
+    };
+    measure(state, desk, prepare, [&] { desk.editor().deleteLines(); });
+}
+
+static void JumpToTheLastRow(benchmark::State &state)
+{
+    const Desk desk;
+    measure(
+        state, desk, [&] { desk.grid().setActiveCell(1, 1); },
+        [&] {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_End, Qt::ControlModifier);
+            QApplication::sendEvent(&desk.grid(), &key);
+        });
+}
+
+static void HideAColumn(benchmark::State &state)
+{
+    const Desk desk;
+    const auto show = [&](bool shown) {
+        ListVisualState[ParameterColumn::Name - 1] = !shown;
+        applyVisibleColumns(desk.grid());
+    };
+    measure(
+        state, desk, [&] { show(true); }, [&] { show(false); });
+    show(true);
+}
+
+static void ChangeTheFont(benchmark::State &state)
+{
+    const Desk desk;
+    const QFont usual = desk.grid().gridFont();
+    QFont large = usual;
+    large.setPointSizeF(usual.pointSizeF() * 1.5);
+    measure(
+        state, desk, [&] { applyGridFont(desk.grid(), usual); }, [&] { applyGridFont(desk.grid(), large); });
+}
+
+constexpr int repetitions = 7;
+static void asMedians(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->Unit(benchmark::kMillisecond)->UseManualTime()->MinTime(0.05);
+    benchmark->Repetitions(repetitions)->ReportAggregatesOnly();
+}
+
+BENCHMARK(MoveOfTexts)->Apply(asMedians);
+BENCHMARK(CopyAllRows)->Apply(asMedians);
+BENCHMARK(PasteAllRows)->Apply(asMedians);
+BENCHMARK(CutAllRows)->Apply(asMedians);
+BENCHMARK(AddLineAtTheTop)->Apply(asMedians);
+BENCHMARK(DeleteTheFirstRow)->Apply(asMedians);
+BENCHMARK(JumpToTheLastRow)->Apply(asMedians);
+BENCHMARK(HideAColumn)->Apply(asMedians);
+BENCHMARK(ChangeTheFont)->Apply(asMedians);
+
+int main(int argc, char **argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QTemporaryDir home;
+    qputenv("XDG_DATA_HOME", home.filePath(u"data"_s).toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", home.filePath(u"config"_s).toLocal8Bit());
+    const QApplication application(argc, argv);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.filePath(u"config"_s));
+    benchmark::Initialize(&argc, argv);
+    std::vector<Ratio> ratios;
+    for (const char *command : {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow",
+             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont"}) {
+        ratios.push_back({command, std::string(command) + '/', "MoveOfTexts/", 0, longestWait});
+    }
+    RatioReporter reporter(ratios);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return 0;
+}
