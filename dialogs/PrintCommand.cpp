@@ -1,10 +1,10 @@
 #include "dialogs/PrintCommand.h"
 
 #include "dialogs/DocumentPrinter.h"
+#include "dialogs/PdfName.h"
 #include "dialogs/frmPrint.h"
 #include "platform/CurrentPrinter.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrinter>
@@ -26,13 +26,6 @@ QString askPdfName(QWidget *parent, const QString &title)
 }
 
 } // namespace
-
-QString pdfFileName(const QString &title)
-{
-    const QFileInfo document(title);
-    const QString folder = document.isAbsolute() ? document.absolutePath() : QDir::homePath();
-    return folder + u'/' + document.completeBaseName() + u".pdf"_s;
-}
 
 void printDocument(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
 {

@@ -11,6 +11,3 @@ class SpreadGrid;
 /// Without a printer both go into one PDF file, whose name is asked for after the print dialog. Failures are told in a
 /// message box; the user's cancelling is not.
 void printDocument(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title);
-
-/// The PDF file that a document is printed to unless the user names another: beside it, with its name.
-QString pdfFileName(const QString &title);

@@ -3,7 +3,7 @@
 #include "app/Common.h"
 #include "app/Language.h"
 #include "dialogs/EditDialog.h"
-#include "dialogs/PrintCommand.h"
+#include "dialogs/PdfName.h"
 #include "dialogs/PrintSettings.h"
 #include "dialogs/PromptButton.h"
 #include "platform/CurrentPrinter.h"

@@ -98,7 +98,7 @@ void frmPrFile::connectMenus()
     on(u"mneVisualItem(0)", [this] { toggleBar(0); });
     on(u"mneVisualItem(1)", [this] { toggleBar(1); });
     on(u"mneVisualItem(3)", [this] { chooseGridFont(*m_grid); });
-    on(u"mneVisualInf", [this] { frmVisualInf(m_frame, window()).exec(); });
+    on(u"mneVisualInf", [this] { chooseColumns(); });
     on(u"mneWinItem(0)", [this] { emit arrangeRequested(0); });
     on(u"mneWinItem(1)", [this] { emit arrangeRequested(1); });
     on(u"mneHelpItem", [this] { ShowHelp(window(), contentsContext); });
@@ -167,6 +167,15 @@ void frmPrFile::toggleBar(int bar)
 {
     m_frame.showBar(bar, !m_frame.isBarShown(bar));
     showBarMark(bar, m_frame.isBarShown(bar));
+}
+
+void frmPrFile::chooseColumns()
+{
+    QList<SpreadGrid *> grids;
+    for (const frmPrFile *editor : m_frame.openEditors()) {
+        grids << editor->m_grid;
+    }
+    frmVisualInf(*m_grid, grids, window()).exec();
 }
 
 void frmPrFile::markChanged(const GridBlock &block)

@@ -73,6 +73,7 @@ private:
     void forgetClipboard(Qt::KeyboardModifiers modifiers);
     void updatePaste();
     void toggleBar(int bar);
+    void chooseColumns();
     void showMoved(int newRow);
     QAction &action(QStringView name) const;
     bool queryUnload();

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 
-class EditorFrame;
 class QLabel;
 class QPushButton;
 class SpreadGrid;
@@ -13,17 +12,17 @@ class frmVisualInf : public QDialog
     Q_OBJECT
 
 public:
-    /// Shows the columns of the frame's active editor window, which must exist.
-    frmVisualInf(EditorFrame &frame, QWidget *parent);
+    /// Shows the columns of the grid shown; OK hides and shows those of all grids.
+    frmVisualInf(const SpreadGrid &shown, const QList<SpreadGrid *> &grids, QWidget *parent);
 
 private:
     void build();
-    void load();
+    void load(const SpreadGrid &shown);
     void applyAndClose();
 
-    EditorFrame &m_frame;
+    QList<SpreadGrid *> m_grids;
     QLabel *m_lblInf;
-    SpreadGrid *m_grid;
+    SpreadGrid *m_list;
     QPushButton *m_cmdOK;
     QPushButton *m_cmdCancel;
 };

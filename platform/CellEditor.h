@@ -3,17 +3,11 @@
 #include <QString>
 
 class QWidget;
-struct CellType;
 
 /// An in-place editor: a widget that edits the text of one cell.
 class CellEditor
 {
 public:
-    /// The editor that fits the cell type and the text that stands in the cell; it shows that text already.
-    static CellEditor *create(const CellType &type, const QString &text, QWidget *parent);
-    /// The editor that this widget is; nullptr for other widgets.
-    static CellEditor *of(QWidget *widget);
-
     virtual ~CellEditor() = default;
     virtual QWidget *widget() = 0;
     /// What stands in the editor, with the line ends that the cell's text had.

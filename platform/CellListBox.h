@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/CellEditor.h"
+#include "platform/CellType.h"
 
 #include <QComboBox>
 

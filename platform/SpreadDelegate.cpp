@@ -1,6 +1,6 @@
 #include "platform/SpreadDelegate.h"
 
-#include "platform/CellEditor.h"
+#include "platform/CellEditorFactory.h"
 #include "platform/CellInput.h"
 #include "platform/CellListBox.h"
 #include "platform/CellMetrics.h"
@@ -179,7 +179,7 @@ bool SpreadDelegate::helpEvent(
 
 CellEditor *SpreadDelegate::editor() const
 {
-    return CellEditor::of(m_editor);
+    return cellEditorOf(m_editor);
 }
 
 QWidget *SpreadDelegate::createEditor(
@@ -189,8 +189,7 @@ QWidget *SpreadDelegate::createEditor(
     if (type.kind == CellType::Kind::CheckBox) {
         return nullptr;
     }
-    CellEditor *created =
-        CellEditor::create(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    CellEditor *created = newCellEditor(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
     created->alignText(m_model.alignment(index.column() + 1));
     m_editor = created->widget();
     m_editor->setAutoFillBackground(true);
@@ -208,7 +207,7 @@ void SpreadDelegate::setEditorData(QWidget * /*editor*/, const QModelIndex & /*i
 
 void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const CellEditor *cell = CellEditor::of(editor);
+    const CellEditor *cell = cellEditorOf(editor);
     if (cell->isModified() && cell->isAcceptable()) {
         model->setData(index, cell->text(), Qt::EditRole);
     }
@@ -219,7 +218,7 @@ void SpreadDelegate::updateEditorGeometry(
 {
     // A row may be lower than the font needs; the text that is being typed is shown whole.
     QRect place = option.rect;
-    place.setHeight(std::max(place.height(), CellEditor::of(editor)->neededHeight()));
+    place.setHeight(std::max(place.height(), cellEditorOf(editor)->neededHeight()));
     editor->setGeometry(place);
 }
 

@@ -51,7 +51,7 @@ std::optional<GridBlock> changedBlock(const TextChange &change, int columns)
 } // namespace
 
 SpreadGrid::SpreadGrid(QWidget *parent)
-    : QTableView(parent)
+    : SpreadView(parent)
     , m_model(new SpreadModel(this))
     , m_columnHeader(new SpreadHeader(Qt::Horizontal, this))
     , m_rowHeader(new SpreadHeader(Qt::Vertical, this))
@@ -210,7 +210,7 @@ QFont SpreadGrid::gridFont() const
 
 void SpreadGrid::changeEvent(QEvent *event)
 {
-    QTableView::changeEvent(event);
+    SpreadView::changeEvent(event);
     if (event->type() == QEvent::FontChange) {
         noteFont();
     }

@@ -2,10 +2,10 @@
 
 #include "platform/CellType.h"
 #include "platform/GridBlock.h"
+#include "platform/SpreadView.h"
 
 #include <QColor>
 #include <QFont>
-#include <QTableView>
 
 #include <memory>
 #include <span>
@@ -24,7 +24,7 @@ struct TextChange;
 /// "1" (any number other than 0 is shown ticked). Cells outside the grid read as empty and are left alone by writing.
 ///
 /// Routines change the grid silently; only what the user does raises signals.
-class SpreadGrid : public QTableView
+class SpreadGrid : public SpreadView
 {
     Q_OBJECT
 
@@ -98,10 +98,9 @@ public:
     int activeColumn() const; ///< 0 when there is no active cell
     int activeRow() const; ///< 0 when there is no active cell
     void setActiveCell(int column, int row);
-    int topRow() const; ///< the first row in view; 0 without rows
-    /// Near the end of the grid as far as the view can scroll.
-    void setTopRow(int row);
-    int bottomRow() const; ///< the last row that is at least partly in view; 0 without rows
+    int topRow() const override;
+    void setTopRow(int row) override;
+    int bottomRow() const override;
 
     /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
     void setRedraw(bool on);
@@ -111,9 +110,8 @@ public:
     /// raises cellsEdited(). A check box becomes "0".
     void cutSelection();
     /// Empties the selected data cells in the same way, without the clipboard.
-    void clearSelectedCells();
-    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
-    void commitEdit();
+    void clearSelectedCells() override;
+    void commitEdit() override;
 
 signals:
     /// The user changed texts. Raised once per act, after it, with the smallest block that holds all changed cells; not
@@ -125,10 +123,6 @@ signals:
     void escapePressed(Qt::KeyboardModifiers modifiers);
     /// Row or column 0: a header. position is global.
     void rightClicked(int column, int row, const QPoint &position);
-    /// Ctrl+C, Ctrl+X, Ctrl+V and their old equivalents; the grid itself does nothing then.
-    void copyRequested();
-    void cutRequested();
-    void pasteRequested();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -147,11 +141,6 @@ public:
     void selectAll() override;
 
 private:
-    friend class SpreadKeys;
-    friend class SpreadMouse;
-
-    enum class EditStart { GoOn, Empty };
-
     void connectHeaders();
     void pressColumn(int column);
     void pressRow(int row);
@@ -161,13 +150,11 @@ private:
     void announceEdits(const TextChange &change);
     QString selectionText() const;
 
-    void openEditor(EditStart start);
-    void openEditor(QKeyEvent &typed);
-    void toggleActiveCheckBox();
-    void scrollToCell(int column, int row);
-    /// The shown column that many steps from a column (0 and the one behind the last included); the column itself when
-    /// there is none.
-    int shownColumnFrom(int column, int steps) const;
+    void openEditor(EditStart start) override;
+    void openEditor(QKeyEvent &typed) override;
+    void toggleActiveCheckBox() override;
+    void scrollToCell(int column, int row) override;
+    int shownColumnFrom(int column, int steps) const override;
     int frozenWidth() const;
     void markHeaders();
     void paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part);

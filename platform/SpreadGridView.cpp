@@ -92,12 +92,12 @@ QModelIndex SpreadGrid::indexAt(const QPoint &place) const
     if (place.x() >= 0 && place.x() < m_columnHeader->coveredWidth()) {
         return model()->index(rowAt(place.y()), 0);
     }
-    return QTableView::indexAt(place);
+    return SpreadView::indexAt(place);
 }
 
 QRect SpreadGrid::visualRect(const QModelIndex &index) const
 {
-    QRect place = QTableView::visualRect(index);
+    QRect place = SpreadView::visualRect(index);
     if (index.isValid() && index.column() == 0 && m_columnHeader->coveredWidth() > 0) {
         place.moveLeft(0);
     }
@@ -107,7 +107,7 @@ QRect SpreadGrid::visualRect(const QModelIndex &index) const
 // A frozen column that stands over scrolled ones has changed as well.
 QRegion SpreadGrid::visualRegionForSelection(const QItemSelection &selection) const
 {
-    return QTableView::visualRegionForSelection(selection)
+    return SpreadView::visualRegionForSelection(selection)
         + QRect(0, 0, m_columnHeader->coveredWidth(), viewport()->height());
 }
 
@@ -172,7 +172,7 @@ void SpreadGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 
 void SpreadGrid::scrollContentsBy(int dx, int dy)
 {
-    QTableView::scrollContentsBy(dx, dy);
+    SpreadView::scrollContentsBy(dx, dy);
     if (dx != 0 && m_frozenColumns > 0) {
         viewport()->update();
         m_columnHeader->viewport()->update();
@@ -289,7 +289,7 @@ void SpreadGrid::contextMenuEvent(QContextMenuEvent *event)
 
 void SpreadGrid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    QTableView::currentChanged(current, previous);
+    SpreadView::currentChanged(current, previous);
     if (!m_quiet) {
         emit cellLeft(previous.column() + 1, previous.row() + 1, current.column() + 1, current.row() + 1);
     }

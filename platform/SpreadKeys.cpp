@@ -1,9 +1,9 @@
 #include "platform/SpreadKeys.h"
 
 #include "platform/CellInput.h"
-#include "platform/SpreadGrid.h"
 #include "platform/SpreadModel.h"
 #include "platform/SpreadSelection.h"
+#include "platform/SpreadView.h"
 
 #include <QKeyEvent>
 
@@ -51,7 +51,7 @@ const SpreadKeys::CommandKey SpreadKeys::commandKeys[] = {
     {Qt::Key_Insert, Qt::ShiftModifier, &SpreadKeys::paste},
 };
 
-SpreadKeys::SpreadKeys(SpreadGrid &grid, SpreadModel &model, SpreadSelection &selection)
+SpreadKeys::SpreadKeys(SpreadView &grid, SpreadModel &model, SpreadSelection &selection)
     : m_grid(grid), m_model(model), m_selection(selection)
 {
 }
@@ -207,12 +207,12 @@ QPoint SpreadKeys::edgeTarget(QPoint from, QPoint step) const
 
 void SpreadKeys::editActive()
 {
-    m_grid.openEditor(SpreadGrid::EditStart::GoOn);
+    m_grid.openEditor(SpreadView::EditStart::GoOn);
 }
 
 void SpreadKeys::editEmpty()
 {
-    m_grid.openEditor(SpreadGrid::EditStart::Empty);
+    m_grid.openEditor(SpreadView::EditStart::Empty);
 }
 
 void SpreadKeys::clear()

@@ -5,7 +5,7 @@
 #include <optional>
 
 class QKeyEvent;
-class SpreadGrid;
+class SpreadView;
 class SpreadModel;
 class SpreadSelection;
 
@@ -13,7 +13,7 @@ class SpreadSelection;
 class SpreadKeys
 {
 public:
-    SpreadKeys(SpreadGrid &grid, SpreadModel &model, SpreadSelection &selection);
+    SpreadKeys(SpreadView &grid, SpreadModel &model, SpreadSelection &selection);
 
     /// False when the key is not the grid's.
     bool handle(QKeyEvent &event);
@@ -75,7 +75,7 @@ private:
     void cut();
     void paste();
 
-    SpreadGrid &m_grid;
+    SpreadView &m_grid;
     SpreadModel &m_model;
     SpreadSelection &m_selection;
 };

@@ -2,8 +2,8 @@
 
 #include "platform/CellEditor.h"
 #include "platform/SpreadDelegate.h"
-#include "platform/SpreadGrid.h"
 #include "platform/SpreadSelection.h"
+#include "platform/SpreadView.h"
 
 #include <QContextMenuEvent>
 #include <QMouseEvent>
@@ -24,7 +24,7 @@ int stepsBeyond(int place, int first, int last)
 
 } // namespace
 
-SpreadMouse::SpreadMouse(SpreadGrid &grid, SpreadSelection &selection, SpreadDelegate &delegate)
+SpreadMouse::SpreadMouse(SpreadView &grid, SpreadSelection &selection, SpreadDelegate &delegate)
     : QObject(&grid), m_grid(grid), m_selection(selection), m_delegate(delegate)
 {
     grid.viewport()->installEventFilter(this);
@@ -73,7 +73,7 @@ void SpreadMouse::pressLeft(const QModelIndex &index, const QMouseEvent &event)
         m_selection.moveTo(index.column() + 1, index.row() + 1);
         m_pressedBox = isOnCheckBox(index, place) ? index : QModelIndex();
         if (wasActive && m_delegate.arrowRect(index, m_grid.visualRect(index)).contains(place)) {
-            m_grid.openEditor(SpreadGrid::EditStart::GoOn);
+            m_grid.openEditor(SpreadView::EditStart::GoOn);
             return;
         }
     }
@@ -149,7 +149,7 @@ bool SpreadMouse::doubleClick(const QMouseEvent &event)
     const QModelIndex index = m_grid.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid() && !m_delegate.editor()) {
         m_dragging = false;
-        m_grid.openEditor(SpreadGrid::EditStart::GoOn);
+        m_grid.openEditor(SpreadView::EditStart::GoOn);
     }
     return true;
 }

@@ -8,7 +8,7 @@
 class QContextMenuEvent;
 class QMouseEvent;
 class SpreadDelegate;
-class SpreadGrid;
+class SpreadView;
 class SpreadSelection;
 
 /// What the mouse does on the cells of a spread grid: it selects by clicks and by dragging (scrolling at the edges),
@@ -18,7 +18,7 @@ class SpreadMouse final : public QObject
     Q_OBJECT
 
 public:
-    SpreadMouse(SpreadGrid &grid, SpreadSelection &selection, SpreadDelegate &delegate);
+    SpreadMouse(SpreadView &grid, SpreadSelection &selection, SpreadDelegate &delegate);
 
 signals:
     void rightClicked(int column, int row, const QPoint &globalPosition);
@@ -40,7 +40,7 @@ private:
     bool isOnCheckBox(const QModelIndex &index, const QPoint &place) const;
     void askForMenu(const QPoint &place);
 
-    SpreadGrid &m_grid;
+    SpreadView &m_grid;
     SpreadSelection &m_selection;
     SpreadDelegate &m_delegate;
     QPersistentModelIndex m_pressedBox;

@@ -4,6 +4,7 @@
 #include "app/Settings.h"
 #include "dialogs/DocumentPrinter.h"
 #include "dialogs/GridPrintChoice.h"
+#include "dialogs/PdfName.h"
 #include "dialogs/PrintSettings.h"
 #include "dialogs/frmPrint.h"
 #include "document/DocumentTables.h"

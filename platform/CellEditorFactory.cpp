@@ -1,11 +1,11 @@
-#include "platform/CellEditor.h"
+#include "platform/CellEditorFactory.h"
 
 #include "platform/CellLineEdit.h"
 #include "platform/CellListBox.h"
 #include "platform/CellTextBox.h"
 #include "platform/CellType.h"
 
-CellEditor *CellEditor::create(const CellType &type, const QString &text, QWidget *parent)
+CellEditor *newCellEditor(const CellType &type, const QString &text, QWidget *parent)
 {
     if (type.kind == CellType::Kind::ComboBox) {
         return new CellListBox(type, text, parent);
@@ -16,7 +16,7 @@ CellEditor *CellEditor::create(const CellType &type, const QString &text, QWidge
     return new CellLineEdit(type, text, parent);
 }
 
-CellEditor *CellEditor::of(QWidget *widget)
+CellEditor *cellEditorOf(QWidget *widget)
 {
     return dynamic_cast<CellEditor *>(widget);
 }

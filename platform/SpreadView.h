@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QTableView>
+
+/// The view of a spread grid as its keys and its mouse act on it. Columns and rows count from 1.
+class SpreadView : public QTableView
+{
+    Q_OBJECT
+
+public:
+    enum class EditStart { GoOn, Empty };
+
+    using QTableView::QTableView;
+
+    /// Opens the active cell's editor: on its text, or emptied.
+    virtual void openEditor(EditStart start) = 0;
+    /// Opens the active cell's editor for what was typed.
+    virtual void openEditor(QKeyEvent &typed) = 0;
+    virtual void toggleActiveCheckBox() = 0;
+    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
+    virtual void commitEdit() = 0;
+    /// Empties the selected data cells as the user's own doing. A check box becomes "0".
+    virtual void clearSelectedCells() = 0;
+
+    virtual int topRow() const = 0; ///< the first row in view; 0 without rows
+    /// Near the end of the grid as far as the view can scroll.
+    virtual void setTopRow(int row) = 0;
+    virtual int bottomRow() const = 0; ///< the last row that is at least partly in view; 0 without rows
+    virtual void scrollToCell(int column, int row) = 0;
+    /// The shown column that many steps from a column (0 and the one behind the last included); the column itself when
+    /// there is none.
+    virtual int shownColumnFrom(int column, int steps) const = 0;
+
+signals:
+    /// Ctrl+C, Ctrl+X, Ctrl+V and their old equivalents; the grid itself does nothing then.
+    void copyRequested();
+    void cutRequested();
+    void pasteRequested();
+};
