@@ -17,6 +17,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -229,9 +230,10 @@ void SpreadDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) co
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
+// Closing an editor delivers what is still posted to it, which may end the edit once more.
 void SpreadDelegate::finishEdit()
 {
-    if (QWidget *open = m_editor) {
+    if (QWidget *open = std::exchange(m_editor, nullptr)) {
         emit commitData(open);
         emit closeEditor(open, NoHint);
     }

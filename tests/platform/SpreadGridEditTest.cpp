@@ -187,6 +187,25 @@ TEST(SpreadGridEdit, takesTheItemThatIsChosenInTheList)
     EXPECT_EQ(grid->text(5, 1), u"0.1"_s);
 }
 
+TEST(SpreadGridEdit, endsAnEditOnceThatEndsByItsListAndByTheGrid)
+{
+    static int warnings;
+    warnings = 0;
+    const auto grid = shownGrid();
+    doubleClickCell(*grid, 5, 1);
+    auto *list = qobject_cast<QComboBox *>(openEditor(*grid));
+    ASSERT_NE(list, nullptr);
+    QTest::keyClick(list->view(), Qt::Key_End);
+    const auto former = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &message) {
+        warnings += message.contains(u"editor"_s) ? 1 : 0;
+    });
+    QTest::keyClick(list->view(), Qt::Key_Return);
+    grid->commitEdit();
+    qInstallMessageHandler(former);
+    EXPECT_EQ(warnings, 0);
+    EXPECT_EQ(grid->text(5, 1), u"0.01"_s);
+}
+
 TEST(SpreadGridEdit, dropsTheListDownByItsArrow)
 {
     const auto grid = shownGrid();
