@@ -285,7 +285,8 @@ void MDIfrmTabrix::runEditCommand(int index)
         &frmPrFile::addPaste, &frmPrFile::addLine, &frmPrFile::deleteLines, &frmPrFile::editFuncCode,
         &frmPrFile::editMachineInfo};
     if (frmPrFile *editor = activeEditor()) {
-        (editor->*commands[index])();
+        const EditorCommand command = commands[index];
+        (editor->*command)();
     }
 }
 

@@ -6,8 +6,10 @@
 #include "platform/SpreadGrid.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -65,9 +67,20 @@ void frmVisualInf::load(const SpreadGrid &shown)
         m_list->setCellType(1, column, CellType::checkBox(shown.text(column, 0)));
         m_list->setText(1, column, shown.isColumnShown(column) ? u"1"_s : u"0"_s);
     }
-    PrepareDialog(*this);
+    ApplyUserFont(*this); // the list's size follows from it
     m_list->setWidthInCharacters(1, listColumnWidth);
     m_list->setActiveCell(1, 1);
+    m_list->setMinimumSize(listSize());
+    PrepareDialog(*this);
+}
+
+QSize frmVisualInf::listSize() const
+{
+    const int frame = 2 * m_list->frameWidth();
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QHeaderView &rows = *m_list->verticalHeader();
+    const int width = rows.sizeHint().width() + m_list->columnWidth(0) + frame + bar;
+    return {width, m_list->horizontalHeader()->sizeHint().height() + rows.length() + frame + 1};
 }
 
 void frmVisualInf::applyAndClose()

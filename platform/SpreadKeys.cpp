@@ -101,7 +101,9 @@ bool SpreadKeys::runCommand(int key, Qt::KeyboardModifiers modifiers)
 bool SpreadKeys::beginTyping(QKeyEvent &event)
 {
     const QString typed = event.text();
-    const bool isCommand = (event.modifiers() & Qt::ControlModifier) && !(event.modifiers() & Qt::AltModifier);
+    // Both together are what a third shift level sends on some systems.
+    const bool isCommand =
+        event.modifiers().testFlag(Qt::ControlModifier) != event.modifiers().testFlag(Qt::AltModifier);
     const bool isText = !typed.isEmpty() && (typed.front().isPrint() || typed.front().isSurrogate());
     if (!isText || isCommand || m_selection.activeRow() == 0) {
         return false;

@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSettings>
 #include <QTest>
 
@@ -232,6 +233,8 @@ TEST_F(VisibleColumns, areListedWithTheirHeadings)
         EXPECT_EQ(list.text(1, 0), u"Display row:"_s);
         EXPECT_EQ(control<QLabel>(dialog, u"lblInf"_s).text(), u"Please check the display rows."_s);
         EXPECT_EQ(list.rowCount(), 13);
+        EXPECT_EQ(list.bottomRow(), 13);
+        EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
         for (int column = 1; column <= 13; ++column) {
             EXPECT_EQ(list.cellType(1, column), CellType::checkBox(grid().text(column, 0)));
             EXPECT_EQ(list.text(1, column), grid().isColumnShown(column) ? u"1"_s : u"0"_s) << column;

@@ -159,6 +159,16 @@ TEST(SpreadGridEdit, keepsTheTypingWhenTheProgramColoursTheCell)
     EXPECT_EQ(grid->text(2, 1), u"new"_s);
 }
 
+TEST(SpreadGridEdit, beginsNoEditWithAnAccessKey)
+{
+    const auto grid = shownGrid();
+    clickCell(*grid, 2, 1);
+    pressKey(*grid, Qt::Key_Z, Qt::AltModifier);
+    EXPECT_EQ(openEditor(*grid), nullptr);
+    pressKey(*grid, Qt::Key_Z, Qt::AltModifier | Qt::ControlModifier);
+    EXPECT_NE(openEditor(*grid), nullptr);
+}
+
 // Drop-down lists
 
 TEST(SpreadGridEdit, showsAPresentTextAboveTheItemsOfTheList)
