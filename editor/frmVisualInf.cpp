@@ -56,6 +56,7 @@ void frmVisualInf::build()
 
 void frmVisualInf::load(const SpreadGrid &shown)
 {
+    ApplyUserFont(*this); // before the list has rows, so that they are as high as the font needs
     setWindowTitle(ResString(170));
     m_lblInf->setText(ResString(172));
     m_cmdOK->setText(ResString(1));
@@ -67,7 +68,6 @@ void frmVisualInf::load(const SpreadGrid &shown)
         m_list->setCellType(1, column, CellType::checkBox(shown.text(column, 0)));
         m_list->setText(1, column, shown.isColumnShown(column) ? u"1"_s : u"0"_s);
     }
-    ApplyUserFont(*this); // the list's size follows from it
     m_list->setWidthInCharacters(1, listColumnWidth);
     m_list->setActiveCell(1, 1);
     m_list->setMinimumSize(listSize());

@@ -234,6 +234,7 @@ TEST_F(VisibleColumns, areListedWithTheirHeadings)
         EXPECT_EQ(control<QLabel>(dialog, u"lblInf"_s).text(), u"Please check the display rows."_s);
         EXPECT_EQ(list.rowCount(), 13);
         EXPECT_EQ(list.bottomRow(), 13);
+        EXPECT_EQ(list.rowHeight(0), grid().rowHeight(0)); // both in the user font
         EXPECT_FALSE(list.horizontalScrollBar()->isVisible());
         for (int column = 1; column <= 13; ++column) {
             EXPECT_EQ(list.cellType(1, column), CellType::checkBox(grid().text(column, 0)));
