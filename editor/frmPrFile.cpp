@@ -21,7 +21,6 @@
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QMenu>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -257,13 +256,7 @@ QSize frmPrFile::sizeHint() const
     constexpr int fewestRows = 10;
     constexpr int mostRows = 50;
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const QHeaderView &numbers = *m_grid->verticalHeader();
-    int width = std::max({numbers.width(), numbers.minimumWidth(), numbers.sizeHint().width()}) + bar;
-    for (int column = 0; column < m_grid->columnCount(); ++column) {
-        width += m_grid->columnWidth(column); // 0 for a hidden one
-    }
-    const int rows = std::clamp(m_grid->rowCount(), fewestRows, mostRows);
-    return {width, m_grid->horizontalHeader()->height() + rows * numbers.defaultSectionSize() + bar};
+    return m_grid->sizeForRows(std::clamp(m_grid->rowCount(), fewestRows, mostRows)) + QSize(bar, bar);
 }
 
 bool frmPrFile::queryUnload()

@@ -6,10 +6,8 @@
 #include "platform/SpreadGrid.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QStyle>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -70,17 +68,8 @@ void frmVisualInf::load(const SpreadGrid &shown)
     }
     m_list->setWidthInCharacters(1, listColumnWidth);
     m_list->setActiveCell(1, 1);
-    m_list->setMinimumSize(listSize());
+    m_list->setMinimumSize(m_list->sizeForRows(m_list->rowCount()));
     PrepareDialog(*this);
-}
-
-QSize frmVisualInf::listSize() const
-{
-    const int frame = 2 * m_list->frameWidth();
-    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    const QHeaderView &rows = *m_list->verticalHeader();
-    const int width = rows.sizeHint().width() + m_list->columnWidth(0) + frame + bar;
-    return {width, m_list->horizontalHeader()->sizeHint().height() + rows.length() + frame + 1};
 }
 
 void frmVisualInf::applyAndClose()

@@ -18,8 +18,6 @@ public:
 private:
     void build();
     void load(const SpreadGrid &shown);
-    /// Room for every line of the list.
-    QSize listSize() const;
     void applyAndClose();
 
     QList<SpreadGrid *> m_grids;

@@ -102,6 +102,9 @@ public:
     void setTopRow(int row) override;
     int bottomRow() const override;
 
+    /// The size at which every shown column and that many rows of usual height are in view.
+    QSize sizeForRows(int rows) const;
+
     /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
     void setRedraw(bool on);
 

@@ -312,3 +312,13 @@ void SpreadGrid::openEditor(QKeyEvent &typed)
     scrollTo(currentIndex());
     edit(currentIndex(), AnyKeyPressed, &typed);
 }
+
+QSize SpreadGrid::sizeForRows(int rows) const
+{
+    const int frame = 2 * frameWidth();
+    int width = frame + std::max(m_rowHeader->minimumWidth(), m_rowHeader->sizeHint().width());
+    for (int column = 0; column < columnCount(); ++column) {
+        width += columnWidth(column); // 0 for a hidden one
+    }
+    return {width, frame + m_columnHeader->minimumHeight() + rows * m_rowHeader->defaultSectionSize()};
+}
