@@ -55,6 +55,7 @@ void EditDialog::showHelp()
 
 void EditDialog::prepare(qint16 captionText)
 {
+    setObjectName(QString::fromLatin1(metaObject()->className()));
     setWindowTitle(ResString(captionText));
     for (const Button &button : std::as_const(m_buttons)) {
         button.widget->setText(ResString(button.captionText));

@@ -105,7 +105,7 @@ std::optional<PrCondition> ConditionScanner::finishValue2()
 
 QString ConditionScanner::takeText()
 {
-    const QString text = trimBlanks(m_text).toString();
+    QString text = trimBlanks(m_text).toString();
     m_text.clear();
     return text;
 }

@@ -70,6 +70,9 @@ void ModalScript::poll()
         return;
     }
     m_seen << window;
+    if (auto *dialog = qobject_cast<QDialog *>(window)) { // it may appear again
+        QObject::connect(dialog, &QDialog::finished, &m_timer, [this, window] { m_seen.removeAll(window); });
+    }
     ++m_asked;
     if (m_answers.isEmpty()) {
         const auto *box = qobject_cast<QMessageBox *>(window);
