@@ -134,5 +134,5 @@ const PrivateProfile::Keys &PrivateProfile::keysOf(const QByteArray &section) co
         }
         addKey(line, keys);
     }
-    return *m_sections.insert(section, std::move(keys));
+    return *m_sections.insert(section, keys);
 }
