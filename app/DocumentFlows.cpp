@@ -3,13 +3,16 @@
 #include "app/Language.h"
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
+#include "document/RecoveryCopy.h"
 #include "editor/EditorFrame.h"
 #include "editor/ParameterCells.h"
+#include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
 #include "platform/BusyPointer.h"
 #include "platform/FileDialog.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -21,6 +24,16 @@ constexpr qint16 untitledId = 7;
 constexpr qint16 openFilterId = 160;
 constexpr qint16 extensionId = 161;
 constexpr int parameterFilter = 2;
+
+/// The name that a recovered document is saved under: a relative one means the file that it meant before the crash.
+QString recoveredTitle(const RecoveryCopy &copy)
+{
+    if (copy.fileName.isEmpty()) {
+        return ResString(untitledId);
+    }
+    const bool sameFile = QFileInfo(copy.fileName).absoluteFilePath() == copy.path;
+    return sameFile ? copy.fileName : QDir::toNativeSeparators(copy.path);
+}
 
 } // namespace
 
@@ -57,8 +70,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
 
 void DocumentFlows::SavePrFile(const QString &fileName)
 {
-    const bool untitled = fileName.isEmpty() || fileName == ResString(untitledId);
-    const QString target = untitled ? ShowFileDialog() : fileName;
+    const QString target = isUntitled(fileName) ? ShowFileDialog() : fileName;
     if (!writeActive(target)) {
         return;
     }
@@ -76,7 +88,11 @@ bool DocumentFlows::writeActive(const QString &fileName)
     const ParameterCells cells(editor->vaspdParam());
     const PrFileSource source{
         .docNo = qint16(editor->docNo()), .grid = cells, .parameterCount = m_frame.shownParameterCount()};
-    return !WritePrFile(fileName, source, m_host);
+    if (WritePrFile(fileName, source, m_host)) {
+        return false;
+    }
+    emit documentSaved(source.docNo);
+    return true;
 }
 
 QString DocumentFlows::ShowFileDialog()
@@ -101,6 +117,24 @@ void DocumentFlows::NewDocumentWindow(int slot)
     frmPrFile &editor = createEditor(slot);
     editor.setWindowTitle(ResString(untitledId));
     showEditor(editor);
+}
+
+int DocumentFlows::openRecovered(const RecoveryCopy &copy)
+{
+    const int slot = FindFreeDocumentSlot();
+    MachineInfos[slot] = copy.info;
+    frmPrFile &editor = createEditor(slot);
+    restoreCells(editor.vaspdParam(), copy);
+    editor.setWindowTitle(recoveredTitle(copy));
+    DocFlags[slot].changed = true;
+    showEditor(editor);
+    emit documentOpened();
+    return slot;
+}
+
+bool DocumentFlows::isUntitled(const QString &title)
+{
+    return title.isEmpty() || title == ResString(untitledId);
 }
 
 int DocumentFlows::FindFreeDocumentSlot()

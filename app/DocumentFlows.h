@@ -10,6 +10,7 @@
 class EditorFrame;
 class FileHost;
 class QMdiArea;
+struct RecoveryCopy;
 class frmPrFile;
 
 /// Opening, saving and closing of documents: slots, file dialogs, reader, writer and editor windows.
@@ -39,6 +40,13 @@ public:
     /// Creates and shows the editor window of an untitled document with one row.
     void NewDocumentWindow(int slot);
 
+    /// Opens a document that a crash had cut short, changed as it was and under its name, without touching its file.
+    /// Returns its slot.
+    int openRecovered(const RecoveryCopy &copy);
+
+    /// Whether a window of that title has no file yet.
+    static bool isUntitled(const QString &title);
+
     /// The lowest free slot, its free mark cleared, or a new one.
     int FindFreeDocumentSlot();
 
@@ -52,6 +60,8 @@ signals:
     void documentOpened();
     /// A file was opened or saved under that name.
     void fileUsed(const QString &fileName);
+    /// Everything that the document holds is in its file.
+    void documentSaved(int slot);
 
 private:
     frmPrFile &createEditor(int slot);

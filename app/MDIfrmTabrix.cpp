@@ -73,6 +73,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     , m_menus(new FrameMenus(this))
     , m_host(*this)
     , m_documents(*m_area, *this, m_host)
+    , m_recovery(m_documents)
     , m_recent(m_menus->recentFiles(), *this)
 {
     setObjectName(u"MDIfrmTabrix"_s);
@@ -122,6 +123,7 @@ void MDIfrmTabrix::load(const QString &commandLine)
     }
     m_recent.BuildRecentMenus();
     setWindowState(Qt::WindowMaximized); // last, so that the frame opens maximised whatever was restored
+    m_recovery.recover();
 }
 
 void MDIfrmTabrix::SetFrameCaptions()

@@ -3,6 +3,7 @@
 #include "app/DocumentFlows.h"
 #include "app/FrameFileHost.h"
 #include "app/RecentMenus.h"
+#include "app/RecoveryKeeper.h"
 #include "editor/EditorFrame.h"
 
 #include <QMainWindow>
@@ -29,6 +30,7 @@ public:
     /// Shows or ends the tool tip of the button that the mouse was last over.
     void ShowTip();
     DocumentFlows &documents() { return m_documents; }
+    RecoveryKeeper &recovery() { return m_recovery; }
 
     // EditorFrame
     frmPrFile *activeEditor() const override;
@@ -70,5 +72,6 @@ private:
     FrameMenus *m_menus;
     FrameFileHost m_host;
     DocumentFlows m_documents;
+    RecoveryKeeper m_recovery;
     RecentMenus m_recent;
 };

@@ -18,6 +18,7 @@
 #include <QTemporaryDir>
 
 #include <array>
+#include <chrono>
 #include <ctime>
 #include <vector>
 
@@ -52,6 +53,7 @@ public:
     ~Desk() { DocFlags[editor().docNo()].changed = false; }
     Q_DISABLE_COPY_MOVE(Desk)
 
+    RecoveryKeeper &recovery() { return m_frame.recovery(); }
     frmPrFile &editor() const { return *m_frame.activeEditor(); }
     SpreadGrid &grid() const { return editor().vaspdParam(); }
     /// The texts of the file again, in all rows.
@@ -183,6 +185,29 @@ static void ChangeTheFont(benchmark::State &state)
         state, desk, [&] { applyGridFont(desk.grid(), usual); }, [&] { applyGridFont(desk.grid(), large); });
 }
 
+// Each time after an edit, so that there is something to write.
+static void KeepARecoveryCopy(benchmark::State &state)
+{
+    Desk desk;
+    desk.recovery().setInterval(std::chrono::hours(1));
+    int edits = 0;
+    const auto edit = [&] {
+        DocFlags[desk.editor().docNo()].changed = true;
+        desk.grid().setText(ParameterColumn::Name, 1, QString::number(++edits));
+    };
+    measure(state, desk, edit, [&] { desk.recovery().refresh(); });
+}
+
+// Where nothing was done since the last copy, which is what happens most often.
+static void FindARecoveryCopyUpToDate(benchmark::State &state)
+{
+    Desk desk;
+    desk.recovery().setInterval(std::chrono::hours(1));
+    DocFlags[desk.editor().docNo()].changed = true;
+    measure(
+        state, desk, [] {}, [&] { desk.recovery().refresh(); });
+}
+
 constexpr int repetitions = 7;
 static void asMedians(benchmark::internal::Benchmark *benchmark)
 {
@@ -199,6 +224,8 @@ BENCHMARK(DeleteTheFirstRow)->Apply(asMedians);
 BENCHMARK(JumpToTheLastRow)->Apply(asMedians);
 BENCHMARK(HideAColumn)->Apply(asMedians);
 BENCHMARK(ChangeTheFont)->Apply(asMedians);
+BENCHMARK(KeepARecoveryCopy)->Apply(asMedians);
+BENCHMARK(FindARecoveryCopyUpToDate)->Apply(asMedians);
 
 int main(int argc, char **argv)
 {
@@ -213,7 +240,7 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     std::vector<Ratio> ratios;
     for (const char *command : {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow",
-             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont"}) {
+             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont", "KeepARecoveryCopy", "FindARecoveryCopyUpToDate"}) {
         ratios.push_back({command, std::string(command) + '/', "MoveOfTexts/", 0, longestWait});
     }
     RatioReporter reporter(ratios);

@@ -1,5 +1,6 @@
 #include "document/FileBackup.h"
 
+#include "document/DataFolder.h"
 #include "runtime/WholeFile.h"
 
 #include <QCryptographicHash>
@@ -7,7 +8,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -87,6 +87,5 @@ QString backupFolder(const QString &fileName)
     const QFileInfo info(fileName);
     const QByteArray hash =
         QCryptographicHash::hash(info.absoluteFilePath().toUtf8(), QCryptographicHash::Sha256).toHex().left(hashLength);
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Tabrix/backups/"_s
-        + info.fileName().left(readableLength) + u'-' + QString::fromLatin1(hash);
+    return dataFolder() + u"/backups/"_s + info.fileName().left(readableLength) + u'-' + QString::fromLatin1(hash);
 }

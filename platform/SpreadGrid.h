@@ -8,6 +8,7 @@
 #include <QFont>
 
 #include <memory>
+#include <optional>
 #include <span>
 
 class QKeyEvent;
@@ -115,6 +116,9 @@ public:
     /// Empties the selected data cells in the same way, without the clipboard.
     void clearSelectedCells() override;
     void commitEdit() override;
+    /// What the user has typed into the active cell's editor so far; nothing when no edit is under way, when it changed
+    /// nothing, or when the cell would not take it.
+    std::optional<QString> textBeingTyped() const;
 
 signals:
     /// The user changed texts. Raised once per act, after it, with the smallest block that holds all changed cells; not

@@ -307,6 +307,12 @@ void SpreadGrid::openEditor(EditStart start)
     }
 }
 
+std::optional<QString> SpreadGrid::textBeingTyped() const
+{
+    const CellEditor *editor = m_delegate->editor();
+    return editor && editor->isModified() && editor->isAcceptable() ? std::optional(editor->text()) : std::nullopt;
+}
+
 void SpreadGrid::openEditor(QKeyEvent &typed)
 {
     scrollTo(currentIndex());

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "document/MachineInfo.h"
+#include "document/PrGrid.h"
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+inline constexpr int recoveredColumns = 13;
+
+/// The cells of a document that is to be kept, and which of them were changed.
+class RecoveryGrid : public PrGrid
+{
+public:
+    virtual bool isCellChanged(int column, int row) const = 0;
+};
+
+/// What a recovery copy is made from.
+struct RecoverySource
+{
+    QString fileName; ///< as the window names it; empty for an untitled document
+    const MachineInfo &info;
+    const RecoveryGrid &grid;
+};
+
+/// One row of a kept document.
+struct RecoveredRow
+{
+    QStringList texts; ///< of columns 1 to 13
+    quint32 changedColumns = 0; ///< bit n stands for column n
+
+    bool operator==(const RecoveredRow &) const = default;
+};
+
+/// A document as it stood when it was last kept. The texts are those of its cells, not those of a file: also what no
+/// file can hold comes back.
+struct RecoveryCopy
+{
+    QString fileName; ///< as the window named it; empty for an untitled document
+    QString path; ///< fileName's absolute path at that time; empty for an untitled document
+    MachineInfo info;
+    QList<RecoveredRow> rows;
+
+    bool operator==(const RecoveryCopy &) const = default;
+};
+
+QByteArray packRecoveryCopy(const RecoverySource &source);
+
+/// Nothing when the bytes are damaged, cut off or of another kind.
+std::optional<RecoveryCopy> unpackRecoveryCopy(const QByteArray &bytes);

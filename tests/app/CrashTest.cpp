@@ -1,0 +1,175 @@
+// Programs that are killed while they are edited in: what the next start brings back.
+
+#include "document/DocumentTables.h"
+#include "document/RecoveryStore.h"
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+#include "tests/support/FrameTest.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QProcess>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int interval = 200; // ms between two looks for changes
+constexpr int patience = 20000; // ms
+
+/// What is typed first until something else is known: the number of an edit and when it was heard of.
+struct Edit
+{
+    int number;
+    qint64 time;
+};
+
+} // namespace
+
+class Crash : public FrameTest
+{
+protected:
+    Crash() { QDir(RecoveryStore::defaultRoot()).removeRecursively(); }
+    ~Crash() override
+    {
+        stop();
+        m_child.kill();
+        m_child.waitForFinished();
+        QDir(RecoveryStore::defaultRoot()).removeRecursively();
+    }
+
+    static QStringList copies()
+    {
+        QStringList paths;
+        for (QDirIterator files(RecoveryStore::defaultRoot(), {u"*.copy"_s}, QDir::Files, QDirIterator::Subdirectories);
+             files.hasNext();) {
+            paths << files.next();
+        }
+        return paths;
+    }
+    void run(const QString &program, const QStringList &arguments)
+    {
+        m_child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_child.start(program, arguments);
+        ASSERT_TRUE(m_child.waitForStarted());
+    }
+    void runChild(const QString &action, const QString &file)
+    {
+        run(QStringLiteral(TABRIX_RECOVERY_CHILD), {QString::number(interval), action, file});
+    }
+    void killChild()
+    {
+        m_child.kill(); // SIGKILL
+        ASSERT_TRUE(m_child.waitForFinished());
+        ASSERT_EQ(m_child.exitStatus(), QProcess::CrashExit);
+    }
+    /// Waits for the child's next line.
+    QString heard()
+    {
+        while (!m_child.canReadLine()) {
+            if (!m_child.waitForReadyRead(patience)) {
+                throw std::runtime_error("the other program says nothing");
+            }
+        }
+        return QString::fromLatin1(m_child.readLine().trimmed());
+    }
+    /// Whether some copy holds that text within some ms.
+    bool copyHolds(const QString &text)
+    {
+        const QByteArray wanted(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+        return QTest::qWaitFor(
+            [&] {
+                const QStringList paths = copies();
+                return std::ranges::any_of(paths, [&](const QString &path) {
+                    QFile file(path);
+                    return file.open(QIODevice::ReadOnly) && file.readAll().contains(wanted);
+                });
+            },
+            patience);
+    }
+
+    QProcess m_child;
+};
+
+TEST_F(Crash, costsNoMoreThanWhatWasDoneSinceTheLastCopy)
+{
+    const QString file = writeFile(u"a.inv"_s, document(300));
+    runChild(u"edit"_s, file);
+    QElapsedTimer clock;
+    clock.start();
+    QList<Edit> edits;
+    const qint64 allowed = 5 * interval; // the machine may have other things to do
+    while (edits.size() < 20 || clock.elapsed() - edits.first().time < 3 * allowed) {
+        const int number = heard().toInt();
+        edits << Edit{number, clock.elapsed()};
+    }
+    killChild();
+    const qint64 killed = clock.elapsed();
+
+    start();
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(editor().windowTitle(), file);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    int due = 0;
+    for (const Edit &edit : edits) {
+        due = edit.time < killed - allowed ? edit.number : due;
+    }
+    ASSERT_GT(due, 0);
+    ASSERT_TRUE(grid().text(2, 1).startsWith(u"edit "_s));
+    EXPECT_GE(grid().text(2, 1).mid(5).toInt(), due);
+    EXPECT_EQ(readFile(file), document(300));
+
+    const QByteArray recovered = grid().text(2, 1).toLatin1();
+    pressKey(grid(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(readFile(file).contains(',' + recovered + ','));
+    EXPECT_TRUE(copies().isEmpty());
+}
+
+TEST_F(Crash, doesNotCostWhatWasBeingTyped)
+{
+    runChild(u"type"_s, {});
+    ASSERT_EQ(heard(), u"typed"_s);
+    ASSERT_TRUE(copyHolds(u"unfinished"_s));
+    killChild();
+    start();
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(editor().windowTitle(), u"No Name"_s);
+    EXPECT_EQ(grid().text(2, 1), u"unfinished"_s);
+}
+
+TEST_F(Crash, isNotTakenForOneWhileTheOtherProgramLives)
+{
+    runChild(u"type"_s, {});
+    ASSERT_EQ(heard(), u"typed"_s);
+    ASSERT_TRUE(copyHolds(u"unfinished"_s));
+    start();
+    EXPECT_EQ(frame().openEditors().size(), 1);
+    EXPECT_EQ(copies().size(), 1);
+    typeInto(2, 1, u"here"_s);
+    frame().recovery().refresh();
+    EXPECT_EQ(copies().size(), 2);
+    stop();
+    EXPECT_EQ(copies().size(), 1);
+    killChild();
+    start();
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(grid().text(2, 1), u"unfinished"_s);
+}
+
+TEST_F(Crash, ofTheProgramThatHadRecoveredLosesNothing)
+{
+    runChild(u"type"_s, {});
+    ASSERT_EQ(heard(), u"typed"_s);
+    ASSERT_TRUE(copyHolds(u"unfinished"_s));
+    killChild();
+    const QString left = copies().value(0);
+    run(QStringLiteral(TABRIX_PROGRAM), {});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !copies().isEmpty() && copies().first() != left; }, patience));
+    killChild();
+    start();
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(grid().text(2, 1), u"unfinished"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+}
