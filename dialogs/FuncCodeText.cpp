@@ -62,8 +62,3 @@ qint16 codeOfGroups(const FunctionGroups &groups, FunctionLabels labels)
     }
     return static_cast<qint16>(code & labelSet(labels).groups);
 }
-
-QString functionCodeText(qint16 code)
-{
-    return QString::number(static_cast<quint16>(code), 16).toUpper().rightJustified(4, u'0');
-}

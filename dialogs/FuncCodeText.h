@@ -30,6 +30,3 @@ FunctionGroups groupsOfCode(qint16 code, FunctionLabels labels);
 
 /// The code of the ticked groups; bits that the set has no group for come out as 0.
 qint16 codeOfGroups(const FunctionGroups &groups, FunctionLabels labels);
-
-/// The code as shown: always four upper-case hexadecimal digits ("0005", "FFFF" for -1).
-QString functionCodeText(qint16 code);

@@ -3,6 +3,7 @@
 #include "app/Common.h"
 #include "app/Language.h"
 #include "dialogs/PromptButton.h"
+#include "document/FieldText.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -27,14 +27,6 @@ qsizetype countDigits(QStringView text)
     return count;
 }
 
-/// The part of text up to where its leading number ends.
-QString leadingDigits(const QString &text)
-{
-    const auto end = std::find_if(text.begin(), text.end(),
-        [](QChar character) { return !isDigit(character) && !u"+-.eE "_s.contains(character); });
-    return QStringView(text.begin(), end).trimmed().toString();
-}
-
 /// Scans a setting-range text.
 class RangeScanner
 {
@@ -142,7 +134,18 @@ QString NormalizeNumText(QStringView text)
     }
     const QString decimal = text.toString().replace(u',', u'.');
     const double value = leadingNumber(decimal);
-    return std::isfinite(value) ? doubleText(value) : leadingDigits(decimal);
+    return std::isfinite(value) ? doubleText(value) : leadingNumberText(decimal).toString();
+}
+
+QString functionCodeText(qint16 code)
+{
+    return QString::number(static_cast<quint16>(code), 16).toUpper().rightJustified(4, u'0');
+}
+
+qint16 storedFunctionCode(QStringView decimal)
+{
+    constexpr double limit = 1e15;
+    return qint16(quint16(qint64(std::clamp(leadingNumber(decimal), -limit, limit))));
 }
 
 QString SingleToText(float value)

@@ -17,6 +17,12 @@ QString NormalizeNumText(QStringView text);
 /// nothing.
 bool isNormalizedNum(QStringView text);
 
+/// A functional list code as shown: always four upper-case hexadecimal digits ("0005", "FFFF" for -1).
+QString functionCodeText(qint16 code);
+
+/// The low sixteen bits of a code as files store it, in decimal; they are what its four digits show.
+qint16 storedFunctionCode(QStringView decimal);
+
 /// A bound as files store it: at most seven significant digits, "." as decimal point.
 QString SingleToText(float value);
 

@@ -24,6 +24,8 @@ public:
 private:
     enum class Expecting { Relation, Value1, Value2 };
 
+    bool isSubject();
+
     void takeRelation(quint8 kind);
     void takeDash();
     std::optional<PrCondition> finishValue1();
@@ -33,6 +35,8 @@ private:
     PrCondition m_condition;
     Expecting m_expecting = Expecting::Relation;
     QString m_text; ///< collected since the last accepted relation or dash, untrimmed
+    bool m_takesRange = false; ///< the subject is a parameter's number
+    qsizetype m_examined = 0; ///< characters that tests for a subject have looked at
 };
 
 std::optional<PrCondition> ConditionScanner::scan(QStringView item)
@@ -58,12 +62,21 @@ std::optional<PrCondition> ConditionScanner::scan(QStringView item)
     return m_expecting == Expecting::Value1 ? finishValue1() : finishValue2();
 }
 
+/// Whether a subject is complete. Every relation in an item asks again, so that a damaged file's item of a million
+/// characters would take hours: from some point on it has no subject.
+bool ConditionScanner::isSubject()
+{
+    constexpr qsizetype mostExamined = 100'000;
+    m_takesRange = m_examined < mostExamined && isNumeric(m_text);
+    m_examined += m_text.size();
+    return m_takesRange || m_text == operationMode || m_text == pluginOption;
+}
+
 /// The kind follows every relation character, also one that is dropped otherwise.
 void ConditionScanner::takeRelation(quint8 kind)
 {
     m_condition.kind = kind;
-    if (m_expecting == Expecting::Relation
-        && (m_text == operationMode || m_text == pluginOption || isNumeric(m_text))) {
+    if (m_expecting == Expecting::Relation && isSubject()) {
         m_condition.subject = takeText();
         m_expecting = Expecting::Value1;
     }
@@ -72,7 +85,7 @@ void ConditionScanner::takeRelation(quint8 kind)
 /// Only a parameter's condition has a range; in an option's value the dash is dropped.
 void ConditionScanner::takeDash()
 {
-    if (isNumeric(m_condition.subject)) {
+    if (m_takesRange) {
         m_condition.kind |= PrCondition::HasRange;
         m_condition.value1 = takeText();
         m_expecting = Expecting::Value2;

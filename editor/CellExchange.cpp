@@ -1,10 +1,10 @@
 #include "editor/CellExchange.h"
 
 #include "app/Language.h"
-#include "dialogs/FuncCodeText.h"
 #include "dialogs/frmFunc.h"
 #include "dialogs/frmPrCond.h"
 #include "document/DocumentTables.h"
+#include "document/FieldText.h"
 #include "editor/ParameterGrid.h"
 #include "platform/MessageBox.h"
 #include "platform/SpreadGrid.h"

@@ -2,13 +2,12 @@
 
 #include "app/Language.h"
 #include "app/Settings.h"
-#include "dialogs/FuncCodeText.h"
 #include "document/DocumentTables.h"
 #include "document/FieldText.h"
 #include "document/PrCondText.h"
+#include "document/RecordTexts.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
-#include "runtime/NumberText.h"
 
 #include <algorithm>
 #include <array>
@@ -63,33 +62,14 @@ void layOutColumn(SpreadGrid &grid, const ColumnLayout &layout)
     }
 }
 
-/// The grid's text for a minimum step: a file says "-1" where there is none.
-QStringView minimumText(const QString &stored)
-{
-    return stored == "-1"_L1 ? QStringView(u"No") : QStringView(stored);
-}
-
-/// The low sixteen bits of a stored code, which are what its four digits show.
-qint16 storedFunctionCode(QStringView decimal)
-{
-    constexpr double limit = 1e15;
-    return qint16(quint16(qint64(std::clamp(leadingNumber(decimal), -limit, limit))));
-}
-
 void fillRow(SpreadGrid &grid, int index)
 {
-    const PrRecord &record = PrRecords[index];
-    const QString ranges = FormatSettingRange(index);
-    const QString conditions = FormatPrCondText(index);
-    const QString code = functionCodeText(storedFunctionCode(record.functionCode));
-    const QString count = QString::number(record.conditionCount);
-    const std::array<QStringView, ParameterColumn::Count> texts{record.number, record.name, ranges, record.rangeCheck,
-        minimumText(record.min1), minimumText(record.min2), minimumText(record.min3), record.unit,
-        record.factorySetting, record.helpId, code, count, conditions};
+    const RecordTexts texts(PrRecords.at(index), FormatSettingRange(index), FormatPrCondText(index));
+    const auto &cells = texts.cells();
     const int row = index + 1;
-    grid.setRowTexts(row, texts);
+    grid.setRowTexts(row, cells);
     const auto hasLineBreak = [](QStringView text) { return text.contains(u'\n') || text.contains(u'\r'); };
-    if (std::any_of(texts.begin(), texts.end(), hasLineBreak)) {
+    if (std::any_of(cells.begin(), cells.end(), hasLineBreak)) {
         grid.fitRowHeight(row);
     }
 }

@@ -6,6 +6,7 @@
 
 #include <QVarLengthArray>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -130,6 +131,18 @@ double leadingNumber(QStringView text)
 double leadingNumber(QByteArrayView ascii)
 {
     return leadingNumberOf(ascii.data(), ascii.data() + ascii.size());
+}
+
+QStringView leadingNumberText(QStringView text)
+{
+    const char16_t *const end = text.utf16() + text.size();
+    const char16_t *first = std::find_if_not(text.utf16(), end, isNumberBlank);
+    const char16_t *const digits = first + (first != end && (*first == u'-' || *first == u'+') ? 1 : 0);
+    const char16_t *const point = skipDigits(digits, end);
+    const bool hasPoint = point != end && *point == u'.';
+    const char16_t *const mantissaEnd = hasPoint ? skipDigits(point + 1, end) : point;
+    const bool isNumber = mantissaEnd - digits > (hasPoint ? 1 : 0);
+    return isNumber ? QStringView(first, skipExponent(mantissaEnd, end)) : QStringView();
 }
 
 Converted<qint16> toInt16(double value)

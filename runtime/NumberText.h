@@ -25,6 +25,9 @@ bool isNumeric(QStringView text);
 double leadingNumber(QStringView text);
 double leadingNumber(QByteArrayView ascii);
 
+/// The part of text that leadingNumber() takes; empty when text does not begin with a number.
+QStringView leadingNumberText(QStringView text);
+
 /// Rounds halves to even. Overflow outside -32768 to 32767.
 Converted<qint16> toInt16(double value);
 

@@ -10,7 +10,7 @@ packages=(
     libqt6svg6 libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-ipafont-gothic
     # test, measure and check
     git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick
-    clang-format clang-tidy python3
+    clang clang-format clang-tidy libclang-rt-14-dev python3
 )
 
 missing=()

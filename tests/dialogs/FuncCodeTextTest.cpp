@@ -1,5 +1,6 @@
 #include "dialogs/FuncCodeText.h"
 
+#include "document/FieldText.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

@@ -41,7 +41,8 @@ INSTANTIATE_TEST_SUITE_P(Texts, NormalizedNumber,
         TextCase{u"123456789012345"_s, u"123456789012345"_s},
         TextCase{u"1234567890123456"_s, u"1.23456789012346E+15"_s},
         TextCase{u"0.1234567890123456"_s, u"0.123456789012346"_s}, TextCase{u"1e400"_s, u"1e400"_s},
-        TextCase{u"-1,5e400x"_s, u"-1.5e400"_s}));
+        TextCase{u"-1,5e400x"_s, u"-1.5e400"_s}, TextCase{u"\r1e400"_s, u"1e400"_s}, TextCase{u"1e400-7"_s, u"1e400"_s},
+        TextCase{u"1.2e400.5"_s, u"1.2e400"_s}));
 
 TEST(NumberTexts, keepThePointWhereTheSystemHasAComma)
 {

@@ -21,8 +21,10 @@ public:
 
 private:
     bool chance(int percent) { return number(99) < percent; }
-    QString text(int longest);
+    QString text(int usualLength);
     QString numberText();
+    QString factorySetting();
+    QString numeric();
     QString increment(bool optional);
     float bound();
     SettingRange range();

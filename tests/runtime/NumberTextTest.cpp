@@ -81,6 +81,17 @@ TEST(NumericTextInJapan, takesTheYenSignAndNotTheDollar)
     setCountryCode(0);
 }
 
+TEST(LeadingNumberText, isWhatIsTakenForTheNumber)
+{
+    const std::pair<QString, QString> cases[] = {{u" \t-1.5e3x"_s, u"-1.5e3"_s}, {u"1e+"_s, u"1"_s}, {u"5."_s, u"5."_s},
+        {u".5.5"_s, u".5"_s}, {u"+7 8"_s, u"+7"_s}, {u"."_s, QString()}, {u"-"_s, QString()}, {u"- 5"_s, QString()},
+        {u"e5"_s, QString()}, {QString(), QString()}};
+    for (const auto &[text, number] : cases) {
+        EXPECT_EQ(leadingNumberText(text).toString(), number) << text.toStdString();
+        EXPECT_EQ(leadingNumber(text), leadingNumber(number)) << text.toStdString();
+    }
+}
+
 struct Int16Case
 {
     QString text;
