@@ -68,6 +68,12 @@ void FrameStatusBar::showPrNumber(const QString &number)
     m_txtPr->setText(number);
 }
 
+void FrameStatusBar::enterJumpBox()
+{
+    m_txtPr->setFocus(Qt::ShortcutFocusReason);
+    SelectAllText(*m_txtPr); // also when the focus was there already
+}
+
 void FrameStatusBar::resizeEvent(QResizeEvent *event)
 {
     QStatusBar::resizeEvent(event);

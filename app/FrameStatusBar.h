@@ -17,6 +17,8 @@ public:
     void showParameterCount(int count);
     QString shownParameterCount() const;
     void showPrNumber(const QString &number);
+    /// Gives the jump box the focus, its text selected.
+    void enterJumpBox();
 
 signals:
     /// Enter was pressed in the jump box.

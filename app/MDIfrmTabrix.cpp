@@ -9,6 +9,7 @@
 #include "app/Settings.h"
 #include "app/WindowArrangement.h"
 #include "app/frmVersion.h"
+#include "editor/GridFinder.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"
@@ -26,6 +27,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 
@@ -88,6 +90,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     showMenus(m_menus->all());
     connectMenus();
     connectToolBar();
+    connectKeys();
     m_toolBar->enableDocumentButtons(false);
     connect(m_statusBar, &FrameStatusBar::jumpRequested, this, &MDIfrmTabrix::jumpToParameter);
     connect(m_area, &QMdiArea::subWindowActivated, this, &MDIfrmTabrix::windowActivated);
@@ -161,6 +164,22 @@ void MDIfrmTabrix::connectToolBar()
     connect(m_toolBar, &FrameToolBar::saveClicked, this, &MDIfrmTabrix::saveByButton);
     connect(m_toolBar, &FrameToolBar::printClicked, this, &MDIfrmTabrix::printByButton);
     connect(m_toolBar, &FrameToolBar::editClicked, this, &MDIfrmTabrix::runEditCommand);
+}
+
+// Keys without a menu entry; they work wherever the focus is.
+void MDIfrmTabrix::connectKeys()
+{
+    const auto find = [this](const QKeySequence &key, void (GridFinder::*command)()) {
+        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, command] {
+            if (const frmPrFile *editor = activeEditor()) {
+                (editor->finder().*command)();
+            }
+        });
+    };
+    find(Qt::CTRL | Qt::Key_F, &GridFinder::open);
+    find(Qt::Key_F3, &GridFinder::findNext);
+    find(Qt::SHIFT | Qt::Key_F3, &GridFinder::findPrevious);
+    connect(new QShortcut(Qt::CTRL | Qt::Key_G, this), &QShortcut::activated, this, &MDIfrmTabrix::enterJumpBox);
 }
 
 void MDIfrmTabrix::connectEditor(frmPrFile *editor)
@@ -319,6 +338,17 @@ void MDIfrmTabrix::jumpToParameter(const QString &text)
         grid.setTopRow(row);
     }
     grid.setFocus();
+}
+
+void MDIfrmTabrix::enterJumpBox()
+{
+    if (!isBarShown(1)) {
+        showBar(1, true);
+        if (frmPrFile *editor = activeEditor()) {
+            editor->showBarMark(1, true);
+        }
+    }
+    m_statusBar->enterJumpBox();
 }
 
 void MDIfrmTabrix::arrangeWindows(int arrangement)

@@ -53,6 +53,7 @@ protected:
 private:
     void connectMenus();
     void connectToolBar();
+    void connectKeys();
     void connectEditor(frmPrFile *editor);
     void windowActivated(QMdiSubWindow *window);
     void editorUnloaded();
@@ -62,6 +63,7 @@ private:
     void saveByButton();
     void printByButton();
     void jumpToParameter(const QString &number);
+    void enterJumpBox();
     void arrangeWindows(int arrangement);
     void showAbout();
     QWidget &bar(int bar) const;

@@ -6,6 +6,7 @@
 #include "bench/DocumentGenerator.h"
 #include "bench/RatioReporter.h"
 #include "document/DocumentTables.h"
+#include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -208,6 +210,29 @@ static void FindARecoveryCopyUpToDate(benchmark::State &state)
         state, desk, [] {}, [&] { desk.recovery().refresh(); });
 }
 
+/// Types a text into the open field; the measured key is its last.
+static void findLast(benchmark::State &state, const QString &text)
+{
+    const Desk desk;
+    desk.editor().finder().open();
+    auto *field = desk.editor().findChild<QLineEdit *>(u"txtFind"_s);
+    const auto prepare = [&] {
+        desk.grid().setActiveCell(1, 1);
+        field->setText(text.chopped(1));
+    };
+    measure(state, desk, prepare, [&] { field->setText(text); });
+}
+
+static void FindWhatNoCellHolds(benchmark::State &state)
+{
+    findLast(state, u"a\u3042\u3044"_s);
+}
+
+static void FindWhatEveryRowNearlyHolds(benchmark::State &state)
+{
+    findLast(state, u"Parameter x\u3042"_s);
+}
+
 constexpr int repetitions = 7;
 static void asMedians(benchmark::internal::Benchmark *benchmark)
 {
@@ -226,6 +251,8 @@ BENCHMARK(HideAColumn)->Apply(asMedians);
 BENCHMARK(ChangeTheFont)->Apply(asMedians);
 BENCHMARK(KeepARecoveryCopy)->Apply(asMedians);
 BENCHMARK(FindARecoveryCopyUpToDate)->Apply(asMedians);
+BENCHMARK(FindWhatNoCellHolds)->Apply(asMedians);
+BENCHMARK(FindWhatEveryRowNearlyHolds)->Apply(asMedians);
 
 int main(int argc, char **argv)
 {
@@ -240,7 +267,8 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     std::vector<Ratio> ratios;
     for (const char *command : {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow",
-             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont", "KeepARecoveryCopy", "FindARecoveryCopyUpToDate"}) {
+             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont", "KeepARecoveryCopy", "FindARecoveryCopyUpToDate",
+             "FindWhatNoCellHolds", "FindWhatEveryRowNearlyHolds"}) {
         ratios.push_back({command, std::string(command) + '/', "MoveOfTexts/", 0, longestWait});
     }
     RatioReporter reporter(ratios);

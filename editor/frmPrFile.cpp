@@ -10,6 +10,7 @@
 #include "editor/EditorFrame.h"
 #include "editor/EditorMenus.h"
 #include "editor/GridCommands.h"
+#include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
@@ -44,6 +45,7 @@ frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     , m_grid(new SpreadGrid(this))
     , m_menus(new EditorMenus(this))
     , m_commands(new GridCommands(*m_grid, docNo, frame, this))
+    , m_finder(new GridFinder(*m_grid, this))
 {
     setObjectName(u"frmPrFile"_s);
     m_grid->setObjectName(u"vaspdParam"_s);

@@ -6,6 +6,7 @@
 class EditorFrame;
 class EditorMenus;
 class GridCommands;
+class GridFinder;
 class QAction;
 class QMenu;
 class SpreadGrid;
@@ -26,6 +27,7 @@ public:
     QString tag() const { return QString::number(m_docNo); }
     SpreadGrid &vaspdParam() const { return *m_grid; }
     QList<QMenu *> menus() const;
+    GridFinder &finder() const { return *m_finder; }
 
     /// Copies the rows just read into the grid.
     void SetPrInfSpread();
@@ -83,4 +85,5 @@ private:
     SpreadGrid *m_grid;
     EditorMenus *m_menus;
     GridCommands *m_commands;
+    GridFinder *m_finder;
 };

@@ -34,3 +34,10 @@ QColor readableOn(const QColor &background, const QColor &colour)
     }
     return shade;
 }
+
+QColor tinted(const QColor &background, const QColor &tint)
+{
+    const auto mixed = [](int part, int of) { return (3 * part + 2 * of) / 5; };
+    return {mixed(background.red(), tint.red()), mixed(background.green(), tint.green()),
+        mixed(background.blue(), tint.blue())};
+}

@@ -26,12 +26,14 @@ const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
     return model.cellType(index.column() + 1, index.row() + 1);
 }
 
-QColor textColour(const QPalette &palette, const QColor &own, bool selected)
+QColor textColour(const QPalette &palette, const QColor &own, const QColor &ground, bool selected)
 {
     if (selected) {
         return palette.color(QPalette::HighlightedText);
     }
-    return own.isValid() ? readableOn(palette.color(QPalette::Base), own) : palette.color(QPalette::Text);
+    const bool plain = !own.isValid() && ground == palette.color(QPalette::Base);
+    return plain ? palette.color(QPalette::Text)
+                 : readableOn(ground, own.isValid() ? own : palette.color(QPalette::Text));
 }
 
 bool hasLineBreak(QStringView text)
@@ -42,7 +44,7 @@ bool hasLineBreak(QStringView text)
 } // namespace
 
 SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
-    : QStyledItemDelegate(&view), m_view(view), m_model(model)
+    : QStyledItemDelegate(&view), m_view(view), m_model(model), m_search(view, model)
 {
 }
 
@@ -55,8 +57,9 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const int row = index.row() + 1;
     const bool active = index == m_view.currentIndex();
     const bool selected = !active && option.state & QStyle::State_Selected;
-    painter->fillRect(option.rect, option.palette.color(selected ? QPalette::Highlight : QPalette::Base));
-    painter->setPen(textColour(option.palette, m_model.foreColour(column, row), selected));
+    const QColor ground = groundOf(option.palette, column, row, selected);
+    painter->fillRect(option.rect, ground);
+    painter->setPen(textColour(option.palette, m_model.foreColour(column, row), ground, selected));
     const CellType::Kind kind = m_model.cellType(column, row).kind;
     if (kind == CellType::Kind::CheckBox) {
         paintCheckBox(painter, option, index);
@@ -66,6 +69,15 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     if (active && kind == CellType::Kind::ComboBox) {
         paintArrow(painter, option, index);
     }
+}
+
+QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool selected) const
+{
+    if (selected) {
+        return palette.color(QPalette::Highlight);
+    }
+    const QColor usual = palette.color(QPalette::Base);
+    return m_foundMarked && m_search.isFound(column, row) ? tinted(usual, Qt::yellow) : usual;
 }
 
 void SpreadDelegate::paintText(

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/CellSearch.h"
+
 #include <QPixmap>
 #include <QPointer>
 #include <QStyledItemDelegate>
@@ -28,6 +30,10 @@ public:
     CellEditor *editor() const;
     /// Ends the edit and takes what was typed, if the cell takes it.
     void finishEdit();
+
+    CellSearch &search() { return m_search; }
+    /// Whether cells that hold the searched text are painted on a ground of another colour.
+    void setFoundMarked(bool marked) { m_foundMarked = marked; }
 
     /// Where a cell's check box stands, with its caption; empty for other cells.
     QRect checkBoxRect(const QModelIndex &index, const QRect &cell) const;
@@ -58,6 +64,7 @@ private:
         bool operator==(const BoxLook &) const = default;
     };
 
+    QColor groundOf(const QPalette &palette, int column, int row, bool selected) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
     const QPixmap &boxPicture(bool ticked) const;
@@ -68,6 +75,8 @@ private:
 
     QTableView &m_view;
     const SpreadModel &m_model;
+    CellSearch m_search;
+    bool m_foundMarked = false;
     mutable QPointer<QWidget> m_editor;
     mutable BoxLook m_boxLook;
     mutable std::array<QPixmap, 2> m_boxes; ///< unticked, ticked

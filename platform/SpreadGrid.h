@@ -103,6 +103,15 @@ public:
     void setTopRow(int row) override;
     int bottomRow() const override;
 
+    // Search
+    /// What goToFound() looks for, without regard to case, in the texts of the shown columns. Empty: nothing.
+    void setSearchedText(const QString &text);
+    /// Whether cells that hold the searched text stand on a ground of another colour.
+    void setFoundMarked(bool marked);
+    /// Makes the next cell that holds the searched text the active one (step 1), or the one before (-1), around the end
+    /// of the grid; step 0: the active cell itself counts first. False when there is none.
+    bool goToFound(int step);
+
     /// The size at which every shown column and that many rows of usual height are in view.
     QSize sizeForRows(int rows) const;
 

@@ -184,6 +184,31 @@ void SpreadGrid::scrollContentsBy(int dx, int dy)
     }
 }
 
+// Search
+
+void SpreadGrid::setSearchedText(const QString &text)
+{
+    m_delegate->search().setText(text);
+    viewport()->update();
+}
+
+void SpreadGrid::setFoundMarked(bool marked)
+{
+    m_delegate->setFoundMarked(marked);
+    viewport()->update();
+}
+
+bool SpreadGrid::goToFound(int step)
+{
+    const int column = step == 0 ? std::max(activeColumn(), 1) - 1 : activeColumn();
+    const QPoint here(column, std::max(activeRow(), 1));
+    const auto found = m_delegate->search().next(here, step == 0 ? 1 : step);
+    if (found) {
+        setActiveCell(found->x(), found->y());
+    }
+    return found.has_value();
+}
+
 // Painting
 
 void SpreadGrid::markHeaders()

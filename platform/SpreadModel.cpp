@@ -81,6 +81,11 @@ QStringView SpreadModel::text(int column, int row) const
     return isCell(column, row) ? m_rows[size_t(row - 1)].text(column - 1) : QStringView();
 }
 
+QStringView SpreadModel::rowTexts(int row) const
+{
+    return isRow(row) ? m_rows[size_t(row - 1)].allTexts() : QStringView();
+}
+
 // Every change of a text in an existing row goes through here.
 void SpreadModel::exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin)
 {

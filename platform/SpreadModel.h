@@ -36,6 +36,8 @@ public:
 
     /// Without a copy; empty outside the data cells.
     QStringView text(int column, int row) const;
+    /// All texts of a row, one after another, without a copy.
+    QStringView rowTexts(int row) const;
     QString headerText(int column) const; ///< column 0: above the row numbers
     void setHeaderText(int column, const QString &text);
     void setText(int column, int row, const QString &text, Origin origin = Origin::Program);
