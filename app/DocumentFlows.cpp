@@ -10,6 +10,7 @@
 #include "editor/frmPrFile.h"
 #include "platform/BusyPointer.h"
 #include "platform/FileDialog.h"
+#include "platform/InputHold.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -44,6 +45,9 @@ DocumentFlows::DocumentFlows(QMdiArea &area, EditorFrame &frame, FileHost &host)
 
 bool DocumentFlows::OpenPrFile()
 {
+    if (InputHold::postpone(*this, [this] { OpenPrFile(); })) {
+        return false;
+    }
     const QString fileName = askForFileToOpen(m_area.window(),
         {.defaultExtension = ResString(extensionId),
             .filter = ResString(openFilterId),
@@ -54,7 +58,11 @@ bool DocumentFlows::OpenPrFile()
 
 bool DocumentFlows::OpenPrFile(const QString &fileName)
 {
+    if (InputHold::postpone(*this, [this, fileName] { OpenPrFile(fileName); })) {
+        return false;
+    }
     const BusyPointer busy;
+    const InputHold hold;
     const int slot = FindFreeDocumentSlot();
     if (ReadPrFile(fileName, qint16(slot), m_host)) {
         return false;
@@ -70,21 +78,26 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
 
 void DocumentFlows::SavePrFile(const QString &fileName)
 {
-    const QString target = isUntitled(fileName) ? ShowFileDialog() : fileName;
-    if (!writeActive(target)) {
+    if (postponedForActive([this, fileName] { SavePrFile(fileName); })) {
         return;
     }
-    m_frame.activeEditor()->setWindowTitle(target);
+    const QString target = isUntitled(fileName) ? ShowFileDialog() : fileName;
+    const QPointer<frmPrFile> editor = m_frame.activeEditor();
+    if (!writeActive(target) || !editor) {
+        return;
+    }
+    editor->setWindowTitle(target);
     emit fileUsed(target);
 }
 
 bool DocumentFlows::writeActive(const QString &fileName)
 {
     frmPrFile *editor = m_frame.activeEditor();
-    if (!editor) {
+    if (!editor || postponedForActive([this, fileName] { writeActive(fileName); })) {
         return false;
     }
     editor->vaspdParam().commitEdit();
+    const InputHold hold;
     const ParameterCells cells(editor->vaspdParam());
     const PrFileSource source{
         .docNo = qint16(editor->docNo()), .grid = cells, .parameterCount = m_frame.shownParameterCount()};
@@ -93,6 +106,19 @@ bool DocumentFlows::writeActive(const QString &fileName)
     }
     emit documentSaved(source.docNo);
     return true;
+}
+
+/// Lets a save wait until a file that is being read or written is done with; it is still meant for the window that is
+/// active now.
+bool DocumentFlows::postponedForActive(std::function<void()> save)
+{
+    frmPrFile *editor = m_frame.activeEditor();
+    return editor && InputHold::postpone(*editor, [this, editor, save = std::move(save)] {
+        if (openEditors().contains(editor)) { // else it was closed meanwhile
+            m_frame.makeActive(*editor);
+            save();
+        }
+    });
 }
 
 QString DocumentFlows::ShowFileDialog()

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QString>
 
+#include <functional>
+
 class EditorFrame;
 class FileHost;
 class QMdiArea;
@@ -15,6 +17,9 @@ class frmPrFile;
 
 /// Opening, saving and closing of documents: slots, file dialogs, reader, writer and editor windows.
 /// Slots count from 1; slot n's window, machine information and flags share the number.
+///
+/// While a file is read or written, events run between its rows, but nothing begins: what the user does then follows
+/// afterwards, a second open or save included.
 class DocumentFlows : public QObject
 {
     Q_OBJECT
@@ -64,6 +69,7 @@ signals:
     void documentSaved(int slot);
 
 private:
+    bool postponedForActive(std::function<void()> save);
     frmPrFile &createEditor(int slot);
     void showEditor(frmPrFile &editor);
 

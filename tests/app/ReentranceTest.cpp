@@ -1,0 +1,375 @@
+// While a file is read or written, events run between its rows. Whatever the user does in that time begins nothing
+// inside, and nothing of it is lost.
+
+#include "document/DocumentTables.h"
+#include "editor/frmPrFile.h"
+#include "platform/InputHold.h"
+#include "platform/RibbonButton.h"
+#include "platform/SpreadGrid.h"
+#include "tests/support/FrameTest.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QTest>
+#include <QTimer>
+#include <QUrl>
+#include <QWheelEvent>
+#include <QWindow>
+
+#include <algorithm>
+#include <functional>
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs an action in every event pass of an operation, as a timer would.
+class DuringPasses
+{
+public:
+    /// pass counts from 0.
+    explicit DuringPasses(std::function<void(int pass)> action)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, action = std::move(action)] {
+            if (InputHold::isHeld()) {
+                action(m_passes++);
+            }
+        });
+        m_timer.start(0);
+    }
+
+    int passes() const { return m_passes; }
+    void stop() { m_timer.stop(); }
+
+private:
+    QTimer m_timer;
+    int m_passes = 0;
+};
+
+class Reentrance : public FrameTest
+{
+protected:
+    static constexpr int rows = 300;
+
+    void SetUp() override
+    {
+        start();
+        first = writeFile(u"first.inv"_s, document(rows));
+        second = writeFile(u"second.inv"_s, document(rows + 1));
+        third = writeFile(u"third.inv"_s, document(rows + 2));
+        ASSERT_TRUE(open(first));
+        grid().setActiveCell(2, 1);
+        grid().setFocus();
+    }
+
+    bool open(const QString &fileName) { return frame().documents().OpenPrFile(fileName); }
+    bool save() { return frame().documents().writeActive(editor().windowTitle()); }
+    QStringList titles()
+    {
+        QStringList titles;
+        for (const frmPrFile *editor : frame().openEditors()) {
+            titles << editor->windowTitle();
+        }
+        return titles;
+    }
+    /// Runs an operation with an action in its first event pass, then all that waits.
+    void with(const std::function<void()> &action, const std::function<bool()> &operation)
+    {
+        const QStringList windows = titles();
+        DuringPasses during([&](int pass) {
+            if (pass == 0) {
+                action();
+            }
+            EXPECT_EQ(titles(), windows) << "pass " << pass;
+            EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+            EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        });
+        EXPECT_TRUE(operation());
+        during.stop();
+        EXPECT_GT(during.passes(), rows / 2);
+        settle();
+    }
+    static void settle()
+    {
+        for (int i = 0; i < 20; ++i) {
+            QCoreApplication::processEvents();
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        }
+    }
+    void expectWhole();
+
+    QString first;
+    QString second;
+    QString third;
+};
+
+/// Every window shows a whole document, and the frame is its usual self.
+void Reentrance::expectWhole()
+{
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    EXPECT_FALSE(InputHold::isHeld());
+    for (const frmPrFile *editor : frame().openEditors()) {
+        const SpreadGrid &cells = editor->vaspdParam();
+        EXPECT_FALSE(editor->windowTitle().isEmpty());
+        EXPECT_TRUE(editor->isVisible()) << editor->windowTitle().toStdString();
+        EXPECT_EQ(cells.rowCount(), MachineInfos[editor->docNo()].Paramater);
+        const bool edited = DocFlags[editor->docNo()].changed;
+        EXPECT_FALSE(!edited && cells.rowCount() > 1 && cells.text(10, cells.rowCount()).isEmpty());
+    }
+}
+
+} // namespace
+
+TEST_F(Reentrance, textTypedDuringASaveIsInTheCellAfterwardsAndUnsaved)
+{
+    const QByteArray bytes = document(rows);
+    const auto typing = [this] {
+        QTest::keyClicks(&grid(), u"xy"_s);
+        QTest::keyClick(&grid(), Qt::Key_Return);
+        EXPECT_EQ(grid().text(2, 1), u"Parameter 1"_s);
+        EXPECT_FALSE(grid().findChild<QWidget *>(u"cellEditor"_s));
+    };
+    with(typing, [this] { return save(); });
+    EXPECT_EQ(grid().text(2, 1), u"xy"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    EXPECT_EQ(readFile(first), bytes);
+}
+
+// As the system delivers them, by the queue that is left alone between two rows.
+TEST_F(Reentrance, keysOfTheSystemsQueueReachTheNewWindowAfterARead)
+{
+    const auto typing = [this] {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            qt_handleKeyEvent(frame().windowHandle(), type, Qt::Key_Down, Qt::NoModifier);
+        }
+    };
+    with(typing, [this] { return open(second); });
+    EXPECT_EQ(grid().activeRow(), 2);
+    EXPECT_EQ(titles().last(), second);
+}
+
+TEST_F(Reentrance, keysThatAProgramPostsReachTheirCellAfterwards)
+{
+    const auto typing = [this] {
+        QCoreApplication::postEvent(&grid(), new QKeyEvent(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier));
+    };
+    int rowDuring = 0;
+    DuringPasses last([&](int) { rowDuring = grid().activeRow(); });
+    with(typing, [this] { return save(); });
+    EXPECT_EQ(rowDuring, 1);
+    EXPECT_EQ(grid().activeRow(), 2);
+}
+
+TEST_F(Reentrance, shortcutsRunAfterwards)
+{
+    ModalScript script;
+    script.thenFile(third);
+    with([this] { QTest::keyClick(&grid(), Qt::Key_O, Qt::ControlModifier); }, [this] { return open(second); });
+    EXPECT_EQ(titles().mid(1), QStringList({first, second, third}));
+    expectWhole();
+}
+
+TEST_F(Reentrance, aToolButtonClickedDuringASaveActsAfterwards)
+{
+    const QByteArray bytes = document(rows);
+    with([this] { clickTool(u"ssrbnEdit(4)"_s); }, [this] { return save(); });
+    EXPECT_EQ(grid().rowCount(), rows + 1);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    EXPECT_EQ(readFile(first), bytes);
+}
+
+TEST_F(Reentrance, theWheelScrollsAfterwards)
+{
+    const auto turning = [this] {
+        QWidget &view = *grid().viewport();
+        QWheelEvent event(QPointF(50, 50), view.mapToGlobal(QPointF(50, 50)), {}, QPoint(0, -1200), Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&view, &event);
+        EXPECT_EQ(grid().topRow(), 1);
+    };
+    with(turning, [this] { return save(); });
+    EXPECT_GT(grid().topRow(), 1);
+}
+
+TEST_F(Reentrance, aWindowIsClosedAfterItsSave)
+{
+    DocFlags[docNo()].changed = true;
+    with([this] { EXPECT_FALSE(editor().parentWidget()->close()); }, [this] { return save(); });
+    EXPECT_EQ(titles(), QStringList(u"No Name"_s)); // and nothing was asked: it was saved by then
+}
+
+TEST_F(Reentrance, theProgramEndsAfterTheRead)
+{
+    with([this] { EXPECT_FALSE(frame().close()); }, [this] { return open(second); });
+    EXPECT_FALSE(frame().isVisible());
+    EXPECT_TRUE(titles().isEmpty());
+}
+
+TEST_F(Reentrance, aClosedFrameAsksAfterwardsAndStaysOnCancel)
+{
+    DocFlags[docNo()].changed = true;
+    ModalScript script;
+    script.then([this](QWidget &box) {
+        EXPECT_EQ(dynamic_cast<QMessageBox &>(box).text(), first + u" is update.\nSave?"_s);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    with([this] { EXPECT_FALSE(frame().close()); }, [this] { return open(second); });
+    EXPECT_TRUE(frame().isVisible());
+    EXPECT_EQ(script.asked(), 1);
+}
+
+TEST_F(Reentrance, aSecondOpenFollowsTheFirst)
+{
+    with([this] { EXPECT_FALSE(open(third)); }, [this] { return open(second); });
+    EXPECT_EQ(titles().mid(1), QStringList({first, second, third}));
+    EXPECT_EQ(grid().rowCount(), rows + 2);
+    expectWhole();
+}
+
+TEST_F(Reentrance, aSaveDuringAReadStillMeansTheWindowThatWasActive)
+{
+    typeInto(2, 2, u"Renamed"_s);
+    const auto saving = [this] {
+        EXPECT_FALSE(frame().documents().writeActive(first));
+        frame().documents().SavePrFile(path(u"copy.inv"_s));
+        EXPECT_EQ(readFile(first), document(rows));
+    };
+    with(saving, [this] { return open(second); });
+    const QByteArray renamed = document(rows).replace("Parameter 2,", "Renamed,");
+    EXPECT_EQ(readFile(first), renamed);
+    EXPECT_EQ(readFile(path(u"copy.inv"_s)), renamed);
+    EXPECT_EQ(readFile(second), document(rows + 1));
+    EXPECT_EQ(titles().mid(1), QStringList({path(u"copy.inv"_s), second}));
+}
+
+TEST_F(Reentrance, aFileDroppedDuringAReadIsRefused)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(third)});
+    bool accepted = true;
+    const auto dropping = [&] {
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&frame(), &drop);
+        accepted = drop.isAccepted();
+    };
+    with(dropping, [this] { return open(second); });
+    EXPECT_FALSE(accepted);
+    EXPECT_EQ(titles().size(), 3);
+}
+
+TEST_F(Reentrance, theMessageOfAFailedReadCanBeAnswered)
+{
+    ModalScript script;
+    script.then([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(open(path(u"missing.inv"_s)));
+    EXPECT_EQ(script.asked(), 1);
+    EXPECT_FALSE(InputHold::isHeld());
+}
+
+namespace {
+
+/// Hundreds of things at once, drawn from a seed.
+class Storm : public Reentrance, public testing::WithParamInterface<unsigned>
+{
+protected:
+    void strike();
+    int upTo(int least, int most) { return std::uniform_int_distribution(least, most)(m_random); }
+
+private:
+    void strikeKey();
+    void strikeMouse();
+    void strikeWindow();
+
+    std::mt19937 m_random{GetParam()};
+};
+
+void Storm::strikeKey()
+{
+    static constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Right, Qt::Key_F2, Qt::Key_7, Qt::Key_X, Qt::Key_Return,
+        Qt::Key_Escape, Qt::Key_Tab, Qt::Key_Delete};
+    static constexpr Qt::Key commands[] = {Qt::Key_C, Qt::Key_X, Qt::Key_V, Qt::Key_S, Qt::Key_A};
+    if (upTo(0, 3) == 0) {
+        QTest::keyClick(&grid(), commands[upTo(0, int(std::size(commands)) - 1)], Qt::ControlModifier);
+    } else if (upTo(0, 1) == 0) {
+        QTest::keyClick(&grid(), keys[upTo(0, int(std::size(keys)) - 1)]);
+    } else {
+        const Qt::Key key = keys[upTo(0, int(std::size(keys)) - 1)];
+        qt_handleKeyEvent(frame().windowHandle(), QEvent::KeyPress, key, Qt::NoModifier);
+        qt_handleKeyEvent(frame().windowHandle(), QEvent::KeyRelease, key, Qt::NoModifier);
+    }
+}
+
+void Storm::strikeMouse()
+{
+    const QPoint place(upTo(0, grid().viewport()->width()), upTo(0, grid().viewport()->height()));
+    if (upTo(0, 1) == 0) {
+        clickTool(u"ssrbnEdit(%1)"_s.arg(upTo(0, 5)));
+    } else if (upTo(0, 1) == 0) {
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+    } else {
+        QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place);
+    }
+}
+
+void Storm::strikeWindow()
+{
+    switch (upTo(0, 3)) {
+    case 0:
+        frame().openEditors().first()->parentWidget()->close();
+        break;
+    case 1:
+        open(third);
+        break;
+    case 2:
+        save();
+        break;
+    default:
+        frame().documents().SavePrFile(path(u"storm.inv"_s));
+    }
+}
+
+void Storm::strike()
+{
+    const int kind = upTo(0, 19);
+    kind == 0 ? strikeWindow() : kind < 8 ? strikeMouse() : strikeKey();
+}
+
+} // namespace
+
+TEST_P(Storm, beginsNothingInsideAndLeavesEveryWindowWhole)
+{
+    constexpr int strikes = 200;
+    QTimer answers; // what asks afterwards is answered No, or closed
+    QObject::connect(&answers, &QTimer::timeout, &answers, [] {
+        if (QWidget *window = QApplication::activeModalWidget()) {
+            QTest::keyClick(window, Qt::Key_N);
+            if (window->isVisible()) {
+                window->close();
+            }
+        }
+    });
+    answers.start(1);
+    const QStringList before = titles();
+    const QString text = grid().blockText({1, 1, 13, rows});
+    SpreadGrid &struck = grid();
+    DuringPasses during([&](int pass) {
+        if (pass < strikes) {
+            strike();
+        }
+        EXPECT_EQ(titles(), before);
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    });
+    EXPECT_TRUE(save());
+    during.stop();
+    EXPECT_EQ(struck.blockText({1, 1, 13, rows}), text);
+    EXPECT_EQ(readFile(first), document(rows));
+    settle();
+    EXPECT_GE(during.passes(), strikes);
+    expectWhole();
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, Storm, testing::Range(1U, 9U));
