@@ -8,6 +8,7 @@
 #include "editor/ParameterGrid.h"
 #include "platform/MessageBox.h"
 #include "platform/SpreadGrid.h"
+#include "platform/UndoStep.h"
 #include "runtime/NumberText.h"
 
 #include <QPointer>
@@ -49,6 +50,7 @@ void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
     }
     qint16 code = std::get<qint16>(converted);
     if (frmFunc(grid.window()).ShowFuncCode(grid.text(ParameterColumn::Number, row), code, fileName)) {
+        const UndoStep step(grid.history());
         DocFlags[docNo].changed = true;
         grid.setText(ParameterColumn::FuncCode, row, functionCodeText(code));
     }
@@ -65,6 +67,7 @@ void exchangePrCond(SpreadGrid &grid, int docNo)
     qint16 count = std::holds_alternative<qint16>(converted) ? std::get<qint16>(converted) : qint16(0);
     QString conditions = trimmedCell(grid, ParameterColumn::Condition);
     if (prCondDialog(grid.window()).ShowPrCond(grid.text(ParameterColumn::Number, row), count, conditions)) {
+        const UndoStep step(grid.history());
         DocFlags[docNo].changed = true;
         grid.setText(ParameterColumn::ConditionCount, row, QString::number(count));
         grid.setText(ParameterColumn::Condition, row, conditions);

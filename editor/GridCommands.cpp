@@ -9,6 +9,8 @@
 #include "platform/MessageBox.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
+#include "platform/SpreadHistory.h"
+#include "platform/UndoStep.h"
 #include "runtime/RunTimeError.h"
 
 #include <QClipboard>
@@ -35,6 +37,7 @@ QString clipboardText()
 GridCommands::GridCommands(SpreadGrid &grid, int docNo, EditorFrame &frame, QObject *parent)
     : QObject(parent), m_grid(grid), m_docNo(docNo), m_frame(frame)
 {
+    connect(&grid.history(), &SpreadHistory::stepBegins, this, &GridCommands::noteSaved);
 }
 
 void GridCommands::copy()
@@ -103,6 +106,7 @@ void GridCommands::pasteCell(const QString &text)
 {
     const int column = m_grid.activeColumn();
     const int row = m_grid.activeRow();
+    const UndoStep step(m_grid.history());
     m_grid.setForeColour({column, row, column, row}, QColor(changedCellColour));
     m_grid.setText(column, row, text);
     noteChange();
@@ -110,6 +114,7 @@ void GridCommands::pasteCell(const QString &text)
 
 void GridCommands::place(const GridBlock &target, const QString &text)
 {
+    const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
     m_grid.setForeColour(target, QColor(changedCellColour));
     m_grid.setBlockText(target, text);
@@ -121,18 +126,22 @@ void GridCommands::addPaste()
     if (clipboardRecord().kind != ClipboardRecord::WholeRows || clipboardText().isEmpty()) {
         return;
     }
-    addLines(clipboardRecord().height + 1);
-    paste();
+    m_grid.commitEdit();
+    const UndoStep step(m_grid.history());
+    if (addLines(clipboardRecord().height + 1)) {
+        paste();
+    }
 }
 
-void GridCommands::addLines(int lines)
+bool GridCommands::addLines(int lines)
 {
     m_grid.commitEdit();
     const int lastRow = m_grid.rowCount();
     if (lastRow + lines > mostRows) {
         MessageBox::showExclamation(&m_grid, runTimeErrorText(RunTimeError::Overflow), ResString(programNameId));
-        return;
+        return false;
     }
+    const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
     const int row = m_grid.activeRow();
     m_grid.setRowCount(lastRow + lines);
@@ -145,6 +154,7 @@ void GridCommands::addLines(int lines)
         }
     }
     noteRowCount();
+    return true;
 }
 
 void GridCommands::deleteLines()
@@ -154,6 +164,7 @@ void GridCommands::deleteLines()
     if (lastRow <= deleteFloor) {
         return;
     }
+    const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
     const GridBlock selection = m_grid.selectedBlock();
     const int count = selection.row2 - selection.row1 + 1;
@@ -164,6 +175,36 @@ void GridCommands::deleteLines()
     m_grid.setRowCount(lastRow - count);
     m_grid.setActiveCell(column, std::min(selection.row1, lastRow - count));
     noteRowCount();
+}
+
+void GridCommands::undo()
+{
+    restore(&SpreadHistory::undo);
+}
+
+void GridCommands::redo()
+{
+    restore(&SpreadHistory::redo);
+}
+
+void GridCommands::restore(bool (SpreadHistory::*way)())
+{
+    m_grid.commitEdit();
+    noteSaved();
+    SpreadHistory &history = m_grid.history();
+    if ((history.*way)()) {
+        noteRowCount();
+        m_frame.showPrNumber(m_grid.text(ParameterColumn::Number, m_grid.activeRow()));
+        DocFlags[m_docNo].changed = !history.isClean();
+    }
+}
+
+// Whoever saved the document cleared its flag: what stands in the grid is what the file says.
+void GridCommands::noteSaved()
+{
+    if (!DocFlags[m_docNo].changed) {
+        m_grid.history().setClean();
+    }
 }
 
 void GridCommands::noteRowCount()

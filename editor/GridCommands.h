@@ -5,6 +5,7 @@
 class EditorFrame;
 struct GridBlock;
 class SpreadGrid;
+class SpreadHistory;
 
 /// The Edit commands that move rows and cells of one document's parameter grid.
 class GridCommands : public QObject
@@ -22,9 +23,15 @@ public:
     void addPaste();
     /// Inserts rows above the active row. The topmost is given an added parameter's texts but keeps the read condition
     /// of the row that stood there; the others keep their texts.
-    void addLines(int lines = 1);
+    /// Returns false, and adds none, when a file could not count the rows.
+    bool addLines(int lines = 1);
     /// Removes the rows that the selection touches, unless the grid holds two rows or fewer.
     void deleteLines();
+
+    /// Takes the last edit or command back, with its colours, the frame's labels and the changed flag.
+    void undo();
+    /// Makes again what was taken back last.
+    void redo();
 
 signals:
     /// Paste has become possible, and Add-paste too when rows were copied.
@@ -35,7 +42,9 @@ private:
     void pasteRows(const QString &text);
     void pasteCell(const QString &text);
     void place(const GridBlock &target, const QString &text);
+    void restore(bool (SpreadHistory::*way)());
     void noteRowCount();
+    void noteSaved();
     void noteChange();
 
     SpreadGrid &m_grid;

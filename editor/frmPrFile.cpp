@@ -17,6 +17,7 @@
 #include "editor/frmVisualInf.h"
 #include "platform/MessageBox.h"
 #include "platform/SpreadGrid.h"
+#include "platform/SpreadHistory.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -58,6 +59,7 @@ frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     connectMenus();
     layOutParameterGrid(*m_grid, MachineInfos[docNo].Paramater);
     connectGrid();
+    m_grid->history().start();
 }
 
 QList<QMenu *> frmPrFile::menus() const
@@ -119,6 +121,8 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::copyRequested, this, &frmPrFile::copy);
     connect(m_grid, &SpreadGrid::cutRequested, this, &frmPrFile::cut);
     connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
+    connect(m_grid, &SpreadGrid::undoRequested, m_commands, &GridCommands::undo);
+    connect(m_grid, &SpreadGrid::redoRequested, m_commands, &GridCommands::redo);
     connect(m_commands, &GridCommands::copied, this, [this](bool wholeRows) {
         action(u"mneEditPaste").setEnabled(true);
         m_frame.enablePasteButton(true);
@@ -244,7 +248,11 @@ void frmPrFile::editPrCond()
 
 void frmPrFile::editMachineInfo()
 {
+    const MachineInfo before = MachineInfos[m_docNo];
     frmKisyuEdit(window(), m_docNo).exec();
+    if (MachineInfos[m_docNo] != before) {
+        m_grid->history().forgetClean(); // taking the grid's edits back does not give the file's machine back
+    }
 }
 
 void frmPrFile::print()

@@ -22,15 +22,48 @@ void CellColours::resize(int columns, int rows)
 
 void CellColours::fill(int column1, int row1, int column2, int row2, const QColor &colour)
 {
-    if (m_indexes.empty()) {
-        if (!colour.isValid()) {
-            return;
-        }
-        m_indexes.resize(size_t(m_columns) * size_t(m_rows));
+    if (m_indexes.empty() && !colour.isValid()) {
+        return;
     }
+    makeRoom();
     const quint8 index = paletteIndex(colour);
     for (int row = row1; row <= row2; ++row) {
         std::fill_n(m_indexes.begin() + qptrdiff(place(column1, row)), column2 - column1 + 1, index);
+    }
+}
+
+void CellColours::makeRoom()
+{
+    if (m_indexes.empty()) {
+        m_indexes.resize(size_t(m_columns) * size_t(m_rows));
+    }
+}
+
+std::vector<quint8> CellColours::kept(int column1, int row1, int column2, int row2) const
+{
+    std::vector<quint8> indexes;
+    if (!m_indexes.empty()) {
+        const int width = column2 - column1 + 1;
+        indexes.reserve(size_t(width) * size_t(row2 - row1 + 1));
+        for (int row = row1; row <= row2; ++row) {
+            const auto begin = m_indexes.begin() + qptrdiff(place(column1, row));
+            indexes.insert(indexes.end(), begin, begin + width);
+        }
+    }
+    return indexes;
+}
+
+void CellColours::exchange(int column1, int row1, int column2, int row2, std::vector<quint8> &kept)
+{
+    if (kept.empty() && m_indexes.empty()) {
+        return;
+    }
+    makeRoom();
+    const int width = column2 - column1 + 1;
+    kept.resize(size_t(width) * size_t(row2 - row1 + 1)); // none kept: no colours
+    auto other = kept.begin();
+    for (int row = row1; row <= row2; ++row, other += width) {
+        std::swap_ranges(other, other + width, m_indexes.begin() + qptrdiff(place(column1, row)));
     }
 }
 

@@ -14,10 +14,15 @@ public:
     void resize(int columns, int rows);
     /// All cells from column1, row1 to column2, row2, which must be inside. An invalid colour takes the colour away.
     void fill(int column1, int row1, int column2, int row2, const QColor &colour);
+    /// The colours of those cells, to be given back by exchange(); empty when no cell of the grid has one.
+    std::vector<quint8> kept(int column1, int row1, int column2, int row2) const;
+    /// Exchanges the colours of those cells with what was kept of them.
+    void exchange(int column1, int row1, int column2, int row2, std::vector<quint8> &kept);
     /// Invalid where no colour is set.
     QColor colour(int column, int row) const;
 
 private:
+    void makeRoom();
     quint8 paletteIndex(const QColor &colour);
     size_t place(int column, int row) const { return size_t(row) * size_t(m_columns) + size_t(column); }
 

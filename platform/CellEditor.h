@@ -22,6 +22,8 @@ public:
     virtual void clearText() = 0;
     /// Goes on with what is there: the caret behind the text, or the list dropped down.
     virtual void goOn() = 0;
+    /// Types again what Ctrl+Z took back.
+    virtual void redoTyping() = 0;
     /// The pixels that it needs from top to bottom, however low the cell's row is.
     virtual int neededHeight() const = 0;
     /// Whether the key is the editor's own although it would end other edits (Enter, Tab, arrows, page keys).

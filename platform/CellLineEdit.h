@@ -20,6 +20,7 @@ public:
     void alignText(Qt::Alignment alignment) override { setAlignment(alignment); }
     void clearText() override { clear(); }
     void goOn() override { end(false); }
+    void redoTyping() override { redo(); }
     int neededHeight() const override { return fontMetrics().height() + 2; }
     bool needsKey(int /*key*/, bool /*shift*/) const override { return false; }
 

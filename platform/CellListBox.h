@@ -20,6 +20,7 @@ public:
     void alignText(Qt::Alignment /*alignment*/) override { }
     void clearText() override { goOn(); }
     void goOn() override { showPopup(); }
+    void redoTyping() override { }
     int neededHeight() const override { return sizeHint().height(); }
     bool needsKey(int key, bool shift) const override;
 

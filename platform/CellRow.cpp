@@ -57,6 +57,21 @@ CellRow::~CellRow()
     }
 }
 
+qsizetype CellRow::memorySize() const
+{
+    const size_t unitBytes = size_t(allTexts().size()) * sizeof(char16_t);
+    return m_buffer ? qsizetype(sizeof(Buffer) + m_buffer->count * sizeof(quint32) + unitBytes) : 0;
+}
+
+bool CellRow::operator==(const CellRow &other) const
+{
+    bool same = sharesMemoryWith(other) || allTexts() == other.allTexts();
+    for (int column = 0; same && !sharesMemoryWith(other) && column < std::max(size(), other.size()); ++column) {
+        same = text(column).size() == other.text(column).size();
+    }
+    return same;
+}
+
 int CellRow::size() const
 {
     return m_buffer ? int(m_buffer->count) : 0;

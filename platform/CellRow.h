@@ -26,6 +26,13 @@ public:
     QStringView allTexts() const;
 
     bool sharesMemoryWith(const CellRow &other) const { return m_buffer == other.m_buffer; }
+    /// What the texts stand in, to tell one memory from another; nullptr when all cells are empty.
+    const void *memory() const { return m_buffer; }
+    /// The bytes of that memory, shared or not.
+    qsizetype memorySize() const;
+
+    /// Whether all cells hold equal texts.
+    bool operator==(const CellRow &other) const;
 
 private:
     struct Buffer;

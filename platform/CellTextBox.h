@@ -20,6 +20,7 @@ public:
     void alignText(Qt::Alignment /*alignment*/) override { }
     void clearText() override { clear(); }
     void goOn() override { moveCursor(QTextCursor::End); }
+    void redoTyping() override { redo(); }
     int neededHeight() const override;
     bool needsKey(int key, bool shift) const override;
 

@@ -41,6 +41,13 @@ bool hasLineBreak(QStringView text)
     return std::ranges::any_of(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
 }
 
+// Desktops have one of the two only; without this the other would go on to the grid.
+bool isRedoKey(const QKeyEvent &event)
+{
+    const QKeyCombination key = event.keyCombination();
+    return key == (Qt::CTRL | Qt::Key_Y) || key == (Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+}
+
 } // namespace
 
 SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
@@ -256,6 +263,10 @@ bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
     CellEditor *open = editor();
     if (open && watched == m_editor && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
+        if (isRedoKey(*key)) {
+            open->redoTyping();
+            return true;
+        }
         if (key->key() != Qt::Key_Escape) {
             return keyEndsEdit(*open, key->key(), key->modifiers());
         }

@@ -5,15 +5,15 @@
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
 #include "platform/SpreadHeader.h"
+#include "platform/SpreadHistory.h"
 #include "platform/SpreadKeys.h"
 #include "platform/SpreadModel.h"
 #include "platform/SpreadMouse.h"
 #include "platform/SpreadSelection.h"
 #include "platform/TextChange.h"
 #include "platform/TextMeter.h"
+#include "platform/UndoStep.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -21,34 +21,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-void enlarge(std::optional<GridBlock> &block, int column, int row)
-{
-    if (!block) {
-        block = GridBlock{column, row, column, row};
-    }
-    block->column1 = std::min(block->column1, column);
-    block->column2 = std::max(block->column2, column);
-    block->row2 = row; // rows come in their order
-}
-
-/// The smallest block that holds all cells whose texts differ.
-std::optional<GridBlock> changedBlock(const TextChange &change, int columns)
-{
-    std::optional<GridBlock> block;
-    for (size_t at = 0; at < change.after.size(); ++at) {
-        for (int column = 1; column <= columns; ++column) {
-            if (change.before[at].text(column - 1) != change.after[at].text(column - 1)) {
-                enlarge(block, column, change.firstRow + int(at));
-            }
-        }
-    }
-    return block;
-}
-
-} // namespace
 
 SpreadGrid::SpreadGrid(QWidget *parent)
     : SpreadView(parent)
@@ -66,6 +38,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     setAutoScroll(false);
     setWordWrap(false);
     m_selection = new SpreadSelection(*this, *m_model);
+    m_history = new SpreadHistory(*this, *m_model, *m_selection);
     m_delegate = new SpreadDelegate(*this, *m_model);
     setItemDelegate(m_delegate);
     connect(m_selection, &SpreadSelection::changed, this, &SpreadGrid::markHeaders);
@@ -76,7 +49,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
         QKeyEvent event(QEvent::KeyPress, key, modifiers);
         keyPressEvent(&event);
     });
-    m_model->setObserver([this](const TextChange &change) { announceEdits(change); });
+    m_model->setObserver([this](const TextChange &change) { noteTexts(change); });
     connectHeaders();
     noteFont();
     setWidthInCharacters(0, 4);
@@ -95,6 +68,7 @@ void SpreadGrid::setRowCount(int rows)
 {
     const auto held = m_selection->hold();
     const QScopedValueRollback quiet(m_quiet, true);
+    m_history->noteRowCount(std::max(rows, 0));
     m_model->setRowCount(rows);
     m_selection->fitIntoGrid();
     fitRowNumberWidth();
@@ -187,6 +161,7 @@ Qt::Alignment SpreadGrid::alignment(int column) const
 
 void SpreadGrid::setForeColour(const GridBlock &block, const QColor &colour)
 {
+    m_history->noteColours(block);
     m_model->setForeColour(block, colour);
 }
 
@@ -359,21 +334,6 @@ void SpreadGrid::setRedraw(bool on)
     }
 }
 
-QString SpreadGrid::selectionText() const
-{
-    GridBlock block = selectedBlock();
-    block.column1 = std::max(block.column1, 0); // whole rows: with their numbers
-    return blockText(block);
-}
-
-void SpreadGrid::cutSelection()
-{
-    if (activeRow() > 0) {
-        QGuiApplication::clipboard()->setText(selectionText());
-        clearSelectedCells();
-    }
-}
-
 void SpreadGrid::clearSelectedCells()
 {
     if (activeRow() > 0) {
@@ -392,11 +352,16 @@ void SpreadGrid::toggleActiveCheckBox()
     m_model->setText(activeColumn(), activeRow(), ticked ? u"0"_s : u"1"_s, SpreadModel::Origin::User);
 }
 
-void SpreadGrid::announceEdits(const TextChange &change)
+// Who hears of an edit may colour its cells: that belongs to the same step.
+void SpreadGrid::noteTexts(const TextChange &change)
 {
-    if (change.origin == TextChange::Origin::User) {
-        if (const auto block = changedBlock(change, columnCount())) {
-            emit cellsEdited(*block);
-        }
+    if (change.origin == TextChange::Origin::Program) {
+        m_history->noteTexts(change);
+        return;
+    }
+    const UndoStep step(*m_history);
+    m_history->noteTexts(change);
+    if (const auto block = changedBlock(change, columnCount())) {
+        emit cellsEdited(*block);
     }
 }

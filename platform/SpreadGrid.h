@@ -14,6 +14,7 @@
 class QKeyEvent;
 class SpreadDelegate;
 class SpreadHeader;
+class SpreadHistory;
 class SpreadKeys;
 class SpreadModel;
 class SpreadMouse;
@@ -35,7 +36,7 @@ public:
 
     // Size. New rows stand at the end and hold their columns' initial texts; surplus rows are dropped from the end.
     int rowCount() const;
-    void setRowCount(int rows);
+    void setRowCount(int rows) override;
     int columnCount() const;
     void setColumnCount(int columns);
 
@@ -115,19 +116,17 @@ public:
     /// The size at which every shown column and that many rows of usual height are in view.
     QSize sizeForRows(int rows) const;
 
-    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
-    void setRedraw(bool on);
+    void setRedraw(bool on) override;
 
     // Editing
-    /// Copies the selection to the clipboard as block text and empties its data cells, as the user's own doing: it
-    /// raises cellsEdited(). A check box becomes "0".
-    void cutSelection();
-    /// Empties the selected data cells in the same way, without the clipboard.
+    /// Empties the selected data cells as the user's own doing: it raises cellsEdited(). A check box becomes "0".
     void clearSelectedCells() override;
     void commitEdit() override;
     /// What the user has typed into the active cell's editor so far; nothing when no edit is under way, when it changed
     /// nothing, or when the cell would not take it.
     std::optional<QString> textBeingTyped() const;
+    /// The way back; it must be started.
+    SpreadHistory &history() const { return *m_history; }
 
 signals:
     /// The user changed texts. Raised once per act, after it, with the smallest block that holds all changed cells; not
@@ -163,8 +162,7 @@ private:
     void noteFont();
     void fitRowNumberWidth();
     int widestText(int column) const;
-    void announceEdits(const TextChange &change);
-    QString selectionText() const;
+    void noteTexts(const TextChange &change);
 
     void openEditor(EditStart start) override;
     void openEditor(QKeyEvent &typed) override;
@@ -180,6 +178,7 @@ private:
     SpreadHeader *m_columnHeader;
     SpreadHeader *m_rowHeader;
     SpreadSelection *m_selection = nullptr;
+    SpreadHistory *m_history = nullptr;
     SpreadDelegate *m_delegate = nullptr;
     std::unique_ptr<SpreadKeys> m_keys;
     int m_frozenColumns = 0;

@@ -49,6 +49,9 @@ const SpreadKeys::CommandKey SpreadKeys::commandKeys[] = {
     {Qt::Key_Delete, Qt::ShiftModifier, &SpreadKeys::cut},
     {Qt::Key_V, Qt::ControlModifier, &SpreadKeys::paste},
     {Qt::Key_Insert, Qt::ShiftModifier, &SpreadKeys::paste},
+    {Qt::Key_Z, Qt::ControlModifier, &SpreadKeys::undo},
+    {Qt::Key_Y, Qt::ControlModifier, &SpreadKeys::redo},
+    {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::redo},
 };
 
 SpreadKeys::SpreadKeys(SpreadView &grid, SpreadModel &model, SpreadSelection &selection)
@@ -252,4 +255,14 @@ void SpreadKeys::cut()
 void SpreadKeys::paste()
 {
     emit m_grid.pasteRequested();
+}
+
+void SpreadKeys::undo()
+{
+    emit m_grid.undoRequested();
+}
+
+void SpreadKeys::redo()
+{
+    emit m_grid.redoRequested();
 }

@@ -74,6 +74,8 @@ private:
     void copy();
     void cut();
     void paste();
+    void undo();
+    void redo();
 
     SpreadView &m_grid;
     SpreadModel &m_model;

@@ -279,6 +279,17 @@ void SpreadModel::setForeColour(const GridBlock &block, const QColor &colour)
     }
 }
 
+std::vector<quint8> SpreadModel::keptColours(const GridBlock &cells) const
+{
+    return m_colours.kept(cells.column1 - 1, cells.row1 - 1, cells.column2 - 1, cells.row2 - 1);
+}
+
+void SpreadModel::exchangeColours(const GridBlock &cells, std::vector<quint8> &kept)
+{
+    m_colours.exchange(cells.column1 - 1, cells.row1 - 1, cells.column2 - 1, cells.row2 - 1, kept);
+    cellsChanged(cells);
+}
+
 QColor SpreadModel::foreColour(int column, int row) const
 {
     return isCell(column, row) ? m_colours.colour(column - 1, row - 1) : QColor();

@@ -42,6 +42,10 @@ public:
     void setHeaderText(int column, const QString &text);
     void setText(int column, int row, const QString &text, Origin origin = Origin::Program);
     void setRowTexts(int row, std::span<const QStringView> texts);
+    /// The rows row1 to row2, which must be inside; valid until the next change.
+    std::span<const CellRow> rows(int row1, int row2) const;
+    /// Exchanges the rows from row1 on, which must be inside, with those given.
+    void exchangeRows(int row1, std::span<CellRow> rows) { exchange(row1, rows, 1, columnCount(), Origin::Program); }
     QString blockText(const GridBlock &block) const;
     void setBlockText(const GridBlock &block, QStringView text);
     void moveRowTexts(int row1, int row2, int target);
@@ -54,6 +58,10 @@ public:
     void setAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment alignment(int column) const;
     void setForeColour(const GridBlock &block, const QColor &colour);
+    /// The colours of the cells, which must be inside, to be given back by exchangeColours().
+    std::vector<quint8> keptColours(const GridBlock &cells) const;
+    /// Exchanges the colours of the cells with what was kept of them.
+    void exchangeColours(const GridBlock &cells, std::vector<quint8> &kept);
     QColor foreColour(int column, int row) const;
 
     /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.
@@ -84,7 +92,6 @@ private:
 
     bool isCell(int column, int row) const;
     bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
-    std::span<const CellRow> rows(int row1, int row2) const;
     void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
     void tell(const TextChange &change) const;
     void addRows(int count);

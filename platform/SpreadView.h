@@ -22,6 +22,10 @@ public:
     /// Empties the selected data cells as the user's own doing. A check box becomes "0".
     virtual void clearSelectedCells() = 0;
 
+    virtual void setRowCount(int rows) = 0;
+    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
+    virtual void setRedraw(bool on) = 0;
+
     virtual int topRow() const = 0; ///< the first row in view; 0 without rows
     /// Near the end of the grid as far as the view can scroll.
     virtual void setTopRow(int row) = 0;
@@ -36,4 +40,7 @@ signals:
     void copyRequested();
     void cutRequested();
     void pasteRequested();
+    /// Ctrl+Z, and Ctrl+Y or Ctrl+Shift+Z; the grid itself does nothing then.
+    void undoRequested();
+    void redoRequested();
 };

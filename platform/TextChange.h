@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/CellRow.h"
+#include "platform/GridBlock.h"
 
+#include <optional>
 #include <span>
 
 /// One change of a grid's texts, as it was made: rows from firstRow on had the texts `before` and have `after` now. New
@@ -15,3 +17,6 @@ struct TextChange
     std::span<const CellRow> before;
     std::span<const CellRow> after;
 };
+
+/// The smallest block that holds all cells whose texts differ, in rows that are neither new nor dropped.
+std::optional<GridBlock> changedBlock(const TextChange &change, int columns);

@@ -30,6 +30,87 @@ void RowsModel::select(const GridBlock &block)
     }
 }
 
+// Acts
+
+RowsModel::Act::Act(RowsModel &model) : m_model(model), m_before(model.state()), m_selection(model.m_selection)
+{
+    if (model.m_actDepth++ == 0) {
+        model.m_touched.reset();
+    }
+}
+
+RowsModel::Act::~Act()
+{
+    if (--m_model.m_actDepth == 0) {
+        m_model.finishAct(std::move(m_before), m_selection);
+    }
+}
+
+void RowsModel::finishAct(State before, const GridBlock &selection)
+{
+    if (before.rows == m_rows && before.red == m_red) {
+        return;
+    }
+    Step step{std::move(before), selection, m_selection};
+    if (step.other.rows.size() == m_rows.size()) {
+        if (m_touched->column1 == 1 && m_touched->column2 == columnCount) {
+            m_touched->column1 = -1;
+        }
+        step.selectedByUndo = step.selectedByRedo = *m_touched;
+    }
+    m_undo.push_back(std::move(step));
+    m_redo.clear();
+    m_stateNumber = ++m_lastNumber;
+}
+
+void RowsModel::undo()
+{
+    go(m_undo, m_redo, &Step::selectedByUndo);
+}
+
+void RowsModel::redo()
+{
+    go(m_redo, m_undo, &Step::selectedByRedo);
+}
+
+void RowsModel::go(std::vector<Step> &from, std::vector<Step> &to, GridBlock Step::*selected)
+{
+    if (from.empty()) {
+        return;
+    }
+    Step step = std::move(from.back());
+    from.pop_back();
+    const State now = state();
+    m_rows = step.other.rows;
+    m_red = step.other.red;
+    m_stateNumber = step.other.number;
+    m_changed = m_stateNumber != m_savedNumber;
+    if (m_rows.empty()) {
+        m_selection = {0, 0, 0, 0};
+        m_activeColumn = m_activeRow = 0;
+    } else {
+        select(step.*selected);
+    }
+    step.other = now;
+    to.push_back(std::move(step));
+}
+
+void RowsModel::save()
+{
+    m_savedNumber = m_stateNumber;
+    m_changed = false;
+}
+
+void RowsModel::redden(const GridBlock &block)
+{
+    for (int row = block.row1; row <= block.row2; ++row) {
+        for (int column = block.column1; column <= block.column2; ++column) {
+            m_red.at(size_t(row - 1)).at(size_t(column - 1)) = true;
+        }
+    }
+    m_touched = block;
+}
+
 void RowsModel::takeForeignText(const QString &text)
 {
     m_clipboard = text;
@@ -77,6 +158,7 @@ void RowsModel::cut()
     if (m_rows.empty()) {
         return;
     }
+    const Act act(*this);
     copy();
     clearSelection();
     m_changed = true;
@@ -87,9 +169,10 @@ void RowsModel::clearSelection()
     if (m_rows.empty()) {
         return;
     }
+    const Act act(*this);
     for (int row = m_selection.row1; row <= m_selection.row2; ++row) {
         for (int column = std::max(m_selection.column1, 1); column <= m_selection.column2; ++column) {
-            change(at(column, row), column == checkBoxColumn ? u"0"_s : QString());
+            change(column, row, column == checkBoxColumn ? u"0"_s : QString());
         }
     }
 }
@@ -107,11 +190,13 @@ void RowsModel::paste()
     if (m_rows.empty() || m_clipboard.isEmpty() || pasteIsRefused()) {
         return;
     }
+    const Act act(*this);
     if (m_copied == Copied::Block) {
         pasteBlock();
     } else if (m_copied == Copied::Rows) {
         pasteRows();
     } else {
+        redden({m_activeColumn, m_activeRow, m_activeColumn, m_activeRow});
         at(m_activeColumn, m_activeRow) = m_clipboard;
     }
     m_changed = true;
@@ -134,6 +219,7 @@ void RowsModel::pasteRows()
 // A line end behind the last row is a row of its own only where a row may be one empty cell.
 void RowsModel::place(int column1, int row1, int column2, int row2, int dropped)
 {
+    redden({column1, row1, column2, row2});
     QStringList rows = lines(m_clipboard);
     if (rows.size() > 1 && rows.last().isEmpty() && column1 != column2) {
         rows.removeLast();
@@ -151,14 +237,17 @@ void RowsModel::addPaste()
     if (m_copied != Copied::Rows || m_clipboard.isEmpty() || !m_canAddPaste) {
         return;
     }
+    const Act act(*this);
     addLines(m_copiedHeight + 1);
     paste();
 }
 
 void RowsModel::addLines(int lines)
 {
+    const Act act(*this);
     const std::vector<Row> before = m_rows;
     m_rows.resize(before.size() + size_t(lines));
+    m_red.resize(m_rows.size());
     m_changed = true;
     if (before.empty()) {
         for (int row = 1; row <= lines; ++row) {
@@ -187,7 +276,9 @@ void RowsModel::deleteLines()
     if (rowCount() <= 2) {
         return;
     }
+    const Act act(*this);
     m_rows.erase(m_rows.begin() + (m_selection.row1 - 1), m_rows.begin() + m_selection.row2);
+    m_red.resize(m_rows.size()); // colours stay where they are
     m_changed = true;
     const int row = std::min(m_selection.row1, rowCount());
     if (row == 0) {
@@ -200,24 +291,36 @@ void RowsModel::deleteLines()
 
 void RowsModel::type(const QString &text)
 {
-    change(at(m_activeColumn, m_activeRow), text);
+    {
+        const Act act(*this);
+        change(m_activeColumn, m_activeRow, text);
+    }
     const int below = std::min(m_activeRow + 1, rowCount());
     select({m_activeColumn, below, m_activeColumn, below});
 }
 
 void RowsModel::choose(const QString &text)
 {
-    change(at(m_activeColumn, m_activeRow), text);
+    const Act act(*this);
+    change(m_activeColumn, m_activeRow, text);
 }
 
 void RowsModel::toggleCheckBox()
 {
-    QString &cell = at(m_activeColumn, m_activeRow);
-    change(cell, RowsFile::isTicked(cell) ? u"0"_s : u"1"_s);
+    const Act act(*this);
+    const bool ticked = RowsFile::isTicked(text(m_activeColumn, m_activeRow));
+    change(m_activeColumn, m_activeRow, ticked ? u"0"_s : u"1"_s);
 }
 
-void RowsModel::change(QString &cell, const QString &text)
+// The block that holds all changes of the act is red, with what stands between them.
+void RowsModel::change(int column, int row, const QString &text)
 {
-    m_changed = m_changed || cell != text;
-    cell = text;
+    QString &cell = at(column, row);
+    if (cell != text) {
+        const GridBlock block = m_touched.value_or(GridBlock{column, row, column, row});
+        redden({std::min(block.column1, column), std::min(block.row1, row), std::max(block.column2, column),
+            std::max(block.row2, row)});
+        cell = text;
+        m_changed = true;
+    }
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <array>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -16,10 +17,12 @@ public:
     static constexpr int columnCount = 13;
     using Row = std::array<QString, columnCount>;
 
-    explicit RowsModel(std::vector<Row> rows) : m_rows(std::move(rows)) { }
+    explicit RowsModel(std::vector<Row> rows) : m_rows(std::move(rows)), m_red(m_rows.size()) { }
 
     const std::vector<Row> &rows() const { return m_rows; }
     int rowCount() const { return int(m_rows.size()); }
+    /// Whether the cell is shown as changed.
+    bool isRed(int column, int row) const { return m_red.at(size_t(row - 1)).at(size_t(column - 1)); }
     const QString &text(int column, int row) const { return m_rows.at(size_t(row - 1)).at(size_t(column - 1)); }
     const GridBlock &selection() const { return m_selection; }
     int activeColumn() const { return m_activeColumn; }
@@ -29,8 +32,11 @@ public:
     bool canAddPaste() const { return m_canAddPaste; }
     /// A block was copied, and a block of another size is selected: Paste complains.
     bool pasteIsRefused() const;
-    /// Whether something was changed since the last question.
-    bool takeChanged() { return std::exchange(m_changed, false); }
+    /// Whether the document counts as changed since it was loaded or saved.
+    bool isChanged() const { return m_changed; }
+    void save();
+    void undo();
+    void redo();
 
     /// The top left cell becomes the active one. column1 -1 selects whole rows.
     void select(const GridBlock &block);
@@ -52,6 +58,33 @@ public:
     void toggleCheckBox();
 
 private:
+    /// The table between two acts.
+    struct State
+    {
+        std::vector<Row> rows;
+        std::vector<std::array<bool, columnCount>> red;
+        int number; ///< no two states share one
+    };
+    /// What an act left behind it: for undo the state before, for redo the one after.
+    struct Step
+    {
+        State other;
+        GridBlock selectedByUndo;
+        GridBlock selectedByRedo;
+    };
+    /// From its beginning to its end everything is one act; within another it is a part of that.
+    class Act
+    {
+    public:
+        explicit Act(RowsModel &model);
+        ~Act();
+        Q_DISABLE_COPY_MOVE(Act)
+
+    private:
+        RowsModel &m_model;
+        State m_before;
+        GridBlock m_selection;
+    };
     enum class Copied { Nothing, Cell, Block, Rows };
 
     QString &at(int column, int row) { return m_rows.at(size_t(row - 1)).at(size_t(column - 1)); }
@@ -60,9 +93,14 @@ private:
     void pasteBlock();
     void pasteRows();
     void blank(int row);
-    void change(QString &cell, const QString &text);
+    void change(int column, int row, const QString &text);
+    void redden(const GridBlock &block);
+    State state() const { return {m_rows, m_red, m_stateNumber}; }
+    void go(std::vector<Step> &from, std::vector<Step> &to, GridBlock Step::*selected);
+    void finishAct(State before, const GridBlock &selection);
 
     std::vector<Row> m_rows;
+    std::vector<std::array<bool, columnCount>> m_red;
     GridBlock m_selection{1, 1, 1, 1};
     int m_activeColumn = 1;
     int m_activeRow = 1;
@@ -73,4 +111,11 @@ private:
     bool m_canPaste = false;
     bool m_canAddPaste = false;
     bool m_changed = false;
+    int m_stateNumber = 0;
+    int m_savedNumber = 0;
+    int m_lastNumber = 0;
+    std::vector<Step> m_undo; ///< the last one comes first
+    std::vector<Step> m_redo;
+    int m_actDepth = 0;
+    std::optional<GridBlock> m_touched; ///< the smallest block that holds what the act changed or coloured
 };

@@ -286,18 +286,6 @@ TEST(SpreadGridEdit, beginsEmptyWithBackspace)
     EXPECT_EQ(grid->text(2, 1), u"x"_s);
 }
 
-TEST(SpreadGridEdit, cutsTheSelectionAsBlockText)
-{
-    const auto grid = shownGrid();
-    grid->selectBlock({2, 1, 3, 2});
-    grid->cutSelection();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"2.1\t3.1\r\n2.2\t3.2"_s);
-    EXPECT_EQ(grid->blockText({2, 1, 3, 2}), u"\t\r\n\t"_s);
-    grid->selectBlock({-1, 3, 6, 3});
-    grid->cutSelection();
-    EXPECT_EQ(QApplication::clipboard()->text(), u"3\t\t2.3\t3.3\t\t\t"_s);
-}
-
 struct ClipboardKey
 {
     Qt::Key key;
@@ -325,4 +313,7 @@ INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridClipboardKeys,
         ClipboardKey{Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
         ClipboardKey{Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
         ClipboardKey{Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
-        ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested}));
+        ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested},
+        ClipboardKey{Qt::Key_Z, Qt::ControlModifier, &SpreadGrid::undoRequested},
+        ClipboardKey{Qt::Key_Y, Qt::ControlModifier, &SpreadGrid::redoRequested},
+        ClipboardKey{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::redoRequested}));

@@ -1,0 +1,179 @@
+#include "platform/GridStep.h"
+
+#include "platform/SpreadModel.h"
+#include "platform/SpreadView.h"
+#include "platform/TextChange.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace {
+
+bool areSameColours(std::span<const quint8> one, std::span<const quint8> other)
+{
+    if (one.empty() || other.empty()) { // no cell had a colour then
+        const auto isNone = [](quint8 index) { return index == 0; };
+        return std::ranges::all_of(one, isNone) && std::ranges::all_of(other, isNone);
+    }
+    return std::ranges::equal(one, other);
+}
+
+void enlarge(std::optional<GridBlock> &block, const GridBlock &more)
+{
+    block = !block ? more
+                   : GridBlock{std::min(block->column1, more.column1), std::min(block->row1, more.row1),
+                         std::max(block->column2, more.column2), std::max(block->row2, more.row2)};
+}
+
+} // namespace
+
+/// Puts what a change keeps into the grid, and keeps what was there.
+struct GridStep::Exchange
+{
+    SpreadModel &model;
+    SpreadView &view;
+
+    void operator()(Rows &rows) const { model.exchangeRows(rows.firstRow, rows.texts); }
+    void operator()(Colours &colours) const { model.exchangeColours(colours.cells, colours.kept); }
+    void operator()(RowHeights &heights) const
+    {
+        for (int at = heights.firstRow - 1; int &pixels : heights.pixels) {
+            const int former = view.rowHeight(at);
+            if (pixels != former) {
+                view.setRowHeight(at, pixels);
+            }
+            pixels = former;
+            ++at;
+        }
+    }
+    void operator()(RowCount &count) const
+    {
+        const int former = model.rowCount();
+        view.setRowCount(count.rows);
+        count.rows = former;
+    }
+};
+
+void GridStep::noteTexts(const TextChange &change)
+{
+    const auto differ = [&](size_t at) { return change.before[at] != change.after[at]; };
+    size_t first = 0;
+    size_t end = std::min(change.before.size(), change.after.size());
+    while (first < end && !differ(first)) {
+        ++first;
+    }
+    while (first < end && !differ(end - 1)) {
+        --end;
+    }
+    if (first < end) {
+        const auto rows = change.before.subspan(first, end - first);
+        m_changes.push_back(Rows{change.firstRow + int(first), {rows.begin(), rows.end()}});
+    }
+}
+
+void GridStep::noteColours(const SpreadModel &model, const GridBlock &cells)
+{
+    m_changes.push_back(Colours{cells, model.keptColours(cells)});
+}
+
+void GridStep::noteRowCount(const SpreadModel &model, const SpreadView &view, int newCount)
+{
+    const int first = newCount + 1;
+    const int last = model.rowCount();
+    if (first <= last) {
+        RowHeights heights{first, {}};
+        for (int row = first; row <= last; ++row) {
+            heights.pixels.push_back(view.rowHeight(row - 1));
+        }
+        m_changes.push_back(std::move(heights));
+        noteColours(model, {1, first, model.columnCount(), last});
+        const auto rows = model.rows(first, last);
+        m_changes.push_back(Rows{first, {rows.begin(), rows.end()}});
+    }
+    if (newCount != last) {
+        m_changes.push_back(RowCount{last});
+    }
+}
+
+bool GridStep::isEmpty(const SpreadModel &model) const
+{
+    return std::ranges::all_of(m_changes, [&model](const Change &change) {
+        const auto *colours = std::get_if<Colours>(&change);
+        return colours && areSameColours(colours->kept, model.keptColours(colours->cells));
+    });
+}
+
+bool GridStep::changesRowCount() const
+{
+    return std::ranges::any_of(
+        m_changes, [](const Change &change) { return std::holds_alternative<RowCount>(change); });
+}
+
+std::optional<GridBlock> GridStep::changedCells(const SpreadModel &model) const
+{
+    std::optional<GridBlock> block;
+    for (const Change &change : m_changes) {
+        if (const auto *colours = std::get_if<Colours>(&change)) {
+            enlarge(block, colours->cells);
+        } else if (const auto *rows = std::get_if<Rows>(&change)) {
+            const auto now = model.rows(rows->firstRow, rows->firstRow + int(rows->texts.size()) - 1);
+            const TextChange texts{.firstRow = rows->firstRow, .before = rows->texts, .after = now};
+            if (const auto cells = changedBlock(texts, model.columnCount())) {
+                enlarge(block, *cells);
+            }
+        }
+    }
+    return block;
+}
+
+std::unordered_set<const void *> GridStep::memoryInGrid(const SpreadModel &model) const
+{
+    int first = model.rowCount() + 1;
+    int last = 0;
+    for (const Change &change : m_changes) {
+        if (const auto *rows = std::get_if<Rows>(&change)) {
+            first = std::min(first, rows->firstRow);
+            last = std::max(last, rows->firstRow + int(rows->texts.size()) - 1);
+        }
+    }
+    last = std::min(last, model.rowCount());
+    std::unordered_set<const void *> memory{nullptr};
+    for (int row = first; row <= last; ++row) {
+        memory.insert(model.rows(row, row).front().memory());
+    }
+    return memory;
+}
+
+// Rows that were only moved still stand in the grid: their texts cost nothing.
+qsizetype GridStep::size(const SpreadModel &model) const
+{
+    auto counted = memoryInGrid(model);
+    qsizetype bytes = qsizetype(sizeof(GridStep) + m_changes.capacity() * sizeof(Change));
+    for (const Change &change : m_changes) {
+        if (const auto *rows = std::get_if<Rows>(&change)) {
+            bytes += qsizetype(rows->texts.capacity() * sizeof(CellRow));
+            for (const CellRow &row : rows->texts) {
+                bytes += counted.insert(row.memory()).second ? row.memorySize() : 0;
+            }
+        } else if (const auto *colours = std::get_if<Colours>(&change)) {
+            bytes += qsizetype(colours->kept.capacity());
+        } else if (const auto *heights = std::get_if<RowHeights>(&change)) {
+            bytes += qsizetype(heights->pixels.capacity() * sizeof(int));
+        }
+    }
+    return bytes;
+}
+
+void GridStep::takeBack(SpreadModel &model, SpreadView &view)
+{
+    for (Change &change : m_changes | std::views::reverse) {
+        std::visit(Exchange{model, view}, change);
+    }
+}
+
+void GridStep::makeAgain(SpreadModel &model, SpreadView &view)
+{
+    for (Change &change : m_changes) {
+        std::visit(Exchange{model, view}, change);
+    }
+}

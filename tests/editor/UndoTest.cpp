@@ -1,0 +1,527 @@
+// Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z in the editor window: every act is one step, and all that shows it goes with it.
+
+#include "app/Settings.h"
+#include "document/DocumentTables.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+#include "platform/SpreadHistory.h"
+#include "tests/support/FrameTest.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// All that an act may change of a document and what shows it.
+struct Shown
+{
+    QString texts;
+    std::vector<QRgb> colours; ///< 0 for none
+    std::vector<int> heights;
+    QString countLabel;
+    int parameters = 0;
+    bool changed = false;
+
+    bool operator==(const Shown &) const = default;
+};
+
+void PrintTo(const Shown &shown, std::ostream *out)
+{
+    *out << shown.texts.toStdString() << "\nlabel " << shown.countLabel.toStdString() << ", parameters "
+         << shown.parameters << ", changed " << shown.changed << ", coloured "
+         << shown.colours.size() - size_t(std::ranges::count(shown.colours, 0U));
+}
+
+} // namespace
+
+class UndoTest : public FrameTest
+{
+public:
+    void open(int rows)
+    {
+        start();
+        ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, document(rows))));
+        ListVisualState.fill(false);
+        applyVisibleColumns(grid());
+        grid().setFocus();
+    }
+
+    Shown shown()
+    {
+        Shown now;
+        now.texts = grid().blockText({1, 1, 13, grid().rowCount()});
+        now.countLabel = control<QLabel>(frame(), u"lblPrcount"_s).text();
+        now.parameters = MachineInfos[docNo()].Paramater;
+        now.changed = isChanged();
+        for (int row = 1; row <= grid().rowCount(); ++row) {
+            now.heights.push_back(grid().rowHeight(row - 1));
+            for (int column = 1; column <= grid().columnCount(); ++column) {
+                const QColor colour = grid().foreColour(column, row);
+                now.colours.push_back(colour.isValid() ? colour.rgb() : 0U);
+            }
+        }
+        return now;
+    }
+    bool isChanged() { return DocFlags[docNo()].changed; }
+    void undo() { pressKey(grid(), Qt::Key_Z, Qt::ControlModifier); }
+    void redo() { pressKey(grid(), Qt::Key_Y, Qt::ControlModifier); }
+    void copy(const GridBlock &block)
+    {
+        grid().selectBlock(block);
+        pressKey(grid(), Qt::Key_C, Qt::ControlModifier);
+    }
+    void paste() { pressKey(grid(), Qt::Key_V, Qt::ControlModifier); }
+    void save() { chooseMenu(u"mneFile"_s, u"mneFileSave"_s); }
+    void selectCell(int column, int row) { grid().selectBlock({column, row, column, row}); }
+
+    // The acts
+    void type() { typeInto(2, 5, u"other"_s); }
+    void pressDelete()
+    {
+        grid().selectBlock({2, 3, 4, 5});
+        pressKey(grid(), Qt::Key_Delete);
+    }
+    void cut()
+    {
+        grid().selectBlock({2, 3, 3, 4});
+        pressKey(grid(), Qt::Key_X, Qt::ControlModifier);
+    }
+    void pasteForeignText()
+    {
+        QApplication::clipboard()->setText(u"x\ty\r\nz"_s);
+        selectCell(2, 4);
+        paste();
+    }
+    void pasteBlock()
+    {
+        copy({1, 1, 3, 4});
+        selectCell(2, 7);
+        paste();
+    }
+    void pasteRows()
+    {
+        copy({-1, 1, 13, 3});
+        selectCell(1, 6);
+        paste();
+    }
+    void addPaste()
+    {
+        copy({-1, 2, 13, 4});
+        selectCell(1, 7);
+        clickTool(u"ssrbnEdit(3)"_s);
+    }
+    void addLine()
+    {
+        selectCell(3, 4);
+        clickTool(u"ssrbnEdit(4)"_s);
+    }
+    void deleteLines()
+    {
+        grid().selectBlock({-1, 3, 13, 5});
+        clickTool(u"ssrbnEdit(5)"_s);
+    }
+    void deleteLastLines()
+    {
+        grid().selectBlock({2, 10, 3, 12});
+        clickTool(u"ssrbnEdit(5)"_s);
+    }
+    void toggleByKey()
+    {
+        selectCell(4, 2);
+        pressKey(grid(), Qt::Key_Space);
+    }
+    void toggleByMouse()
+    {
+        const QPoint place = grid().visualRect(grid().model()->index(4, 3)).center();
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+    }
+    void chooseFromList()
+    {
+        selectCell(5, 3);
+        pressKey(grid(), Qt::Key_F2);
+        auto &list = control<QComboBox>(grid(), u"cellEditor"_s);
+        QTest::keyClick(list.view(), Qt::Key_End);
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !grid().findChild<QComboBox *>(u"cellEditor"_s); }));
+    }
+    void editFuncCode()
+    {
+        selectCell(2, 3);
+        ModalScript script;
+        script.then([](QWidget &dialog) {
+            QTest::mouseClick(&control<QCheckBox>(dialog, u"chkFunc(4)"_s), Qt::LeftButton, {}, QPoint(8, 8));
+            QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
+        });
+        clickTool(u"ssrbnEdit(6)"_s);
+    }
+    void editConditions()
+    {
+        selectCell(2, 3);
+        ModalScript script;
+        script.then([](QWidget &dialog) {
+            QTest::mouseClick(&control<QPushButton>(dialog, u"cmdDell(0)"_s), Qt::LeftButton);
+            QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
+        });
+        chooseMenu(u"mneEdit"_s, u"mneEditCond"_s);
+    }
+};
+
+// Acts
+
+struct Act
+{
+    const char *name;
+    void (UndoTest::*run)();
+};
+
+void PrintTo(const Act &act, std::ostream *out)
+{
+    *out << act.name;
+}
+
+class UndoEachAct : public UndoTest, public testing::WithParamInterface<Act>
+{
+};
+
+TEST_P(UndoEachAct, takesItBackInOneStepAndMakesItAgain)
+{
+    open(12);
+    copy({1, 1, 1, 1});
+    const Shown before = shown();
+    (this->*GetParam().run)();
+    const Shown after = shown();
+    ASSERT_NE(before.texts, after.texts);
+    ASSERT_TRUE(after.changed);
+    for (const bool second : {false, true}) {
+        undo();
+        EXPECT_EQ(shown(), before);
+        undo(); // nothing is left
+        EXPECT_EQ(shown(), before);
+        second ? pressKey(grid(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier) : redo();
+        EXPECT_EQ(shown(), after);
+        redo();
+        EXPECT_EQ(shown(), after);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, UndoEachAct,
+    testing::Values(Act{"typing", &UndoTest::type}, Act{"Delete key", &UndoTest::pressDelete},
+        Act{"Cut", &UndoTest::cut}, Act{"Paste of a foreign text", &UndoTest::pasteForeignText},
+        Act{"Paste of a block", &UndoTest::pasteBlock}, Act{"Paste of rows", &UndoTest::pasteRows},
+        Act{"Add Paste", &UndoTest::addPaste}, Act{"Add", &UndoTest::addLine},
+        Act{"Delete", &UndoTest::deleteLines}, Act{"Delete of the last rows", &UndoTest::deleteLastLines},
+        Act{"check box by key", &UndoTest::toggleByKey}, Act{"check box by mouse", &UndoTest::toggleByMouse},
+        Act{"choice from a list", &UndoTest::chooseFromList},
+        Act{"functional list code", &UndoTest::editFuncCode}, Act{"read conditions", &UndoTest::editConditions}));
+
+// What is selected and seen
+
+struct Place
+{
+    Act act;
+    GridBlock undone;
+    GridBlock redone;
+};
+
+void PrintTo(const Place &place, std::ostream *out)
+{
+    *out << place.act.name;
+}
+
+class UndoPlace : public UndoTest, public testing::WithParamInterface<Place>
+{
+};
+
+TEST_P(UndoPlace, isSelectedAndScrolledIntoView)
+{
+    open(200);
+    (this->*GetParam().act.run)();
+    for (const bool undone : {true, false}) {
+        selectCell(1, 150);
+        grid().setTopRow(150);
+        undone ? undo() : redo();
+        EXPECT_EQ(grid().selectedBlock(), undone ? GetParam().undone : GetParam().redone);
+        EXPECT_EQ(grid().activeRow(), grid().selectedBlock().row1);
+        EXPECT_LE(grid().topRow(), grid().activeRow());
+        EXPECT_EQ(control<QLineEdit>(frame(), u"txtPr"_s).text(), grid().text(1, grid().activeRow()));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Acts, UndoPlace,
+    testing::Values(Place{{"typing", &UndoTest::type}, {2, 5, 2, 5}, {2, 5, 2, 5}},
+        Place{{"Delete key", &UndoTest::pressDelete}, {2, 3, 4, 5}, {2, 3, 4, 5}},
+        Place{{"Paste of a block", &UndoTest::pasteBlock}, {2, 7, 4, 10}, {2, 7, 4, 10}},
+        Place{{"Paste of rows", &UndoTest::pasteRows}, {-1, 6, 13, 8}, {-1, 6, 13, 8}},
+        Place{{"Add", &UndoTest::addLine}, {3, 4, 3, 4}, {3, 4, 3, 4}},
+        Place{{"Delete", &UndoTest::deleteLines}, {-1, 3, 13, 5}, {1, 3, 1, 3}},
+        Place{{"functional list code", &UndoTest::editFuncCode}, {11, 3, 11, 3}, {11, 3, 11, 3}},
+        Place{{"read conditions", &UndoTest::editConditions}, {12, 3, 13, 3}, {12, 3, 13, 3}}));
+
+TEST_F(UndoTest, showsTheNumberThatCameBack)
+{
+    open(12);
+    typeInto(1, 5, u"77"_s);
+    selectCell(1, 5);
+    undo();
+    EXPECT_EQ(control<QLineEdit>(frame(), u"txtPr"_s).text(), u"5"_s);
+    redo();
+    EXPECT_EQ(control<QLineEdit>(frame(), u"txtPr"_s).text(), u"77"_s);
+}
+
+TEST_F(UndoTest, selectsNoHiddenCell)
+{
+    open(12);
+    editFuncCode();
+    grid().setColumnShown(11, false);
+    selectCell(3, 8);
+    undo();
+    EXPECT_EQ(grid().text(11, 3), u"0003"_s);
+    EXPECT_EQ(grid().selectedBlock(), (GridBlock{3, 3, 3, 3}));
+}
+
+TEST_F(UndoTest, walksThroughManySteps)
+{
+    open(12);
+    std::vector<Shown> states{shown()};
+    for (const auto act : {&UndoTest::type, &UndoTest::deleteLines, &UndoTest::pasteRows, &UndoTest::toggleByKey,
+             &UndoTest::addPaste, &UndoTest::cut, &UndoTest::addLine, &UndoTest::editFuncCode}) {
+        (this->*act)();
+        states.push_back(shown());
+    }
+    for (size_t at = states.size() - 1; at-- > 0;) {
+        undo();
+        EXPECT_EQ(shown(), states[at]) << at;
+    }
+    for (size_t at = 1; at < states.size(); ++at) {
+        redo();
+        EXPECT_EQ(shown(), states[at]) << at;
+    }
+}
+
+TEST_F(UndoTest, forgetsWhatWasTakenBackWhenSomethingElseIsDone)
+{
+    open(12);
+    type();
+    undo();
+    typeInto(3, 7, u"1-2"_s);
+    const Shown after = shown();
+    redo();
+    EXPECT_EQ(shown(), after);
+    undo();
+    EXPECT_FALSE(isChanged());
+}
+
+TEST_F(UndoTest, keepsTheHeightsOfRowsThatWereDeleted)
+{
+    open(12);
+    grid().setRowHeight(11, 63);
+    deleteLastLines();
+    undo();
+    EXPECT_EQ(grid().rowHeight(11), 63);
+}
+
+// What cannot be taken back
+
+TEST_F(UndoTest, doesNotTakeBackTheLoading)
+{
+    open(12);
+    const Shown before = shown();
+    undo();
+    redo();
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(UndoTest, leavesANewDocumentAsItIs)
+{
+    start();
+    grid().setFocus();
+    const Shown before = shown();
+    undo();
+    EXPECT_EQ(shown(), before);
+}
+
+TEST_F(UndoTest, keepsAStepForEachActOnly)
+{
+    open(12);
+    type();
+    selectCell(2, 5);
+    pressKey(grid(), Qt::Key_F2); // and leaves the text as it is
+    pressKey(*QApplication::focusWidget(), Qt::Key_Return);
+    selectCell(8, 5);
+    pressKey(grid(), Qt::Key_Delete);
+    pressKey(grid(), Qt::Key_Delete); // nothing is left to empty
+    undo();
+    EXPECT_EQ(grid().text(8, 5), u"%"_s);
+    EXPECT_EQ(grid().text(2, 5), u"other"_s);
+    undo();
+    EXPECT_EQ(grid().text(2, 5), u"Parameter 5"_s);
+}
+
+TEST_F(UndoTest, separatesWhatWasTypedFromTheCommandThatEndedTheEdit)
+{
+    open(12);
+    copy({-1, 1, 13, 1});
+    selectCell(2, 5);
+    pressKey(grid(), Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), u"!"_s);
+    clickTool(u"ssrbnEdit(3)"_s);
+    EXPECT_EQ(grid().text(2, 6), u"Parameter 5!"_s);
+    undo();
+    EXPECT_EQ(grid().text(2, 5), u"Parameter 5!"_s);
+    undo();
+    EXPECT_EQ(grid().text(2, 5), u"Parameter 5"_s);
+}
+
+TEST_F(UndoTest, belongsToOneWindow)
+{
+    open(12);
+    type();
+    frmPrFile &first = editor();
+    ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"b.inv"_s, document(4))));
+    undo();
+    EXPECT_EQ(first.vaspdParam().text(2, 5), u"other"_s);
+    frame().makeActive(first);
+    undo();
+    EXPECT_EQ(first.vaspdParam().text(2, 5), u"Parameter 5"_s);
+}
+
+// In an open cell editor
+
+TEST_F(UndoTest, isTheTypedTextsOwnInAnOpenEditor)
+{
+    open(12);
+    type();
+    selectCell(2, 7);
+    pressKey(grid(), Qt::Key_F2);
+    auto &edit = dynamic_cast<QLineEdit &>(*QApplication::focusWidget());
+    QTest::keyClicks(&edit, u"abc"_s);
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(edit.text(), u"Parameter 7"_s);
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid().text(2, 5), u"other"_s); // nothing left to take back in the editor: the grid stays
+    for (const auto &[key, modifiers] : {std::pair(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier)),
+             std::pair(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier)}) {
+        QTest::keyClick(&edit, key, modifiers);
+        EXPECT_EQ(edit.text(), u"Parameter 7abc"_s);
+        QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    }
+    QTest::keyClick(&edit, Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClick(&edit, Qt::Key_Return);
+    EXPECT_EQ(grid().text(2, 7), u"Parameter 7abc"_s);
+    undo();
+    EXPECT_EQ(grid().text(2, 7), u"Parameter 7"_s);
+}
+
+// The changed flag
+
+TEST_F(UndoTest, clearsTheFlagWhereTheDocumentWasSavedLast)
+{
+    open(12);
+    type();
+    save();
+    EXPECT_FALSE(isChanged());
+    deleteLines();
+    undo();
+    EXPECT_FALSE(isChanged());
+    undo();
+    EXPECT_TRUE(isChanged()); // the file has the typed text
+    redo();
+    EXPECT_FALSE(isChanged());
+    redo();
+    EXPECT_TRUE(isChanged());
+    save();
+    undo();
+    EXPECT_TRUE(isChanged());
+}
+
+TEST_F(UndoTest, keepsTheFlagWhenTheWayToTheSavedTextIsLost)
+{
+    open(12);
+    type();
+    toggleByKey();
+    save();
+    undo();
+    undo();
+    typeInto(3, 7, u"1-2"_s);
+    undo();
+    EXPECT_TRUE(isChanged());
+    redo();
+    EXPECT_TRUE(isChanged());
+}
+
+TEST_F(UndoTest, savesWhatWasTakenBack)
+{
+    open(12);
+    const QByteArray before = readFile(editor().windowTitle());
+    deleteLines();
+    addPaste();
+    undo();
+    undo();
+    DocFlags[docNo()].changed = true;
+    save();
+    EXPECT_EQ(readFile(editor().windowTitle()), before);
+}
+
+TEST_F(UndoTest, doesNotTakeTheMachineBack)
+{
+    open(12);
+    type();
+    ModalScript script;
+    script.then([](QWidget &dialog) {
+        QTest::keyClicks(&control<QLineEdit>(dialog, u"txtKisyuName"_s), u"9"_s);
+        QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
+    });
+    chooseMenu(u"mneEdit"_s, u"mneEditInf"_s);
+    ASSERT_NE(MachineInfos[docNo()].Name, u"XT-200"_s);
+    undo();
+    EXPECT_EQ(grid().text(2, 5), u"Parameter 5"_s);
+    EXPECT_TRUE(isChanged());
+    save();
+    redo();
+    undo();
+    EXPECT_FALSE(isChanged());
+}
+
+TEST_F(UndoTest, givesTheFlagBackWhenTheMachineDialogChangedNothing)
+{
+    open(12);
+    type();
+    ModalScript script;
+    script.then([](QWidget &dialog) {
+        QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
+    });
+    chooseMenu(u"mneEdit"_s, u"mneEditInf"_s);
+    undo();
+    EXPECT_FALSE(isChanged());
+}
+
+// Size and speed
+
+TEST_F(UndoTest, restoresThousandsOfRowsAsABlock)
+{
+    open(3000);
+    copy({-1, 1, 13, 1000});
+    selectCell(1, 1501);
+    const Shown before = shown();
+    paste();
+    QSignalSpy edited(&grid(), &SpreadGrid::cellsEdited);
+    QSignalSpy changed(grid().model(), &QAbstractItemModel::dataChanged);
+    QSignalSpy left(&grid(), &SpreadGrid::cellLeft);
+    undo();
+    EXPECT_EQ(shown(), before);
+    EXPECT_EQ(edited.count(), 0);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_LE(left.count(), 1);
+}
