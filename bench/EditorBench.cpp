@@ -154,6 +154,47 @@ static void DeleteTheFirstRow(benchmark::State &state)
     measure(state, desk, prepare, [&] { desk.editor().deleteLines(); });
 }
 
+/// Measures taking back, or making again, what act did; act is one step.
+static void measureWay(benchmark::State &state, const Desk &desk, bool back, const auto &act)
+{
+    const auto press = [&desk](Qt::Key key) {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+        QApplication::sendEvent(&desk.grid(), &event);
+    };
+    act();
+    measure(
+        state, desk, [&] { press(back ? Qt::Key_Y : Qt::Key_Z); }, [&] { press(back ? Qt::Key_Z : Qt::Key_Y); });
+}
+
+template <bool Back>
+static void WayOfPasteOfAllRows(benchmark::State &state)
+{
+    const Desk desk;
+    desk.grid().selectBlock(allRows);
+    desk.editor().copy();
+    for (int row = 1; row <= rowCount; ++row) {
+        desk.grid().setText(ParameterColumn::Name, row, u"other"_s); // so that every row changes
+    }
+    measureWay(state, desk, Back, [&] { desk.editor().paste(); });
+}
+
+template <bool Back>
+static void WayOfAddLineAtTheTop(benchmark::State &state)
+{
+    const Desk desk;
+    desk.grid().setRowCount(rowCount - 1);
+    desk.grid().selectBlock(firstCell);
+    measureWay(state, desk, Back, [&] { desk.editor().addLine(); });
+}
+
+template <bool Back>
+static void WayOfDeleteOfAllRows(benchmark::State &state)
+{
+    const Desk desk;
+    desk.grid().selectBlock(allRows);
+    measureWay(state, desk, Back, [&] { desk.editor().deleteLines(); });
+}
+
 static void JumpToTheLastRow(benchmark::State &state)
 {
     const Desk desk;
@@ -246,6 +287,12 @@ BENCHMARK(PasteAllRows)->Apply(asMedians);
 BENCHMARK(CutAllRows)->Apply(asMedians);
 BENCHMARK(AddLineAtTheTop)->Apply(asMedians);
 BENCHMARK(DeleteTheFirstRow)->Apply(asMedians);
+BENCHMARK(WayOfPasteOfAllRows<true>)->Name("UndoPasteOfAllRows")->Apply(asMedians);
+BENCHMARK(WayOfPasteOfAllRows<false>)->Name("RedoPasteOfAllRows")->Apply(asMedians);
+BENCHMARK(WayOfAddLineAtTheTop<true>)->Name("UndoAddLineAtTheTop")->Apply(asMedians);
+BENCHMARK(WayOfAddLineAtTheTop<false>)->Name("RedoAddLineAtTheTop")->Apply(asMedians);
+BENCHMARK(WayOfDeleteOfAllRows<true>)->Name("UndoDeleteOfAllRows")->Apply(asMedians);
+BENCHMARK(WayOfDeleteOfAllRows<false>)->Name("RedoDeleteOfAllRows")->Apply(asMedians);
 BENCHMARK(JumpToTheLastRow)->Apply(asMedians);
 BENCHMARK(HideAColumn)->Apply(asMedians);
 BENCHMARK(ChangeTheFont)->Apply(asMedians);
@@ -267,8 +314,9 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     std::vector<Ratio> ratios;
     for (const char *command : {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow",
-             "JumpToTheLastRow", "HideAColumn", "ChangeTheFont", "KeepARecoveryCopy", "FindARecoveryCopyUpToDate",
-             "FindWhatNoCellHolds", "FindWhatEveryRowNearlyHolds"}) {
+             "UndoPasteOfAllRows", "RedoPasteOfAllRows", "UndoAddLineAtTheTop", "RedoAddLineAtTheTop",
+             "UndoDeleteOfAllRows", "RedoDeleteOfAllRows", "JumpToTheLastRow", "HideAColumn", "ChangeTheFont",
+             "KeepARecoveryCopy", "FindARecoveryCopyUpToDate", "FindWhatNoCellHolds", "FindWhatEveryRowNearlyHolds"}) {
         ratios.push_back({command, std::string(command) + '/', "MoveOfTexts/", 0, longestWait});
     }
     RatioReporter reporter(ratios);

@@ -22,7 +22,7 @@ void enlarge(std::optional<GridBlock> &block, const GridBlock &more)
 {
     block = !block ? more
                    : GridBlock{std::min(block->column1, more.column1), std::min(block->row1, more.row1),
-                         std::max(block->column2, more.column2), std::max(block->row2, more.row2)};
+                       std::max(block->column2, more.column2), std::max(block->row2, more.row2)};
 }
 
 } // namespace

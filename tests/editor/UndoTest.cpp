@@ -220,10 +220,9 @@ INSTANTIATE_TEST_SUITE_P(Acts, UndoEachAct,
     testing::Values(Act{"typing", &UndoTest::type}, Act{"Delete key", &UndoTest::pressDelete},
         Act{"Cut", &UndoTest::cut}, Act{"Paste of a foreign text", &UndoTest::pasteForeignText},
         Act{"Paste of a block", &UndoTest::pasteBlock}, Act{"Paste of rows", &UndoTest::pasteRows},
-        Act{"Add Paste", &UndoTest::addPaste}, Act{"Add", &UndoTest::addLine},
-        Act{"Delete", &UndoTest::deleteLines}, Act{"Delete of the last rows", &UndoTest::deleteLastLines},
-        Act{"check box by key", &UndoTest::toggleByKey}, Act{"check box by mouse", &UndoTest::toggleByMouse},
-        Act{"choice from a list", &UndoTest::chooseFromList},
+        Act{"Add Paste", &UndoTest::addPaste}, Act{"Add", &UndoTest::addLine}, Act{"Delete", &UndoTest::deleteLines},
+        Act{"Delete of the last rows", &UndoTest::deleteLastLines}, Act{"check box by key", &UndoTest::toggleByKey},
+        Act{"check box by mouse", &UndoTest::toggleByMouse}, Act{"choice from a list", &UndoTest::chooseFromList},
         Act{"functional list code", &UndoTest::editFuncCode}, Act{"read conditions", &UndoTest::editConditions}));
 
 // What is selected and seen
@@ -499,9 +498,7 @@ TEST_F(UndoTest, givesTheFlagBackWhenTheMachineDialogChangedNothing)
     open(12);
     type();
     ModalScript script;
-    script.then([](QWidget &dialog) {
-        QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
-    });
+    script.then([](QWidget &dialog) { QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton); });
     chooseMenu(u"mneEdit"_s, u"mneEditInf"_s);
     undo();
     EXPECT_FALSE(isChanged());
