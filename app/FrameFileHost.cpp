@@ -45,5 +45,10 @@ void FrameFileHost::setBusy(bool busy)
 
 void FrameFileHost::runPendingEvents()
 {
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    // Once in a while, not for every row: asking the window system takes longer than a row does.
+    constexpr qint64 interval = 5; // ms
+    if (!m_sinceEvents.isValid() || m_sinceEvents.elapsed() >= interval) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        m_sinceEvents.start();
+    }
 }

@@ -3,6 +3,7 @@
 #include "document/FileHost.h"
 #include "platform/BusyPointer.h"
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include <optional>
@@ -21,4 +22,5 @@ public:
 private:
     QWidget &m_frame;
     std::optional<BusyPointer> m_busy;
+    QElapsedTimer m_sinceEvents;
 };

@@ -1,88 +1,15 @@
-#include "bench/DocumentGenerator.h"
+#include "bench/BenchDocument.h"
 #include "bench/Floors.h"
 #include "bench/RatioReporter.h"
-#include "bench/RecordGrid.h"
 #include "document/CollectPrRecords.h"
-#include "document/DocumentTables.h"
-#include "document/PrFile.h"
-#include "runtime/AnsiText.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <memory>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 docNo = 1;
-
-/// Lets events run as the program does, or not at all.
-class BenchHost : public FileHost
-{
-public:
-    explicit BenchHost(bool events) : m_events(events) { }
-
-    void showMessage(const QString &text) override { qFatal("%s", qPrintable(text)); }
-    void showError(const QString &text, const QString &) override { qFatal("%s", qPrintable(text)); }
-    void setBusy(bool) override { }
-    void runPendingEvents() override { floors::passEvents(m_events ? 1 : 0); }
-
-private:
-    bool m_events;
-};
-
-/// In memory where the system can, so that the disk's own time does not hide the program's.
-QString folderTemplate()
-{
-    const QString memory = u"/dev/shm"_s;
-    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/tabrix-bench-XXXXXX"_s;
-}
-
-/// A generated document in a folder of its own, read once, with the grid that shows it.
-struct Document
-{
-    explicit Document(int rowCount) : rows(rowCount), folder(folderTemplate())
-    {
-        qputenv("XDG_DATA_HOME", folder.filePath(u"data"_s).toLocal8Bit());
-        setAnsiCodePageNumber(1252);
-        resetDocumentTables();
-        growDocumentTables(docNo);
-        QFile file(fileName());
-        if (!file.open(QIODevice::WriteOnly)) {
-            qFatal("cannot write the generated file");
-        }
-        file.write(DocumentGenerator(1).file(rows));
-        file.close();
-        read(true);
-        grid = std::make_unique<RecordGrid>(PrRecords, rows);
-    }
-
-    QString fileName() const { return folder.filePath(u"document.inv"_s); }
-    QString savedName() const { return folder.filePath(u"saved.inv"_s); }
-    void read(bool events) const
-    {
-        BenchHost host(events);
-        ReadPrFile(fileName(), docNo, host);
-    }
-    void save(bool events) const
-    {
-        BenchHost host(events);
-        WritePrFile(savedName(), {docNo, *grid, QString::number(rows)}, host);
-    }
-
-    int rows;
-    QTemporaryDir folder;
-    std::unique_ptr<RecordGrid> grid;
-};
-
 void readFile(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         document.read(true);
     }
@@ -90,16 +17,16 @@ void readFile(benchmark::State &state)
 
 void readFloor(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
-        floors::passEvents(document.rows);
+        floors::passEvents(document.rowCount());
     }
 }
 
 void readWithoutEvents(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         document.read(false);
     }
@@ -107,7 +34,7 @@ void readWithoutEvents(benchmark::State &state)
 
 void splitOnly(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
     }
@@ -115,15 +42,15 @@ void splitOnly(benchmark::State &state)
 
 void collect(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        CollectPrRecords(*document.grid);
+        CollectPrRecords(document.grid());
     }
 }
 
 void saveFile(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         document.save(true);
     }
@@ -131,17 +58,17 @@ void saveFile(benchmark::State &state)
 
 void saveFloor(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     const QStringList fields = floors::splitFile(document.fileName());
     for (auto _ : state) {
         floors::joinToFile(fields, document.savedName());
-        floors::passEvents(document.rows);
+        floors::passEvents(document.rowCount());
     }
 }
 
 void saveWithoutEvents(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         document.save(false);
     }
@@ -149,7 +76,7 @@ void saveWithoutEvents(benchmark::State &state)
 
 void joinOnly(benchmark::State &state)
 {
-    const Document document(static_cast<int>(state.range(0)));
+    const BenchDocument document(static_cast<int>(state.range(0)));
     const QStringList fields = floors::splitFile(document.fileName());
     for (auto _ : state) {
         floors::joinToFile(fields, document.savedName());

@@ -1,5 +1,7 @@
 #include "bench/DocumentGenerator.h"
 
+#include <QFile>
+
 namespace {
 
 constexpr const char *subjects[] = {"Torque boost", "Acceleration time", "Terminal RL function", "Stall prevention",
@@ -79,4 +81,13 @@ QByteArray DocumentGenerator::file(int rows)
         bytes += row(i);
     }
     return bytes;
+}
+
+void DocumentGenerator::write(int rows, const QString &fileName)
+{
+    const QByteArray bytes = this->file(rows);
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        qFatal("cannot write %s", qPrintable(fileName));
+    }
 }

@@ -11,6 +11,8 @@ public:
     explicit DocumentGenerator(quint32 seed) : m_random(seed) { }
 
     QByteArray file(int rows);
+    /// Writes such a file; ends the program when it cannot.
+    void write(int rows, const QString &fileName);
 
 private:
     int number(int last);

@@ -1,11 +1,10 @@
 // What the editor window's commands cost on a table of the greatest size, the paint that follows included, beside
 // moving the same texts by one row within memory.
 
-#include "app/MDIfrmTabrix.h"
 #include "app/Settings.h"
-#include "bench/DocumentGenerator.h"
+#include "bench/Desk.h"
 #include "bench/RatioReporter.h"
-#include "document/DocumentTables.h"
+#include "bench/Stopwatch.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
@@ -13,15 +12,12 @@
 #include "platform/SpreadGrid.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <array>
 #include <chrono>
-#include <ctime>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -34,49 +30,6 @@ constexpr int columnCount = ParameterColumn::Count;
 constexpr GridBlock allRows{-1, 1, columnCount, rowCount};
 constexpr GridBlock firstRow{-1, 1, columnCount, 1};
 constexpr GridBlock firstCell{1, 1, 1, 1};
-
-/// The running program with one document.
-class Desk
-{
-public:
-    Desk()
-    {
-        QFile file(m_folder.filePath(u"a.inv"_s));
-        if (!file.open(QIODevice::WriteOnly) || file.write(DocumentGenerator(1).file(rowCount)) < 0) {
-            qFatal("no place for the document");
-        }
-        file.close();
-        m_frame.load({});
-        m_frame.resize(1200, 800);
-        m_frame.show();
-        m_frame.documents().OpenPrFile(file.fileName());
-        QApplication::processEvents();
-    }
-    ~Desk() { DocFlags[editor().docNo()].changed = false; }
-    Q_DISABLE_COPY_MOVE(Desk)
-
-    RecoveryKeeper &recovery() { return m_frame.recovery(); }
-    frmPrFile &editor() const { return *m_frame.activeEditor(); }
-    SpreadGrid &grid() const { return editor().vaspdParam(); }
-    /// The texts of the file again, in all rows.
-    void restore() const
-    {
-        grid().setRowCount(rowCount);
-        editor().SetPrInfSpread();
-    }
-
-private:
-    QTemporaryDir m_folder;
-    MDIfrmTabrix m_frame;
-};
-
-// Other processes' share of the machine does not count.
-double secondsOf(const auto &work)
-{
-    const std::clock_t begin = std::clock();
-    work();
-    return double(std::clock() - begin) / CLOCKS_PER_SEC;
-}
 
 /// Measures work and the paint after it, with prepare before each run.
 void measure(benchmark::State &state, const Desk &desk, const auto &prepare, const auto &work)
@@ -96,13 +49,9 @@ void measure(benchmark::State &state, const Desk &desk, const auto &prepare, con
 
 static void MoveOfTexts(benchmark::State &state)
 {
-    const Desk desk;
-    std::vector<std::array<QString, columnCount>> rows(rowCount + 1);
-    for (int row = 1; row <= rowCount; ++row) {
-        for (int column = 1; column <= columnCount; ++column) {
-            rows[size_t(row - 1)][size_t(column - 1)] = desk.grid().text(column, row);
-        }
-    }
+    const Desk desk(rowCount);
+    PlainRows rows = desk.plainRows();
+    rows.emplace_back();
     for (auto _ : state) {
         state.SetIterationTime(secondsOf([&] { std::move_backward(rows.begin(), rows.end() - 1, rows.end()); }));
     }
@@ -110,14 +59,14 @@ static void MoveOfTexts(benchmark::State &state)
 
 static void CopyAllRows(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     measure(
         state, desk, [&] { desk.grid().selectBlock(allRows); }, [&] { desk.editor().copy(); });
 }
 
 static void PasteAllRows(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
     desk.editor().copy();
     measure(
@@ -126,7 +75,7 @@ static void PasteAllRows(benchmark::State &state)
 
 static void CutAllRows(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     const auto prepare = [&] {
         desk.restore();
         desk.grid().selectBlock(allRows);
@@ -136,7 +85,7 @@ static void CutAllRows(benchmark::State &state)
 
 static void AddLineAtTheTop(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     const auto prepare = [&] {
         desk.grid().setRowCount(rowCount - 1);
         desk.grid().selectBlock(firstCell);
@@ -146,7 +95,7 @@ static void AddLineAtTheTop(benchmark::State &state)
 
 static void DeleteTheFirstRow(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     const auto prepare = [&] {
         desk.grid().setRowCount(rowCount);
         desk.grid().selectBlock(firstRow);
@@ -197,7 +146,7 @@ static void WayOfDeleteOfAllRows(benchmark::State &state)
 
 static void JumpToTheLastRow(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     measure(
         state, desk, [&] { desk.grid().setActiveCell(1, 1); },
         [&] {
@@ -208,7 +157,7 @@ static void JumpToTheLastRow(benchmark::State &state)
 
 static void HideAColumn(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     const auto show = [&](bool shown) {
         ListVisualState[ParameterColumn::Name - 1] = !shown;
         applyVisibleColumns(desk.grid());
@@ -220,7 +169,7 @@ static void HideAColumn(benchmark::State &state)
 
 static void ChangeTheFont(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     const QFont usual = desk.grid().gridFont();
     QFont large = usual;
     large.setPointSizeF(usual.pointSizeF() * 1.5);
@@ -231,7 +180,7 @@ static void ChangeTheFont(benchmark::State &state)
 // Each time after an edit, so that there is something to write.
 static void KeepARecoveryCopy(benchmark::State &state)
 {
-    Desk desk;
+    Desk desk(rowCount);
     desk.recovery().setInterval(std::chrono::hours(1));
     int edits = 0;
     const auto edit = [&] {
@@ -244,7 +193,7 @@ static void KeepARecoveryCopy(benchmark::State &state)
 // Where nothing was done since the last copy, which is what happens most often.
 static void FindARecoveryCopyUpToDate(benchmark::State &state)
 {
-    Desk desk;
+    Desk desk(rowCount);
     desk.recovery().setInterval(std::chrono::hours(1));
     DocFlags[desk.editor().docNo()].changed = true;
     measure(
@@ -254,7 +203,7 @@ static void FindARecoveryCopyUpToDate(benchmark::State &state)
 /// Types a text into the open field; the measured key is its last.
 static void findLast(benchmark::State &state, const QString &text)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     desk.editor().finder().open();
     auto *field = desk.editor().findChild<QLineEdit *>(u"txtFind"_s);
     const auto prepare = [&] {

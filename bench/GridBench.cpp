@@ -1,18 +1,18 @@
 // What the spread grid's work on a table of the greatest size costs, beside the cheapest thing that could do it: moving
 // the same texts within a vector of rows, and painting the same cells as plain text.
 
+#include "bench/PlainPage.h"
+#include "bench/Stopwatch.h"
 #include "platform/SpreadGrid.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QPainter>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <ctime>
 #include <malloc.h>
 #include <memory>
 #include <vector>
@@ -22,9 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int rowCount = 32767;
-constexpr int columnCount = 13;
-using PlainRow = std::array<QString, columnCount>;
-using PlainRows = std::vector<PlainRow>;
+constexpr int columnCount = benchColumnCount;
 
 PlainRow plainRow(int row)
 {
@@ -57,20 +55,11 @@ qsizetype textBytes()
     return units * qsizetype(sizeof(char16_t));
 }
 
-// Other processes' share of the machine does not count.
-double secondsOf(const auto &work)
-{
-    const std::clock_t begin = std::clock();
-    work();
-    return double(std::clock() - begin) / CLOCKS_PER_SEC;
-}
-
 double medianSeconds(const auto &work)
 {
-    std::array<double, 11> times;
+    std::vector<double> times(11);
     std::ranges::generate(times, [&] { return secondsOf(work); });
-    std::ranges::nth_element(times, times.begin() + times.size() / 2);
-    return times[times.size() / 2];
+    return median(times);
 }
 
 /// Measures work, with prepare before each run; says how many times the floor it takes.
@@ -138,33 +127,6 @@ std::unique_ptr<SpreadGrid> fullGrid()
     QApplication::processEvents();
     return grid;
 }
-
-// The same cells as a grid shows, as plain texts.
-class PlainPage : public QWidget
-{
-public:
-    explicit PlainPage(const SpreadGrid &grid) : m_grid(grid) { resize(grid.viewport()->size()); }
-    void setTopRow(int row) { m_top = row; }
-
-protected:
-    void paintEvent(QPaintEvent * /*event*/) override
-    {
-        QPainter painter(this);
-        painter.fillRect(rect(), palette().base());
-        for (int row = m_top, y = 0; y < height() && row <= rowCount; ++row, y += m_grid.rowHeight(0)) {
-            for (int column = 1, x = 0; column <= columnCount && x < width(); ++column) {
-                const QRect cell(x, y, m_grid.columnWidth(column - 1), m_grid.rowHeight(0));
-                painter.drawText(
-                    cell, Qt::AlignVCenter | Qt::TextSingleLine, plainRows()[size_t(row - 1)][size_t(column - 1)]);
-                x += cell.width();
-            }
-        }
-    }
-
-private:
-    const SpreadGrid &m_grid;
-    int m_top = 1;
-};
 
 } // namespace
 
@@ -276,7 +238,7 @@ static void FirstPaint(benchmark::State &state)
 
 static double plainPageSeconds(const SpreadGrid &grid)
 {
-    PlainPage page(grid);
+    PlainPage page(grid, plainRows());
     page.show();
     QApplication::processEvents();
     int row = 1;

@@ -139,7 +139,12 @@ QString NormalizeNumText(QStringView text)
 
 QString functionCodeText(qint16 code)
 {
-    return QString::number(static_cast<quint16>(code), 16).toUpper().rightJustified(4, u'0');
+    QString text(4, Qt::Uninitialized);
+    auto rest = static_cast<quint16>(code);
+    for (qsizetype i = text.size(); i > 0; rest >>= 4) {
+        text[--i] = u"0123456789ABCDEF"[rest & 0xF];
+    }
+    return text;
 }
 
 qint16 storedFunctionCode(QStringView decimal)
@@ -170,7 +175,9 @@ Converted<QList<SettingRange>> rangesFromText(QStringView text)
 
 QString rangesToText(std::span<const SettingRange> ranges)
 {
+    constexpr qsizetype usualLength = 12;
     QString text;
+    text.reserve(qsizetype(ranges.size()) * usualLength);
     for (const SettingRange &range : ranges) {
         text += text.isEmpty() ? ""_L1 : ","_L1;
         appendRange(text, range);

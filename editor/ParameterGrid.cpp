@@ -62,14 +62,18 @@ void layOutColumn(SpreadGrid &grid, const ColumnLayout &layout)
     }
 }
 
+bool hasLineBreak(QStringView text)
+{
+    return std::ranges::any_of(text, [](QChar character) { return character == u'\n' || character == u'\r'; });
+}
+
 void fillRow(SpreadGrid &grid, int index)
 {
     const RecordTexts texts(PrRecords.at(index), FormatSettingRange(index), FormatPrCondText(index));
     const auto &cells = texts.cells();
     const int row = index + 1;
     grid.setRowTexts(row, cells);
-    const auto hasLineBreak = [](QStringView text) { return text.contains(u'\n') || text.contains(u'\r'); };
-    if (std::any_of(cells.begin(), cells.end(), hasLineBreak)) {
+    if (std::ranges::any_of(cells, hasLineBreak)) {
         grid.fitRowHeight(row);
     }
 }
@@ -79,7 +83,6 @@ void fillRow(SpreadGrid &grid, int index)
 void layOutParameterGrid(SpreadGrid &grid, int rows)
 {
     grid.setColumnCount(ParameterColumn::Count);
-    grid.setRowCount(rows);
     grid.setFrozenColumns(1);
     grid.setText(0, 0, ResString(headerTextId));
     grid.setAlignment(0, Qt::AlignCenter);
@@ -88,6 +91,7 @@ void layOutParameterGrid(SpreadGrid &grid, int rows)
         layOutColumn(grid, layout);
     }
     applyVisibleColumns(grid);
+    grid.setRowCount(rows); // last: a column that is fitted to its header need not look at them
 }
 
 void applyVisibleColumns(SpreadGrid &grid)

@@ -1,5 +1,7 @@
 #include "platform/Picture.h"
 
+#include "platform/PictureEngine.h"
+
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -19,24 +21,19 @@ QString picturePath(const QString &name)
     return u":/pictures/%1.svg"_s.arg(name);
 }
 
-void addPicture(QIcon &icon, int number, QIcon::Mode mode)
+/// The path of the picture of that number; empty when there is none.
+QString existingPath(int number)
 {
     const QString path = picturePath(QString::number(number));
-    if (QFile::exists(path)) {
-        icon.addFile(path, {}, mode);
-    }
+    return QFile::exists(path) ? path : QString();
 }
 
 } // namespace
 
 QIcon Picture::icon(int first, int second)
 {
-    QIcon icon;
-    addPicture(icon, first, QIcon::Normal);
-    if (second != 0) {
-        addPicture(icon, second, QIcon::Disabled);
-    }
-    return icon;
+    const QString normal = existingPath(first);
+    return normal.isEmpty() ? QIcon() : QIcon(new PictureEngine(normal, existingPath(second)));
 }
 
 QIcon Picture::programIcon()

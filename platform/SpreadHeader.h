@@ -22,6 +22,8 @@ public:
     QSize textSize(int section) const { return sectionSizeFromContents(section); }
     /// The section at that place of the viewport, the frozen one included; -1 for none.
     int sectionAt(const QPoint &place) const;
+    /// The thickness that the grid fixed; Qt's own would measure all captions at each layout.
+    QSize sizeHint() const override { return minimumSize(); }
 
 signals:
     /// The right button was released over a section.

@@ -1,0 +1,52 @@
+#include "bench/BenchDocument.h"
+
+#include "bench/DocumentGenerator.h"
+#include "bench/Floors.h"
+#include "document/DocumentTables.h"
+#include "document/PrFile.h"
+#include "runtime/AnsiText.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 docNo = 1;
+
+} // namespace
+
+void BenchHost::runPendingEvents()
+{
+    floors::passEvents(m_events ? 1 : 0);
+}
+
+BenchDocument::BenchDocument(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
+{
+    qputenv("XDG_DATA_HOME", m_folder.filePath(u"data"_s).toLocal8Bit());
+    setAnsiCodePageNumber(1252);
+    resetDocumentTables();
+    growDocumentTables(docNo);
+    DocumentGenerator(1).write(m_rowCount, fileName());
+    read(true);
+    m_grid = std::make_unique<RecordGrid>(PrRecords, m_rowCount);
+}
+
+void BenchDocument::read(bool events) const
+{
+    BenchHost host(events);
+    ReadPrFile(fileName(), docNo, host);
+}
+
+void BenchDocument::save(bool events) const
+{
+    BenchHost host(events);
+    WritePrFile(savedName(), {docNo, *m_grid, QString::number(m_rowCount)}, host);
+}
+
+QString benchFolderTemplate()
+{
+    const QString memory = u"/dev/shm"_s;
+    return (QFileInfo(memory).isWritable() ? memory : QDir::tempPath()) + u"/tabrix-bench-XXXXXX"_s;
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "bench/RecordGrid.h"
+#include "document/FileHost.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+/// Lets events run as the program does, or not at all. A message ends the measurement: none is expected.
+class BenchHost : public FileHost
+{
+public:
+    explicit BenchHost(bool events) : m_events(events) { }
+
+    void showMessage(const QString &text) override { qFatal("%s", qPrintable(text)); }
+    void showError(const QString &text, const QString &) override { qFatal("%s", qPrintable(text)); }
+    void setBusy(bool) override { }
+    void runPendingEvents() override;
+
+private:
+    bool m_events;
+};
+
+/// A generated document in a folder of its own, read once, with a grid that shows it. One at a time: the tables of
+/// records are the program's own.
+class BenchDocument
+{
+public:
+    explicit BenchDocument(int rowCount);
+
+    int rowCount() const { return m_rowCount; }
+    QString fileName() const { return m_folder.filePath(QStringLiteral("document.inv")); }
+    QString savedName() const { return m_folder.filePath(QStringLiteral("saved.inv")); }
+    void read(bool events) const;
+    void save(bool events) const;
+    const RecordGrid &grid() const { return *m_grid; }
+
+private:
+    int m_rowCount;
+    QTemporaryDir m_folder;
+    std::unique_ptr<RecordGrid> m_grid;
+};
+
+/// Where files are written that the disk's own time shall not hide: in memory where the system can.
+QString benchFolderTemplate();

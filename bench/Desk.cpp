@@ -1,0 +1,73 @@
+#include "bench/Desk.h"
+
+#include "bench/BenchDocument.h"
+#include "bench/DocumentGenerator.h"
+#include "document/DocumentTables.h"
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+Desk::Desk(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
+{
+    DocumentGenerator(1).write(m_rowCount, fileName());
+    m_frame.load({});
+    m_frame.resize(1200, 800);
+    m_frame.show();
+    closeActive(); // the untitled document
+    openAgain();
+    QApplication::processEvents();
+}
+
+Desk::~Desk()
+{
+    DocFlags[editor().docNo()].changed = false;
+}
+
+frmPrFile &Desk::editor() const
+{
+    return *m_frame.activeEditor();
+}
+
+SpreadGrid &Desk::grid() const
+{
+    return editor().vaspdParam();
+}
+
+QString Desk::fileName() const
+{
+    return m_folder.filePath(u"a.inv"_s);
+}
+
+void Desk::openAgain()
+{
+    if (!m_frame.documents().OpenPrFile(fileName())) {
+        qFatal("the generated document cannot be opened");
+    }
+}
+
+// The window that becomes active is the one that was opened before.
+void Desk::closeActive()
+{
+    editor().parentWidget()->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Desk::restore() const
+{
+    grid().setRowCount(m_rowCount);
+    editor().SetPrInfSpread();
+}
+
+PlainRows Desk::plainRows() const
+{
+    PlainRows rows(static_cast<size_t>(m_rowCount));
+    for (int row = 1; row <= m_rowCount; ++row) {
+        for (int column = 1; column <= benchColumnCount; ++column) {
+            rows[size_t(row - 1)][size_t(column - 1)] = grid().text(column, row);
+        }
+    }
+    return rows;
+}

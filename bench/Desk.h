@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/MDIfrmTabrix.h"
+#include "bench/PlainPage.h"
+
+#include <QTemporaryDir>
+
+class frmPrFile;
+class SpreadGrid;
+
+/// The running program with a generated document.
+class Desk
+{
+public:
+    explicit Desk(int rowCount);
+    ~Desk();
+    Q_DISABLE_COPY_MOVE(Desk)
+
+    int rowCount() const { return m_rowCount; }
+    frmPrFile &editor() const;
+    SpreadGrid &grid() const;
+    RecoveryKeeper &recovery() { return m_frame.recovery(); }
+    QString fileName() const;
+    /// Opens the document once more, in a window that becomes the active one.
+    void openAgain();
+    /// Closes the active window.
+    void closeActive();
+    /// The texts of the file again, in all rows.
+    void restore() const;
+    /// A copy of the cells' texts.
+    PlainRows plainRows() const;
+
+private:
+    int m_rowCount;
+    QTemporaryDir m_folder;
+    MDIfrmTabrix m_frame;
+};

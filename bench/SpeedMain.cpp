@@ -1,0 +1,35 @@
+// bench_speed: prints the table of what users feel. With a mode it is one of the processes that the table is made of.
+
+#include "bench/SpeedRows.h"
+#include "bench/SpeedTable.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_NO_GUI_THREADPOOL", "1"); // as the program has it
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    if (argc > 1) {
+        const QApplication application(argc, argv);
+        return runAsChild(argv[1], argc > 2 ? argv[2] : "");
+    }
+    const QTemporaryDir home; // empty settings, and the user's own stay as they are
+    for (const char *folder : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        qputenv(folder, home.path().toLocal8Bit());
+    }
+    const QApplication application(argc, argv);
+    std::printf("| what | against | Tabrix | yardstick | ratio | target | |\n|---|---|---|---|---|---|---|\n");
+    SpeedTable table;
+    addProcessRows(table);
+    addCoreRows(table);
+    addEditorRows(table);
+    return 0;
+}

@@ -1,0 +1,65 @@
+#include "bench/SpeedTable.h"
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+constexpr int runs = 11;
+
+std::string formatted(const char *format, auto... values)
+{
+    std::array<char, 160> text{};
+    std::snprintf(text.data(), text.size(), format, values...);
+    return text.data();
+}
+
+} // namespace
+
+Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other)
+{
+    std::vector<double> owns;
+    std::vector<double> others;
+    for (int run = 0; run <= runs; ++run) {
+        const double first = own();
+        const double second = other();
+        if (run > 0) {
+            owns.push_back(first);
+            others.push_back(second);
+        }
+    }
+    return {median(owns), median(others)};
+}
+
+void SpeedTable::print(const std::string &what, const std::string &against, const std::string &figures, bool pass)
+{
+    std::printf("| %s | %s | %s | %s |\n", what.c_str(), against.c_str(), figures.c_str(), pass ? "pass" : "short");
+    std::fflush(stdout);
+}
+
+void SpeedTable::add(
+    const std::string &what, const std::string &against, const char *unit, Measured measured, double most)
+{
+    const double ratio = measured.own / measured.other;
+    print(what, against,
+        formatted("%.2f %s | %.2f %s | %.2f | <= %.1f", measured.own, unit, measured.other, unit, ratio, most),
+        ratio <= most);
+}
+
+void SpeedTable::addFaster(const std::string &what, const std::string &against, Measured measured, double least)
+{
+    const double ratio = measured.other / measured.own;
+    print(what, against,
+        formatted("%.1f ms | %.1f ms | %.1f times faster | >= %.0f", measured.own, measured.other, ratio, least),
+        ratio >= least);
+}
+
+void SpeedTable::addLimit(const std::string &what, const char *unit, double own, double most)
+{
+    print(what, "", formatted("%.2f %s | | | <= %.0f %s", own, unit, most, unit), own <= most);
+}
+
+void SpeedTable::addSkipped(const std::string &what, const std::string &why)
+{
+    std::printf("| %s | %s | | | | | skipped |\n", what.c_str(), why.c_str());
+}

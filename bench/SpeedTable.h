@@ -1,0 +1,35 @@
+#pragma once
+
+#include "bench/Stopwatch.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// What Tabrix and its yardstick take, in the unit of the row.
+struct Measured
+{
+    double own;
+    double other;
+};
+
+/// Runs both in turn, so that both meet the same machine, and takes the median of each: an odd number of runs, after
+/// one that warms the caches.
+Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other);
+
+/// The table of what users feel: each row a measurement beside its yardstick, with a target.
+class SpeedTable
+{
+public:
+    /// The ratio own / other may be most.
+    void add(const std::string &what, const std::string &against, const char *unit, Measured measured, double most);
+    /// The ratio other / own must be least: how many times faster than another program.
+    void addFaster(const std::string &what, const std::string &against, Measured measured, double least);
+    /// A plain figure that may be most.
+    void addLimit(const std::string &what, const char *unit, double own, double most);
+    /// A line instead of a row that cannot be measured here.
+    void addSkipped(const std::string &what, const std::string &why);
+
+private:
+    static void print(const std::string &what, const std::string &against, const std::string &figures, bool pass);
+};

@@ -1,0 +1,61 @@
+# Where the program stands once installed, and the packages made of it. The program looks for its help files and for the
+# set-up software's INI folders beside its executable: all of them share one folder, and bin/ holds a link.
+include(GNUInstallDirs)
+
+if(WIN32)
+    set(TABRIX_PROGRAM_DIR .)
+else()
+    set(TABRIX_PROGRAM_DIR ${CMAKE_INSTALL_LIBDIR}/tabrix)
+endif()
+
+install(TARGETS tabrix RUNTIME DESTINATION ${TABRIX_PROGRAM_DIR})
+install(FILES ${CMAKE_BINARY_DIR}/TABRIX.HLP ${CMAKE_BINARY_DIR}/TABRIXE.HLP DESTINATION ${TABRIX_PROGRAM_DIR})
+install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+
+if(UNIX)
+    file(RELATIVE_PATH link_target /${CMAKE_INSTALL_BINDIR} /${TABRIX_PROGRAM_DIR}/tabrix)
+    file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install)
+    file(CREATE_LINK ${link_target} ${CMAKE_BINARY_DIR}/install/tabrix SYMBOLIC)
+    install(FILES ${CMAKE_BINARY_DIR}/install/tabrix DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES packaging/tabrix.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+    install(FILES packaging/org.tabrix.Tabrix.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    install(FILES packaging/tabrix-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME tabrix.xml)
+    install(FILES resources/pictures/tabrix.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+
+    # Desktops that do not draw SVG take the nearest of these.
+    find_program(TABRIX_RSVG_CONVERT rsvg-convert DOC "Draws the icon sizes (Debian package librsvg2-bin)")
+    set(icons)
+    if(TABRIX_RSVG_CONVERT)
+        foreach(size 16 22 24 32 48 64 128 256)
+            set(icon ${CMAKE_BINARY_DIR}/install/tabrix-${size}.png)
+            add_custom_command(OUTPUT ${icon}
+                COMMAND ${TABRIX_RSVG_CONVERT} -w ${size} -h ${size} -o ${icon}
+                        ${CMAKE_SOURCE_DIR}/resources/pictures/tabrix.svg
+                DEPENDS resources/pictures/tabrix.svg
+                VERBATIM)
+            install(FILES ${icon} RENAME tabrix.png
+                    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps)
+            list(APPEND icons ${icon})
+        endforeach()
+    endif()
+    add_custom_target(tabrix_icons ALL DEPENDS ${icons})
+endif()
+
+set(CPACK_PACKAGE_NAME tabrix)
+set(CPACK_PACKAGE_VENDOR Tabrix)
+set(CPACK_PACKAGE_CONTACT "Tabrix developers <tabrix@localhost>")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Editor for parameter definition files of variable-frequency drives")
+set(CPACK_PACKAGE_DESCRIPTION
+    "Tabrix edits the files that describe an inverter model to its set-up software:
+the machine's information and a table of parameters. Several files stand side
+by side; the interface is English or Japanese.")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_GENERATOR DEB)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SECTION editors)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# What the libraries load at run time, which no link shows: SVG icons, the help files' database, Qt's own texts.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, libqt6sql6-sqlite")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, fonts-ipafont-gothic, shared-mime-info, desktop-file-utils")
+include(CPack)
