@@ -5,6 +5,8 @@
 #include "bench/DocumentGenerator.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
+#include "document/DocumentTables.h"
+#include "document/PrFile.h"
 #include "editor/frmPrFile.h"
 
 #include <QApplication>
@@ -100,7 +102,16 @@ int printGrowth(int rows)
     return 0;
 }
 
-/// Reads or opens a document once, so that a counting tool sees that and the start alone.
+/// Reads a document once, so that a counting tool sees that and the start alone.
+int readOnce(const QString &fileName)
+{
+    constexpr qint16 docNo = 1;
+    growDocumentTables(docNo);
+    BenchHost host(false);
+    return ReadPrFile(fileName, docNo, host) ? 1 : 0;
+}
+
+/// The same for opening it to the filled grid.
 int openOnce(const QString &fileName)
 {
     MDIfrmTabrix frame;
@@ -237,7 +248,10 @@ int runAsChild(const char *mode, const char *argument)
     if (name == "open-and-exit") {
         return showFile(file, [] { QApplication::quit(); });
     }
-    if (name == "once") {
+    if (name == "count-read") {
+        return readOnce(file);
+    }
+    if (name == "count-open") {
         return openOnce(file);
     }
     if (name == "growth") {

@@ -1,5 +1,6 @@
 # Where the program stands once installed, and the packages made of it. The program looks for its help files and for the
 # set-up software's INI folders beside its executable: all of them share one folder, and bin/ holds a link.
+set(CMAKE_INSTALL_DOCDIR share/doc/tabrix CACHE PATH "Documents")
 include(GNUInstallDirs)
 
 if(WIN32)

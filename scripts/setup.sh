@@ -11,6 +11,8 @@ packages=(
     # test, measure and check
     git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick
     clang clang-format clang-tidy libclang-rt-14-dev python3
+    # package, and check the package
+    dpkg-dev librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps
 )
 
 missing=()
