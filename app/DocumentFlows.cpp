@@ -17,6 +17,8 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -53,6 +55,7 @@ bool DocumentFlows::OpenPrFile()
             .filter = ResString(openFilterId),
             .filterIndex = parameterFilter,
             .folder = QDir::currentPath()});
+    keepFolder(fileName);
     return !fileName.isEmpty() && OpenPrFile(fileName);
 }
 
@@ -124,11 +127,26 @@ bool DocumentFlows::postponedForActive(std::function<void()> save)
 QString DocumentFlows::ShowFileDialog()
 {
     // Fixed English texts in either language, unlike the dialog that opens files
-    return askForFileToSave(m_area.window(),
+    const QString fileName = askForFileToSave(m_area.window(),
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,
             .folder = QDir::currentPath()});
+    keepFolder(fileName);
+    return fileName;
+}
+
+// Both dialogs begin in the working folder; so the folder that was used last becomes it. Not while a document goes by a
+// relative name, which would mean another file there.
+void DocumentFlows::keepFolder(const QString &fileName) const
+{
+    const QList<frmPrFile *> editors = openEditors();
+    const bool bound = std::ranges::any_of(editors, [](const frmPrFile *editor) {
+        return !isUntitled(editor->windowTitle()) && QFileInfo(editor->windowTitle()).isRelative();
+    });
+    if (!fileName.isEmpty() && !bound) {
+        QDir::setCurrent(QFileInfo(fileName).absolutePath());
+    }
 }
 
 void DocumentFlows::NewDocumentWindow(int slot)
@@ -196,6 +214,8 @@ frmPrFile &DocumentFlows::createEditor(int slot)
     m_windows[slot] = editor;
     QMdiSubWindow *window = m_area.addSubWindow(editor);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    connect(editor, &frmPrFile::unloaded, this,
+        [this, editor, window] { m_placer.remember(*window, editor->windowTitle()); });
     emit editorCreated(editor);
     return *editor;
 }
@@ -203,8 +223,7 @@ frmPrFile &DocumentFlows::createEditor(int slot)
 void DocumentFlows::showEditor(frmPrFile &editor)
 {
     auto *window = qobject_cast<QMdiSubWindow *>(editor.parentWidget());
-    m_placer.place(*window);
-    window->show();
+    m_placer.show(*window, editor.windowTitle());
     m_area.setActiveSubWindow(window);
     editor.setFocus();
 }

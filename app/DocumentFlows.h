@@ -70,6 +70,7 @@ signals:
 
 private:
     bool postponedForActive(std::function<void()> save);
+    void keepFolder(const QString &fileName) const;
     frmPrFile &createEditor(int slot);
     void showEditor(frmPrFile &editor);
 

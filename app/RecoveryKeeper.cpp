@@ -74,14 +74,14 @@ void RecoveryKeeper::refresh()
 void RecoveryKeeper::refreshCopy(const frmPrFile &editor)
 {
     const QByteArray bytes = pack(editor);
-    const size_t hash = qHash(bytes, size_t(1));
+    const QByteArray sum = recoverySum(bytes);
     const auto known = m_copies.find(editor.docNo());
-    if (known != m_copies.end() && known->hash == hash) {
+    if (known != m_copies.end() && known->sum == sum) {
         return;
     }
     const int number = known != m_copies.end() ? known->number : m_store.newNumber();
     if (m_store.write(number, bytes)) {
-        m_copies.insert(editor.docNo(), {.number = number, .hash = hash});
+        m_copies.insert(editor.docNo(), {.number = number, .sum = sum});
     }
 }
 

@@ -37,7 +37,7 @@ private:
     struct Copy
     {
         int number; ///< in the store
-        size_t hash = 0; ///< of what was last written
+        QByteArray sum = {}; ///< of what was last written; empty for what another start wrote
     };
 
     void watch(frmPrFile *editor);

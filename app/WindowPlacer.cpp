@@ -5,6 +5,8 @@
 #include <QMdiSubWindow>
 #include <QStyle>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int cascadeLength = 6; // as many windows as stand one below the other before the top is reached again
@@ -16,11 +18,35 @@ WindowPlacer::WindowPlacer(QMdiArea &area) : m_area(area)
     m_area.viewport()->installEventFilter(this);
 }
 
-void WindowPlacer::place(QMdiSubWindow &window)
+void WindowPlacer::show(QMdiSubWindow &window, const QString &fileName)
 {
+    const bool alone = !m_area.currentSubWindow();
     m_placed.removeIf([](const Placed &placed) { return placed.window.isNull(); });
-    m_placed << Placed{&window, int(m_placed.size()) % cascadeLength, {}};
-    setGeometry(m_placed.back());
+    m_placed << Placed{&window, int(m_placed.size()) % cascadeLength, {}, {}};
+    window.installEventFilter(this);
+    const QRect former = m_closed.take(fileName); // once: a second window of the file gets a place of its own
+    if (m_area.viewport()->rect().contains(former.topLeft()) && former.isValid()) {
+        window.setGeometry(former);
+    } else {
+        setGeometry(m_placed.back());
+    }
+    m_placed.back().normal = window.geometry();
+    alone &&m_lastMaximized ? window.showMaximized() : window.show();
+}
+
+void WindowPlacer::remember(const QMdiSubWindow &window, const QString &fileName)
+{
+    m_lastMaximized = window.isMaximized();
+    if (const Placed *placed = find(&window)) {
+        m_closed.insert(fileName, placed->normal);
+    }
+}
+
+WindowPlacer::Placed *WindowPlacer::find(const QObject *window)
+{
+    const auto found =
+        std::ranges::find_if(m_placed, [window](const Placed &placed) { return placed.window == window; });
+    return found == m_placed.end() ? nullptr : &*found;
 }
 
 void WindowPlacer::setGeometry(Placed &placed)
@@ -46,8 +72,13 @@ void WindowPlacer::placeAgain()
 
 bool WindowPlacer::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize) {
+    const bool moved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
+    if (watched == m_area.viewport() && event->type() == QEvent::Resize) {
         placeAgain();
+    } else if (Placed *placed = moved ? find(watched) : nullptr) {
+        if (!placed->window->isMaximized() && !placed->window->isMinimized()) {
+            placed->normal = placed->window->geometry();
+        }
     }
     return QObject::eventFilter(watched, event);
 }

@@ -218,9 +218,9 @@ static void FindWhatNoCellHolds(benchmark::State &state)
     findLast(state, u"a\u3042\u3044"_s);
 }
 
-static void FindWhatEveryRowNearlyHolds(benchmark::State &state)
+static void FindACharacterThatNoCellHolds(benchmark::State &state)
 {
-    findLast(state, u"Parameter x\u3042"_s);
+    findLast(state, u"\u3042"_s);
 }
 
 constexpr int repetitions = 7;
@@ -248,7 +248,7 @@ BENCHMARK(ChangeTheFont)->Apply(asMedians);
 BENCHMARK(KeepARecoveryCopy)->Apply(asMedians);
 BENCHMARK(FindARecoveryCopyUpToDate)->Apply(asMedians);
 BENCHMARK(FindWhatNoCellHolds)->Apply(asMedians);
-BENCHMARK(FindWhatEveryRowNearlyHolds)->Apply(asMedians);
+BENCHMARK(FindACharacterThatNoCellHolds)->Apply(asMedians);
 
 int main(int argc, char **argv)
 {
@@ -262,10 +262,11 @@ int main(int argc, char **argv)
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.filePath(u"config"_s));
     benchmark::Initialize(&argc, argv);
     std::vector<Ratio> ratios;
-    for (const char *command : {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow",
-             "UndoPasteOfAllRows", "RedoPasteOfAllRows", "UndoAddLineAtTheTop", "RedoAddLineAtTheTop",
-             "UndoDeleteOfAllRows", "RedoDeleteOfAllRows", "JumpToTheLastRow", "HideAColumn", "ChangeTheFont",
-             "KeepARecoveryCopy", "FindARecoveryCopyUpToDate", "FindWhatNoCellHolds", "FindWhatEveryRowNearlyHolds"}) {
+    for (const char *command :
+        {"CopyAllRows", "PasteAllRows", "CutAllRows", "AddLineAtTheTop", "DeleteTheFirstRow", "UndoPasteOfAllRows",
+            "RedoPasteOfAllRows", "UndoAddLineAtTheTop", "RedoAddLineAtTheTop", "UndoDeleteOfAllRows",
+            "RedoDeleteOfAllRows", "JumpToTheLastRow", "HideAColumn", "ChangeTheFont", "KeepARecoveryCopy",
+            "FindARecoveryCopyUpToDate", "FindWhatNoCellHolds", "FindACharacterThatNoCellHolds"}) {
         ratios.push_back({command, std::string(command) + '/', "MoveOfTexts/", 0, longestWait});
     }
     RatioReporter reporter(ratios);

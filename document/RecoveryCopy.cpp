@@ -21,11 +21,16 @@ QByteArray sumOf(QByteArrayView content)
     return QCryptographicHash::hash({content.data(), content.size()}, QCryptographicHash::Md5);
 }
 
-/// Numbers and texts one after another. Texts stay in UTF-16, since cells may hold what is no valid text.
+/// Numbers and texts one after another, behind the mark and the room for their sum. Texts stay in UTF-16, since cells
+/// may hold what is no valid text.
 class Packer
 {
 public:
-    explicit Packer(qsizetype room) { m_bytes.reserve(room); }
+    explicit Packer(qsizetype room)
+    {
+        m_bytes.reserve(room);
+        m_bytes.append(mark).append(sumLength, '\0');
+    }
 
     void number(quint32 value) { m_bytes.append(reinterpret_cast<const char *>(&value), sizeof value); }
     void text(QStringView text)
@@ -40,7 +45,11 @@ public:
             text(entry);
         }
     }
-    const QByteArray &bytes() const { return m_bytes; }
+    QByteArray finished()
+    {
+        const QByteArray sum = sumOf(QByteArrayView(m_bytes).sliced(mark.size() + sumLength));
+        return m_bytes.replace(mark.size(), sumLength, sum);
+    }
 
 private:
     QByteArray m_bytes;
@@ -154,7 +163,12 @@ QByteArray packRecoveryCopy(const RecoverySource &source)
     for (int row = 1; row <= rows; ++row) {
         packRow(out, source.grid, row);
     }
-    return mark.toByteArray() + sumOf(out.bytes()) + out.bytes();
+    return out.finished();
+}
+
+QByteArray recoverySum(const QByteArray &bytes)
+{
+    return bytes.mid(mark.size(), sumLength);
 }
 
 std::optional<RecoveryCopy> unpackRecoveryCopy(const QByteArray &bytes)
@@ -162,9 +176,8 @@ std::optional<RecoveryCopy> unpackRecoveryCopy(const QByteArray &bytes)
     if (!bytes.startsWith(mark) || bytes.size() < mark.size() + sumLength) {
         return std::nullopt;
     }
-    const QByteArrayView sum = QByteArrayView(bytes).sliced(mark.size(), sumLength);
     const QByteArrayView content = QByteArrayView(bytes).sliced(mark.size() + sumLength);
-    if (sum != sumOf(content)) {
+    if (recoverySum(bytes) != sumOf(content)) {
         return std::nullopt;
     }
     Unpacker in(content);

@@ -50,5 +50,8 @@ struct RecoveryCopy
 
 QByteArray packRecoveryCopy(const RecoverySource &source);
 
+/// The sum by which packed copies are told apart.
+QByteArray recoverySum(const QByteArray &bytes);
+
 /// Nothing when the bytes are damaged, cut off or of another kind.
 std::optional<RecoveryCopy> unpackRecoveryCopy(const QByteArray &bytes);

@@ -1,0 +1,161 @@
+// What the program remembers while it runs: folders and the places of windows.
+
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+#include "tests/support/FrameTest.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+class LastPlace : public FrameTest
+{
+protected:
+    void SetUp() override
+    {
+        QDir(path(u"."_s)).mkpath(u"far"_s);
+        QDir(path(u"."_s)).mkpath(u"near"_s);
+    }
+
+    bool open(const QString &fileName) { return frame().documents().OpenPrFile(fileName); }
+    QMdiSubWindow &window() { return dynamic_cast<QMdiSubWindow &>(*editor().parentWidget()); }
+    void closeWindow()
+    {
+        window().close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Opens a dialog by that command; returns the folder in which it begins.
+    QString beginning(const QString &command)
+    {
+        QString folder;
+        ModalScript script;
+        script.then([&](QWidget &dialog) {
+            folder = dynamic_cast<QFileDialog &>(dialog).directory().canonicalPath();
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        chooseMenu(u"mneFile"_s, command);
+        return folder;
+    }
+    QString folder(const QString &name) { return QDir(path(name)).canonicalPath(); }
+    void chooseFile(const QString &command, const QString &fileName)
+    {
+        ModalScript script;
+        script.thenFile(fileName);
+        chooseMenu(u"mneFile"_s, command);
+    }
+};
+
+TEST_F(LastPlace, dialogsBeginWhereAFileWasOpenedLast)
+{
+    start();
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"."_s));
+    chooseFile(u"mneFileOpen"_s, writeFile(u"far/a.inv"_s, document(2)));
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"far"_s));
+    EXPECT_EQ(beginning(u"mneFileSaveAs"_s), folder(u"far"_s));
+}
+
+TEST_F(LastPlace, dialogsBeginWhereAFileWasSavedLast)
+{
+    start();
+    chooseFile(u"mneFileSaveAs"_s, path(u"near/b.inv"_s));
+    ASSERT_TRUE(QFile::exists(path(u"near/b.inv"_s)));
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s));
+}
+
+TEST_F(LastPlace, aCancelledDialogChangesNoFolder)
+{
+    start();
+    const QString before = QDir::currentPath();
+    beginning(u"mneFileOpen"_s);
+    EXPECT_EQ(QDir::currentPath(), before);
+}
+
+TEST_F(LastPlace, dialogsFollowTheWorkingFolder)
+{
+    start();
+    chooseFile(u"mneFileOpen"_s, writeFile(u"far/a.inv"_s, document(2)));
+    QDir::setCurrent(path(u"near"_s));
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s));
+}
+
+TEST_F(LastPlace, aDocumentWithARelativeNameIsStillSavedToItsFile)
+{
+    writeFile(u"a.inv"_s, document(2));
+    start(u"a.inv"_s);
+    chooseFile(u"mneFileOpen"_s, writeFile(u"far/b.inv"_s, document(2)));
+    frame().makeActive(*frame().openEditors().at(1));
+    ASSERT_EQ(editor().windowTitle(), u"a.inv"_s);
+    frame().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame()));
+    typeInto(2, 1, u"typed"_s);
+    pressKey(grid(), Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(readFile(path(u"a.inv"_s)).contains(",typed,"));
+    EXPECT_FALSE(QFile::exists(path(u"far/a.inv"_s)));
+}
+
+TEST_F(LastPlace, aFileThatIsOpenedAgainStandsWhereItStood)
+{
+    start();
+    const QString a = writeFile(u"a.inv"_s, document(2));
+    ASSERT_TRUE(open(a));
+    const QRect place(120, 90, 333, 222);
+    window().setGeometry(place);
+    closeWindow();
+    ASSERT_TRUE(open(writeFile(u"b.inv"_s, document(2))));
+    EXPECT_NE(window().geometry(), place);
+    ASSERT_TRUE(open(a));
+    EXPECT_EQ(window().geometry(), place);
+    ASSERT_TRUE(open(a)); // and beside it a second time
+    EXPECT_NE(window().geometry().topLeft(), place.topLeft());
+}
+
+TEST_F(LastPlace, aPlaceOutsideTheAreaIsNotGivenBack)
+{
+    start();
+    const QString a = writeFile(u"a.inv"_s, document(2));
+    ASSERT_TRUE(open(a));
+    window().setGeometry(frame().width() - 100, 50, 300, 200);
+    closeWindow();
+    frame().showNormal();
+    frame().resize(500, 400);
+    QApplication::processEvents();
+    ASSERT_TRUE(open(a));
+    EXPECT_TRUE(frame().centralWidget()->rect().contains(window().geometry().topLeft()));
+}
+
+TEST_F(LastPlace, aMaximisedWindowsFormerPlaceIsRemembered)
+{
+    start();
+    const QString a = writeFile(u"a.inv"_s, document(2));
+    ASSERT_TRUE(open(a));
+    const QRect place(120, 90, 333, 222);
+    window().setGeometry(place);
+    window().showMaximized();
+    closeWindow();
+    frame().openEditors().first()->parentWidget()->showNormal();
+    ASSERT_TRUE(open(a));
+    EXPECT_FALSE(window().isMaximized());
+    EXPECT_EQ(window().geometry(), place);
+}
+
+TEST_F(LastPlace, newWindowsAreMaximisedWhereTheLastWas)
+{
+    start();
+    window().showMaximized();
+    const QString a = writeFile(u"a.inv"_s, document(2));
+    ASSERT_TRUE(open(a));
+    EXPECT_TRUE(window().isMaximized());
+    while (frame().activeEditor()) {
+        closeWindow();
+    }
+    ASSERT_TRUE(open(a));
+    EXPECT_TRUE(window().isMaximized());
+    window().showNormal();
+    closeWindow();
+    ASSERT_TRUE(open(a));
+    EXPECT_FALSE(window().isMaximized());
+}
