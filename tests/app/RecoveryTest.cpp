@@ -228,6 +228,18 @@ TEST_F(Recovery, savesARecoveredDocumentToItsFileAndOnlyThenDropsTheCopy)
     EXPECT_EQ(frame().openEditors().size(), 1);
 }
 
+TEST_F(Recovery, takesNoUndoneEditForTheStateOfTheFile)
+{
+    crash(writeFile(u"a.inv"_s, document(2)));
+    start();
+    pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid().text(2, 1), u"typed"_s);
+    typeInto(2, 2, u"further"_s);
+    pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid().text(2, 2), u"Parameter 2"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+}
+
 TEST_F(Recovery, asksBeforeARecoveredDocumentIsGivenUp)
 {
     const QString file = writeFile(u"a.inv"_s, document(2));
