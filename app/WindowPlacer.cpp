@@ -31,7 +31,11 @@ void WindowPlacer::show(QMdiSubWindow &window, const QString &fileName)
         setGeometry(m_placed.back());
     }
     m_placed.back().normal = window.geometry();
-    alone &&m_lastMaximized ? window.showMaximized() : window.show();
+    if (alone && m_lastMaximized) {
+        window.showMaximized();
+    } else {
+        window.show();
+    }
 }
 
 void WindowPlacer::remember(const QMdiSubWindow &window, const QString &fileName)
