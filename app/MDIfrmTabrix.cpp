@@ -354,7 +354,7 @@ void MDIfrmTabrix::enterJumpBox()
 void MDIfrmTabrix::arrangeWindows(int arrangement)
 {
     if (arrangement == 0) {
-        m_area->cascadeSubWindows();
+        cascadeWindows(*m_area);
     } else {
         tileWindows(*m_area);
     }

@@ -24,6 +24,17 @@ QList<QRect> tiledHorizontally(const QRect &area, int count)
     return places;
 }
 
+void cascadeWindows(QMdiArea &area)
+{
+    area.cascadeSubWindows();
+    const QRect viewport = area.viewport()->rect();
+    for (QMdiSubWindow *window : area.subWindowList()) {
+        if (window->isVisible() && !window->isMinimized()) {
+            window->setGeometry(window->geometry() & viewport); // Qt gives them the size that their grids would like
+        }
+    }
+}
+
 void tileWindows(QMdiArea &area)
 {
     QList<QMdiSubWindow *> windows;

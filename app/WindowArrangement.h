@@ -9,5 +9,8 @@ class QMdiArea;
 /// several columns from four windows on, every pixel covered.
 QList<QRect> tiledHorizontally(const QRect &area, int count);
 
+/// Lays the area's windows over one another, each title bar in view, none reaching beyond the area.
+void cascadeWindows(QMdiArea &area);
+
 /// Tiles the area's windows that are not minimised.
 void tileWindows(QMdiArea &area);

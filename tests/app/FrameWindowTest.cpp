@@ -232,6 +232,17 @@ TEST_F(FrameWindow, cascadesItsWindows)
     EXPECT_GT(second.y(), first.y());
 }
 
+TEST_F(FrameWindow, cascadesNoWindowBeyondTheArea)
+{
+    open(document(2000));
+    open(document(2000));
+    chooseMenu(u"mneWin"_s, u"mneWinItem(0)"_s);
+    const QRect area = frame().findChild<QMdiArea *>()->viewport()->rect();
+    for (const frmPrFile *editor : frame().openEditors()) {
+        EXPECT_TRUE(area.contains(editor->parentWidget()->geometry()));
+    }
+}
+
 TEST_F(FrameWindow, listsItsWindowsInTheWindowMenu)
 {
     open(document(2));
