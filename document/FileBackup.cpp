@@ -3,11 +3,13 @@
 #include "document/DataFolder.h"
 #include "runtime/WholeFile.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 
 using namespace Qt::StringLiterals;
 
@@ -30,18 +32,49 @@ QString nextVersionName(const QDir &folder)
     return u"%1 %2.inv"_s.arg(last + 1, sequenceDigits, 10, QLatin1Char('0')).arg(time);
 }
 
-/// Writes beside the version and renames, so that a version is whole whenever it is there.
+/// What failed saves of this run have left in files, by backup folder.
+QHash<QString, QByteArray> &leftOvers()
+{
+    static QHash<QString, QByteArray> contents;
+    return contents;
+}
+
+/// Gives the copy its name as a version. Another Tabrix may take the same number at the same moment.
+bool nameVersion(QFile &copy, const QDir &folder)
+{
+    constexpr int attempts = 10;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (copy.rename(folder.filePath(nextVersionName(folder)))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Writes beside the versions and renames, so that a version is whole whenever it is there.
 std::optional<QString> writeVersion(const QDir &folder, const QByteArray &content)
 {
-    const QString part = folder.filePath(u"unfinished"_s);
-    if (auto reason = writeWholeFile(part, content)) {
-        return reason;
+    QFile copy(folder.filePath(u"unfinished-"_s + QString::number(QCoreApplication::applicationPid())));
+    std::optional<QString> reason = writeWholeFile(copy.fileName(), content);
+    if (!reason && !nameVersion(copy, folder)) {
+        reason = copy.errorString();
     }
-    QFile file(part);
-    if (!file.rename(folder.filePath(nextVersionName(folder)))) {
-        return file.errorString();
+    if (reason) {
+        copy.remove(); // on a full disk every byte counts
     }
-    return std::nullopt;
+    return reason;
+}
+
+/// Whether the newest version, or a failed save of this run, holds the same: another copy of it would only push an
+/// earlier version out.
+bool needsNoCopy(const QDir &folder, const QByteArray &content)
+{
+    if (leftOvers().take(folder.path()) == content) {
+        return true;
+    }
+    const QStringList known = versions(folder);
+    QByteArray newest;
+    return !known.isEmpty() && !readWholeFile(folder.filePath(known.last()), newest) && newest == content;
 }
 
 void dropOldVersions(QDir folder)
@@ -57,6 +90,9 @@ std::optional<QString> copyInto(const QDir &folder, const QString &fileName)
     QByteArray content;
     if (auto reason = readWholeFile(fileName, content)) {
         return reason;
+    }
+    if (needsNoCopy(folder, content)) {
+        return std::nullopt;
     }
     if (!folder.mkpath(u"."_s)) {
         return u"the folder cannot be created."_s;
@@ -78,6 +114,14 @@ std::optional<FileFailure> backUpFile(const QString &fileName)
     }
     dropOldVersions(folder);
     return std::nullopt;
+}
+
+void leaveOutOfBackups(const QString &fileName)
+{
+    QByteArray content;
+    if (QFileInfo(fileName).isFile() && !readWholeFile(fileName, content)) {
+        leftOvers().insert(backupFolder(fileName), content);
+    }
 }
 
 QString backupFolder(const QString &fileName)

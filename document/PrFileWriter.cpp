@@ -107,6 +107,7 @@ std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView b
         return failure;
     }
     if (auto reason = writeWholeFile(fileName, bytes)) {
+        leaveOutOfBackups(fileName);
         return FileFailure{*std::move(reason)};
     }
     return std::nullopt;

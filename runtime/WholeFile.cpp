@@ -1,5 +1,6 @@
 #include "runtime/WholeFile.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
@@ -23,14 +24,8 @@ bool reachDisk(const QFile &file)
 #endif
 }
 
-} // namespace
-
-std::optional<QString> readWholeFile(const QString &fileName, QByteArray &bytes)
+std::optional<QString> readOnce(const QString &fileName, QByteArray &bytes)
 {
-    const QFileInfo info(fileName);
-    if (info.exists() && !info.isFile()) {
-        return qt_error_string(info.isDir() ? EISDIR : ESPIPE);
-    }
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return file.errorString();
@@ -39,13 +34,48 @@ std::optional<QString> readWholeFile(const QString &fileName, QByteArray &bytes)
     return file.error() == QFileDevice::NoError ? std::nullopt : std::optional(file.errorString());
 }
 
+/// Writes all bytes. The system may take a part first and say only at the next call why it takes no more.
+bool writeAll(QFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0) {
+            return false;
+        }
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
+} // namespace
+
+std::optional<QString> readWholeFile(const QString &fileName, QByteArray &bytes)
+{
+    constexpr int attempts = 5;
+    QFileInfo info(fileName);
+    if (info.exists() && !info.isFile()) {
+        return qt_error_string(info.isDir() ? EISDIR : ESPIPE);
+    }
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        const QDateTime changedBefore = info.lastModified();
+        if (auto reason = readOnce(fileName, bytes)) {
+            return reason;
+        }
+        info.refresh();
+        if (info.size() == bytes.size() && info.lastModified() == changedBefore) {
+            return std::nullopt;
+        }
+    }
+    return qt_error_string(EBUSY); // half of what another program is writing must not pass for the whole
+}
+
 std::optional<QString> writeWholeFile(const QString &fileName, QByteArrayView bytes)
 {
     QFile file(fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
         return file.errorString();
     }
-    if (file.write(bytes.data(), bytes.size()) != bytes.size() || !file.flush()) {
+    if (!writeAll(file, bytes) || !file.flush()) {
         return file.errorString();
     }
     if (!reachDisk(file)) {
