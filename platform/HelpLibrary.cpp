@@ -4,6 +4,7 @@
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,15 @@ HelpLibrary::HelpLibrary(const QString &helpFile)
     m_engine.contentModel()->createContents({});
     m_engine.indexModel()->createIndex({});
     readLabels();
+}
+
+// Stopped half way, the threads that fill contents tree and index would free what the engine frees too.
+HelpLibrary::~HelpLibrary()
+{
+    const QObject &models = *m_engine.contentModel();
+    for (QThread *filler : models.parent()->findChildren<QThread *>()) {
+        filler->wait();
+    }
 }
 
 bool HelpLibrary::isComplete() const

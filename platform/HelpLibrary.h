@@ -16,6 +16,9 @@ public:
     /// Opens a help file of any name. Nothing is returned when it is missing, is no help file or has no start page.
     static std::unique_ptr<HelpLibrary> open(const QString &helpFile);
 
+    ~HelpLibrary();
+    Q_DISABLE_COPY_MOVE(HelpLibrary)
+
     const QString &helpFile() const { return m_helpFile; }
     QHelpEngine &engine() { return m_engine; }
 
