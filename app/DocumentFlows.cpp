@@ -11,6 +11,7 @@
 #include "platform/BusyPointer.h"
 #include "platform/FileDialog.h"
 #include "platform/InputHold.h"
+#include "platform/PlainCaption.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -216,6 +217,8 @@ frmPrFile &DocumentFlows::createEditor(int slot)
     window->setAttribute(Qt::WA_DeleteOnClose);
     connect(editor, &frmPrFile::unloaded, this,
         [this, editor, window] { m_placer.remember(*window, editor->windowTitle()); });
+    connect(editor, &QWidget::windowTitleChanged, window,
+        [window](const QString &title) { window->setWindowTitle(plainTitle(title)); });
     emit editorCreated(editor);
     return *editor;
 }

@@ -14,6 +14,7 @@
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"
 #include "platform/MessageBox.h"
+#include "platform/PlainCaption.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/NumberText.h"
 
@@ -283,7 +284,7 @@ void MDIfrmTabrix::fillWindowList(QMenu &menu)
         if (number++ == 0) {
             menu.addSeparator()->setObjectName(listed);
         }
-        const QString title = editor->windowTitle().replace(u'&', "&&"_L1);
+        const QString title = plainMenuText(editor->windowTitle());
         const QString caption = number <= mostAccessKeys ? u"&%1 %2"_s : u"%1 %2"_s;
         QAction *item = menu.addAction(caption.arg(QString::number(number), title));
         item->setObjectName(listed);

@@ -4,6 +4,8 @@
 #include "dialogs/PdfName.h"
 #include "dialogs/frmPrint.h"
 #include "platform/CurrentPrinter.h"
+#include "platform/PlainCaption.h"
+#include "platform/PlainMessages.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -17,8 +19,9 @@ QString askPdfName(QWidget *parent, const QString &title)
 {
     const QString chosen = CurrentPrinter::takeChosenFile();
     const QString preset = chosen.isEmpty() ? pdfFileName(title) : chosen;
-    QFileDialog dialog(parent, title, QFileInfo(preset).absolutePath(), u"PDF (*.pdf)"_s);
+    QFileDialog dialog(parent, plainTitle(title), QFileInfo(preset).absolutePath(), u"PDF (*.pdf)"_s);
     dialog.setObjectName(u"dlgPdfName"_s);
+    new PlainMessages(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.selectFile(QFileInfo(preset).fileName());

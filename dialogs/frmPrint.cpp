@@ -7,6 +7,7 @@
 #include "dialogs/PrintSettings.h"
 #include "dialogs/PromptButton.h"
 #include "platform/CurrentPrinter.h"
+#include "platform/PlainCaption.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/NumberText.h"
 
@@ -52,10 +53,10 @@ qint16 pageNumber(const QString &text)
 
 } // namespace
 
-frmPrint::frmPrint(const QString &caption, QWidget *parent) : QDialog(parent)
+frmPrint::frmPrint(const QString &caption, QWidget *parent) : QDialog(parent), m_caption(caption)
 {
     setObjectName(u"frmPrint"_s);
-    setWindowTitle(caption);
+    setWindowTitle(plainTitle(caption));
     createControls();
     setTexts();
     arrange();
@@ -195,7 +196,7 @@ void frmPrint::setUpPrinter()
 {
     static const QRegularExpression accessKey(u"\\(&.\\)|&"_s);
     const QString title = ResString(200).remove(accessKey);
-    CurrentPrinter::showSetup(this, title, ResString(1), ResString(2), pdfFileName(windowTitle()));
+    CurrentPrinter::showSetup(this, title, ResString(1), ResString(2), pdfFileName(m_caption));
     m_printerName->setText(CurrentPrinter::deviceName());
 }
 

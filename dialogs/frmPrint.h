@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QFontMetrics>
+#include <QString>
 
 #include <array>
 
@@ -40,6 +41,7 @@ private:
     void storeChoice();
     int chosenOption() const;
 
+    QString m_caption;
     QLabel *m_printerCaption = nullptr;
     QLabel *m_printerName = nullptr;
     std::array<QCheckBox *, 2> m_print{};

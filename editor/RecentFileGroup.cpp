@@ -1,5 +1,7 @@
 #include "editor/RecentFileGroup.h"
 
+#include "platform/PlainCaption.h"
+
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -7,12 +9,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int mostEntries = 4;
-
-/// A path as a menu shows it: an ampersand in it is no access key.
-QString menuCaption(QString path)
-{
-    return path.replace(u'&', "&&"_L1);
-}
 
 } // namespace
 
@@ -33,7 +29,7 @@ void RecentFileGroup::show(const QStringList &files)
 {
     for (qsizetype i = 0; i < std::min(files.size(), m_entries.size()); ++i) {
         m_separator->setVisible(true);
-        m_entries[i]->setText(menuCaption(files[i]));
+        m_entries[i]->setText(plainMenuText(files[i]));
         m_entries[i]->setData(files[i]);
         m_entries[i]->setVisible(true);
     }

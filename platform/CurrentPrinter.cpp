@@ -1,5 +1,7 @@
 #include "platform/CurrentPrinter.h"
 
+#include "platform/PlainMessages.h"
+
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QPointer>
@@ -65,6 +67,7 @@ void CurrentPrinter::showSetup(
     }
     QPrintDialog dialog(&printer(), parent);
     dialog.setWindowTitle(title);
+    new PlainMessages(dialog);
     dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
     dialog.setOption(QAbstractPrintDialog::PrintToFile, toFile);
     setButtonTexts(dialog, okText, cancelText);

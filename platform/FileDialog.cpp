@@ -1,5 +1,7 @@
 #include "platform/FileDialog.h"
 
+#include "platform/PlainMessages.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QRegularExpression>
@@ -12,6 +14,7 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
 {
     const QStringList filters = fileDialogFilters(settings.filter);
     dialog.setObjectName(u"dlgFile"_s);
+    new PlainMessages(dialog);
     // The label already names its patterns.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);

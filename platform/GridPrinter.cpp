@@ -1,6 +1,7 @@
 #include "platform/GridPrinter.h"
 
 #include "platform/GridPagePainter.h"
+#include "platform/PlainCaption.h"
 #include "platform/PrintAbortBox.h"
 #include "platform/PrintJob.h"
 #include "platform/SpreadGrid.h"
@@ -27,7 +28,7 @@ PrintOutcome printGrid(const SpreadGrid &grid, const GridPrintOptions &options, 
         return PrintOutcome::Done;
     }
     PrintAbortBox abortBox(options.abortText, options.cancelText, grid.gridFont(), owner);
-    abortBox.setWindowTitle(job.name());
+    abortBox.setWindowTitle(plainTitle(job.name()));
     abortBox.show();
     GridPagePainter painter(layout, options, job.painter());
     for (int page = pages.first; page <= pages.last; ++page) {

@@ -1,5 +1,7 @@
 #include "platform/MessageBox.h"
 
+#include "platform/PlainCaption.h"
+
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
@@ -56,10 +58,10 @@ int run(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QStr
     QMessageBox box(parent);
     box.setObjectName(u"MessageBox"_s);
     box.setIcon(icon);
-    box.setWindowTitle(title);
+    box.setWindowTitle(plainTitle(title));
     // Texts hold file names, and a file name may look like markup.
     box.setTextFormat(Qt::PlainText);
-    box.setText(text);
+    box.setText(breakable(text, box.fontMetrics()));
     for (const auto button : buttons) {
         box.addButton(button);
     }
