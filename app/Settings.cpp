@@ -2,6 +2,9 @@
 
 #include "runtime/NumberText.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QLockFile>
 #include <QSettings>
 
 #include <cmath>
@@ -33,6 +36,8 @@ public:
         m_settings.setFallbacksEnabled(false);
     }
 
+    /// Where the store's file stands; what is no absolute path is no file.
+    static QString folder() { return QFileInfo(Store().m_settings.fileName()).path(); }
     QString text(QLatin1StringView section, const QString &key) const
     {
         return m_settings.value(section + u'/' + key).toString();
@@ -55,6 +60,22 @@ public:
 
 private:
     QSettings m_settings;
+};
+
+/// Keeps another Tabrix from the recent files, for as long as this object lives. Where that cannot be, both go on.
+class RecentFilesLock
+{
+public:
+    RecentFilesLock() : m_lock(Store::folder() + u"/recent-files.lock"_s)
+    {
+        constexpr int longestWait = 2000;
+        if (QDir::isAbsolutePath(Store::folder()) && QDir().mkpath(Store::folder())) {
+            m_lock.tryLock(longestWait);
+        }
+    }
+
+private:
+    QLockFile m_lock;
 };
 
 QString recentKey(int number)
@@ -143,6 +164,7 @@ QStringList recentFiles()
 
 void StoreRecentFile(const QString &fileName)
 {
+    const RecentFilesLock lock; // released after the store has been written
     Store store;
     for (int number = recentFileCount - 1; number >= 1; --number) {
         const QString file = store.text(recentSection, recentKey(number));
