@@ -146,6 +146,10 @@ void FrameTest::pressKey(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers mod
 
 void FrameTest::typeInto(int column, int row, const QString &text)
 {
+    if (!m_frame->isActiveWindow()) { // a message box may just have gone
+        m_frame->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get()));
+    }
     grid().setActiveCell(column, row);
     grid().setFocus();
     pressKey(grid(), Qt::Key_F2);

@@ -54,7 +54,8 @@ ModalScript &ModalScript::thenFile(const QString &fileName)
         ASSERT_TRUE(qobject_cast<QFileDialog *>(&window)) << window.metaObject()->className() << " is no file dialog";
         auto &box = control<QLineEdit>(window, u"fileNameEdit"_s);
         box.setText(fileName);
-        QTest::keyClick(&box, Qt::Key_Return);
+        // Later, because the dialog may ask a question first, which is this script's to answer too
+        QTimer::singleShot(0, &box, [&box] { QTest::keyClick(&box, Qt::Key_Return); });
     });
 }
 

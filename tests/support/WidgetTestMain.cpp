@@ -1,20 +1,6 @@
-#include <gtest/gtest.h>
+#include "tests/support/WidgetTestRun.h"
 
-#include <QApplication>
-#include <QSettings>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-
-// Every widget test gets an application, and settings and data folders of its own that are gone afterwards.
 int main(int argc, char **argv)
 {
-    testing::InitGoogleTest(&argc, argv);
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toLocal8Bit());
-    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toLocal8Bit());
-    QApplication application(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("Tabrix"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.filePath(QStringLiteral("config")));
-    return RUN_ALL_TESTS();
+    return runWidgetTests(argc, argv);
 }

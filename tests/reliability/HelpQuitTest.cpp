@@ -1,0 +1,89 @@
+#include "app/Language.h"
+#include "app/MDIfrmTabrix.h"
+#include "platform/HelpLibrary.h"
+#include "tests/support/Controls.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <functional>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int rounds = 15; // starting the program costs some seconds each time
+#else
+constexpr int rounds = 50;
+#endif
+
+/// A Tabrix that opens its help and is closed so many milliseconds later.
+int openHelpAndQuit(int delay)
+{
+    const QTemporaryDir home;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
+    char name[] = "tabrix";
+    char *arguments[] = {name, nullptr};
+    int count = 1;
+    QApplication application(count, arguments);
+    setProgramFolder(QStringLiteral(TABRIX_HELP_FOLDER));
+    MDIfrmTabrix frame;
+    frame.load({});
+    frame.show();
+    QTimer::singleShot(0, &frame, [&] {
+        control<QAction>(frame, u"mneHelpItem"_s).trigger();
+        QTimer::singleShot(delay, &frame, &QWidget::close);
+    });
+    return QApplication::exec();
+}
+
+/// Opens the help file so often and closes it at once.
+int openAndClose(int times)
+{
+    char name[] = "tabrix";
+    char *arguments[] = {name, nullptr};
+    int count = 1;
+    const QApplication application(count, arguments);
+    for (int i = 0; i < times; ++i) {
+        if (!HelpLibrary::open(QStringLiteral(TABRIX_HELP_FOLDER "/TABRIXE.HLP"))) {
+            return 1;
+        }
+    }
+    return 0;
+}
+
+/// What a process of its own returns, or the signal that ended it as a negative number.
+int inAProcess(const std::function<int()> &program)
+{
+    const pid_t process = ::fork();
+    if (process == 0) {
+        ::alarm(60);
+        std::exit(program());
+    }
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+} // namespace
+
+TEST(Help, mayBeOpenOrOpeningWhenTheProgramEnds)
+{
+    for (int i = 0; i < rounds; ++i) {
+        ASSERT_EQ(inAProcess([i] { return openHelpAndQuit(i % 5); }), 0) << "round " << i;
+    }
+}
+
+TEST(Help, mayBeClosedWhileItsContentsAreStillRead)
+{
+    EXPECT_EQ(inAProcess([] { return openAndClose(4 * rounds); }), 0);
+}
