@@ -19,10 +19,10 @@ namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
 constexpr int kills = 40; // each costs some ten times as much
-constexpr int rows = 6000;
+constexpr int rows = 4000;
 #else
 constexpr int kills = 200;
-constexpr int rows = 15000;
+constexpr int rows = 8000;
 #endif
 
 /// The part of the kills that wait until the file is being replaced: that is over too soon to be met by chance.
