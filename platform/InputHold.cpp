@@ -26,6 +26,7 @@ public:
     void shut();
     void open();
     bool isShut() const { return m_holds > 0; }
+    bool isWaiting() const { return !m_waiting.empty() || m_delivering; }
     void wait(QObject &receiver, std::function<void()> deliver);
 
 protected:
@@ -174,6 +175,11 @@ InputHold::~InputHold()
 bool InputHold::isHeld()
 {
     return gate().isShut();
+}
+
+bool InputHold::isWaiting()
+{
+    return gate().isWaiting();
 }
 
 bool InputHold::postpone(QObject &context, std::function<void()> action)

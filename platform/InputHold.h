@@ -15,6 +15,8 @@ public:
     Q_DISABLE_COPY_MOVE(InputHold)
 
     static bool isHeld();
+    /// Whether something still waits, held back or on its way.
+    static bool isWaiting();
 
     /// Lets action wait in the same row. False when nothing is held back: the caller then goes on at once. An action
     /// whose context is gone by then is left out.

