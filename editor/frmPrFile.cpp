@@ -18,6 +18,7 @@
 #include "platform/MessageBox.h"
 #include "platform/SpreadGrid.h"
 #include "platform/SpreadHistory.h"
+#include "platform/SpreadZoom.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -60,6 +61,7 @@ frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     layOutParameterGrid(*m_grid, MachineInfos[docNo].Paramater);
     connectGrid();
     m_grid->history().start();
+    new SpreadZoom(*m_grid);
 }
 
 QList<QMenu *> frmPrFile::menus() const

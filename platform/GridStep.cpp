@@ -37,13 +37,11 @@ struct GridStep::Exchange
     void operator()(Colours &colours) const { model.exchangeColours(colours.cells, colours.kept); }
     void operator()(RowHeights &heights) const
     {
-        for (int at = heights.firstRow - 1; int &pixels : heights.pixels) {
-            const int former = view.rowHeight(at);
-            if (pixels != former) {
-                view.setRowHeight(at, pixels);
-            }
+        for (int row = heights.firstRow; int &pixels : heights.pixels) {
+            const int former = view.plainRowHeight(row);
+            view.setPlainRowHeight(row, pixels);
             pixels = former;
-            ++at;
+            ++row;
         }
     }
     void operator()(RowCount &count) const
@@ -83,7 +81,7 @@ void GridStep::noteRowCount(const SpreadModel &model, const SpreadView &view, in
     if (first <= last) {
         RowHeights heights{first, {}};
         for (int row = first; row <= last; ++row) {
-            heights.pixels.push_back(view.rowHeight(row - 1));
+            heights.pixels.push_back(view.plainRowHeight(row));
         }
         m_changes.push_back(std::move(heights));
         noteColours(model, {1, first, model.columnCount(), last});

@@ -55,6 +55,16 @@ SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
 {
 }
 
+int SpreadDelegate::zoomed(int pixels) const
+{
+    return (pixels * m_zoom + 50) / 100;
+}
+
+int SpreadDelegate::margin() const
+{
+    return zoomed(CellMetrics::margin);
+}
+
 // Painting
 
 // The active cell keeps its own ground within a selected block.
@@ -92,8 +102,8 @@ void SpreadDelegate::paintText(
 {
     if (!text.isEmpty()) {
         const int flags = hasLineBreak(text) ? Qt::TextExpandTabs : Qt::TextSingleLine;
-        painter->drawText(option.rect.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0),
-            int(alignment | Qt::AlignVCenter) | flags, text.toString());
+        painter->drawText(option.rect.adjusted(margin(), 0, -margin(), 0), int(alignment | Qt::AlignVCenter) | flags,
+            text.toString());
     }
 }
 
@@ -103,14 +113,14 @@ void SpreadDelegate::paintCheckBox(
     const QRect place = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
     painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, boxPicture(ticked));
-    painter->drawText(place.adjusted(indicatorSize().width() + CellMetrics::margin, 0, 0, 0),
+    painter->drawText(place.adjusted(indicatorSize().width() + margin(), 0, 0, 0),
         Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
 }
 
 // The style draws each of the two once: its shades and curves cost as much as five texts.
 const QPixmap &SpreadDelegate::boxPicture(bool ticked) const
 {
-    const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF()};
+    const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF(), m_zoom};
     if (look != m_boxLook) {
         m_boxLook = look;
         m_boxes = {drawnBox(false), drawnBox(true)};
@@ -143,8 +153,8 @@ void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &o
 
 QSize SpreadDelegate::indicatorSize() const
 {
-    return {m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view),
-        m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view)};
+    return {zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view)),
+        zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view))};
 }
 
 QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) const
@@ -156,11 +166,10 @@ QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) 
     QSize size = indicatorSize();
     Qt::Alignment alignment = Qt::AlignCenter;
     if (!type.caption.isEmpty()) {
-        size.rwidth() += CellMetrics::margin + m_view.fontMetrics().horizontalAdvance(type.caption);
+        size.rwidth() += margin() + m_view.fontMetrics().horizontalAdvance(type.caption);
         alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
     }
-    return QStyle::alignedRect(
-        m_view.layoutDirection(), alignment, size, cell.adjusted(CellMetrics::margin, 0, -CellMetrics::margin, 0));
+    return QStyle::alignedRect(m_view.layoutDirection(), alignment, size, cell.adjusted(margin(), 0, -margin(), 0));
 }
 
 QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) const
@@ -168,7 +177,7 @@ QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) con
     if (typeOf(m_model, index).kind != CellType::Kind::ComboBox) {
         return {};
     }
-    const int width = std::min(cell.width() / 2, CellMetrics::arrowWidth);
+    const int width = std::min(cell.width() / 2, zoomed(CellMetrics::arrowWidth));
     return cell.adjusted(cell.width() - width, 2, -2, -2);
 }
 
@@ -177,7 +186,9 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
     const QStringView text = m_model.text(index.column() + 1, index.row() + 1);
     TextMeter meter(option.font);
     meter.add(text);
-    return {meter.widest() + CellMetrics::extraWidth, CellMetrics::rowHeight(option.fontMetrics, text)};
+    const int extraHeight = m_zoom == 100 ? CellMetrics::extraHeight : 0; // rounding takes its part of it
+    return {meter.widest() + 2 * margin() + CellMetrics::gridLine,
+        CellMetrics::rowHeight(option.fontMetrics, text) - CellMetrics::extraHeight + extraHeight};
 }
 
 // A text that its cell cuts off is shown whole beside the mouse.

@@ -21,6 +21,9 @@ class SpreadDelegate final : public QStyledItemDelegate
 public:
     SpreadDelegate(QTableView &view, const SpreadModel &model);
 
+    /// Draws boxes, arrows and margins at that many per cent; texts have the font that they are painted with.
+    void setZoom(int percent) { m_zoom = percent; }
+
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
         const QModelIndex &index) override;
@@ -61,6 +64,7 @@ private:
         const QStyle *style = nullptr;
         qint64 palette = 0;
         double pixelRatio = 0;
+        int zoom = 100;
         bool operator==(const BoxLook &) const = default;
     };
 
@@ -72,12 +76,15 @@ private:
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     QSize indicatorSize() const;
+    int zoomed(int pixels) const;
+    int margin() const;
 
     QTableView &m_view;
     const SpreadModel &m_model;
     CellSearch m_search;
     bool m_foundMarked = false;
     mutable QPointer<QWidget> m_editor;
+    int m_zoom = 100; ///< per cent
     mutable BoxLook m_boxLook;
     mutable std::array<QPixmap, 2> m_boxes; ///< unticked, ticked
 };

@@ -1,7 +1,6 @@
 #include "platform/SpreadGrid.h"
 
 #include "platform/CellInput.h"
-#include "platform/CellMetrics.h"
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
 #include "platform/SpreadHeader.h"
@@ -10,15 +9,15 @@
 #include "platform/SpreadModel.h"
 #include "platform/SpreadMouse.h"
 #include "platform/SpreadSelection.h"
+#include "platform/SpreadSizes.h"
 #include "platform/TextChange.h"
-#include "platform/TextMeter.h"
 #include "platform/UndoStep.h"
 
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +40,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     m_history = new SpreadHistory(*this, *m_model, *m_selection);
     m_delegate = new SpreadDelegate(*this, *m_model);
     setItemDelegate(m_delegate);
+    m_sizes = new SpreadSizes(*this, *m_model, *m_columnHeader, *m_rowHeader, *m_delegate);
     connect(m_selection, &SpreadSelection::changed, this, &SpreadGrid::markHeaders);
     m_keys = std::make_unique<SpreadKeys>(*this, *m_model, *m_selection);
     const auto *mouse = new SpreadMouse(*this, *m_selection, *m_delegate);
@@ -51,7 +51,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     });
     m_model->setObserver([this](const TextChange &change) { noteTexts(change); });
     connectHeaders();
-    noteFont();
+    m_sizes->noteFont();
     setWidthInCharacters(0, 4);
 }
 
@@ -71,7 +71,7 @@ void SpreadGrid::setRowCount(int rows)
     m_history->noteRowCount(std::max(rows, 0));
     m_model->setRowCount(rows);
     m_selection->fitIntoGrid();
-    fitRowNumberWidth();
+    m_sizes->fitRowNumberWidth();
 }
 
 int SpreadGrid::columnCount() const
@@ -172,96 +172,79 @@ QColor SpreadGrid::foreColour(int column, int row) const
 
 void SpreadGrid::setGridFont(const QFont &font)
 {
-    setFont(font);
-    // A header of a window that was never shown may miss the font of its parent.
-    m_columnHeader->setFont(font);
-    m_rowHeader->setFont(font);
+    m_sizes->setFont(font);
 }
 
 QFont SpreadGrid::gridFont() const
 {
-    return font();
+    return m_sizes->font();
 }
 
 void SpreadGrid::changeEvent(QEvent *event)
 {
     SpreadView::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        noteFont();
+    if (event->type() == QEvent::FontChange && m_sizes) {
+        m_sizes->noteFont();
     }
 }
 
 // Widths and heights
 
-void SpreadGrid::noteFont()
-{
-    m_lineRowHeight = CellMetrics::rowHeight(fontMetrics(), {});
-    if (rowCount() == 0) {
-        m_rowHeader->setDefaultSectionSize(m_lineRowHeight);
-        fitRowHeight(0);
-    }
-}
-
 void SpreadGrid::setWidthInCharacters(int column, double characters)
 {
-    const double digit = QFontMetricsF(font()).horizontalAdvance(u'0');
-    const int width = int(std::lround(characters * digit)) + CellMetrics::extraWidth;
-    if (column == 0) {
-        m_rowNumberWidth = width;
-        fitRowNumberWidth();
-    } else if (column >= 1 && column <= columnCount()) {
-        setColumnWidth(column - 1, width);
-    }
-}
-
-void SpreadGrid::fitRowNumberWidth()
-{
-    TextMeter meter(font());
-    meter.add(QString(QString::number(rowCount()).size(), u'0'));
-    m_rowHeader->setFixedWidth(std::max(m_rowNumberWidth, meter.widest() + CellMetrics::extraWidth));
+    m_sizes->setWidthInCharacters(column, characters);
 }
 
 void SpreadGrid::fitColumnWidth(int column)
 {
-    if (column == 0) {
-        TextMeter meter(font());
-        meter.add(text(0, 0));
-        m_rowNumberWidth = meter.widest() + CellMetrics::extraWidth;
-        fitRowNumberWidth();
-    } else if (column >= 1 && column <= columnCount()) {
-        setColumnWidth(column - 1, std::max(widestText(column), m_columnHeader->textSize(column - 1).width()));
-    }
-}
-
-int SpreadGrid::widestText(int column) const
-{
-    TextMeter meter(font());
-    int widestBox = 0;
-    for (int row = 1; row <= rowCount(); ++row) {
-        if (m_model->cellType(column, row).kind == CellType::Kind::CheckBox) {
-            widestBox = std::max(widestBox, m_delegate->checkBoxRect(m_model->cellIndex(column, row), {}).width());
-        } else {
-            meter.add(cellText(column, row));
-        }
-    }
-    return std::max(widestBox, meter.widest()) + CellMetrics::extraWidth;
+    m_sizes->fitColumnWidth(column);
 }
 
 void SpreadGrid::fitRowHeight(int row)
 {
-    if (row == 0) {
-        int height = m_lineRowHeight;
-        for (int column = 1; column <= columnCount(); ++column) {
-            height = std::max(height, m_columnHeader->textSize(column - 1).height());
-        }
-        m_columnHeader->setFixedHeight(height);
-    } else if (row >= 1 && row <= rowCount()) {
-        const QStringView highest = m_model->highestText(row);
-        const int height = highest.isEmpty() ? m_lineRowHeight : CellMetrics::rowHeight(fontMetrics(), highest);
-        if (height != rowHeight(row - 1)) {
-            setRowHeight(row - 1, height);
-        }
+    m_sizes->fitRowHeight(row);
+}
+
+int SpreadGrid::plainColumnWidth(int column) const
+{
+    return isColumnShown(column) ? m_sizes->columnWidth(column) : 0;
+}
+
+int SpreadGrid::plainRowNumberWidth() const
+{
+    return m_sizes->rowNumberWidth();
+}
+
+int SpreadGrid::plainRowHeight(int row) const
+{
+    return m_sizes->rowHeight(row);
+}
+
+void SpreadGrid::setPlainRowHeight(int row, int pixels)
+{
+    m_sizes->setRowHeight(row, pixels);
+}
+
+int SpreadGrid::zoom() const
+{
+    return m_sizes->zoom();
+}
+
+// The same cell stays at the top left, unless the active one would leave the view.
+void SpreadGrid::setZoom(int percent)
+{
+    const bool activeInView = viewport()->rect().intersects(visualRect(currentIndex()));
+    const int top = topRow();
+    const double left = double(horizontalScrollBar()->value()) / zoom();
+    m_sizes->setZoom(percent);
+    updateGeometries();
+    setTopRow(top);
+    horizontalScrollBar()->setValue(int(std::lround(left * percent)));
+    if (activeInView) {
+        scrollTo(currentIndex());
     }
+    updateEditorGeometries();
+    viewport()->update();
 }
 
 void SpreadGrid::setColumnShown(int column, bool shown)

@@ -19,6 +19,7 @@ class SpreadKeys;
 class SpreadModel;
 class SpreadMouse;
 class SpreadSelection;
+class SpreadSizes;
 struct TextChange;
 
 /// A spread sheet: texts in columns and rows, with a cell type per column. Columns and rows count from 1; row 0 is the
@@ -83,6 +84,17 @@ public:
     void fitColumnWidth(int column);
     /// Makes the row (0: the header row) as high as its highest text needs.
     void fitRowHeight(int row);
+
+    // Pixels at 100 %, whatever the zoom; 0 for a hidden column
+    int plainColumnWidth(int column) const;
+    int plainRowNumberWidth() const;
+    int plainRowHeight(int row) const override;
+    void setPlainRowHeight(int row, int pixels) override;
+
+    int zoom() const; ///< per cent
+    /// Shows fonts, widths and heights at that many per cent. Everything that is set or asked for stays what it is at
+    /// 100 %, but for Qt's own routines, which tell what is on the screen.
+    void setZoom(int percent);
 
     void setColumnShown(int column, bool shown);
     bool isColumnShown(int column) const;
@@ -159,9 +171,6 @@ private:
     void connectHeaders();
     void pressColumn(int column);
     void pressRow(int row);
-    void noteFont();
-    void fitRowNumberWidth();
-    int widestText(int column) const;
     void noteTexts(const TextChange &change);
 
     void openEditor(EditStart start) override;
@@ -180,10 +189,9 @@ private:
     SpreadSelection *m_selection = nullptr;
     SpreadHistory *m_history = nullptr;
     SpreadDelegate *m_delegate = nullptr;
+    SpreadSizes *m_sizes = nullptr;
     std::unique_ptr<SpreadKeys> m_keys;
     int m_frozenColumns = 0;
-    int m_rowNumberWidth = 0; ///< as it was asked for
     int m_redrawsOff = 0;
-    int m_lineRowHeight = 0; ///< of a row whose texts have one line
     bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own
 };

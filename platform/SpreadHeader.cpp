@@ -31,6 +31,19 @@ void SpreadHeader::setMarkedSections(int first, int last)
     }
 }
 
+// As sectionSizeFromContents() does for the header's own font: with room for the bold letters of a marked section.
+QSize SpreadHeader::textSize(int section, QFont font) const
+{
+    ensurePolished();
+    QStyleOptionHeader option;
+    initStyleOption(&option);
+    font.setBold(true);
+    option.section = section;
+    option.fontMetrics = QFontMetrics(font);
+    option.text = model()->headerData(section, orientation(), Qt::DisplayRole).toString();
+    return style()->sizeFromContents(QStyle::CT_HeaderSection, &option, QSize(), this);
+}
+
 void SpreadHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int section) const
 {
     QHeaderView::initStyleOptionForIndex(option, section);

@@ -18,8 +18,8 @@ public:
     int coveredWidth() const;
     /// Marks the sections first to last as those of the selection; last before first for none.
     void setMarkedSections(int first, int last);
-    /// The pixels that the section's text takes, with the header's own margins.
-    QSize textSize(int section) const { return sectionSizeFromContents(section); }
+    /// The pixels that the section's text takes in that font, with the header's own margins.
+    QSize textSize(int section, QFont font) const;
     /// The section at that place of the viewport, the frozen one included; -1 for none.
     int sectionAt(const QPoint &place) const;
     /// The thickness that the grid fixed; Qt's own would measure all captions at each layout.

@@ -52,6 +52,10 @@ const SpreadKeys::CommandKey SpreadKeys::commandKeys[] = {
     {Qt::Key_Z, Qt::ControlModifier, &SpreadKeys::undo},
     {Qt::Key_Y, Qt::ControlModifier, &SpreadKeys::redo},
     {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::redo},
+    {Qt::Key_Plus, Qt::ControlModifier, &SpreadKeys::zoomIn},
+    {Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::zoomIn},
+    {Qt::Key_Minus, Qt::ControlModifier, &SpreadKeys::zoomOut},
+    {Qt::Key_0, Qt::ControlModifier, &SpreadKeys::zoomBack},
 };
 
 SpreadKeys::SpreadKeys(SpreadView &grid, SpreadModel &model, SpreadSelection &selection)
@@ -265,4 +269,19 @@ void SpreadKeys::undo()
 void SpreadKeys::redo()
 {
     emit m_grid.redoRequested();
+}
+
+void SpreadKeys::zoomIn()
+{
+    emit m_grid.zoomRequested(1);
+}
+
+void SpreadKeys::zoomOut()
+{
+    emit m_grid.zoomRequested(-1);
+}
+
+void SpreadKeys::zoomBack()
+{
+    emit m_grid.zoomRequested(0);
 }

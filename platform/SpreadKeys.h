@@ -76,6 +76,9 @@ private:
     void paste();
     void undo();
     void redo();
+    void zoomIn();
+    void zoomOut();
+    void zoomBack();
 
     SpreadView &m_grid;
     SpreadModel &m_model;

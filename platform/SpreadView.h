@@ -23,6 +23,9 @@ public:
     virtual void clearSelectedCells() = 0;
 
     virtual void setRowCount(int rows) = 0;
+    // The height of a row (0: the header row, which can only be asked for) in pixels at 100 %, whatever the zoom
+    virtual int plainRowHeight(int row) const = 0;
+    virtual void setPlainRowHeight(int row, int pixels) = 0;
     /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
     virtual void setRedraw(bool on) = 0;
 
@@ -43,4 +46,6 @@ signals:
     /// Ctrl+Z, and Ctrl+Y or Ctrl+Shift+Z; the grid itself does nothing then.
     void undoRequested();
     void redoRequested();
+    /// Ctrl+Plus and Ctrl+Minus: by 1 and by -1; Ctrl+0: 0, back to 100 %. The grid itself does nothing then.
+    void zoomRequested(int steps);
 };

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QFont>
+#include <QHash>
+#include <QObject>
+
+#include <array>
+
+class SpreadDelegate;
+class SpreadHeader;
+class SpreadModel;
+class SpreadView;
+
+/// The font, the widths and the heights of a spread grid. All are kept in pixels as they are at 100 %; what is shown
+/// comes from them by the zoom, so that zooming back and forth changes none. Columns and rows count from 1.
+class SpreadSizes final : public QObject
+{
+    Q_OBJECT
+
+public:
+    SpreadSizes(SpreadView &view, const SpreadModel &model, SpreadHeader &columns, SpreadHeader &rows,
+        SpreadDelegate &delegate);
+
+    int zoom() const { return m_zoom; } ///< per cent
+    void setZoom(int percent);
+
+    // At 100 %, whatever the zoom
+    QFont font() const;
+    void setFont(const QFont &font);
+    int columnWidth(int column) const;
+    int rowHeight(int row) const;
+    void setRowHeight(int row, int pixels);
+    int rowNumberWidth() const;
+
+    /// To be called when the view's font has changed, whoever did it.
+    void noteFont();
+    void setWidthInCharacters(int column, double characters);
+    void fitColumnWidth(int column);
+    /// Makes the column of the row numbers wide enough for the last one.
+    void fitRowNumberWidth();
+    void fitRowHeight(int row);
+
+private:
+    QFont headerFont() const;
+    QFont zoomed(QFont font) const;
+    int zoomed(int pixels) const;
+    void showFonts();
+    void showSizes();
+    void setColumnWidth(int column, int pixels);
+    void setHeaderHeight(int pixels);
+    int neededWidth(int column, const QFont &font, const QFont &headerFont, int zoom) const;
+    void noteColumn(int at, int shown);
+    void noteRow(int at, int shown);
+
+    SpreadView &m_view;
+    const SpreadModel &m_model;
+    SpreadHeader &m_columns;
+    SpreadHeader &m_rows;
+    SpreadDelegate &m_delegate;
+    int m_zoom = 100;
+    std::array<QFont, 3> m_fonts; ///< of view, column and row header at 100 %, while another zoom is shown
+    QHash<int, int> m_columnWidths; ///< of those that are not of the usual width
+    QHash<int, int> m_rowHeights; ///< of those that are not of the usual height
+    int m_usualColumnWidth;
+    int m_usualRowHeight;
+    int m_headerHeight = 0;
+    int m_rowNumberWidth = 0; ///< as it was asked for
+    int m_lineRowHeight = 0; ///< of a row whose texts have one line
+    bool m_showing = false; ///< sizes and fonts change by this object's work
+};
