@@ -5,6 +5,7 @@
 #include "bench/Desk.h"
 #include "bench/RatioReporter.h"
 #include "bench/Stopwatch.h"
+#include "document/DocumentTables.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
@@ -118,7 +119,7 @@ static void measureWay(benchmark::State &state, const Desk &desk, bool back, con
 template <bool Back>
 static void WayOfPasteOfAllRows(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
     desk.editor().copy();
     for (int row = 1; row <= rowCount; ++row) {
@@ -130,7 +131,7 @@ static void WayOfPasteOfAllRows(benchmark::State &state)
 template <bool Back>
 static void WayOfAddLineAtTheTop(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     desk.grid().setRowCount(rowCount - 1);
     desk.grid().selectBlock(firstCell);
     measureWay(state, desk, Back, [&] { desk.editor().addLine(); });
@@ -139,7 +140,7 @@ static void WayOfAddLineAtTheTop(benchmark::State &state)
 template <bool Back>
 static void WayOfDeleteOfAllRows(benchmark::State &state)
 {
-    const Desk desk;
+    const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
     measureWay(state, desk, Back, [&] { desk.editor().deleteLines(); });
 }
