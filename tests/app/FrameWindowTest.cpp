@@ -1,21 +1,17 @@
 #include "app/WindowArrangement.h"
-#include "app/frmVersion.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/MemoryStatus.h"
 #include "platform/RibbonButton.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -321,81 +317,3 @@ INSTANTIATE_TEST_SUITE_P(Windows, Tiles,
         TileCase{5,
             {QRect(0, 0, 50, 45), QRect(0, 45, 50, 45), QRect(50, 0, 50, 30), QRect(50, 30, 50, 30),
                 QRect(50, 60, 50, 30)}}));
-
-class AboutBox : public FrameTest
-{
-protected:
-    void writeIni(const QString &folder, const QString &name, const QByteArray &bytes)
-    {
-        QDir(path(u"."_s)).mkpath(folder);
-        writeFile(folder + u'/' + name, bytes);
-    }
-    /// What the box's label shows, after the box was closed by its button.
-    QString shown(const QString &label)
-    {
-        QString text;
-        ModalScript script;
-        script.then([&](QWidget &box) {
-            text = control<QLabel>(box, label).text();
-            QTest::mouseClick(&control<QPushButton>(box, u"cmdOK"_s), Qt::LeftButton);
-        });
-        chooseMenu(u"mneHelp"_s, u"mneHelpVer"_s);
-        return text;
-    }
-};
-
-TEST_F(AboutBox, showsProgramAndVersion)
-{
-    start();
-    EXPECT_EQ(shown(u"lblSwName"_s), u"Parameter File Editer\r\nTabrix  V2.0"_s);
-    setCountryCode(81);
-    start();
-    EXPECT_EQ(shown(u"lblSwName"_s), u"ﾊﾟﾗﾒｰﾀﾌｧｲﾙ編集\r\nTabrix  V2.0"_s);
-}
-
-TEST_F(AboutBox, showsTheUserOfTheSetUpFileTrimmed)
-{
-    writeIni(u"files/us"_s, u"korvelin_e.ini"_s, "[UserInfomation]\r\nUserName=\"  A. Smith \"\r\nUserCorp=Works\r\n");
-    start();
-    EXPECT_EQ(shown(u"lblName"_s), u"A. Smith\nWorks"_s);
-}
-
-TEST_F(AboutBox, showsBlanksWithoutASetUpFile)
-{
-    start();
-    EXPECT_EQ(shown(u"lblName"_s), u" \n "_s);
-}
-
-TEST_F(AboutBox, looksForTheUserInTheFileOfTheLanguageOnly)
-{
-    setCountryCode(81);
-    writeIni(u"files/us"_s, u"korvelin_e.ini"_s,
-        "[Setup]\r\nLanguage=Japanese\r\n[UserInfomation]\r\nUserName=A\r\nUserCorp=B\r\n");
-    start();
-    EXPECT_EQ(editor().windowTitle(), u"無題"_s);
-    EXPECT_EQ(shown(u"lblName"_s), u" \n "_s);
-}
-
-TEST_F(AboutBox, showsTheMachinesMemory)
-{
-    start();
-    EXPECT_EQ(shown(u"lblMemory"_s),
-        u"Abailable Memory:"_s + QString::number(memoryInKilobytes(totalPhysicalMemory())) + u"KB"_s);
-}
-
-TEST(MemoryFigure, isASignedThirtyTwoBitNumberOfBytesInKilobytes)
-{
-    constexpr quint64 gigabyte = quint64(1) << 30;
-    EXPECT_EQ(memoryInKilobytes(quint64(65536) * 1024), 65536);
-    EXPECT_EQ(memoryInKilobytes(2 * gigabyte - 1), 2097151);
-    EXPECT_EQ(memoryInKilobytes(2 * gigabyte), -2097152);
-    EXPECT_EQ(memoryInKilobytes(3 * gigabyte), -1048576);
-    EXPECT_EQ(memoryInKilobytes(4 * gigabyte - 1), 0);
-    EXPECT_EQ(memoryInKilobytes(5 * gigabyte), 1048576);
-    EXPECT_EQ(memoryInKilobytes(0), 0);
-}
-
-TEST(PhysicalMemory, isTold)
-{
-    EXPECT_GT(totalPhysicalMemory(), quint64(1) << 26);
-}

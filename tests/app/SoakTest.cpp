@@ -8,22 +8,18 @@
 #include "platform/InputHold.h"
 #include "platform/RibbonButton.h"
 #include "platform/SpreadGrid.h"
+#include "tests/app/RandomAnswers.h"
 #include "tests/support/FrameTest.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPixmapCache>
-#include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -60,106 +56,6 @@ private:
 
     QtMessageHandler m_former;
 };
-
-/// Answers whatever modal window stands in the way, with one of the keys that users have for it.
-class Answers
-{
-public:
-    explicit Answers(std::mt19937 &random) : m_random(random)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { poll(); });
-        m_timer.start(1);
-    }
-
-    /// From now on nothing is saved.
-    void giveUpChanges() { m_givesUp = true; }
-    void answerFreely() { m_givesUp = false; }
-    /// Where a file dialog's files stand.
-    void setFile(const QString &fileName) { m_fileName = fileName; }
-    int given() const { return m_given; }
-
-private:
-    int upTo(int most) { return std::uniform_int_distribution(0, most)(m_random); }
-    void poll();
-    void answerNow(QDialog &dialog);
-    void answer(QDialog &dialog);
-    void answerMessage(QMessageBox &box);
-    void fumble();
-
-    std::mt19937 &m_random;
-    QTimer m_timer;
-    QString m_fileName;
-    bool m_givesUp = false;
-    QPointer<QDialog> m_answered; ///< at this moment
-    int m_given = 0;
-};
-
-/// A dialog that is being answered may open another one, whose answer comes first.
-void Answers::poll()
-{
-    auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-    if (dialog && dialog != m_answered) {
-        m_answered = dialog;
-        QMetaObject::invokeMethod(
-            dialog, [this, dialog] { answerNow(*dialog); }, Qt::QueuedConnection);
-    }
-}
-
-void Answers::answerNow(QDialog &dialog)
-{
-    constexpr int mostTries = 5;
-    const QPointer<QDialog> alive(&dialog);
-    const int tries = dialog.property("tries").toInt();
-    dialog.setProperty("tries", tries + 1);
-    ++m_given;
-    tries < mostTries ? answer(dialog) : dialog.reject();
-    if (alive && !alive->isVisible()) {
-        alive->setProperty("tries", 0);
-    }
-    m_answered = nullptr;
-}
-
-void Answers::answerMessage(QMessageBox &box)
-{
-    const QList<QAbstractButton *> buttons = box.buttons();
-    const auto no = std::ranges::find(buttons, u"&No"_s, &QAbstractButton::text);
-    const bool refuses = m_givesUp && no != buttons.end();
-    QTest::mouseClick(refuses ? *no : buttons[upTo(int(buttons.size()) - 1)], Qt::LeftButton);
-}
-
-/// Paper is not to be spent, and every new font stays in Qt's memory for good.
-bool isLeftAtOnce(const QDialog &dialog)
-{
-    const QLatin1StringView kind(dialog.metaObject()->className());
-    return kind.contains("Print"_L1) || kind == "QFontDialog"_L1 || kind == "QFileDialog"_L1;
-}
-
-void Answers::answer(QDialog &dialog)
-{
-    if (auto *box = qobject_cast<QMessageBox *>(&dialog)) {
-        answerMessage(*box);
-    } else if (qobject_cast<QFileDialog *>(&dialog) && !m_givesUp && upTo(2) > 0) {
-        auto &name = control<QLineEdit>(dialog, u"fileNameEdit"_s);
-        name.setText(m_fileName);
-        QTest::keyClick(&name, Qt::Key_Return);
-    } else if (m_givesUp || isLeftAtOnce(dialog)) {
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    } else {
-        fumble();
-        QTest::keyClick(&dialog, upTo(1) == 0 ? Qt::Key_Return : Qt::Key_Escape);
-    }
-}
-
-/// A few keys for whatever has the focus.
-void Answers::fumble()
-{
-    static constexpr Qt::Key keys[] = {Qt::Key_Tab, Qt::Key_Space, Qt::Key_1, Qt::Key_7, Qt::Key_Down, Qt::Key_Backtab};
-    for (int i = upTo(8); i > 0; --i) {
-        if (QWidget *focus = QApplication::focusWidget()) {
-            QTest::keyClick(focus, keys[upTo(int(std::size(keys)) - 1)]);
-        }
-    }
-}
 
 int fromEnvironment(const char *name, int otherwise)
 {
@@ -219,7 +115,7 @@ protected:
     void takeForeignText();
 
     std::mt19937 m_random{unsigned(fromEnvironment("TABRIX_SOAK_SEED", 1))};
-    Answers m_answers{m_random};
+    RandomAnswers m_answers{m_random};
     QStringList m_files;
     int m_steps = 0;
 };
