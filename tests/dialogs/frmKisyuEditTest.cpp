@@ -1,12 +1,10 @@
 #include "dialogs/frmKisyuEdit.h"
 
-#include "document/DocumentTables.h"
 #include "platform/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
+#include "tests/dialogs/MachineDialog.h"
 #include "tests/support/Controls.h"
 #include "tests/support/QtPrinters.h"
-
-#include <gtest/gtest.h>
 
 #include <QGroupBox>
 #include <QLineEdit>
@@ -16,74 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int docNo = 2;
-
-MachineInfo sample()
-{
-    return {.Name = u"XT200-0.4K"_s,
-        .TypeCode = u"XT"_s,
-        .VCapacity = u"200"_s,
-        .Code = u"1A"_s,
-        .Capacity = {u"0.4"_s, u"3.7"_s, u"11"_s},
-        .ICapacity = {u"2.5"_s, u"16.5"_s, u"46"_s},
-        .Option = {u"A1"_s, u"B"_s},
-        .Paramater = 7,
-        .SoftWareVersion = u"1.0"_s};
-}
-
-class MachineDialog : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        useEnglish();
-        resetDocumentTables();
-        growDocumentTables(docNo);
-        info() = sample();
-    }
-
-    /// Opens a dialog on the document, runs act in it and returns whether the document counts as changed.
-    bool show(const std::function<void()> &act)
-    {
-        frmKisyuEdit opened(nullptr, docNo);
-        dialog = &opened;
-        whileShown(opened, act);
-        opened.exec();
-        dialog = nullptr;
-        return DocFlags[docNo].changed;
-    }
-
-    static MachineInfo &info() { return MachineInfos[docNo]; }
-    QLineEdit &box(const QString &name) { return control<QLineEdit>(*dialog, name); }
-    SpreadGrid &grid() { return control<SpreadGrid>(*dialog, u"vaSpread1"_s); }
-    QStringList rows() { return rowsOf(grid()); }
-    void ok() { click(*dialog, u"cmdOK"_s); }
-    void cancel() { click(*dialog, u"cmdCancel"_s); }
-
-    /// Clicks into the box and types text in the place of what it holds.
-    void retype(const QString &name, const QString &text)
-    {
-        box(name).setFocus();
-        press(Qt::Key_A, Qt::ControlModifier);
-        press(Qt::Key_Delete);
-        type(text);
-    }
-
-    /// Adds a capacity through the dialog that Add opens; OK there unless cancelled.
-    void add(const QString &capacity, const QString &current, Qt::Key end = Qt::Key_Return)
-    {
-        whileNextIsShown([&](QDialog &) {
-            type(capacity);
-            press(Qt::Key_Tab);
-            type(current);
-            press(end);
-        });
-        click(*dialog, u"cmdAdd"_s);
-    }
-
-    frmKisyuEdit *dialog = nullptr;
-};
 
 TEST_F(MachineDialog, showsTheDocument)
 {
@@ -119,7 +49,7 @@ TEST_F(MachineDialog, okStoresEveryBox)
         retype(u"txtOption"_s, u",A,,B,"_s);
         ok();
     }));
-    MachineInfo expected = sample();
+    MachineInfo expected = sampleMachine();
     expected.Name = u" New name "_s;
     expected.TypeCode = u" type, any "_s;
     expected.VCapacity = u"400"_s;
@@ -151,7 +81,7 @@ TEST_P(MachineBox, aChangeThatWasTakenBackCountsToo)
         press(Qt::Key_Backspace);
         ok();
     }));
-    EXPECT_EQ(info(), sample());
+    EXPECT_EQ(info(), sampleMachine());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -193,7 +123,7 @@ TEST_P(MachineRefusal, entersTheFirstInvalidBoxAndStaysOpen)
         EXPECT_EQ(focusedName(), GetParam().focus);
         press(Qt::Key_Escape);
     }));
-    EXPECT_EQ(info(), sample());
+    EXPECT_EQ(info(), sampleMachine());
 }
 
 INSTANTIATE_TEST_SUITE_P(Boxes, MachineRefusal,
@@ -224,140 +154,6 @@ TEST_F(MachineDialog, okAfterARefusalStores)
     EXPECT_EQ(info().Code, u"1F"_s);
 }
 
-TEST_F(MachineDialog, addAppendsAndSortsByNumber)
-{
-    EXPECT_TRUE(show([&] {
-        add(u"5.50"_s, u"24"_s);
-        EXPECT_EQ(rows(), (QStringList{u"0.4|2.5"_s, u"3.7|16.5"_s, u"5.50|24"_s, u"11|46"_s}));
-        add(u"0.2"_s, u"1,5"_s);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity, (QStringList{u"0.2"_s, u"0.4"_s, u"3.7"_s, u"5.5"_s, u"11"_s}));
-    EXPECT_EQ(info().ICapacity, (QStringList{u"1.5"_s, u"2.5"_s, u"16.5"_s, u"24"_s, u"46"_s}));
-}
-
-TEST_F(MachineDialog, aCancelledAddChangesNothing)
-{
-    EXPECT_FALSE(show([&] {
-        add(u"5.5"_s, u"24"_s, Qt::Key_Escape);
-        EXPECT_EQ(rows().size(), 3);
-        ok();
-    }));
-}
-
-TEST_F(MachineDialog, addWorksOnAnEmptyList)
-{
-    info().Capacity.clear();
-    info().ICapacity.clear();
-    EXPECT_TRUE(show([&] {
-        add(u"1"_s, u"2"_s);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity, QStringList{u"1"_s});
-    EXPECT_EQ(info().ICapacity, QStringList{u"2"_s});
-}
-
-TEST_F(MachineDialog, deleteRemovesTheActiveRow)
-{
-    EXPECT_TRUE(show([&] {
-        clickCell(grid(), 2, 2);
-        click(*dialog, u"cmdDel"_s);
-        EXPECT_EQ(rows(), (QStringList{u"0.4|2.5"_s, u"11|46"_s}));
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity, (QStringList{u"0.4"_s, u"11"_s}));
-    EXPECT_EQ(info().ICapacity, (QStringList{u"2.5"_s, u"46"_s}));
-}
-
-TEST_F(MachineDialog, theLastCapacityCannotBeDeleted)
-{
-    EXPECT_TRUE(show([&] {
-        clickCell(grid(), 1, 3);
-        for (int i = 0; i < 4; ++i) {
-            click(*dialog, u"cmdDel"_s);
-        }
-        EXPECT_EQ(rows().size(), 1);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity.size(), 1);
-}
-
-TEST_F(MachineDialog, aRefusedDeletionIsNoChange)
-{
-    info().Capacity = {u"1"_s};
-    info().ICapacity = {u"2"_s};
-    EXPECT_FALSE(show([&] {
-        click(*dialog, u"cmdDel"_s);
-        EXPECT_EQ(rows(), QStringList{u"1|2"_s});
-        ok();
-    }));
-}
-
-TEST_F(MachineDialog, capacitiesAreEditedInPlaceAndNotSorted)
-{
-    EXPECT_TRUE(show([&] {
-        enterIntoCell(grid(), 1, 1, u"15"_s);
-        enterIntoCell(grid(), 2, 1, u"60.50"_s);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity, (QStringList{u"15"_s, u"3.7"_s, u"11"_s}));
-    EXPECT_EQ(info().ICapacity, (QStringList{u"60.5"_s, u"16.5"_s, u"46"_s}));
-}
-
-TEST_F(MachineDialog, capacitiesGoUpTo3600)
-{
-    show([&] {
-        EXPECT_EQ(grid().cellType(1, -1), CellType::number(0, 3600));
-        EXPECT_EQ(grid().cellType(2, -1), CellType::number(0, 3600));
-        enterIntoCell(grid(), 1, 1, u"3601"_s);
-        press(Qt::Key_Escape); // a refused edit may still be open
-        EXPECT_NE(grid().text(1, 1), u"3601"_s);
-        dialog->reject();
-    });
-}
-
-TEST_F(MachineDialog, rowsThatAreNoNumbersAreDropped)
-{
-    info().Capacity = {u"0.4"_s, u"3.7"_s, u"11kW"_s};
-    info().ICapacity = {u"2.5"_s}; // the file had no current for the others
-    EXPECT_TRUE(show([&] {
-        EXPECT_EQ(rows(), (QStringList{u"0.4|2.5"_s, u"3.7|"_s, u"11kW|"_s}));
-        enterIntoCell(grid(), 2, 3, u"5"_s);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity, QStringList{u"0.4"_s});
-    EXPECT_EQ(info().ICapacity, QStringList{u"2.5"_s});
-}
-
-TEST_F(MachineDialog, okTakesAnEditThatIsStillOpen)
-{
-    EXPECT_TRUE(show([&] {
-        typeIntoCell(grid(), 1, 1, u"0.2"_s);
-        ok();
-    }));
-    EXPECT_EQ(info().Capacity.value(0), u"0.2"_s);
-}
-
-TEST_F(MachineDialog, acceptingTakesAnEditThatIsStillOpen)
-{
-    EXPECT_TRUE(show([&] {
-        typeIntoCell(grid(), 1, 1, u"0.2"_s);
-        dialog->accept(); // as assistive tools do, without moving the focus
-    }));
-    EXPECT_EQ(info().Capacity.value(0), u"0.2"_s);
-}
-
-TEST_F(MachineDialog, deleteTakesAnEditThatIsStillOpen)
-{
-    show([&] {
-        typeIntoCell(grid(), 1, 1, u"0.2"_s);
-        press(Qt::Key_D, Qt::AltModifier); // the button shows itself pressed for a moment first
-        EXPECT_TRUE(QTest::qWaitFor([&] { return grid().rowCount() == 2; }));
-        EXPECT_EQ(rows(), (QStringList{u"3.7|16.5"_s, u"11|46"_s}));
-        cancel();
-    });
-}
-
 class MachineCancel : public MachineDialog, public testing::WithParamInterface<std::function<void(frmKisyuEdit &)>>
 {
 };
@@ -368,7 +164,7 @@ TEST_P(MachineCancel, storesNothing)
         retype(u"txtKisyuName"_s, u"Other"_s);
         GetParam()(*dialog);
     }));
-    EXPECT_EQ(info(), sample());
+    EXPECT_EQ(info(), sampleMachine());
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, MachineCancel,
@@ -378,13 +174,13 @@ INSTANTIATE_TEST_SUITE_P(Ways, MachineCancel,
 TEST_F(MachineDialog, onlyItsDocumentIsTouched)
 {
     growDocumentTables(3);
-    MachineInfos[1] = MachineInfos[3] = sample();
+    MachineInfos[1] = MachineInfos[3] = sampleMachine();
     show([&] {
         retype(u"txtKisyuName"_s, u"Other"_s);
         ok();
     });
-    EXPECT_EQ(MachineInfos[1], sample());
-    EXPECT_EQ(MachineInfos[3], sample());
+    EXPECT_EQ(MachineInfos[1], sampleMachine());
+    EXPECT_EQ(MachineInfos[3], sampleMachine());
     EXPECT_FALSE(DocFlags[1].changed || DocFlags[3].changed);
 }
 
@@ -468,16 +264,6 @@ TEST_F(MachineDialog, hasJapaneseCaptions)
             (QStringList{u"機種情報編集"_s, u"ｲﾝﾊﾞｰﾀ形名(&T):"_s, u"電圧ｺｰﾄﾞ(&V):"_s, u"機種ｺｰﾄﾞ(&M):"_s,
                 u"定格(&C):"_s, u"内蔵ｵﾌﾟｼｮﾝ(&P):"_s, u"追加(&A)"_s, u"削除(&D)"_s, u"OK"_s, u"ｷｬﾝｾﾙ"_s, u"ﾍﾙﾌﾟ(&H)"_s,
                 u"適用ﾓｰﾀ容量[kW]"_s, u"定格電流[A]"_s}));
-        cancel();
-    });
-}
-
-TEST_F(MachineDialog, columnsAreAsWideAsTheirHeadingsHaveBytes)
-{
-    useJapanese();
-    show([&] {
-        // 15 bytes to 11 in code page 932
-        EXPECT_NEAR(grid().columnWidth(0) / 15.0, grid().columnWidth(1) / 11.0, 1.0);
         cancel();
     });
 }

@@ -1,53 +1,18 @@
 #include "dialogs/frmPrCond.h"
 
 #include "document/DocumentTables.h"
-#include "platform/SpreadGrid.h"
+#include "tests/dialogs/CondDialog.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"
 #include "tests/support/QtPrinters.h"
 
-#include <gtest/gtest.h>
-
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString mixedText = u"OP/A1,79=1-3,10/5,MODE=1"_s;
-
-/// A dialog with what a call of it gave.
-class CondDialog : public testing::Test
-{
-protected:
-    void SetUp() override { useEnglish(); }
-
-    /// Opens the dialog on a text and its count, runs act in it and returns its result.
-    bool show(
-        const QString &openedText, qint16 openedCount, const std::function<void()> &act, const QString &pr = u"79"_s)
-    {
-        text = openedText;
-        count = openedCount;
-        whileShown(dialog, act);
-        return dialog.ShowPrCond(pr, count, text);
-    }
-
-    SpreadGrid &grid(int kind) { return control<SpreadGrid>(dialog, u"vaspdCond(%1)"_s.arg(kind)); }
-    QStringList rows(int kind) { return rowsOf(grid(kind)); }
-    QString label(const QString &name) { return control<QLabel>(dialog, name).text(); }
-    bool canDelete(int kind) { return control<QPushButton>(dialog, u"cmdDell(%1)"_s.arg(kind)).isEnabled(); }
-    void add(int kind) { click(dialog, u"cmdAdd(%1)"_s.arg(kind)); }
-    void remove(int kind) { click(dialog, u"cmdDell(%1)"_s.arg(kind)); }
-    void ok() { click(dialog, u"cmdOK"_s); }
-    void cancel() { click(dialog, u"cmdCancel"_s); }
-
-    frmPrCond dialog;
-    qint16 count = 0;
-    QString text;
-};
 
 TEST_F(CondDialog, showsEachKindInItsGrid)
 {
@@ -138,199 +103,6 @@ TEST_F(CondDialog, aRangeIsWrittenAsItStandsInTheGrid)
     EXPECT_EQ(text, u"160=10-9"_s);
 }
 
-TEST_F(CondDialog, newRowsShowTheirDefaults)
-{
-    EXPECT_TRUE(show(u""_s, 0, [&] {
-        for (int kind = 0; kind < 3; ++kind) {
-            add(kind);
-            EXPECT_TRUE(canDelete(kind));
-        }
-        EXPECT_EQ(rows(0), QStringList{u"|=||"_s});
-        EXPECT_EQ(rows(1), QStringList{u"=|EXT"_s});
-        EXPECT_EQ(rows(2), QStringList{u"=|"_s});
-        EXPECT_EQ(label(u"lblCount(1)"_s), u"0"_s);
-        ok();
-    }));
-    // Only the mode counts untouched.
-    EXPECT_EQ(text, u"MODE=0"_s);
-    EXPECT_EQ(count, 1);
-}
-
-TEST_F(CondDialog, rowsAreAddedAtTheEnd)
-{
-    show(mixedText, 4, [&] {
-        add(0);
-        EXPECT_EQ(rows(0), (QStringList{u"79|=|1|3"_s, u"10|<>|5|"_s, u"|=||"_s}));
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, typedRowsAreWritten)
-{
-    EXPECT_TRUE(show(u""_s, 0, [&] {
-        add(0);
-        enterIntoCell(grid(0), 1, 1, u"160"_s);
-        enterIntoCell(grid(0), 3, 1, u"9"_s);
-        enterIntoCell(grid(0), 4, 1, u"10"_s);
-        add(2);
-        enterIntoCell(grid(2), 2, 1, u"A-1"_s);
-        ok();
-    }));
-    EXPECT_EQ(text, u"OP=A-1,160=9-10"_s);
-    EXPECT_EQ(count, 2);
-}
-
-TEST_F(CondDialog, aRowWithoutAValueIsDropped)
-{
-    EXPECT_FALSE(show(u"10=1"_s, 1, [&] {
-        add(0);
-        enterIntoCell(grid(0), 1, 2, u"79"_s);
-        add(0);
-        ok();
-    }));
-    EXPECT_EQ(text, u"10=1"_s);
-}
-
-TEST_F(CondDialog, valuesBeyondTheColumnsLimitsCannotBeTyped)
-{
-    show(u"10=1-2"_s, 1, [&] {
-        enterIntoCell(grid(0), 1, 1, u"1000"_s);
-        press(Qt::Key_Escape); // a refused edit may still be open
-        EXPECT_NE(grid(0).text(1, 1), u"1000"_s);
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, hasTheColumnsCellTypes)
-{
-    show(u""_s, 0, [&] {
-        EXPECT_EQ(grid(0).cellType(1, -1), CellType::integer(0, 999));
-        EXPECT_EQ(grid(0).cellType(3, -1), CellType::integer(0, 32767));
-        EXPECT_EQ(grid(0).cellType(4, -1), CellType::integer(0, 32767));
-        const CellType relation = CellType::comboBox({u"="_s, u"<>"_s}, u"="_s);
-        EXPECT_EQ(grid(0).cellType(2, -1), relation);
-        EXPECT_EQ(grid(1).cellType(1, -1), relation);
-        EXPECT_EQ(grid(2).cellType(1, -1), relation);
-        const CellType mode = grid(1).cellType(2, -1);
-        EXPECT_EQ(mode.kind, CellType::Kind::ComboBox);
-        EXPECT_EQ(mode.items,
-            (QStringList{u"EXT"_s, u"PU"_s, u"EXT JOG"_s, u"PU JOG"_s, u"LNK"_s, u"PU+EXT"_s, u"TIME"_s, u"SP"_s}));
-        EXPECT_EQ(grid(2).cellType(2, -1), CellType::text());
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, hasTheColumnsHeadings)
-{
-    const QList<QStringList> headings{
-        {u"Pr"_s, u"=/<> "_s, u"Cond1"_s, u"Cond2"_s}, {u"=/<> "_s, u"Op mode"_s}, {u"=/<> "_s, u"Option"_s}};
-    show(u""_s, 0, [&] {
-        for (int kind = 0; kind < 3; ++kind) {
-            ASSERT_EQ(grid(kind).columnCount(), headings[kind].size());
-            for (int column = 1; column <= grid(kind).columnCount(); ++column) {
-                EXPECT_EQ(grid(kind).text(column, 0), headings[kind][column - 1]);
-            }
-        }
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, relationsAndModesAreChosenFromTheirLists)
-{
-    EXPECT_TRUE(show(u"OP=A,79=1,MODE=0"_s, 3, [&] {
-        for (const auto &[kind, column] : std::initializer_list<std::pair<int, int>>{{0, 2}, {1, 1}, {1, 2}, {2, 1}}) {
-            clickCell(grid(kind), column, 1);
-            type(kind == 1 && column == 2 ? u"p"_s : u"<"_s);
-            press(Qt::Key_Return);
-        }
-        EXPECT_EQ(rows(0) + rows(1) + rows(2), (QStringList{u"79|<>|1|"_s, u"<>|PU"_s, u"<>|A"_s}));
-        ok();
-    }));
-    EXPECT_EQ(text, u"OP/A,79/1,MODE/1"_s);
-}
-
-TEST_F(CondDialog, deleteRemovesTheActiveRow)
-{
-    EXPECT_TRUE(show(u"OP=A,OP=B,OP=C,1=1,2=2-3,3=3,MODE=1,MODE=2,MODE=3"_s, 9, [&] {
-        for (int kind = 0; kind < 3; ++kind) {
-            clickCell(grid(kind), 1, 2);
-            remove(kind);
-        }
-        EXPECT_EQ(rows(0), (QStringList{u"1|=|1|"_s, u"3|=|3|"_s}));
-        EXPECT_EQ(rows(1), (QStringList{u"=|PU"_s, u"=|PU JOG"_s}));
-        EXPECT_EQ(rows(2), (QStringList{u"=|A"_s, u"=|C"_s}));
-        EXPECT_EQ(label(u"lblCount(1)"_s), u"9"_s);
-        ok();
-    }));
-    EXPECT_EQ(text, u"OP=A,OP=C,1=1,3=3,MODE=1,MODE=3"_s);
-    EXPECT_EQ(count, 6);
-}
-
-TEST_F(CondDialog, deleteRemovesTheLastRowWhenThatIsActive)
-{
-    show(u"1=1,2=2,3=3"_s, 3, [&] {
-        clickCell(grid(0), 4, 3);
-        remove(0);
-        EXPECT_EQ(rows(0), (QStringList{u"1|=|1|"_s, u"2|=|2|"_s}));
-        remove(0);
-        EXPECT_EQ(rows(0).size(), 1);
-        EXPECT_TRUE(canDelete(0));
-        remove(0);
-        EXPECT_EQ(rows(0).size(), 0);
-        EXPECT_FALSE(canDelete(0));
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, deleteWorksWithoutAClickIntoTheGrid)
-{
-    show(u"1=1,2=2"_s, 2, [&] {
-        remove(0);
-        EXPECT_EQ(rows(0), QStringList{u"2|=|2|"_s});
-        add(1);
-        remove(1);
-        EXPECT_EQ(rows(1).size(), 0);
-        EXPECT_FALSE(canDelete(1));
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, rowsAddedAfterADeletionAreEmpty)
-{
-    show(u"79=1-3"_s, 1, [&] {
-        remove(0);
-        add(0);
-        EXPECT_EQ(rows(0), QStringList{u"|=||"_s});
-        cancel();
-    });
-}
-
-TEST_F(CondDialog, anEditSortsTheParametersByNumber)
-{
-    EXPECT_TRUE(show(u"100=1,20=2-4,9=3"_s, 3, [&] {
-        EXPECT_EQ(rows(0), (QStringList{u"100|=|1|"_s, u"20|=|2|4"_s, u"9|=|3|"_s}));
-        enterIntoCell(grid(0), 3, 1, u"7"_s);
-        EXPECT_EQ(rows(0), (QStringList{u"9|=|3|"_s, u"20|=|2|4"_s, u"100|=|7|"_s}));
-        ok();
-    }));
-    EXPECT_EQ(text, u"9=3,20=2-4,100=7"_s);
-}
-
-TEST_F(CondDialog, parametersAreNotSortedWithoutAnEdit)
-{
-    EXPECT_FALSE(show(u"100=1,20=2"_s, 2, [&] { ok(); }));
-}
-
-TEST_F(CondDialog, modesAndOptionsAreNotSorted)
-{
-    EXPECT_TRUE(show(u"OP=B,OP=C,MODE=3,MODE=1"_s, 4, [&] {
-        enterIntoCell(grid(2), 2, 2, u"A"_s);
-        enterIntoCell(grid(1), 1, 2, u"<"_s);
-        ok();
-    }));
-    EXPECT_EQ(text, u"OP=B,OP=A,MODE=3,MODE/1"_s);
-}
-
 TEST_F(CondDialog, okTakesAnEditThatIsStillOpen)
 {
     EXPECT_TRUE(show(u"OP=A,100=1,20=2"_s, 3, [&] {
@@ -347,19 +119,6 @@ TEST_F(CondDialog, acceptingTakesAnEditThatIsStillOpen)
         dialog.accept(); // as assistive tools do, without moving the focus
     }));
     EXPECT_EQ(text, u"OP=B"_s);
-}
-
-TEST_F(CondDialog, addAndDeleteTakeAnEditThatIsStillOpen)
-{
-    show(u"OP=A,OP=B"_s, 2, [&] {
-        typeIntoCell(grid(2), 2, 1, u"C"_s);
-        add(2);
-        EXPECT_EQ(rows(2), (QStringList{u"=|C"_s, u"=|B"_s, u"=|"_s}));
-        typeIntoCell(grid(2), 2, 2, u"D"_s);
-        remove(2);
-        EXPECT_EQ(rows(2), (QStringList{u"=|C"_s, u"=|"_s}));
-        cancel();
-    });
 }
 
 TEST_F(CondDialog, deletingEverythingGivesNoConditions)
@@ -383,19 +142,6 @@ TEST_F(CondDialog, deletingEverythingGivesTheTextOfTheLastOkThatMadeOne)
     }));
     EXPECT_EQ(count, 0);
     EXPECT_EQ(text, u"10=1"_s);
-}
-
-TEST_F(CondDialog, buttonsPressedWithoutTheMouseTakeAnOpenEditToo)
-{
-    show(u"OP=A"_s, 1, [&] {
-        typeIntoCell(grid(2), 2, 1, u"B"_s);
-        control<QPushButton>(dialog, u"cmdAdd(2)"_s).click(); // as assistive tools do, without moving the focus
-        EXPECT_EQ(rows(2), (QStringList{u"=|B"_s, u"=|"_s}));
-        typeIntoCell(grid(2), 2, 2, u"C"_s);
-        control<QPushButton>(dialog, u"cmdDell(2)"_s).click();
-        EXPECT_EQ(rows(2), QStringList{u"=|B"_s});
-        cancel();
-    });
 }
 
 class CondCancel : public CondDialog, public testing::WithParamInterface<std::function<void(frmPrCond &)>>
@@ -453,19 +199,6 @@ TEST_F(CondDialog, theSharedConditionsAreEmptiedBeforeAndAfter)
         ok();
     }));
     EXPECT_TRUE(PrConditions.isEmpty());
-}
-
-TEST_F(CondDialog, theGridsStartAnewAtEveryOpening)
-{
-    show(mixedText, 4, [&] {
-        add(0);
-        cancel();
-    });
-    show(u"OP=B"_s, 1, [&] {
-        EXPECT_EQ(rows(0) + rows(1) + rows(2), QStringList{u"=|B"_s});
-        EXPECT_FALSE(canDelete(0));
-        cancel();
-    });
 }
 
 TEST_F(CondDialog, tabFollowsTheReadingOrder)
