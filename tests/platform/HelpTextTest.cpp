@@ -1,5 +1,6 @@
 #include "platform/HelpLibrary.h"
 #include "resources/StringTable.h"
+#include "tests/platform/HelpFile.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +16,6 @@ namespace {
 struct HelpLanguage
 {
     const char *name;
-    const char *file;
     QStringView InterfaceText::*text;
 };
 
@@ -62,8 +62,7 @@ protected:
         return captions;
     }
 
-    std::unique_ptr<HelpLibrary> library =
-        HelpLibrary::open(QStringLiteral(TABRIX_HELP_FOLDER "/") + QString::fromLatin1(GetParam().file));
+    std::unique_ptr<HelpLibrary> library = HelpLibrary::open(helpFile(QString::fromLatin1(GetParam().name)));
 };
 
 } // namespace
@@ -94,5 +93,4 @@ TEST_P(HelpText, explainsEveryMenuCommandAndEveryColumn)
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, HelpText,
-    testing::Values(HelpLanguage{"en", "TABRIXE.HLP", &InterfaceText::english},
-        HelpLanguage{"ja", "TABRIX.HLP", &InterfaceText::japanese}));
+    testing::Values(HelpLanguage{"en", &InterfaceText::english}, HelpLanguage{"ja", &InterfaceText::japanese}));

@@ -4,6 +4,7 @@
 #include "platform/SpreadGrid.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,20 @@ void fillGrid(SpreadGrid &grid, int columns, int rows, double widthInCharacters)
             grid.setText(column, row, u"c%1r%2"_s.arg(column).arg(row));
         }
     }
+}
+
+QStringList cellsOf(const PdfPage &page)
+{
+    return page.texts().filter(QRegularExpression(u"^c\\d+r\\d+$"_s));
+}
+
+QStringList cellsOf(const QList<PdfPage> &pages)
+{
+    QStringList cells;
+    for (const PdfPage &page : pages) {
+        cells << cellsOf(page);
+    }
+    return cells;
 }
 
 PrintedGrid::PrintedGrid()

@@ -6,12 +6,17 @@
 
 #include <QPageLayout>
 #include <QPrinter>
+#include <QStringList>
 #include <QTemporaryDir>
 
 class SpreadGrid;
 
 /// Gives every data cell the text c<column>r<row>, every heading h<column>, and every column that width.
 void fillGrid(SpreadGrid &grid, int columns, int rows, double widthInCharacters = 8);
+
+/// The cells of a grid so filled that stand on the page, in its order; or on all pages together.
+QStringList cellsOf(const PdfPage &page);
+QStringList cellsOf(const QList<PdfPage> &pages);
 
 /// Prints to PDF and reads the pages back.
 class PrintedGrid
