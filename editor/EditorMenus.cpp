@@ -1,18 +1,18 @@
 #include "editor/EditorMenus.h"
 
-#include "editor/MenuTable.h"
 #include "editor/RecentFileGroup.h"
+#include "editor/SharedMenuLines.h"
 
 #include <QAction>
 #include <QWidget>
 
-using namespace Qt::StringLiterals;
+using namespace SharedMenuLines;
 
 namespace {
 
 // The closing key is every child window's own, and copying, cutting and pasting are the grid's keys.
 constexpr MenuLine fileLines[] = {
-    {u"mneFileOpen", 11, Qt::CTRL | Qt::Key_O},
+    openLine,
     {u"mneFileClose", 12},
     separatorLine,
     {u"mneFileSave", 13, Qt::CTRL | Qt::Key_S},
@@ -20,7 +20,6 @@ constexpr MenuLine fileLines[] = {
     separatorLine,
     {u"mneFilePrint", 15, Qt::CTRL | Qt::Key_P},
 };
-constexpr MenuLine exitLine{u"mneFileExit", 16, Qt::CTRL | Qt::Key_Q};
 constexpr MenuLine editLines[] = {
     {u"mneEditCut", 21},
     {u"mneEditCopy", 22},
@@ -35,30 +34,22 @@ constexpr MenuLine editLines[] = {
     {u"mneEditCond", 29},
 };
 constexpr MenuLine visibleLines[] = {
-    {u"mneVisualItem(0)", 31},
-    {u"mneVisualItem(1)", 32},
+    barLines[0],
+    barLines[1],
     separatorLine,
     {u"mneVisualItem(3)", 33},
     {u"mneVisualInf", 34},
-};
-constexpr MenuLine windowLines[] = {
-    {u"mneWinItem(0)", 41},
-    {u"mneWinItem(1)", 42},
-};
-constexpr MenuLine helpLines[] = {
-    {u"mneHelpItem", 46, Qt::Key_F1},
-    {u"mneHelpVer", 47},
 };
 
 } // namespace
 
 EditorMenus::EditorMenus(QWidget *window)
     : QObject(window)
-    , m_file(newMenu({u"mneFile", 10}, window))
+    , m_file(newMenu(fileMenuLine, window))
     , m_edit(newMenu({u"mneEdit", 20}, window))
-    , m_visible(newMenu({u"mneVisual", 30}, window))
-    , m_window(newMenu({u"mneWin", 40}, window))
-    , m_help(newMenu({u"mneHelp", 45}, window))
+    , m_visible(newMenu(visibleMenuLine, window))
+    , m_window(newMenu(windowMenuLine, window))
+    , m_help(newMenu(helpMenuLine, window))
 {
     addMenuLines(*m_file, fileLines);
     m_recentFiles = new RecentFileGroup(*m_file);

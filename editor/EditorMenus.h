@@ -24,8 +24,6 @@ public:
     QAction &action(QStringView name) const;
 
 private:
-    void addHelpMenu(QWidget *window);
-
     QMenu *m_file;
     QMenu *m_edit;
     QMenu *m_visible;
