@@ -1,6 +1,7 @@
 #include "app/FrameStatusBar.h"
 
 #include "app/Common.h"
+#include "platform/PlainLabel.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -17,10 +18,8 @@ constexpr int labelMargin = 4;
 
 QLabel *newLabel(const QString &name, QWidget *parent)
 {
-    auto *label = new QLabel(parent);
-    label->setObjectName(name);
+    QLabel *label = newPlainLabel(name, parent);
     label->setMargin(labelMargin);
-    label->setTextFormat(Qt::PlainText);
     return label;
 }
 

@@ -1,6 +1,7 @@
 #include "app/FrameToolBar.h"
 
 #include "app/Language.h"
+#include "platform/PlainLabel.h"
 #include "platform/RibbonButton.h"
 
 #include <QApplication>
@@ -29,9 +30,7 @@ constexpr int tipMargin = 4;
 
 QLabel *newTipPanel(QWidget *frame)
 {
-    auto *panel = new QLabel(frame);
-    panel->setObjectName(u"sspnlToolTip"_s);
-    panel->setTextFormat(Qt::PlainText);
+    QLabel *panel = newPlainLabel(u"sspnlToolTip"_s, frame);
     panel->setFrameStyle(QFrame::Box | QFrame::Plain);
     panel->setMargin(tipMargin);
     panel->setBackgroundRole(QPalette::ToolTipBase);

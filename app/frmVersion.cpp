@@ -4,6 +4,7 @@
 #include "app/IniFile.h"
 #include "app/Language.h"
 #include "platform/MemoryStatus.h"
+#include "platform/PlainLabel.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -24,14 +25,6 @@ QString iniUserText(const QString &key)
     return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? value.trimmed() : u" "_s;
 }
 
-QLabel *newLabel(const QString &name, QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 } // namespace
 
 qint32 memoryInKilobytes(quint64 bytes)
@@ -42,9 +35,9 @@ qint32 memoryInKilobytes(quint64 bytes)
 frmVersion::frmVersion(QWidget *parent)
     : QDialog(parent)
     , m_picture(new QLabel(this))
-    , m_lblSwName(newLabel(u"lblSwName"_s, this))
-    , m_lblName(newLabel(u"lblName"_s, this))
-    , m_lblMemory(newLabel(u"lblMemory"_s, this))
+    , m_lblSwName(newPlainLabel(u"lblSwName"_s, this))
+    , m_lblName(newPlainLabel(u"lblName"_s, this))
+    , m_lblMemory(newPlainLabel(u"lblMemory"_s, this))
     , m_cmdOK(new QPushButton(this))
 {
     setObjectName(u"frmVersion"_s);

@@ -2,12 +2,12 @@
 
 #include "app/Common.h"
 #include "app/Language.h"
+#include "dialogs/ParameterHeading.h"
 #include "dialogs/PromptButton.h"
 #include "document/FieldText.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -23,38 +23,15 @@ constexpr int firstExtraGroup = 12; // from here on a group without a label is n
 
 } // namespace
 
-frmFunc::frmFunc(QWidget *parent) : EditDialog(parent, helpContext)
+frmFunc::frmFunc(QWidget *parent)
+    : EditDialog(parent, helpContext), m_heading(new ParameterHeading(this, u"lblFuncCode"_s))
 {
+    m_heading->value().setAlignment(Qt::AlignCenter);
     auto *all = new QVBoxLayout(this);
-    all->addLayout(createHeading());
+    all->addLayout(m_heading);
     all->addWidget(createBoxes());
     all->addLayout(createButtonRow());
     all->setSizeConstraint(QLayout::SetFixedSize);
-}
-
-QLayout *frmFunc::createHeading()
-{
-    m_pr = createLabel(u"lblPr"_s);
-    m_codeCaption = createLabel(u"lblFuncCode(0)"_s);
-    m_code = createLabel(u"lblFuncCode(1)"_s);
-    m_code->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    m_code->setMargin(3);
-    m_code->setAlignment(Qt::AlignCenter);
-
-    auto *heading = new QHBoxLayout;
-    heading->addWidget(m_pr);
-    heading->addStretch();
-    heading->addWidget(m_codeCaption);
-    heading->addWidget(m_code);
-    return heading;
-}
-
-QLabel *frmFunc::createLabel(const QString &name)
-{
-    auto *label = new QLabel(this);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
 }
 
 QWidget *frmFunc::createBoxes()
@@ -90,9 +67,8 @@ bool frmFunc::ShowFuncCode(const QString &pr, qint16 &code, const QString &fileP
 
 void frmFunc::load(const QString &pr, qint16 code)
 {
-    m_pr->setText(pr.isEmpty() ? QString() : u"Pr."_s + pr);
+    m_heading->setTexts(pr, ResString(154));
     m_frame->setTitle(ResString(141));
-    m_codeCaption->setText(ResString(154));
     const FunctionGroups groups = groupsOfCode(code, m_labels);
     for (int group = 0; group < FunctionGroupCount; ++group) {
         loadBox(group, groups[group]);
@@ -107,8 +83,9 @@ void frmFunc::load(const QString &pr, qint16 code)
 // The same for every code, so that nothing moves while the user ticks.
 void frmFunc::setCodeWidth()
 {
-    const int margins = 2 * (m_code->margin() + m_code->frameWidth());
-    m_code->setMinimumWidth(QFontMetrics(userFont()).horizontalAdvance(u"DDDD"_s) + margins);
+    QLabel &code = m_heading->value();
+    const int margins = 2 * (code.margin() + code.frameWidth());
+    code.setMinimumWidth(QFontMetrics(userFont()).horizontalAdvance(u"DDDD"_s) + margins);
 }
 
 void frmFunc::loadBox(int group, bool ticked)
@@ -124,7 +101,7 @@ void frmFunc::loadBox(int group, bool ticked)
 
 void frmFunc::showCode(qint16 code)
 {
-    m_code->setText(functionCodeText(code));
+    m_heading->value().setText(functionCodeText(code));
 }
 
 qint16 frmFunc::codeFromBoxes() const

@@ -3,10 +3,9 @@
 #include "dialogs/EditDialog.h"
 #include "dialogs/FuncCodeText.h"
 
+class ParameterHeading;
 class QCheckBox;
 class QGroupBox;
-class QLabel;
-class QLayout;
 
 /// Edits the functional list code of a parameter: a box for each function group, the code shown live.
 class frmFunc : public EditDialog
@@ -22,9 +21,7 @@ public:
     bool ShowFuncCode(const QString &pr, qint16 &code, const QString &filePath);
 
 private:
-    QLayout *createHeading();
     QWidget *createBoxes();
-    QLabel *createLabel(const QString &name);
 
     void load(const QString &pr, qint16 code);
     void setCodeWidth();
@@ -33,9 +30,7 @@ private:
     qint16 codeFromBoxes() const;
 
     FunctionLabels m_labels = FunctionLabels::Normal;
-    QLabel *m_pr;
-    QLabel *m_codeCaption;
-    QLabel *m_code;
+    ParameterHeading *m_heading;
     QGroupBox *m_frame;
     std::array<QCheckBox *, FunctionGroupCount> m_boxes{};
 };

@@ -2,6 +2,7 @@
 
 #include "app/Language.h"
 #include "dialogs/DialogGrid.h"
+#include "dialogs/ParameterHeading.h"
 #include "document/DocumentTables.h"
 #include "document/PrCondText.h"
 
@@ -49,36 +50,13 @@ QList<DialogGrid::Column> columns(int kind)
 
 } // namespace
 
-frmPrCond::frmPrCond(QWidget *parent) : EditDialog(parent, helpContext)
+frmPrCond::frmPrCond(QWidget *parent)
+    : EditDialog(parent, helpContext), m_heading(new ParameterHeading(this, u"lblCount"_s))
 {
     auto *all = new QVBoxLayout(this);
-    all->addLayout(createHeading());
+    all->addLayout(m_heading);
     all->addLayout(createKinds(), 1);
     all->addLayout(createButtonRow());
-}
-
-QLayout *frmPrCond::createHeading()
-{
-    m_pr = createLabel(u"lblPr"_s);
-    m_countCaption = createLabel(u"lblCount(0)"_s);
-    m_count = createLabel(u"lblCount(1)"_s);
-    m_count->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    m_count->setMargin(3);
-
-    auto *heading = new QHBoxLayout;
-    heading->addWidget(m_pr);
-    heading->addStretch();
-    heading->addWidget(m_countCaption);
-    heading->addWidget(m_count);
-    return heading;
-}
-
-QLabel *frmPrCond::createLabel(const QString &name)
-{
-    auto *label = new QLabel(this);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    return label;
 }
 
 QLayout *frmPrCond::createKinds()
@@ -148,9 +126,8 @@ void frmPrCond::load(const QString &pr)
 
 void frmPrCond::loadTexts(const QString &pr)
 {
-    m_pr->setText(pr.isEmpty() ? QString() : u"Pr."_s + pr);
-    m_countCaption->setText(ResString(226));
-    m_count->setText(QString::number(m_result.count));
+    m_heading->setTexts(pr, ResString(226));
+    m_heading->value().setText(QString::number(m_result.count));
     for (int kind = 0; kind < CondGridCount; ++kind) {
         m_kinds[kind].frame->setTitle(ResString(223 + kind));
         m_kinds[kind].add->setText(ResString(221));

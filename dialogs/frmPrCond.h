@@ -4,8 +4,8 @@
 #include "dialogs/PrCondRows.h"
 
 class DialogGrid;
+class ParameterHeading;
 class QGroupBox;
-class QLabel;
 class QLayout;
 
 /// Edits the read conditions of a parameter in three grids: on parameters, on the operation mode, on options.
@@ -33,11 +33,9 @@ private:
         QPushButton *remove;
     };
 
-    QLayout *createHeading();
     QLayout *createKinds();
     void createKind(int kind);
     void connectKind(int kind);
-    QLabel *createLabel(const QString &name);
 
     void load(const QString &pr);
     void loadTexts(const QString &pr);
@@ -47,9 +45,7 @@ private:
     void sortParameters();
     void rebuild();
 
-    QLabel *m_pr;
-    QLabel *m_countCaption;
-    QLabel *m_count;
+    ParameterHeading *m_heading;
     std::array<Kind, CondGridCount> m_kinds{};
     PrCondResult m_result; ///< lives on from one opening to the next
 };

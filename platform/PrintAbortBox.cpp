@@ -1,5 +1,7 @@
 #include "platform/PrintAbortBox.h"
 
+#include "platform/PlainLabel.h"
+
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
@@ -18,9 +20,8 @@ PrintAbortBox::PrintAbortBox(const QString &text, const QString &cancelText, con
     m_progress->setFormat(u"%v / %m"_s);
     m_progress->setAlignment(Qt::AlignCenter);
 
-    auto *label = new QLabel(text);
-    label->setObjectName(u"lblAbort"_s);
-    label->setTextFormat(Qt::PlainText);
+    QLabel *label = newPlainLabel(u"lblAbort"_s, this);
+    label->setText(text);
     label->setWordWrap(true);
     label->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
     auto *cancel = new QPushButton(cancelText);
