@@ -43,14 +43,18 @@ void SpreadHistory::endStep()
     push(std::exchange(m_open, {}));
 }
 
+// After a change that is part of no step the steps before it no longer fit the texts.
+bool SpreadHistory::belongsToStep()
+{
+    if (m_started && !m_restoring && m_depth == 0) {
+        forgetAll();
+    }
+    return m_started && !m_restoring && m_depth > 0;
+}
+
 void SpreadHistory::noteTexts(const TextChange &change)
 {
-    if (!m_started || m_restoring) {
-        return;
-    }
-    if (m_depth == 0) {
-        forgetAll();
-    } else {
+    if (belongsToStep()) {
         m_open.changes.noteTexts(change);
     }
 }
@@ -65,12 +69,7 @@ void SpreadHistory::noteColours(const GridBlock &block)
 
 void SpreadHistory::noteRowCount(int newCount)
 {
-    if (!m_started || m_restoring) {
-        return;
-    }
-    if (m_depth == 0) {
-        forgetAll();
-    } else {
+    if (belongsToStep()) {
         m_open.changes.noteRowCount(m_model, m_view, newCount);
     }
 }

@@ -62,6 +62,7 @@ private:
         qsizetype size = 0;
     };
 
+    bool belongsToStep();
     void forgetAll();
     void finish(Step &step) const;
     void push(Step &&step);
