@@ -6,12 +6,11 @@
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/MenuCaptions.h"
 
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenu>
-#include <QMenuBar>
 #include <QSettings>
 #include <QTest>
 
@@ -133,47 +132,30 @@ TEST_F(StartUp, givesTheFirstDocumentRoomForItsVisibleColumns)
     EXPECT_GT(window->height(), area->height() / 2);
 }
 
-struct FrameCaption
+class FrameCaptions : public MenuCaptions
 {
-    QString menu;
-    QString command; ///< empty: the menu itself
-    QString english;
-    QString japanese;
-};
-
-class FrameCaptions : public StartUp, public testing::WithParamInterface<FrameCaption>
-{
-protected:
-    QString shown()
-    {
-        start();
-        EXPECT_TRUE(editor().parentWidget()->close());
-        for (const QAction *action : frame().menuBar()->actions()) {
-            if (action->menu()->objectName() == GetParam().menu && GetParam().command.isEmpty()) {
-                return action->text();
-            }
-        }
-        return menuCommand(GetParam().menu, GetParam().command).text();
-    }
 };
 
 TEST_P(FrameCaptions, areOfTheLanguage)
 {
-    EXPECT_EQ(shown(), GetParam().english);
-    setCountryCode(81);
-    EXPECT_EQ(shown(), GetParam().japanese);
+    for (const auto &[country, caption] : {std::pair(1, GetParam().english), std::pair(81, GetParam().japanese)}) {
+        setCountryCode(country);
+        start();
+        EXPECT_TRUE(editor().parentWidget()->close());
+        EXPECT_EQ(shown(), caption);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Menus, FrameCaptions,
-    testing::Values(FrameCaption{u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
-        FrameCaption{u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
-        FrameCaption{u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
-        FrameCaption{u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
-        FrameCaption{u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
-        FrameCaption{u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
-        FrameCaption{u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
-        FrameCaption{u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
-        FrameCaption{u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
-        FrameCaption{u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
-        FrameCaption{u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
-        FrameCaption{u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s}));
+    testing::Values(MenuCaption{u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
+        MenuCaption{u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
+        MenuCaption{u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
+        MenuCaption{u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
+        MenuCaption{u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
+        MenuCaption{u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
+        MenuCaption{u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
+        MenuCaption{u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
+        MenuCaption{u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
+        MenuCaption{u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
+        MenuCaption{u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
+        MenuCaption{u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s}));

@@ -42,6 +42,7 @@ protected:
 
     /// Chooses a command by mouse from the menu bar, e.g. chooseMenu("mneFile", "mneFileOpen").
     void chooseMenu(const QString &menu, const QString &command);
+    QMenu &menuInBar(const QString &name);
     QAction &menuCommand(const QString &menu, const QString &command);
     RibbonButton &toolButton(const QString &name);
     void clickTool(const QString &name);
@@ -50,8 +51,6 @@ protected:
     static void pressKey(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
 private:
-    QMenu &menuInBar(const QString &name);
-
     QTemporaryDir m_folder;
     QString m_formerFolder;
     std::unique_ptr<MDIfrmTabrix> m_frame;
