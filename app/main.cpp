@@ -1,7 +1,7 @@
 #include "app/MDIfrmTabrix.h"
+#include "platform/Picture.h"
 
 #include <QApplication>
-#include <QIcon>
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +13,7 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Tabrix"_s);
     QApplication::setDesktopFileName(u"tabrix"_s);
-    QApplication::setWindowIcon(QIcon(u":/pictures/tabrix.svg"_s));
+    QApplication::setWindowIcon(Picture::programIcon());
     MDIfrmTabrix frame;
     frame.load(QApplication::arguments().mid(1).join(u' '));
     frame.show();

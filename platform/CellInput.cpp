@@ -6,8 +6,6 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 bool isDecimalPoint(QChar unit)
@@ -82,9 +80,4 @@ QValidator::State CellInput::check(const CellType &type, const QString &text)
 bool CellInput::isTicked(QStringView text)
 {
     return numericValue(text).value_or(0) != 0;
-}
-
-QString CellInput::emptyText(const CellType &type)
-{
-    return type.kind == CellType::Kind::CheckBox ? u"0"_s : QString();
 }

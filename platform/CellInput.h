@@ -14,7 +14,4 @@ QValidator::State check(const CellType &type, const QString &text);
 /// Whether a check box with that text is shown ticked: any number other than 0.
 bool isTicked(QStringView text);
 
-/// What emptying a cell of that type writes.
-QString emptyText(const CellType &type);
-
 } // namespace CellInput

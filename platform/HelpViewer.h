@@ -10,8 +10,6 @@
 class HelpBrowser;
 class QLineEdit;
 class QListWidget;
-class QListWidgetItem;
-class QPrinter;
 class QTabWidget;
 class QToolBar;
 

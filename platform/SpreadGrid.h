@@ -17,7 +17,6 @@ class SpreadHeader;
 class SpreadHistory;
 class SpreadKeys;
 class SpreadModel;
-class SpreadMouse;
 class SpreadSelection;
 class SpreadSizes;
 struct TextChange;

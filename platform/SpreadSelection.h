@@ -6,7 +6,6 @@
 #include <QPoint>
 #include <QScopedValueRollback>
 
-class QItemSelection;
 class QTableView;
 class SpreadModel;
 
