@@ -48,6 +48,7 @@ struct RecoveryCopy
     bool operator==(const RecoveryCopy &) const = default;
 };
 
+/// The bytes that unpackRecoveryCopy() reads back.
 QByteArray packRecoveryCopy(const RecoverySource &source);
 
 /// The sum by which packed copies are told apart.
