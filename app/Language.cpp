@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 using namespace Qt::StringLiterals;
 
@@ -127,6 +128,12 @@ QString ResString(qint16 id, const QStringList &pairs)
         replaceAll(text, pairs[i], value);
     }
     return text;
+}
+
+QString withoutAccessKey(QString caption)
+{
+    static const QRegularExpression accessKey(u"\\(&.\\)|&"_s);
+    return caption.remove(accessKey);
 }
 
 QString JoinPath(const QString &folder, const QString &fileName)

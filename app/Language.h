@@ -37,6 +37,9 @@ QString helpFilePath(qint32 languageBase);
 /// without regard to case, but not in the inserted value. A last placeholder without a value takes the value before.
 QString ResString(qint16 id, const QStringList &pairs = {});
 
+/// A caption as it is read out: without its access key, e.g. "&Type:" and "形名(&T):" without "&" and "(&T)".
+QString withoutAccessKey(QString caption);
+
 /// folder and fileName joined by the platform's separator, which is not doubled.
 QString JoinPath(const QString &folder, const QString &fileName);
 

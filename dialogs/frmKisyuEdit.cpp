@@ -124,6 +124,7 @@ void frmKisyuEdit::loadTexts()
     for (int i = 0; i < m_frames.size(); ++i) {
         m_frames[i]->setTitle(ResString(frameTexts[i]));
     }
+    m_capacities->setAccessibleName(withoutAccessKey(ResString(123)));
     m_add->setText(ResString(124));
     m_delete->setText(ResString(125));
 }

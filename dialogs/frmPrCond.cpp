@@ -130,6 +130,7 @@ void frmPrCond::loadTexts(const QString &pr)
     m_heading->value().setText(QString::number(m_result.count));
     for (int kind = 0; kind < CondGridCount; ++kind) {
         m_kinds[kind].frame->setTitle(ResString(223 + kind));
+        m_kinds[kind].grid->setAccessibleName(withoutAccessKey(m_kinds[kind].frame->title()));
         m_kinds[kind].add->setText(ResString(221));
         m_kinds[kind].remove->setText(ResString(222));
     }

@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <cmath>
@@ -194,9 +193,8 @@ void frmPrint::enablePages()
 
 void frmPrint::setUpPrinter()
 {
-    static const QRegularExpression accessKey(u"\\(&.\\)|&"_s);
-    const QString title = ResString(200).remove(accessKey);
-    CurrentPrinter::showSetup(this, title, ResString(1), ResString(2), pdfFileName(m_caption));
+    CurrentPrinter::showSetup(
+        this, withoutAccessKey(ResString(200)), ResString(1), ResString(2), pdfFileName(m_caption));
     m_printerName->setText(CurrentPrinter::deviceName());
 }
 

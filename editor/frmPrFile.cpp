@@ -52,6 +52,7 @@ frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     setObjectName(u"frmPrFile"_s);
     m_grid->setObjectName(u"vaspdParam"_s);
     m_grid->setFrameShape(QFrame::NoFrame);
+    connect(this, &QWidget::windowTitleChanged, m_grid, &QWidget::setAccessibleName);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_grid);

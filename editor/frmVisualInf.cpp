@@ -61,6 +61,7 @@ void frmVisualInf::load(const SpreadGrid &shown)
     m_cmdCancel->setText(ResString(2));
     m_list->setColumnCount(1);
     m_list->setText(1, 0, ResString(171));
+    m_list->setAccessibleName(m_list->text(1, 0));
     m_list->setRowCount(shown.columnCount());
     for (int column = 1; column <= shown.columnCount(); ++column) {
         m_list->setCellType(1, column, CellType::checkBox(shown.text(column, 0)));

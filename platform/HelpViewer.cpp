@@ -1,5 +1,6 @@
 #include "platform/HelpViewer.h"
 
+#include "platform/FocusFrame.h"
 #include "platform/HelpBrowser.h"
 
 #include <QAction>
@@ -139,6 +140,9 @@ QLineEdit *HelpViewer::textBox(const QString &name, const QString &labelKey)
     box->setPlaceholderText(m_library->label(labelKey));
     box->setAccessibleName(m_library->label(labelKey));
     box->setClearButtonEnabled(true);
+    for (QAction *action : box->findChildren<QAction *>()) {
+        action->setText(box->accessibleName()); // what it clears
+    }
     return box;
 }
 
@@ -155,6 +159,11 @@ void HelpViewer::buildPanes()
     splitter->setSizes({300, 700});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
+    const QList<QFrame *> panes{
+        m_browser, m_library->engine().contentWidget(), m_library->engine().indexWidget(), m_hits};
+    for (QFrame *pane : panes) {
+        new FocusFrame(*pane);
+    }
 }
 
 QWidget *HelpViewer::contentsPane()
@@ -221,6 +230,7 @@ void HelpViewer::showPage(const QUrl &address)
 void HelpViewer::followPage(const QUrl &address)
 {
     setWindowTitle(m_browser->documentTitle());
+    m_browser->setAccessibleName(windowTitle());
     markInContents(address);
 }
 

@@ -20,13 +20,23 @@ SpreadCorner::SpreadCorner(QTableView &view, const SpreadModel &model)
 
 void SpreadCorner::showText()
 {
-    m_button->setAccessibleName(m_model.headerText(0));
+    nameButton();
     m_button->update();
+}
+
+// It stands for all cells: without a text of its own it is called as they are together.
+void SpreadCorner::nameButton()
+{
+    const QString text = m_model.headerText(0);
+    m_button->setAccessibleName(text.isEmpty() ? m_button->parentWidget()->accessibleName() : text);
 }
 
 bool SpreadCorner::eventFilter(QObject *watched, QEvent *event)
 {
     const auto *mouse = dynamic_cast<QMouseEvent *>(event);
+    if (event->type() == QEvent::Show) {
+        nameButton(); // the view may have got its name by now
+    }
     if (event->type() == QEvent::Paint) {
         paint();
         return true;

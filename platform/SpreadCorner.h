@@ -24,6 +24,7 @@ protected:
 private:
     void paint() const;
     void showText();
+    void nameButton();
 
     QAbstractButton *m_button;
     const SpreadModel &m_model;

@@ -91,10 +91,21 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool selected) const
 {
     if (selected) {
-        return palette.color(QPalette::Highlight);
+        return selectedGround(palette);
     }
     const QColor usual = palette.color(QPalette::Base);
     return m_foundMarked && m_search.isFound(column, row) ? tinted(usual, Qt::yellow) : usual;
+}
+
+// Many desktops choose their highlight for its looks: a shade on which the texts can be read.
+QColor SpreadDelegate::selectedGround(const QPalette &palette) const
+{
+    const std::pair looked{palette.cacheKey(), palette.currentColorGroup()};
+    if (looked != m_selectedPalette) {
+        m_selectedPalette = looked;
+        m_selectedGround = readableOn(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
+    }
+    return m_selectedGround;
 }
 
 void SpreadDelegate::paintText(
@@ -224,8 +235,10 @@ QWidget *SpreadDelegate::createEditor(
     created->alignText(m_model.alignment(index.column() + 1));
     m_editor = created->widget();
     m_editor->setAutoFillBackground(true);
+    m_editor->setAccessibleName(m_model.headerText(index.column() + 1));
     if (auto *list = qobject_cast<CellListBox *>(m_editor)) {
         auto *self = const_cast<SpreadDelegate *>(this);
+        list->view()->setAccessibleName(list->accessibleName());
         connect(list, &CellListBox::closed, self, &SpreadDelegate::finishEdit);
     }
     return m_editor;

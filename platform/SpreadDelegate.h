@@ -2,11 +2,13 @@
 
 #include "platform/CellSearch.h"
 
+#include <QPalette>
 #include <QPixmap>
 #include <QPointer>
 #include <QStyledItemDelegate>
 
 #include <array>
+#include <utility>
 
 class CellEditor;
 class QTableView;
@@ -69,6 +71,7 @@ private:
     };
 
     QColor groundOf(const QPalette &palette, int column, int row, bool selected) const;
+    QColor selectedGround(const QPalette &palette) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
     const QPixmap &boxPicture(bool ticked) const;
@@ -85,6 +88,8 @@ private:
     bool m_foundMarked = false;
     mutable QPointer<QWidget> m_editor;
     int m_zoom = 100; ///< per cent
+    mutable QColor m_selectedGround;
+    mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedGround is of
     mutable BoxLook m_boxLook;
     mutable std::array<QPixmap, 2> m_boxes; ///< unticked, ticked
 };

@@ -1,5 +1,6 @@
 #include "platform/SpreadGrid.h"
 
+#include "platform/ActiveFrame.h"
 #include "platform/CellInput.h"
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
@@ -26,6 +27,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     , m_model(new SpreadModel(this))
     , m_columnHeader(new SpreadHeader(Qt::Horizontal, this))
     , m_rowHeader(new SpreadHeader(Qt::Vertical, this))
+    , m_activeFrame(std::make_unique<ActiveFrame>(*this, *m_columnHeader))
 {
     setHorizontalHeader(m_columnHeader);
     setVerticalHeader(m_rowHeader);

@@ -11,6 +11,8 @@
 #include <optional>
 #include <span>
 
+class ActiveFrame;
+class QFocusEvent;
 class QKeyEvent;
 class SpreadDelegate;
 class SpreadHeader;
@@ -155,6 +157,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
@@ -180,7 +183,7 @@ private:
     int frozenWidth() const;
     void markHeaders();
     void paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part);
-    void paintActiveFrame(QPainter &painter);
+    void announceActiveCell();
 
     SpreadModel *m_model;
     SpreadHeader *m_columnHeader;
@@ -190,6 +193,7 @@ private:
     SpreadDelegate *m_delegate = nullptr;
     SpreadSizes *m_sizes = nullptr;
     std::unique_ptr<SpreadKeys> m_keys;
+    std::unique_ptr<ActiveFrame> m_activeFrame;
     int m_frozenColumns = 0;
     int m_redrawsOff = 0;
     bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own

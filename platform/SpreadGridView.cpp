@@ -1,5 +1,6 @@
 // What a SpreadGrid shows and how it is handled: painting, scrolling, headers, keys.
 
+#include "platform/ActiveFrame.h"
 #include "platform/CellEditor.h"
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
@@ -9,6 +10,7 @@
 #include "platform/SpreadModel.h"
 #include "platform/SpreadSelection.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -172,7 +174,9 @@ void SpreadGrid::scrollTo(const QModelIndex &index, ScrollHint hint)
 
 void SpreadGrid::scrollContentsBy(int dx, int dy)
 {
+    const QPoint before(m_columnHeader->offset(), m_rowHeader->offset());
     SpreadView::scrollContentsBy(dx, dy);
+    m_activeFrame->follow(before - QPoint(m_columnHeader->offset(), m_rowHeader->offset()));
     if (dx != 0 && m_frozenColumns > 0) {
         viewport()->update();
         m_columnHeader->viewport()->update();
@@ -243,7 +247,7 @@ void SpreadGrid::paintEvent(QPaintEvent *event)
     if (covered > 0) {
         painter.fillRect(QRect(covered - 1, 0, 1, viewport()->height()), palette().mid());
     }
-    paintActiveFrame(painter);
+    m_activeFrame->paint(painter);
 }
 
 void SpreadGrid::paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part)
@@ -262,23 +266,6 @@ void SpreadGrid::paintColumn(QPainter &painter, QStyleOptionViewItem &option, in
         if (top + height > part.bottom()) {
             break;
         }
-    }
-}
-
-void SpreadGrid::paintActiveFrame(QPainter &painter)
-{
-    const QRect cell = visualRect(currentIndex()).adjusted(0, 0, -1, -1);
-    if (!currentIndex().isValid() || isColumnHidden(currentIndex().column())) {
-        return;
-    }
-    if (currentIndex().column() > 0) {
-        painter.setClipRect(viewport()->rect().adjusted(m_columnHeader->coveredWidth(), 0, 0, 0));
-    }
-    const QColor colour = hasFocus() ? palette().color(QPalette::Highlight) : palette().color(QPalette::Mid);
-    painter.setPen(colour);
-    painter.drawRect(cell.adjusted(0, 0, -1, -1));
-    if (hasFocus()) {
-        painter.drawRect(cell.adjusted(1, 1, -2, -2));
     }
 }
 
@@ -318,6 +305,25 @@ void SpreadGrid::currentChanged(const QModelIndex &current, const QModelIndex &p
     if (!m_quiet) {
         emit cellLeft(previous.column() + 1, previous.row() + 1, current.column() + 1, current.row() + 1);
     }
+}
+
+// A screen reader hears of the grid by itself, of the cell that the keys will act on only so, and only after it.
+void SpreadGrid::focusInEvent(QFocusEvent *event)
+{
+    SpreadView::focusInEvent(event);
+    if (QAccessible::isActive()) {
+        QMetaObject::invokeMethod(this, &SpreadGrid::announceActiveCell, Qt::QueuedConnection);
+    }
+}
+
+void SpreadGrid::announceActiveCell()
+{
+    if (!hasFocus() || !currentIndex().isValid()) {
+        return;
+    }
+    QAccessibleTableInterface *table = QAccessible::queryAccessibleInterface(this)->tableInterface();
+    QAccessibleEvent event(table->cellAt(currentIndex().row(), currentIndex().column()), QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
 }
 
 void SpreadGrid::openEditor(EditStart start)

@@ -91,6 +91,7 @@ private:
     };
 
     bool isCell(int column, int row) const;
+    QString boxName(int column, int row) const;
     bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
     void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
     void tell(const TextChange &change) const;

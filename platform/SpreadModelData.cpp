@@ -42,7 +42,7 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
     case Qt::CheckStateRole:
         return isCheckBox ? QVariant(CellInput::isTicked(text(column, row)) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole: // the box's own state is announced, not its "1"
-        return isCheckBox ? QVariant(cellType(column, row).caption) : QVariant();
+        return isCheckBox ? QVariant(boxName(column, row)) : QVariant();
     case Qt::TextAlignmentRole:
         return int(alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:
@@ -50,6 +50,13 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
     default:
         return {};
     }
+}
+
+// A box without a caption is what its column says.
+QString SpreadModel::boxName(int column, int row) const
+{
+    const QString caption = cellType(column, row).caption;
+    return caption.isEmpty() ? headerText(column) : caption;
 }
 
 bool SpreadModel::setData(const QModelIndex &index, const QVariant &value, int role)
