@@ -69,6 +69,9 @@ public:
     RecentFilesLock() : m_lock(Store::folder() + u"/recent-files.lock"_s)
     {
         constexpr int longestWait = 2000;
+        // One who dies before his name is in the lock file would keep all others out for the half minute that Qt
+        // grants; storing takes some milliseconds.
+        m_lock.setStaleLockTime(500);
         if (QDir::isAbsolutePath(Store::folder()) && QDir().mkpath(Store::folder())) {
             m_lock.tryLock(longestWait);
         }

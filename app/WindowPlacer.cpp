@@ -13,9 +13,9 @@ constexpr int cascadeLength = 6; // as many windows as stand one below the other
 
 } // namespace
 
-WindowPlacer::WindowPlacer(QMdiArea &area) : m_area(area)
+WindowPlacer::WindowPlacer(QMdiArea &area) : m_area(area), m_viewport(*area.viewport())
 {
-    m_area.viewport()->installEventFilter(this);
+    m_viewport.installEventFilter(this);
 }
 
 void WindowPlacer::show(QMdiSubWindow &window, const QString &fileName)
@@ -25,7 +25,7 @@ void WindowPlacer::show(QMdiSubWindow &window, const QString &fileName)
     m_placed << Placed{&window, int(m_placed.size()) % cascadeLength, {}, {}};
     window.installEventFilter(this);
     const QRect former = m_closed.take(fileName); // once: a second window of the file gets a place of its own
-    if (m_area.viewport()->rect().contains(former.topLeft()) && former.isValid()) {
+    if (m_viewport.rect().contains(former.topLeft()) && former.isValid()) {
         window.setGeometry(former);
     } else {
         setGeometry(m_placed.back());
@@ -55,7 +55,7 @@ WindowPlacer::Placed *WindowPlacer::find(const QObject *window)
 
 void WindowPlacer::setGeometry(Placed &placed)
 {
-    const QRect available = m_area.viewport()->rect();
+    const QRect available = m_viewport.rect();
     const QStyle &style = *placed.window->style();
     const int step =
         style.pixelMetric(QStyle::PM_TitleBarHeight) + style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
@@ -77,7 +77,7 @@ void WindowPlacer::placeAgain()
 bool WindowPlacer::eventFilter(QObject *watched, QEvent *event)
 {
     const bool moved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
-    if (watched == m_area.viewport() && event->type() == QEvent::Resize) {
+    if (watched == &m_viewport && event->type() == QEvent::Resize) {
         placeAgain();
     } else if (Placed *placed = moved ? find(watched) : nullptr) {
         if (!placed->window->isMaximized() && !placed->window->isMinimized()) {

@@ -43,6 +43,7 @@ private:
     void placeAgain();
 
     QMdiArea &m_area;
+    QWidget &m_viewport; ///< its events still come while the area is being destroyed and can no longer be asked
     QList<Placed> m_placed;
     QHash<QString, QRect> m_closed; ///< where closed windows stood, by their files
     bool m_lastMaximized = false;

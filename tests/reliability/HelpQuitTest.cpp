@@ -87,3 +87,9 @@ TEST(Help, mayBeClosedWhileItsContentsAreStillRead)
 {
     EXPECT_EQ(inAProcess([] { return openAndClose(4 * rounds); }), 0);
 }
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
