@@ -3,6 +3,7 @@
 #include "runtime/NumberText.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSettings>
@@ -36,8 +37,8 @@ public:
         m_settings.setFallbacksEnabled(false);
     }
 
-    /// Where the store's file stands; what is no absolute path is no file.
-    static QString folder() { return QFileInfo(Store().m_settings.fileName()).path(); }
+    /// Where the store stands; what is no absolute path is no file.
+    QString fileName() const { return m_settings.fileName(); }
     QString text(QLatin1StringView section, const QString &key) const
     {
         return m_settings.value(section + u'/' + key).toString();
@@ -62,22 +63,25 @@ private:
     QSettings m_settings;
 };
 
-/// Keeps another Tabrix from the recent files, for as long as this object lives. Where that cannot be, both go on.
-class RecentFilesLock
+/// Keeps every other Tabrix from storing, for as long as this object lives. Where that cannot be, both go on.
+class StoreLock
 {
 public:
-    RecentFilesLock() : m_lock(Store::folder() + u"/recent-files.lock"_s)
+    StoreLock() : m_lock(fileName() + u".turn"_s)
     {
         constexpr int longestWait = 2000;
-        // One who dies before his name is in the lock file would keep all others out for the half minute that Qt
-        // grants; storing takes some milliseconds.
+        // One who dies before his name is in a lock file would keep all others out for the half minute that Qt grants;
+        // storing takes some milliseconds.
         m_lock.setStaleLockTime(500);
-        if (QDir::isAbsolutePath(Store::folder()) && QDir().mkpath(Store::folder())) {
-            m_lock.tryLock(longestWait);
+        const QFileInfo file(fileName());
+        if (file.isAbsolute() && QDir().mkpath(file.path()) && m_lock.tryLock(longestWait)) {
+            QFile::remove(fileName() + u".lock"_s); // Qt's own; whoever holds it now is dead, as nobody else may store
         }
     }
 
 private:
+    static QString fileName() { return Store().fileName(); }
+
     QLockFile m_lock;
 };
 
@@ -121,6 +125,7 @@ void LoadWindowSettings(qint16 &windowState)
 
 void SaveWindowSettings(qint16 windowState)
 {
+    const StoreLock lock;
     Store store;
     store.setText(windowSection, u"WindowState"_s, QString::number(windowState));
     for (std::size_t i = 0; i < storedColumns; ++i) {
@@ -142,6 +147,7 @@ void LoadUserFont(QString &name, float &size, bool &italic, bool &bold)
 
 void SaveUserFont(const QString &name, float size, bool italic, bool bold)
 {
+    const StoreLock lock;
     Store store;
     store.setText(fontSection, u"FontName"_s, name);
     store.setText(fontSection, u"FontSize"_s, singleText(size));
@@ -167,7 +173,7 @@ QStringList recentFiles()
 
 void StoreRecentFile(const QString &fileName)
 {
-    const RecentFilesLock lock; // released after the store has been written
+    const StoreLock lock; // released after the store has been written
     Store store;
     for (int number = recentFileCount - 1; number >= 1; --number) {
         const QString file = store.text(recentSection, recentKey(number));
