@@ -7,9 +7,6 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char **argv)
 {
-    // Qt would hand lines of a hundred pixels to a pool of threads; starting and waking them costs a frame more than it
-    // saves.
-    qputenv("QT_NO_GUI_THREADPOOL", "1");
     QApplication application(argc, argv);
     QApplication::setApplicationName(u"Tabrix"_s);
     QApplication::setDesktopFileName(u"tabrix"_s);

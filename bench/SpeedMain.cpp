@@ -13,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_NO_GUI_THREADPOOL", "1"); // as the program has it
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
