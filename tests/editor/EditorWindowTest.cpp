@@ -271,7 +271,7 @@ protected:
         QFont font;
         font.setFamilies({u"DejaVu Sans"_s});
         font.setPointSizeF(24);
-        font.setItalic(true);
+        font.setBold(true);
         return font;
     }
 };
@@ -287,12 +287,12 @@ TEST_F(GridFont, isChosenStoredAndApplied)
         dialog.accept();
     });
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
-    EXPECT_EQ(UserFont, (UserFontSettings{u"DejaVu Sans"_s, 24, true, false}));
+    EXPECT_EQ(UserFont, (UserFontSettings{u"DejaVu Sans"_s, 24, false, true}));
     const QSettings store(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
     EXPECT_EQ(store.value(u"FontInf/FontName"_s), u"DejaVu Sans"_s);
     EXPECT_EQ(store.value(u"FontInf/FontSize"_s), u"24"_s);
-    EXPECT_EQ(store.value(u"FontInf/FontItalic"_s), u"True"_s);
-    EXPECT_EQ(store.value(u"FontInf/FontBold"_s), u"False"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontItalic"_s), u"False"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontBold"_s), u"True"_s);
     EXPECT_EQ(grid().gridFont().pointSizeF(), 24);
     EXPECT_GT(grid().horizontalHeader()->height(), header);
     EXPECT_EQ(grid().rowHeight(0), row);
