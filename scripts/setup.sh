@@ -12,7 +12,7 @@ packages=(
     git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick dbus-daemon dbus-bin at-spi2-core
     clang clang-format clang-tidy libclang-rt-14-dev python3
     # package, and check the package
-    dpkg-dev librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps
+    dpkg-dev file librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps
 )
 
 missing=()
