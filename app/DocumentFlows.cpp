@@ -128,7 +128,7 @@ bool DocumentFlows::postponedForActive(std::function<void()> save)
 QString DocumentFlows::ShowFileDialog()
 {
     // Fixed English texts in either language, unlike the dialog that opens files
-    const QString fileName = askForFileToSave(m_area.window(),
+    QString fileName = askForFileToSave(m_area.window(),
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,

@@ -5,7 +5,7 @@
 #include "platform/TextChange.h"
 
 #include <algorithm>
-#include <ranges>
+#include <cstddef>
 
 namespace {
 
@@ -146,27 +146,27 @@ std::unordered_set<const void *> GridStep::memoryInGrid(const SpreadModel &model
 qsizetype GridStep::size(const SpreadModel &model) const
 {
     auto counted = memoryInGrid(model);
-    qsizetype bytes = qsizetype(sizeof(GridStep) + m_changes.capacity() * sizeof(Change));
+    std::size_t bytes = sizeof(GridStep) + m_changes.capacity() * sizeof(Change);
     for (const Change &change : m_changes) {
         if (const auto *rows = std::get_if<Rows>(&change)) {
-            bytes += qsizetype(rows->texts.capacity() * sizeof(CellRow));
+            bytes += rows->texts.capacity() * sizeof(CellRow);
             for (const CellRow &row : rows->texts) {
-                bytes += counted.insert(row.memory()).second ? row.memorySize() : 0;
+                bytes += counted.insert(row.memory()).second ? std::size_t(row.memorySize()) : 0;
             }
         } else if (const auto *colours = std::get_if<Colours>(&change)) {
-            bytes += qsizetype(colours->kept.capacity());
+            bytes += colours->kept.capacity();
         } else if (const auto *heights = std::get_if<RowHeights>(&change)) {
-            bytes += qsizetype(heights->pixels.capacity() * sizeof(int));
+            bytes += heights->pixels.capacity() * sizeof(int);
         }
     }
-    return bytes;
+    return qsizetype(bytes);
 }
 
 void GridStep::takeBack(SpreadModel &model, SpreadView &view)
 {
-    for (Change &change : m_changes | std::views::reverse) {
+    std::for_each(m_changes.rbegin(), m_changes.rend(), [&](Change &change) {
         std::visit(Exchange{model, view}, change);
-    }
+    });
 }
 
 void GridStep::makeAgain(SpreadModel &model, SpreadView &view)

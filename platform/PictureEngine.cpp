@@ -43,7 +43,7 @@ QPixmap PictureEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::State 
     if (mode == QIcon::Disabled && !m_disabledPath.isEmpty()) {
         return drawn(m_disabledPath, size);
     }
-    const QPixmap picture = drawn(m_normalPath, size);
+    QPixmap picture = drawn(m_normalPath, size);
     if (mode == QIcon::Normal) {
         return picture;
     }
