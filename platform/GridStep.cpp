@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 
 namespace {
 
@@ -124,20 +125,36 @@ std::optional<GridBlock> GridStep::changedCells(const SpreadModel &model) const
     return block;
 }
 
-std::unordered_set<const void *> GridStep::memoryInGrid(const SpreadModel &model) const
+int GridStep::formerRowCount(const SpreadModel &model) const
 {
-    int first = model.rowCount() + 1;
-    int last = 0;
     for (const Change &change : m_changes) {
-        if (const auto *rows = std::get_if<Rows>(&change)) {
-            first = std::min(first, rows->firstRow);
-            last = std::max(last, rows->firstRow + int(rows->texts.size()) - 1);
+        if (const auto *count = std::get_if<RowCount>(&change)) {
+            return count->rows;
         }
     }
-    last = std::min(last, model.rowCount());
-    std::unordered_set<const void *> memory{nullptr};
-    for (int row = first; row <= last; ++row) {
-        memory.insert(model.rows(row, row).front().memory());
+    return model.rowCount();
+}
+
+// Most rows that a command moves went as far as the row count did; only the others have to be searched for.
+QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &model) const
+{
+    const auto grid = model.rows(1, model.rowCount());
+    const int moved = model.rowCount() - formerRowCount(model);
+    QHash<const void *, qsizetype> memory;
+    for (const Change &change : m_changes) {
+        if (const auto *rows = std::get_if<Rows>(&change)) {
+            int place = rows->firstRow + moved;
+            for (const CellRow &row : rows->texts) {
+                const bool isThere = place >= 1 && place <= model.rowCount();
+                if (!isThere || !grid[size_t(place - 1)].sharesMemoryWith(row)) {
+                    memory.insert(row.memory(), row.memorySize());
+                }
+                ++place;
+            }
+        }
+    }
+    for (auto row = grid.begin(); row != grid.end() && !memory.isEmpty(); ++row) {
+        memory.remove(row->memory());
     }
     return memory;
 }
@@ -145,21 +162,18 @@ std::unordered_set<const void *> GridStep::memoryInGrid(const SpreadModel &model
 // Rows that were only moved still stand in the grid: their texts cost nothing.
 qsizetype GridStep::size(const SpreadModel &model) const
 {
-    auto counted = memoryInGrid(model);
     std::size_t bytes = sizeof(GridStep) + m_changes.capacity() * sizeof(Change);
     for (const Change &change : m_changes) {
         if (const auto *rows = std::get_if<Rows>(&change)) {
             bytes += rows->texts.capacity() * sizeof(CellRow);
-            for (const CellRow &row : rows->texts) {
-                bytes += counted.insert(row.memory()).second ? std::size_t(row.memorySize()) : 0;
-            }
         } else if (const auto *colours = std::get_if<Colours>(&change)) {
             bytes += colours->kept.capacity();
         } else if (const auto *heights = std::get_if<RowHeights>(&change)) {
             bytes += heights->pixels.capacity() * sizeof(int);
         }
     }
-    return qsizetype(bytes);
+    const auto texts = memoryOutsideGrid(model);
+    return std::accumulate(texts.begin(), texts.end(), qsizetype(bytes));
 }
 
 void GridStep::takeBack(SpreadModel &model, SpreadView &view)

@@ -3,8 +3,9 @@
 #include "platform/CellRow.h"
 #include "platform/GridBlock.h"
 
+#include <QHash>
+
 #include <optional>
-#include <unordered_set>
 #include <variant>
 #include <vector>
 
@@ -57,7 +58,8 @@ private:
     using Change = std::variant<Rows, Colours, RowHeights, RowCount>;
     struct Exchange;
 
-    std::unordered_set<const void *> memoryInGrid(const SpreadModel &model) const;
+    int formerRowCount(const SpreadModel &model) const;
+    QHash<const void *, qsizetype> memoryOutsideGrid(const SpreadModel &model) const;
 
     std::vector<Change> m_changes;
 };
