@@ -67,20 +67,20 @@ private:
 class StoreLock
 {
 public:
-    StoreLock() : m_lock(fileName() + u".turn"_s)
+    StoreLock() : StoreLock(Store().fileName()) { }
+
+private:
+    explicit StoreLock(const QString &store) : m_lock(store + u".turn"_s)
     {
         constexpr int longestWait = 2000;
         // One who dies before his name is in a lock file would keep all others out for the half minute that Qt grants;
         // storing takes some milliseconds.
         m_lock.setStaleLockTime(500);
-        const QFileInfo file(fileName());
+        const QFileInfo file(store);
         if (file.isAbsolute() && QDir().mkpath(file.path()) && m_lock.tryLock(longestWait)) {
-            QFile::remove(fileName() + u".lock"_s); // Qt's own; whoever holds it now is dead, as nobody else may store
+            QFile::remove(store + u".lock"_s); // Qt's own; whoever holds it now is dead, as nobody else may store
         }
     }
-
-private:
-    static QString fileName() { return Store().fileName(); }
 
     QLockFile m_lock;
 };

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -152,5 +153,22 @@ TEST_F(SharedSettings, surviveADeathWhileTheyAreWritten)
         UserFontSettings font;
         LoadUserFont(font.FontName, font.FontSize, font.FontItalic, font.FontBold);
         EXPECT_EQ(font, (UserFontSettings{u"Font"_s, 9, true, false}));
+    }
+}
+
+TEST_F(SharedSettings, areNotHeldUpByTheLocksOfTheDead)
+{
+    SaveUserFont(u"Font"_s, 9, true, false);
+    const QString store = m_folder.filePath(u"Tabrix/Tabrix.conf"_s);
+    ASSERT_TRUE(QFile::exists(store));
+    for (const QString &lock : {store + u".lock"_s, store + u".turn"_s}) {
+        QFile left(lock); // empty, as by one who died before he wrote his name into it
+        ASSERT_TRUE(left.open(QFile::WriteOnly));
+        left.close();
+        QElapsedTimer time;
+        time.start();
+        StoreRecentFile(lock);
+        EXPECT_LT(time.elapsed(), 1500) << lock.toStdString();
+        EXPECT_EQ(recentFiles().value(0), lock);
     }
 }
