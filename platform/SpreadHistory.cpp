@@ -43,18 +43,23 @@ void SpreadHistory::endStep()
     push(std::exchange(m_open, {}));
 }
 
+bool SpreadHistory::isInStep() const
+{
+    return m_started && !m_restoring && m_depth > 0;
+}
+
 // After a change that is part of no step the steps before it no longer fit the texts.
-bool SpreadHistory::belongsToStep()
+void SpreadHistory::forgetOutsideSteps()
 {
     if (m_started && !m_restoring && m_depth == 0) {
         forgetAll();
     }
-    return m_started && !m_restoring && m_depth > 0;
 }
 
 void SpreadHistory::noteTexts(const TextChange &change)
 {
-    if (belongsToStep()) {
+    forgetOutsideSteps();
+    if (isInStep()) {
         m_open.changes.noteTexts(change);
     }
 }
@@ -62,14 +67,15 @@ void SpreadHistory::noteTexts(const TextChange &change)
 void SpreadHistory::noteColours(const GridBlock &block)
 {
     const auto cells = m_model.dataCells(block);
-    if (m_started && !m_restoring && m_depth > 0 && cells) {
+    if (isInStep() && cells) {
         m_open.changes.noteColours(m_model, *cells);
     }
 }
 
 void SpreadHistory::noteRowCount(int newCount)
 {
-    if (belongsToStep()) {
+    forgetOutsideSteps();
+    if (isInStep()) {
         m_open.changes.noteRowCount(m_model, m_view, newCount);
     }
 }

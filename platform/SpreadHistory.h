@@ -62,7 +62,8 @@ private:
         qsizetype size = 0;
     };
 
-    bool belongsToStep();
+    bool isInStep() const;
+    void forgetOutsideSteps();
     void forgetAll();
     void finish(Step &step) const;
     void push(Step &&step);
