@@ -1,6 +1,7 @@
 #include "app/FrameFileHost.h"
 
 #include "app/Language.h"
+#include "app/Messages.h"
 #include "platform/MessageBox.h"
 
 #include <QCoreApplication>
@@ -28,10 +29,10 @@ void FrameFileHost::showMessage(const QString &text)
     MessageBox::showPlain(&m_frame, text, ResString(programNameId));
 }
 
-void FrameFileHost::showError(const QString &text, const QString &title)
+void FrameFileHost::showFailure(const FileFailure &failure, const QString &title)
 {
     const OrdinaryPointer pointer;
-    MessageBox::showExclamation(&m_frame, text, title);
+    MessageBox::showExclamation(&m_frame, failureText(failure), title);
 }
 
 void FrameFileHost::setBusy(bool busy)

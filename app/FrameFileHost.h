@@ -15,7 +15,7 @@ public:
     explicit FrameFileHost(QWidget &frame) : m_frame(frame) { }
 
     void showMessage(const QString &text) override;
-    void showError(const QString &text, const QString &title) override;
+    void showFailure(const FileFailure &failure, const QString &title) override;
     void setBusy(bool busy) override;
     void runPendingEvents() override;
 

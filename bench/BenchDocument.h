@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Messages.h"
 #include "bench/RecordGrid.h"
 #include "document/FileHost.h"
 
@@ -14,7 +15,10 @@ public:
     explicit BenchHost(bool events) : m_events(events) { }
 
     void showMessage(const QString &text) override { qFatal("%s", qPrintable(text)); }
-    void showError(const QString &text, const QString &) override { qFatal("%s", qPrintable(text)); }
+    void showFailure(const FileFailure &failure, const QString &) override
+    {
+        qFatal("%s", qPrintable(failureText(failure)));
+    }
     void setBusy(bool) override { }
     void runPendingEvents() override;
 

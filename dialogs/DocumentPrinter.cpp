@@ -1,5 +1,6 @@
 #include "dialogs/DocumentPrinter.h"
 
+#include "app/Messages.h"
 #include "dialogs/GridPrintChoice.h"
 #include "dialogs/MachineInfoPrinter.h"
 #include "dialogs/PrintSettings.h"
@@ -7,7 +8,6 @@
 #include "platform/MessageBox.h"
 #include "platform/PdfFile.h"
 #include "platform/PrintJob.h"
-#include "runtime/RunTimeError.h"
 
 #include <QPrinter>
 

@@ -64,12 +64,11 @@ void AnsiBuffer::putSingle(float value)
     m_used += writeSingle(value, first) - first;
 }
 
-std::optional<QString> AnsiBuffer::missingCharacter() const
+std::optional<QStringList> AnsiBuffer::missingCharacter() const
 {
     if (m_missing == 0) {
         return std::nullopt;
     }
     const QString code = QString::number(static_cast<uint>(m_missing), 16).toUpper().rightJustified(4, u'0');
-    return u"the character \"%1\" (U+%2) does not exist in code page %3."_s.arg(
-        QString::fromUcs4(&m_missing, 1), code, QString::number(m_page.number()));
+    return QStringList{QString::fromUcs4(&m_missing, 1), code, QString::number(m_page.number())};
 }

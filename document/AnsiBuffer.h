@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -20,8 +20,9 @@ public:
     void putInteger(int value);
     void putSingle(float value);
 
-    /// A sentence about the first character that the code page does not have; nothing while there was none.
-    std::optional<QString> missingCharacter() const;
+    /// The first character that the code page does not have: itself, its code in hexadecimal digits, the page's number.
+    /// Nothing while there was none.
+    std::optional<QStringList> missingCharacter() const;
 
     qsizetype size() const { return m_used; }
     /// What was put so far, without a copy; valid until the next put.

@@ -109,8 +109,7 @@ std::optional<FileFailure> backUpFile(const QString &fileName)
     }
     const QDir folder(backupFolder(fileName));
     if (const auto reason = copyInto(folder, fileName)) {
-        return FileFailure{
-            u"The earlier version could not be kept in %1: %2"_s.arg(QDir::toNativeSeparators(folder.path()), *reason)};
+        return FileFailure{OwnText::VersionNotKept, {QDir::toNativeSeparators(folder.path()), *reason}};
     }
     dropOldVersions(folder);
     return std::nullopt;

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+struct FileFailure;
+
 /// What reading and writing need of the desktop.
 class FileHost
 {
@@ -11,7 +13,7 @@ public:
     /// A message with an OK button and the program's default title.
     virtual void showMessage(const QString &text) = 0;
     /// A message with an OK button, the exclamation icon and that title.
-    virtual void showError(const QString &text, const QString &title) = 0;
+    virtual void showFailure(const FileFailure &failure, const QString &title) = 0;
     /// The hourglass pointer, on and off.
     virtual void setBusy(bool busy) = 0;
     /// Lets paint and timer events run; user input stays in the queue.

@@ -100,7 +100,7 @@ std::optional<FileFailure> readFile(const QString &fileName, qint16 docNo, FileH
     }
     QByteArray bytes;
     if (auto reason = readWholeFile(fileName, bytes)) {
-        return FileFailure{*std::move(reason)};
+        return FileFailure::ofSystem(*reason);
     }
     if (auto failure = ReadInverterSection(PrivateProfile(bytes), MachineInfos[docNo])) {
         return failure;
@@ -121,8 +121,8 @@ bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host)
         return true;
     }
     const auto failure = readFile(fileName, docNo, host);
-    if (failure && !failure->reason.isEmpty()) {
-        host.showError(failure->reason, fileName);
+    if (failure && failure->text) {
+        host.showFailure(*failure, fileName);
     }
     return failure.has_value();
 }

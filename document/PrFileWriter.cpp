@@ -93,7 +93,7 @@ std::optional<FileFailure> putRecords(AnsiBuffer &out, FileHost &host)
     for (qsizetype i = 0; i < PrRecords.size(); ++i) {
         putRecord(PrRecords.at(i), out);
         if (const auto missing = out.missingCharacter()) {
-            return FileFailure{u"Row %1: "_s.arg(i + 1) + *missing};
+            return FileFailure{OwnText::RowCharacterMissing, QStringList{QString::number(i + 1)} + *missing};
         }
         host.runPendingEvents();
     }
@@ -108,7 +108,7 @@ std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView b
     }
     if (auto reason = writeWholeFile(fileName, bytes)) {
         leaveOutOfBackups(fileName);
-        return FileFailure{*std::move(reason)};
+        return FileFailure::ofSystem(*reason);
     }
     return std::nullopt;
 }
@@ -165,8 +165,8 @@ std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource
 bool WritePrFile(const QString &fileName, const PrFileSource &source, FileHost &host)
 {
     const auto failure = writeFile(fileName, source, host);
-    if (failure && !failure->reason.isEmpty()) {
-        host.showError(failure->reason, fileName);
+    if (failure && failure->text) {
+        host.showFailure(*failure, fileName);
     }
     return failure.has_value();
 }

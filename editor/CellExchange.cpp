@@ -1,6 +1,7 @@
 #include "editor/CellExchange.h"
 
 #include "app/Language.h"
+#include "app/Messages.h"
 #include "dialogs/frmFunc.h"
 #include "dialogs/frmPrCond.h"
 #include "document/DocumentTables.h"

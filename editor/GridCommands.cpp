@@ -1,6 +1,7 @@
 #include "editor/GridCommands.h"
 
 #include "app/Language.h"
+#include "app/Messages.h"
 #include "document/DocumentTables.h"
 #include "editor/ClipboardRecord.h"
 #include "editor/EditorFrame.h"

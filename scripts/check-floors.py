@@ -9,11 +9,11 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 FLOOR_OF_FOLDER = {"resources": 0, "runtime": 0, "document": 1, "platform": 2, "dialogs": 3, "editor": 4, "app": 5}
 # Files of app/ that stand lower than the frame
-FLOOR_OF_APP_FILE = {"IniFile": 0, "Language": 2, "Settings": 2, "Common": 2}
+FLOOR_OF_APP_FILE = {"IniFile": 0, "Language": 2, "Messages": 2, "Settings": 2, "Common": 2}
 # Files of app/ that the core library holds
-CORE_APP_FILES = ("IniFile", "Language", "Settings")
+CORE_APP_FILES = ("IniFile", "Language", "Messages", "Settings")
 # What a folder may use beside itself where the floor alone would allow more
-ONLY = {"resources": (), "runtime": (), "document": ("runtime/", "app/IniFile"), "platform": ("runtime/", "resources/")}
+ONLY = {"resources": (), "runtime": (), "document": ("runtime/", "app/IniFile", "resources/OwnTexts"), "platform": ("runtime/", "resources/")}
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 

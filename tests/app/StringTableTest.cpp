@@ -1,5 +1,7 @@
 #include "resources/StringTable.h"
 
+#include "app/Language.h"
+#include "app/Messages.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -156,3 +158,51 @@ INSTANTIATE_TEST_SUITE_P(Texts, OddText,
             u"|1 \u306f\u7de8\u96c6\u3055\u308c\u3066\u3044\u307e\u3059\u3002\n "
             u"\u5909\u66f4\u3092\u4fdd\u5b58\u3057\u307e\u3059\u304b\uff1f"_s},
         TextCase{250, u" "_s, u" "_s}, TextCase{256, u"Positio&n control"_s, u"\u4f4d\u7f6e\u5236\u5fa1(&N)"_s}));
+
+namespace {
+
+/// The placeholders of a text, sorted.
+std::multiset<QString> placeholders(QStringView text)
+{
+    std::multiset<QString> found;
+    for (qsizetype at = text.indexOf(u'%'); at >= 0; at = text.indexOf(u'%', at + 1)) {
+        found.insert(text.mid(at, 2).toString());
+    }
+    return found;
+}
+
+/// The interface in Japanese, for as long as this object lives.
+class InJapanese
+{
+public:
+    InJapanese() { LanguageBase = JapaneseBase; }
+    ~InJapanese() { LanguageBase = EnglishBase; }
+    Q_DISABLE_COPY_MOVE(InJapanese)
+};
+
+} // namespace
+
+TEST(OwnTexts, standInTheOrderOfTheirIdentifiersInBothLanguages)
+{
+    int position = 0;
+    for (const OwnTextEntry &entry : ownTextEntries()) {
+        EXPECT_EQ(int(entry.id), position++);
+        EXPECT_FALSE(entry.english.isEmpty()) << position;
+        EXPECT_FALSE(entry.japanese.isEmpty()) << position;
+        EXPECT_EQ(placeholders(entry.english), placeholders(entry.japanese)) << position;
+    }
+}
+
+TEST(OwnTexts, areWordedInTheLanguageChosen)
+{
+    EXPECT_EQ(ownText(OwnText::TypeMismatch), u"Type mismatch"_s);
+    const InJapanese japanese;
+    EXPECT_EQ(ownText(OwnText::TypeMismatch), u"\u578b\u304c\u4e00\u81f4\u3057\u307e\u305b\u3093\u3002"_s);
+}
+
+TEST(OwnTexts, showTheirArgumentsAsTheyAre)
+{
+    EXPECT_EQ(ownText(OwnText::VersionNotKept, {u"/a%2b"_s, u"100%1"_s}),
+        u"The earlier version could not be kept in /a%2b: 100%1"_s);
+    EXPECT_EQ(ownText(OwnText::SystemReason), u"%1"_s);
+}

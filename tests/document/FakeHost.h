@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Messages.h"
 #include "document/FileHost.h"
 
 #include <QStringList>
@@ -11,9 +12,9 @@ class FakeHost : public FileHost
 {
 public:
     void showMessage(const QString &text) override { messages << text; }
-    void showError(const QString &text, const QString &title) override
+    void showFailure(const FileFailure &failure, const QString &title) override
     {
-        messages << text;
+        messages << failureText(failure);
         titles << title;
         busyAtError = busyAtError || busy;
     }

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QStringView>
+
+#include <span>
+
+/// What the program says beyond its table of numbered texts (resources/StringTable.h). Each is a whole sentence or
+/// caption; %1, %2 ... stand for what is filled in.
+enum class OwnText : quint16 {
+    // Run-time errors
+    Overflow,
+    TypeMismatch,
+    SubscriptOutOfRange,
+    InputPastEnd,
+    PrinterError,
+    // Files
+    SystemReason, ///< %1: the system's own description, in the system's language
+    RowCharacterMissing, ///< %1: row, from 1; %2: the character; %3: its code; %4: number of the code page
+    KeyCharacterMissing, ///< %1: key of the "[Inverter]" section; %2 to %4: as above
+    // Backups
+    VersionNotKept, ///< %1: folder; %2: the system's description
+};
+
+/// One text in both languages.
+struct OwnTextEntry
+{
+    OwnText id;
+    QStringView english;
+    QStringView japanese;
+};
+
+/// Every text, in the order of OwnText.
+std::span<const OwnTextEntry> ownTextEntries();
