@@ -27,5 +27,5 @@ public:
     /// The pixels that it needs from top to bottom, however low the cell's row is.
     virtual int neededHeight() const = 0;
     /// Whether the key is the editor's own although it would end other edits (Enter, Tab, arrows, page keys).
-    virtual bool needsKey(int key, bool shift) const = 0;
+    virtual bool needsKey(int key) const = 0;
 };

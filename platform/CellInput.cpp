@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool isDecimalPoint(QChar unit)
@@ -25,6 +27,11 @@ bool isNumberBeginning(QStringView text, bool signAllowed, bool pointAllowed)
         const bool isDigit = unit >= u'0' && unit <= u'9';
         return isDigit || (pointAllowed && isDecimalPoint(unit) && ++points == 1);
     });
+}
+
+bool isLineEnd(QChar unit)
+{
+    return unit == u'\n' || unit == u'\r' || unit == QChar::LineSeparator || unit == QChar::ParagraphSeparator;
 }
 
 bool hasDigit(QStringView text)
@@ -75,6 +82,21 @@ QValidator::State CellInput::check(const CellType &type, const QString &text)
         break;
     }
     return QValidator::Acceptable;
+}
+
+bool CellInput::hasLineEnd(QStringView text)
+{
+    return std::ranges::any_of(text, isLineEnd);
+}
+
+QString CellInput::onOneLine(QString text)
+{
+    while (!text.isEmpty() && isLineEnd(text.back())) {
+        text.chop(1);
+    }
+    text.replace("\r\n"_L1, " "_L1);
+    std::ranges::replace_if(text, isLineEnd, u' ');
+    return text;
 }
 
 bool CellInput::isTicked(QStringView text)

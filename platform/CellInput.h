@@ -11,6 +11,13 @@ namespace CellInput {
 /// acceptable: it empties the cell.
 QValidator::State check(const CellType &type, const QString &text);
 
+/// Whether the text holds a line end, of whatever kind.
+bool hasLineEnd(QStringView text);
+
+/// What an editor takes of a text that is pasted, dropped or composed, for it takes no line end: those at the end are
+/// dropped, any other becomes a blank.
+QString onOneLine(QString text);
+
 /// Whether a check box with that text is shown ticked: any number other than 0.
 bool isTicked(QStringView text);
 

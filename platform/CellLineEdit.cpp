@@ -6,8 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
-// Takes text away from anything: a text that the program has put there, or a number that got too great by a pasted
-// part, must be able to go.
+// Takes no line end, and takes text away from anything: a text that the program has put there, or a number that got too
+// great by a pasted part, must be able to go.
 class CellLineEdit::Validator final : public QValidator
 {
 public:
@@ -17,14 +17,33 @@ public:
         connect(edit, &QLineEdit::textChanged, this, [this](const QString &text) { m_last = text; });
     }
 
-    State validate(QString &text, int & /*position*/) const override
+    State validate(QString &text, int &position) const override
     {
+        keepOnOneLine(text, position);
+        if (m_type.kind == CellType::Kind::Text) {
+            return Acceptable;
+        }
         const State state = CellInput::check(m_type, text);
         const bool isLess = text.size() <= m_last.size() && CellInput::check(m_type, m_last) == Invalid;
         return state == Invalid && isLess ? Intermediate : state;
     }
 
 private:
+    // However a text came in, it ends at the caret and begins where the text before it no longer agrees.
+    void keepOnOneLine(QString &text, int &position) const
+    {
+        if (!CellInput::hasLineEnd(text)) {
+            return;
+        }
+        const qsizetype behind = text.size() - position;
+        const qsizetype most = std::clamp(m_last.size() - behind, qsizetype(0), qsizetype(position));
+        const auto *const begin = std::mismatch(text.cbegin(), text.cbegin() + most, m_last.cbegin()).first;
+        const qsizetype kept = begin - text.cbegin();
+        const QString line = CellInput::onOneLine(text.sliced(kept, position - kept));
+        text.replace(kept, position - kept, line);
+        position = int(kept + line.size());
+    }
+
     CellType m_type;
     QString m_last;
 };
@@ -37,7 +56,6 @@ CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *p
     if (type.kind == CellType::Kind::Text && type.maxLength > 0) {
         // A longer text from a file can be changed, but not made longer.
         setMaxLength(std::max(type.maxLength, int(text.size())));
-    } else if (type.kind != CellType::Kind::Text) {
-        setValidator(new Validator(type, this));
     }
+    setValidator(new Validator(type, this));
 }

@@ -22,7 +22,7 @@ public:
     void goOn() override { end(false); }
     void redoTyping() override { redo(); }
     int neededHeight() const override { return fontMetrics().height() + 2; }
-    bool needsKey(int /*key*/, bool /*shift*/) const override { return false; }
+    bool needsKey(int /*key*/) const override { return false; }
 
 private:
     class Validator;

@@ -18,7 +18,7 @@ CellListBox::CellListBox(const CellType &type, const QString &text, QWidget *par
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }
 
-bool CellListBox::needsKey(int key, bool /*shift*/) const
+bool CellListBox::needsKey(int key) const
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp || key == Qt::Key_PageDown;
 }

@@ -22,7 +22,7 @@ public:
     void goOn() override { showPopup(); }
     void redoTyping() override { }
     int neededHeight() const override { return sizeHint().height(); }
-    bool needsKey(int key, bool shift) const override;
+    bool needsKey(int key) const override;
 
     void hidePopup() override;
 

@@ -2,9 +2,12 @@
 
 #include "platform/CellInput.h"
 
+#include <QInputMethodEvent>
+#include <QMimeData>
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -45,11 +48,25 @@ int CellTextBox::neededHeight() const
     return lines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin());
 }
 
-bool CellTextBox::needsKey(int key, bool shift) const
+bool CellTextBox::needsKey(int key) const
 {
-    const bool isEnter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    const bool isTab = key == Qt::Key_Tab || key == Qt::Key_Backtab;
-    return isEnter ? shift : !isTab;
+    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab};
+    return std::ranges::find(endingKeys, key) == endingKeys.end();
+}
+
+void CellTextBox::insertFromMimeData(const QMimeData *source)
+{
+    textCursor().insertText(CellInput::onOneLine(source->text()));
+    ensureCursorVisible();
+}
+
+void CellTextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    QInputMethodEvent composed(event->preeditString(), event->attributes());
+    composed.setCommitString(
+        CellInput::onOneLine(event->commitString()), event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&composed);
+    event->setAccepted(composed.isAccepted());
 }
 
 // The raw text keeps the blanks that do not break, which the plain text of a document turns into common ones.

@@ -5,7 +5,8 @@
 
 #include <QPlainTextEdit>
 
-/// Edits a text of several lines; Alt+Enter and Shift+Enter begin a new one.
+/// Edits a text that has several lines already: from a file, or pasted as a whole. It takes no further line end,
+/// because a file with one in a text cannot be read back.
 class CellTextBox final : public QPlainTextEdit, public CellEditor
 {
     Q_OBJECT
@@ -22,7 +23,11 @@ public:
     void goOn() override { moveCursor(QTextCursor::End); }
     void redoTyping() override { redo(); }
     int neededHeight() const override;
-    bool needsKey(int key, bool shift) const override;
+    bool needsKey(int key) const override;
+
+protected:
+    void insertFromMimeData(const QMimeData *source) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
     QString plainLines() const;

@@ -8,6 +8,8 @@
 #include "platform/SpreadModel.h"
 #include "platform/TextMeter.h"
 
+#include <QApplication>
+#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
@@ -285,6 +287,10 @@ void SpreadDelegate::finishEdit()
 bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     CellEditor *open = editor();
+    if (open && watched == m_editor && event->type() == QEvent::FocusOut
+        && isPressOnView(*static_cast<QFocusEvent *>(event))) {
+        return false;
+    }
     if (open && watched == m_editor && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (isRedoKey(*key)) {
@@ -298,12 +304,18 @@ bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
+// The focus comes before the press that moves it. The edit ends in the press, which by then knows the cell that it
+// means: the end of an edit may sort the rows.
+bool SpreadDelegate::isPressOnView(const QFocusEvent &event) const
+{
+    return event.reason() == Qt::MouseFocusReason && QApplication::focusWidget() == &m_view;
+}
+
 bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers)
 {
     static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Up,
         Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
-    const bool shift = modifiers & (Qt::ShiftModifier | Qt::AltModifier);
-    if (std::ranges::find(endingKeys, key) == endingKeys.end() || editor.needsKey(key, shift)) {
+    if (std::ranges::find(endingKeys, key) == endingKeys.end() || editor.needsKey(key)) {
         return false;
     }
     if (editor.isAcceptable() || !editor.isModified()) {

@@ -11,6 +11,7 @@
 #include <utility>
 
 class CellEditor;
+class QFocusEvent;
 class QTableView;
 class SpreadModel;
 
@@ -60,6 +61,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool isPressOnView(const QFocusEvent &event) const;
     bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
     struct BoxLook
     {
