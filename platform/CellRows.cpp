@@ -89,17 +89,12 @@ std::vector<CellRow> CellRows::cleared(std::span<const CellRow> rows, int column
     return after;
 }
 
-std::vector<CellRow> CellRows::sortedByNumber(std::span<const CellRow> rows, int key)
+std::vector<size_t> CellRows::orderByNumber(std::span<const CellRow> rows, int key)
 {
     std::vector<double> numbers(rows.size());
     std::ranges::transform(rows, numbers.begin(), [key](const CellRow &row) { return sortNumber(row, key); });
     std::vector<size_t> order(rows.size());
     std::iota(order.begin(), order.end(), size_t(0));
     std::ranges::stable_sort(order, {}, [&numbers](size_t at) { return numbers[at]; });
-    std::vector<CellRow> after;
-    after.reserve(rows.size());
-    for (const size_t at : order) {
-        after.push_back(rows[at]);
-    }
-    return after;
+    return order;
 }

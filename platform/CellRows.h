@@ -29,8 +29,8 @@ std::vector<CellRow> withBlockText(
 std::vector<CellRow> cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
     const std::function<QStringView(int, int)> &emptyText);
 
-/// The rows in ascending order of the numbers in column key; rows without a number there come last. Rows that compare
-/// equal keep their order.
-std::vector<CellRow> sortedByNumber(std::span<const CellRow> rows, int key);
+/// The places of the rows in ascending order of the numbers in column key; rows without a number there come last. Rows
+/// that compare equal keep their order.
+std::vector<size_t> orderByNumber(std::span<const CellRow> rows, int key);
 
 } // namespace CellRows

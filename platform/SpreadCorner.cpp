@@ -15,6 +15,7 @@ SpreadCorner::SpreadCorner(QTableView &view, const SpreadModel &model)
 {
     m_button->setObjectName(u"corner"_s);
     m_button->installEventFilter(this);
+    disconnect(m_button, nullptr, &view, nullptr); // selects all
     connect(&model, &QAbstractItemModel::headerDataChanged, this, &SpreadCorner::showText);
 }
 
@@ -24,7 +25,7 @@ void SpreadCorner::showText()
     m_button->update();
 }
 
-// It stands for all cells: without a text of its own it is called as they are together.
+// Without a text of its own it is called as the cells are together.
 void SpreadCorner::nameButton()
 {
     const QString text = m_model.headerText(0);

@@ -6,7 +6,8 @@ class QAbstractButton;
 class SpreadModel;
 class QTableView;
 
-/// The cell above the row numbers: shows its text, which the view's own corner button cannot, and selects all.
+/// The cell above the row numbers: shows its text, which the view's own corner button cannot. Like every heading it
+/// selects nothing.
 class SpreadCorner final : public QObject
 {
     Q_OBJECT

@@ -132,7 +132,10 @@ void SpreadGrid::moveRowTexts(int row1, int row2, int target)
 
 void SpreadGrid::sortRows(int row1, int row2, int key)
 {
-    m_model->sortRows(row1, row2, key);
+    if (m_model->sortRows(row1, row2, key)) {
+        m_selection->moveTo(activeColumn(), activeRow()); // the model has moved the active cell with its row
+        scrollToCell(activeColumn(), activeRow());
+    }
 }
 
 // Types and looks

@@ -60,7 +60,8 @@ public:
     /// outside is dropped. Rows that are not a target keep their texts. Colours and heights stay where they are.
     void moveRowTexts(int row1, int row2, int target);
     /// Sorts rows row1 to row2 by the numbers in column key, ascending and stable; texts that are no number come
-    /// last, in their order. Active cell and selection stay where they are.
+    /// last, in their order. Where rows change their places the active cell, an open editor and what the mouse is
+    /// about to click go along with their row, and nothing but the active cell stays selected.
     void sortRows(int row1, int row2, int key);
 
     // Cell types, looks
@@ -104,7 +105,7 @@ public:
 
     // Selection and view
     /// The selected block: the active cell when nothing else is selected. Rows selected as rows (by their number, by
-    /// Shift+Space, by Ctrl+A) report column1 -1.
+    /// Shift+Space, by Ctrl+A) report column1 -1, and the first of them is the active row.
     GridBlock selectedBlock() const;
     /// column1 -1 selects whole rows. The block's top left cell becomes the active cell.
     void selectBlock(const GridBlock &block);
@@ -171,7 +172,7 @@ public:
 
 private:
     void connectHeaders();
-    void pressColumn(int column);
+    void doubleClickHeading(int column);
     void pressRow(int row);
     void noteTexts(const TextChange &change);
 

@@ -33,19 +33,18 @@ void SpreadGrid::connectHeaders()
         // With the grid's own, a header looks at every cell of a selected column each time it is painted.
         header->setSelectionModel(new QItemSelectionModel(m_model, header));
     }
-    connect(m_columnHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressColumn(at + 1); });
+    // A heading is there for its column's width: whoever only means to fit it must not have all rows selected by it.
+    m_columnHeader->setSectionsClickable(false);
     connect(m_rowHeader, &QHeaderView::sectionPressed, this, [this](int at) { pressRow(at + 1); });
-    connect(m_columnHeader, &QHeaderView::sectionEntered, this, [this](int at) {
-        m_selection->extendTo(at + 1, rowCount());
-        scrollToCell(at + 1, topRow());
-    });
     connect(m_rowHeader, &QHeaderView::sectionEntered, this, [this](int at) {
         m_selection->extendTo(columnCount(), at + 1);
         scrollToCell(activeColumn(), at + 1);
     });
-    connect(
-        m_columnHeader, &QHeaderView::sectionDoubleClicked, this, [this](int at) { emit headerDoubleClicked(at + 1); });
-    connect(m_columnHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitColumnWidth(at + 1); });
+    connect(m_columnHeader, &QHeaderView::sectionDoubleClicked, this, [this](int at) { doubleClickHeading(at + 1); });
+    connect(m_columnHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) {
+        commitEdit();
+        fitColumnWidth(at + 1);
+    });
     connect(m_rowHeader, &QHeaderView::sectionHandleDoubleClicked, this, [this](int at) { fitRowHeight(at + 1); });
     connect(m_columnHeader, &SpreadHeader::rightClicked, this,
         [this](int at, const QPoint &place) { emit rightClicked(at + 1, 0, place); });
@@ -56,26 +55,22 @@ void SpreadGrid::connectHeaders()
         emit rightClicked(0, at + 1, place);
     });
     const auto *corner = new SpreadCorner(*this, *m_model);
-    connect(corner, &SpreadCorner::doubleClicked, this, [this] { emit headerDoubleClicked(0); });
+    connect(corner, &SpreadCorner::doubleClicked, this, [this] { doubleClickHeading(0); });
     connect(corner, &SpreadCorner::rightClicked, this, [this](const QPoint &place) { emit rightClicked(0, 0, place); });
 }
 
-// The active cell of whole columns is in view, so that choosing them does not scroll.
-void SpreadGrid::pressColumn(int column)
+// What is being typed counts for the width.
+void SpreadGrid::doubleClickHeading(int column)
 {
     commitEdit();
-    if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) {
-        m_selection->selectColumns(activeColumn(), column, activeRow());
-    } else {
-        m_selection->selectColumns(column, column, std::max(topRow(), 1));
-    }
+    emit headerDoubleClicked(column);
 }
 
 void SpreadGrid::pressRow(int row)
 {
     commitEdit();
     if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) {
-        m_selection->selectRows(activeRow(), row, activeColumn());
+        m_selection->selectRows(m_selection->rowOfBeginning(), row, activeColumn());
     } else {
         const QModelIndex first = indexAt({0, 0});
         m_selection->selectRows(row, row, first.isValid() ? first.column() + 1 : 1);
@@ -307,10 +302,14 @@ void SpreadGrid::currentChanged(const QModelIndex &current, const QModelIndex &p
     }
 }
 
+// A press beside the cells, on a scroll bar say, ends no edit by itself.
 // A screen reader hears of the grid by itself, of the cell that the keys will act on only so, and only after it.
 void SpreadGrid::focusInEvent(QFocusEvent *event)
 {
     SpreadView::focusInEvent(event);
+    if (event->reason() == Qt::MouseFocusReason) {
+        QMetaObject::invokeMethod(this, &SpreadGrid::commitEdit, Qt::QueuedConnection);
+    }
     if (QAccessible::isActive()) {
         QMetaObject::invokeMethod(this, &SpreadGrid::announceActiveCell, Qt::QueuedConnection);
     }

@@ -182,14 +182,41 @@ void SpreadModel::moveRowTexts(int row1, int row2, int target)
     }
 }
 
-void SpreadModel::sortRows(int row1, int row2, int key)
+bool SpreadModel::sortRows(int row1, int row2, int key)
 {
     const int first = std::max(row1, 1);
     const int last = std::min(row2, rowCount());
-    if (first < last) {
-        auto sorted = CellRows::sortedByNumber(rows(first, last), key - 1);
-        exchange(first, sorted, 1, columnCount(), Origin::Program);
+    if (first >= last) {
+        return false;
     }
+    const auto before = rows(first, last);
+    const std::vector<size_t> order = CellRows::orderByNumber(before, key - 1);
+    if (std::ranges::is_sorted(order)) {
+        return false;
+    }
+    std::vector<CellRow> sorted(order.size());
+    std::ranges::transform(order, sorted.begin(), [before](size_t at) { return before[at]; });
+    moveKeptIndexes(first, order);
+    exchange(first, sorted, 1, columnCount(), Origin::Program);
+    return true;
+}
+
+// order: for each place the place, from row1 on, of the row that comes there.
+void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
+{
+    std::vector<int> newRows(order.size());
+    for (size_t at = 0; at < order.size(); ++at) {
+        newRows[order[at]] = row1 + int(at);
+    }
+    const QModelIndexList kept = persistentIndexList();
+    QModelIndexList moved = kept;
+    for (QModelIndex &index : moved) {
+        const int place = index.row() + 1 - row1;
+        if (place >= 0 && size_t(place) < newRows.size()) {
+            index = cellIndex(index.column() + 1, newRows[size_t(place)]);
+        }
+    }
+    changePersistentIndexList(kept, moved);
 }
 
 void SpreadModel::clearCells(const GridBlock &block)

@@ -49,7 +49,8 @@ public:
     QString blockText(const GridBlock &block) const;
     void setBlockText(const GridBlock &block, QStringView text);
     void moveRowTexts(int row1, int row2, int target);
-    void sortRows(int row1, int row2, int key);
+    /// Indexes that are kept go along with their rows. False when every row stood in its place already.
+    bool sortRows(int row1, int row2, int key);
     /// Empties the data cells of the block as the user's doing.
     void clearCells(const GridBlock &block);
 
@@ -95,6 +96,7 @@ private:
     bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
     void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
     void tell(const TextChange &change) const;
+    void moveKeptIndexes(int row1, std::span<const size_t> order);
     void addRows(int count);
     void dropRows(int count);
     CellRow initialRow() const;

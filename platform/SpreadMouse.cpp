@@ -48,10 +48,12 @@ bool SpreadMouse::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
+// The end of an edit may sort the rows: the click means the cell that stood beneath the mouse until then.
 bool SpreadMouse::press(const QMouseEvent &event)
 {
+    const QPersistentModelIndex index = m_grid.indexAt(event.position().toPoint());
     m_grid.commitEdit();
-    const QModelIndex index = m_grid.indexAt(event.position().toPoint());
+    m_pressedGone = index != m_grid.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid()) {
         pressLeft(index, event);
     } else if (event.button() == Qt::RightButton) {
@@ -77,7 +79,7 @@ void SpreadMouse::pressLeft(const QModelIndex &index, const QMouseEvent &event)
             return;
         }
     }
-    m_dragging = true;
+    m_dragging = !m_pressedGone;
     m_dragPlace = place;
 }
 
@@ -145,7 +147,9 @@ bool SpreadMouse::release(const QMouseEvent &event)
 
 bool SpreadMouse::doubleClick(const QMouseEvent &event)
 {
-    press(event);
+    if (!m_pressedGone) {
+        press(event);
+    }
     const QModelIndex index = m_grid.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid() && !m_delegate.editor()) {
         m_dragging = false;

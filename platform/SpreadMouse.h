@@ -47,5 +47,6 @@ private:
     QBasicTimer m_scrollTimer;
     QPoint m_dragPlace;
     bool m_dragging = false;
+    bool m_pressedGone = false; ///< the pressed cell stands elsewhere now, and has become the active one
     Menu m_menu = Menu::None;
 };

@@ -73,7 +73,7 @@ void SpreadSelection::select(const GridBlock &block)
 
 void SpreadSelection::selectRows(int row1, int row2, int activeColumn)
 {
-    set(Shape::Rows, clamped({1, row1}), clamped({m_model.columnCount(), row2}), clamped({activeColumn, row1}));
+    set(Shape::Rows, clamped({1, row1}), clamped({m_model.columnCount(), row2}), clamped({activeColumn, 1}));
 }
 
 void SpreadSelection::selectColumns(int column1, int column2, int activeRow)
@@ -83,8 +83,7 @@ void SpreadSelection::selectColumns(int column1, int column2, int activeRow)
 
 void SpreadSelection::selectAll()
 {
-    set(Shape::Rows, clamped({1, 1}), clamped({m_model.columnCount(), m_model.rowCount()}),
-        clamped({activeColumn(), activeRow()}));
+    selectRows(1, m_model.rowCount(), activeColumn());
 }
 
 void SpreadSelection::fitIntoGrid()
@@ -106,6 +105,9 @@ void SpreadSelection::set(Shape shape, QPoint anchor, QPoint far, QPoint active)
     m_shape = anchor.isNull() ? Shape::Cells : shape;
     m_anchor = anchor;
     m_far = far;
+    if (m_shape == Shape::Rows) {
+        active.setY(std::min(anchor.y(), far.y()));
+    }
     const auto writing = hold();
     QItemSelectionModel &selection = *m_view.selectionModel();
     selection.setCurrentIndex(m_model.cellIndex(active.x(), active.y()), QItemSelectionModel::NoUpdate);

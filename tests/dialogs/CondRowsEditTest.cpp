@@ -6,7 +6,9 @@
 #include "tests/support/Controls.h"
 #include "tests/support/QtPrinters.h"
 
+#include <QHeaderView>
 #include <QPushButton>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -186,6 +188,113 @@ TEST_F(CondDialog, anEditSortsTheParametersByNumber)
         ok();
     }));
     EXPECT_EQ(text, u"9=3,20=2-4,100=7"_s);
+}
+
+TEST_F(CondDialog, theActiveCellFollowsItsRowWhenAnEditSortsIt)
+{
+    EXPECT_TRUE(show(u"10=1,20=2,30=3"_s, 3, [&] {
+        enterIntoCell(grid(0), 1, 1, u"25"_s);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"25|=|1|"_s, u"30|=|3|"_s}));
+        EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{1, 2, 1, 2}));
+        press(Qt::Key_Right);
+        press(Qt::Key_Right);
+        type(u"7"_s);
+        press(Qt::Key_Return);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"25|=|7|"_s, u"30|=|3|"_s}));
+        ok();
+    }));
+    EXPECT_EQ(text, u"20=2,25=7,30=3"_s);
+}
+
+TEST_F(CondDialog, tabGoesOnInTheRowThatWasSorted)
+{
+    show(u"10=1,20=2,30=3"_s, 3, [&] {
+        typeIntoCell(grid(0), 1, 1, u"40"_s);
+        press(Qt::Key_Tab);
+        EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{2, 3, 2, 3}));
+        press(Qt::Key_Tab);
+        type(u"9"_s);
+        press(Qt::Key_Tab);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"30|=|3|"_s, u"40|=|9|"_s}));
+        typeIntoCell(grid(0), 1, 3, u"5"_s);
+        press(Qt::Key_Down); // from the first row on, where the condition stands now
+        EXPECT_EQ(grid(0).activeRow(), 2);
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, theRowOfAListsChoiceIsFollowedToo)
+{
+    show(u"30=1,20=2,10=3"_s, 3, [&] {
+        enterIntoCell(grid(0), 2, 1, u"<"_s);
+        EXPECT_EQ(rows(0), (QStringList{u"10|=|3|"_s, u"20|=|2|"_s, u"30|<>|1|"_s}));
+        EXPECT_EQ(grid(0).activeRow(), 3);
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, aClickThatEndsAnEditMeansTheConditionThatWasClicked)
+{
+    show(u"10=1,20=2,30=3"_s, 3, [&] {
+        typeIntoCell(grid(0), 1, 1, u"40"_s);
+        clickCell(grid(0), 3, 2);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"30|=|3|"_s, u"40|=|1|"_s}));
+        EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{3, 1, 3, 1}));
+        type(u"8"_s);
+        press(Qt::Key_Return);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|8|"_s, u"30|=|3|"_s, u"40|=|1|"_s}));
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, aDoubleClickThatEndsAnEditOpensTheConditionThatWasClicked)
+{
+    show(u"10=1,20=2,30=3"_s, 3, [&] {
+        typeIntoCell(grid(0), 1, 1, u"40"_s);
+        QWidget *cells = grid(0).viewport();
+        const QPoint second = grid(0).visualRect(grid(0).model()->index(1, 2)).center();
+        QTest::mouseClick(cells, Qt::LeftButton, {}, second);
+        QTest::mouseDClick(cells, Qt::LeftButton, {}, second);
+        type(u"8"_s);
+        press(Qt::Key_Return);
+        EXPECT_EQ(rows(0), (QStringList{u"20|=|28|"_s, u"30|=|3|"_s, u"40|=|1|"_s}));
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, emptyingABlockLeavesOneCellSelected)
+{
+    show(u"10=1,20=2,30=3,40=4"_s, 4, [&] {
+        clickCell(grid(0), 1, 1);
+        press(Qt::Key_Down, Qt::ShiftModifier);
+        press(Qt::Key_Delete);
+        EXPECT_EQ(rows(0), (QStringList{u"30|=|3|"_s, u"40|=|4|"_s, u"|=|1|"_s, u"|=|2|"_s}));
+        EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{1, 3, 1, 3}));
+        press(Qt::Key_Delete);
+        EXPECT_EQ(rows(0).mid(0, 2), (QStringList{u"30|=|3|"_s, u"40|=|4|"_s}));
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, conditionsOnOneParameterKeepTheirOrder)
+{
+    show(u"20=1,10=2,20=3,10=4"_s, 4, [&] {
+        enterIntoCell(grid(0), 4, 3, u"9"_s);
+        EXPECT_EQ(rows(0), (QStringList{u"10|=|2|"_s, u"10|=|4|"_s, u"20|=|1|"_s, u"20|=|3|9"_s}));
+        EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{4, 4, 4, 4}));
+        cancel();
+    });
+}
+
+TEST_F(CondDialog, aHeadingSelectsNothing)
+{
+    show(u"10=1,20=2"_s, 2, [&] {
+        clickCell(grid(0), 3, 2);
+        QTest::mouseClick(grid(0).horizontalHeader()->viewport(), Qt::LeftButton, {}, {10, 5});
+        press(Qt::Key_Delete);
+        EXPECT_EQ(rows(0), (QStringList{u"10|=|1|"_s, u"20|=||"_s}));
+        cancel();
+    });
 }
 
 TEST_F(CondDialog, parametersAreNotSortedWithoutAnEdit)

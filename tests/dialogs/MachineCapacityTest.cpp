@@ -6,6 +6,7 @@
 #include "tests/dialogs/MachineDialog.h"
 #include "tests/support/QtPrinters.h"
 
+#include <QHeaderView>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -53,6 +54,28 @@ TEST_F(MachineDialog, deleteRemovesTheActiveRow)
     }));
     EXPECT_EQ(info().Capacity, (QStringList{u"0.4"_s, u"11"_s}));
     EXPECT_EQ(info().ICapacity, (QStringList{u"2.5"_s, u"46"_s}));
+}
+
+TEST_F(MachineDialog, theActiveRowStaysWithItsCapacityWhenAnotherIsAdded)
+{
+    show([&] {
+        clickCell(grid(), 2, 2);
+        add(u"0.2"_s, u"1.5"_s);
+        click(*dialog, u"cmdDel"_s);
+        EXPECT_EQ(rows(), (QStringList{u"0.2|1.5"_s, u"0.4|2.5"_s, u"11|46"_s}));
+        ok();
+    });
+}
+
+TEST_F(MachineDialog, aHeadingSelectsNoCapacities)
+{
+    show([&] {
+        clickCell(grid(), 2, 2);
+        QTest::mouseClick(grid().horizontalHeader()->viewport(), Qt::LeftButton, {}, {10, 5});
+        press(Qt::Key_Delete);
+        EXPECT_EQ(rows(), (QStringList{u"0.4|2.5"_s, u"3.7|"_s, u"11|46"_s}));
+        ok();
+    });
 }
 
 TEST_F(MachineDialog, theLastCapacityCannotBeDeleted)

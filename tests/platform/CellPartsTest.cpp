@@ -125,11 +125,34 @@ TEST(CellRows, sortsByNumbersAndKeepsTheOrderOfEquals)
     const std::array rows = {rowOf({u"10"_s, u"1"_s}), rowOf({u"x"_s, u"2"_s}), rowOf({u"9"_s, u"3"_s}),
         rowOf({u""_s, u"4"_s}), rowOf({u"-1"_s, u"5"_s}), rowOf({u"9.0"_s, u"6"_s})};
     QString order;
-    for (const CellRow &row : CellRows::sortedByNumber(rows, 0)) {
-        order += row.text(1);
+    for (const size_t at : CellRows::orderByNumber(rows, 0)) {
+        order += rows.at(at).text(1);
     }
     EXPECT_EQ(order, u"536124"_s);
 }
+
+// Line ends
+
+struct LineCase
+{
+    QString text;
+    QString line;
+};
+
+class OnOneLine : public testing::TestWithParam<LineCase>
+{
+};
+
+TEST_P(OnOneLine, standsWhatIsPastedAndComposed)
+{
+    EXPECT_EQ(CellInput::onOneLine(GetParam().text), GetParam().line);
+    EXPECT_EQ(CellInput::hasLineEnd(GetParam().text), GetParam().text != GetParam().line);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, OnOneLine,
+    testing::Values(LineCase{u""_s, u""_s}, LineCase{u"a\tb"_s, u"a\tb"_s}, LineCase{u"a\r\n"_s, u"a"_s},
+        LineCase{u"a\n\n"_s, u"a"_s}, LineCase{u"\r\n"_s, u""_s}, LineCase{u"a\r\nb\rc\nd"_s, u"a b c d"_s},
+        LineCase{u"\na"_s, u" a"_s}, LineCase{u"a\u2028b\u2029c\u2029"_s, u"a b c"_s}));
 
 // Typing
 

@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 using namespace Qt::StringLiterals;
 
@@ -147,6 +149,22 @@ TEST(SpreadGridEdit, commitsWhenTheFocusGoesElsewhere)
     clickCell(*grid, 3, 4);
     EXPECT_EQ(grid->text(2, 1), u"new"_s);
     EXPECT_EQ(grid->activeRow(), 4);
+}
+
+TEST(SpreadGridEdit, commitsWhenTheMouseGoesBesideTheCells)
+{
+    const auto grid = shownGrid(200);
+    QWidget *const besides[] = {grid->horizontalHeader()->viewport(), grid->verticalScrollBar()};
+    for (QWidget *beside : besides) {
+        clickCell(*grid, 2, 1);
+        typeText(*grid, u"new"_s);
+        ASSERT_NE(openEditor(*grid), nullptr);
+        QTest::mouseClick(beside, Qt::LeftButton, {}, beside->rect().center());
+        EXPECT_TRUE(QTest::qWaitFor([&] { return openEditor(*grid) == nullptr; }));
+        EXPECT_EQ(grid->text(2, 1), u"new"_s);
+        grid->setText(2, 1, u"old"_s);
+        grid->setTopRow(1);
+    }
 }
 
 TEST(SpreadGridEdit, keepsTheTypingWhenTheProgramColoursTheCell)

@@ -186,15 +186,83 @@ TEST(SpreadGridSelect, selectsRowsByTheirNumbers)
     EXPECT_FALSE(grid->isBlockSelected());
 }
 
-TEST(SpreadGridSelect, selectsAColumnByItsHeaderAndAllByTheCorner)
+TEST(SpreadGridSelect, makesTheFirstOfTheRowsTheActiveOneWhicheverWasClickedFirst)
 {
     const auto grid = shownGrid();
-    QTest::mouseClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, headerPlace(*grid, 3));
-    EXPECT_EQ(grid->selectedBlock(), (GridBlock{3, 1, 3, 20}));
-    QTest::mouseClick(grid->findChild<QWidget *>(u"corner"_s), Qt::LeftButton);
-    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 1, 6, 20}));
-    grid->setRowCount(22);
-    EXPECT_EQ(grid->activeRow(), 1);
+    QWidget *numbers = grid->verticalHeader()->viewport();
+    const auto place = [&](int row) { return QPoint(5, placeOf(*grid, 1, row).y()); };
+    QTest::mouseClick(numbers, Qt::LeftButton, {}, place(5));
+    QTest::mouseClick(numbers, Qt::LeftButton, shift, place(3));
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 3, 6, 5}));
+    EXPECT_EQ(grid->activeRow(), 3);
+    QTest::mouseClick(numbers, Qt::LeftButton, shift, place(7)); // still from row 5 on
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 5, 6, 7}));
+    EXPECT_EQ(grid->activeRow(), 5);
+    QTest::mousePress(numbers, Qt::LeftButton, {}, place(9));
+    QMouseEvent move(
+        QEvent::MouseMove, place(6), numbers->mapToGlobal(place(6)), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(numbers, &move);
+    QTest::mouseRelease(numbers, Qt::LeftButton, {}, place(6));
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 6, 6, 9}));
+    EXPECT_EQ(grid->activeRow(), 6);
+}
+
+TEST(SpreadGridSelect, makesTheFirstOfTheRowsTheActiveOneWithTheKeys)
+{
+    const auto grid = shownGrid();
+    grid->setActiveCell(2, 5);
+    QSignalSpy left(grid.get(), &SpreadGrid::cellLeft);
+    pressKey(*grid, Qt::Key_Space, shift);
+    pressKey(*grid, Qt::Key_Up, shift);
+    pressKey(*grid, Qt::Key_Up, shift);
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 3, 6, 5}));
+    EXPECT_EQ(QPoint(grid->activeColumn(), grid->activeRow()), QPoint(2, 3));
+    ASSERT_EQ(left.count(), 2);
+    EXPECT_EQ(left.last().last().toInt(), 3);
+    for (int press = 0; press < 3; ++press) {
+        pressKey(*grid, Qt::Key_Down, shift);
+    }
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 5, 6, 6}));
+    EXPECT_EQ(grid->activeRow(), 5);
+    pressKey(*grid, Qt::Key_A, ctrl);
+    EXPECT_EQ(QPoint(grid->activeColumn(), grid->activeRow()), QPoint(2, 1));
+}
+
+TEST(SpreadGridSelect, selectsNothingByAHeading)
+{
+    const auto grid = shownGrid();
+    const GridBlock block{2, 2, 4, 5};
+    grid->selectBlock(block);
+    QWidget *headings = grid->horizontalHeader()->viewport();
+    auto *corner = grid->findChild<QWidget *>(u"corner"_s);
+    for (const Qt::KeyboardModifiers modifiers : {plain, shift, ctrl}) {
+        QTest::mouseClick(headings, Qt::LeftButton, modifiers, headerPlace(*grid, 3));
+        EXPECT_EQ(grid->selectedBlock(), block);
+        QTest::mouseClick(corner, Qt::LeftButton, modifiers);
+        EXPECT_EQ(grid->selectedBlock(), block);
+    }
+    QTest::mouseDClick(headings, Qt::LeftButton, {}, headerPlace(*grid, 3));
+    QTest::mouseDClick(corner, Qt::LeftButton);
+    EXPECT_EQ(grid->selectedBlock(), block);
+    QTest::mousePress(headings, Qt::LeftButton, {}, headerPlace(*grid, 3));
+    const QPoint next = headerPlace(*grid, 5);
+    QMouseEvent move(
+        QEvent::MouseMove, next, headings->mapToGlobal(next), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(headings, &move);
+    QTest::mouseRelease(headings, Qt::LeftButton, {}, next);
+    EXPECT_EQ(grid->selectedBlock(), block);
+    EXPECT_EQ(QPoint(grid->activeColumn(), grid->activeRow()), QPoint(2, 2));
+}
+
+TEST(SpreadGridSelect, countsWhatIsBeingTypedWhenAHeadingIsDoubleClicked)
+{
+    const auto grid = shownGrid();
+    QObject::connect(grid.get(), &SpreadGrid::headerDoubleClicked, grid.get(), &SpreadGrid::fitColumnWidth);
+    const int width = grid->columnWidth(1);
+    grid->setActiveCell(2, 3);
+    typeText(*grid, u"a text that is wider than the column has been so far"_s);
+    QTest::mouseDClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, headerPlace(*grid, 2));
+    EXPECT_GT(grid->columnWidth(1), 2 * width);
 }
 
 TEST(SpreadGridSelect, asksOnceForTheMenuHoweverTheDesktopOrdersItsEvents)

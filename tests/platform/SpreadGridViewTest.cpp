@@ -54,8 +54,11 @@ TEST_F(SpreadGridFrozen, isSelectedAndEditedByTheMouse)
     pressKey(*grid, Qt::Key_Return);
     EXPECT_EQ(grid->text(1, 4), u"45"_s);
     EXPECT_EQ(grid->horizontalScrollBar()->value(), scrolled);
-    QTest::mouseClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, {20, 5});
-    EXPECT_EQ(grid->selectedBlock(), (GridBlock{1, 1, 1, 20}));
+    QSignalSpy clicked(grid.get(), &SpreadGrid::headerDoubleClicked);
+    QTest::mouseDClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, {20, 5});
+    ASSERT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked.first().first().toInt(), 1);
+    EXPECT_EQ(grid->selectedBlock(), (GridBlock{1, 5, 1, 5}));
 }
 
 TEST_F(SpreadGridFrozen, isWidenedByItsHeadersEdge)
