@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 
 /// What the program last copied: the shape of the text on the clipboard. One for all editor windows.
 struct ClipboardRecord
@@ -14,5 +14,12 @@ struct ClipboardRecord
     bool operator==(const ClipboardRecord &) const = default;
 };
 
-/// The record of this run of the program.
+/// The record of this run of the program. It fits what stands on the clipboard only after readClipboard().
 ClipboardRecord &clipboardRecord();
+
+/// Puts a copied text on the clipboard and keeps its shape as the record.
+void fillClipboard(const QString &text, const ClipboardRecord &shape);
+
+/// The clipboard's text; empty when it holds none. Once it is no longer the text that fillClipboard() put there, the
+/// record is void: what others copied has no shape.
+QString readClipboard();

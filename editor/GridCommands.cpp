@@ -7,6 +7,7 @@
 #include "editor/EditorFrame.h"
 #include "editor/ParameterGrid.h"
 #include "editor/PasteTarget.h"
+#include "platform/CellInput.h"
 #include "platform/MessageBox.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
@@ -14,10 +15,10 @@
 #include "platform/UndoStep.h"
 #include "runtime/RunTimeError.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-
+#include <algorithm>
 #include <limits>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -28,9 +29,12 @@ constexpr int deleteFloor = 2;
 // A file counts its rows in a 16-bit integer.
 constexpr int mostRows = std::numeric_limits<qint16>::max();
 
-QString clipboardText()
+/// A spreadsheet ends even a single cell by a line end. Several lines stay as they are.
+QString withoutOnlyLineEnd(const QString &text)
 {
-    return QGuiApplication::clipboard()->text();
+    const qsizetype units = text.endsWith("\r\n"_L1) ? 2 : 1;
+    const QString line = text.chopped(std::min(units, text.size()));
+    return CellInput::hasLineEnd(line) || !CellInput::hasLineEnd(text) ? text : line;
 }
 
 } // namespace
@@ -48,13 +52,13 @@ void GridCommands::copy()
         return;
     }
     GridBlock block = m_grid.selectedBlock();
-    clipboardRecord() = copiedShape(block);
+    const ClipboardRecord shape = copiedShape(block);
     const bool wholeRows = block.isWholeRows();
     if (wholeRows) {
         block = {0, block.row1, m_grid.columnCount(), block.row2};
     }
     const bool single = block.isSingleCell();
-    QGuiApplication::clipboard()->setText(single ? m_grid.text(block.column1, block.row1) : m_grid.blockText(block));
+    fillClipboard(single ? m_grid.text(block.column1, block.row1) : m_grid.blockText(block), shape);
     emit copied(wholeRows);
 }
 
@@ -71,7 +75,7 @@ void GridCommands::cut()
 
 void GridCommands::paste()
 {
-    const QString text = clipboardText();
+    const QString text = readClipboard();
     m_grid.commitEdit();
     if (text.isEmpty() || m_grid.activeRow() == 0) {
         return;
@@ -81,8 +85,10 @@ void GridCommands::paste()
         return pasteBlock(text);
     case ClipboardRecord::WholeRows:
         return pasteRows(text);
-    default:
+    case ClipboardRecord::OneCell:
         return pasteCell(text);
+    default:
+        return pasteCell(withoutOnlyLineEnd(text));
     }
 }
 
@@ -124,13 +130,15 @@ void GridCommands::place(const GridBlock &target, const QString &text)
 
 void GridCommands::addPaste()
 {
-    if (clipboardRecord().kind != ClipboardRecord::WholeRows || clipboardText().isEmpty()) {
+    // Read once: the lines that are added and the text that goes into them belong together.
+    const QString text = readClipboard();
+    if (clipboardRecord().kind != ClipboardRecord::WholeRows || text.isEmpty()) {
         return;
     }
     m_grid.commitEdit();
     const UndoStep step(m_grid.history());
     if (addLines(clipboardRecord().height + 1)) {
-        paste();
+        pasteRows(text);
     }
 }
 
@@ -144,7 +152,7 @@ bool GridCommands::addLines(int lines)
     }
     const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
-    const int row = m_grid.activeRow();
+    const int row = m_grid.selectedBlock().row1;
     m_grid.setRowCount(lastRow + lines);
     if (row > 0) {
         m_grid.moveRowTexts(row, lastRow, row + lines);
@@ -162,13 +170,13 @@ void GridCommands::deleteLines()
 {
     m_grid.commitEdit();
     const int lastRow = m_grid.rowCount();
-    if (lastRow <= deleteFloor) {
+    const GridBlock selection = m_grid.selectedBlock();
+    const int count = selection.row2 - selection.row1 + 1;
+    if (lastRow <= deleteFloor || (count == lastRow && !confirmsDeletingAll())) {
         return;
     }
     const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
-    const GridBlock selection = m_grid.selectedBlock();
-    const int count = selection.row2 - selection.row1 + 1;
     const int column = m_grid.activeColumn();
     if (selection.row2 < lastRow) {
         m_grid.moveRowTexts(selection.row2 + 1, lastRow, selection.row1);
@@ -176,6 +184,12 @@ void GridCommands::deleteLines()
     m_grid.setRowCount(lastRow - count);
     m_grid.setActiveCell(column, std::min(selection.row1, lastRow - count));
     noteRowCount();
+}
+
+bool GridCommands::confirmsDeletingAll()
+{
+    const QString question = ownText(OwnText::DeleteAllRowsQuestion, {QString::number(m_grid.rowCount())});
+    return MessageBox::askYesNo(&m_grid, question, ResString(programNameId));
 }
 
 void GridCommands::undo()

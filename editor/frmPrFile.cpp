@@ -121,6 +121,7 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
     connect(m_grid, &SpreadGrid::rightClicked, this,
         [this](int, int, const QPoint &position) { m_menus->edit().popup(position); });
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &frmPrFile::noteClipboard);
     connect(m_grid, &SpreadGrid::copyRequested, this, &frmPrFile::copy);
     connect(m_grid, &SpreadGrid::cutRequested, this, &frmPrFile::cut);
     connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
@@ -153,7 +154,7 @@ void frmPrFile::activate()
 
 void frmPrFile::updatePaste()
 {
-    const bool paste = !QGuiApplication::clipboard()->text().isEmpty();
+    const bool paste = !readClipboard().isEmpty();
     const bool addPaste = paste && clipboardRecord().kind == ClipboardRecord::WholeRows;
     action(u"mneEditPaste").setEnabled(paste);
     action(u"mneEditAddPaste").setEnabled(addPaste);
@@ -204,9 +205,21 @@ void frmPrFile::forgetClipboard(Qt::KeyboardModifiers modifiers)
     if (modifiers == Qt::ControlModifier) {
         return;
     }
-    QGuiApplication::clipboard()->setText(u""_s);
-    clipboardRecord() = {};
+    fillClipboard(u""_s, {});
     updatePaste();
+}
+
+// Only where there is a copy of the program's own to lose: what others copy is not fetched while they work with it.
+// The other windows learn of it when they become active.
+void frmPrFile::noteClipboard()
+{
+    if (clipboardRecord().kind == ClipboardRecord::Nothing || m_frame.activeEditor() != this) {
+        return;
+    }
+    readClipboard();
+    if (clipboardRecord().kind == ClipboardRecord::Nothing) {
+        updatePaste();
+    }
 }
 
 void frmPrFile::cut()

@@ -73,6 +73,7 @@ private:
     void connectGrid();
     void markChanged(const GridBlock &block);
     void forgetClipboard(Qt::KeyboardModifiers modifiers);
+    void noteClipboard();
     void updatePaste();
     void toggleBar(int bar);
     void chooseColumns();

@@ -51,9 +51,9 @@ void labelButtons(QMessageBox &box)
     }
 }
 
-/// The button that ended the box. Enter takes the first of buttons, Escape and the close box the last.
+/// The button that ended the box. Enter takes the one at byEnter of buttons, Escape and the close box the last.
 int run(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QString &title,
-    std::initializer_list<QMessageBox::StandardButton> buttons)
+    std::initializer_list<QMessageBox::StandardButton> buttons, std::size_t byEnter = 0)
 {
     QMessageBox box(parent);
     box.setObjectName(u"MessageBox"_s);
@@ -65,7 +65,7 @@ int run(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QStr
     for (const auto button : buttons) {
         box.addButton(button);
     }
-    box.setDefaultButton(*buttons.begin());
+    box.setDefaultButton(buttons.begin()[byEnter]);
     box.setEscapeButton(*(buttons.end() - 1));
     labelButtons(box);
     const ArrowPointer arrow;
@@ -99,4 +99,9 @@ MessageBox::Answer MessageBox::askYesNoCancel(QWidget *parent, const QString &te
     default:
         return Answer::Cancel;
     }
+}
+
+bool MessageBox::askYesNo(QWidget *parent, const QString &text, const QString &title)
+{
+    return run(QMessageBox::Warning, parent, text, title, {QMessageBox::Yes, QMessageBox::No}, 1) == QMessageBox::Yes;
 }

@@ -18,5 +18,7 @@ void showPlain(QWidget *parent, const QString &text, const QString &title);
 void showExclamation(QWidget *parent, const QString &text, const QString &title);
 /// A question with Yes, No and Cancel and the exclamation icon. Escape and the close box mean Cancel.
 Answer askYesNoCancel(QWidget *parent, const QString &text, const QString &title);
+/// A question with Yes and No and the exclamation icon: whether it is Yes. Enter, Escape and the close box mean No.
+bool askYesNo(QWidget *parent, const QString &text, const QString &title);
 
 } // namespace MessageBox

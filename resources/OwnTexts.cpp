@@ -18,6 +18,9 @@ constexpr OwnTextEntry entries[] = {
     // Backups
     {OwnText::VersionNotKept, u"The earlier version could not be kept in %1: %2",
         u"以前の版を %1 に保存できませんでした: %2"},
+    // Grid
+    {OwnText::DeleteAllRowsQuestion, u"All %1 rows of the table are selected. Delete them all?",
+        u"表の %1 行がすべて選択されています。すべて削除しますか？"},
 };
 
 } // namespace

@@ -19,6 +19,8 @@ enum class OwnText : quint16 {
     KeyCharacterMissing, ///< %1: key of the "[Inverter]" section; %2 to %4: as above
     // Backups
     VersionNotKept, ///< %1: folder; %2: the system's description
+    // Grid
+    DeleteAllRowsQuestion, ///< %1: how many
 };
 
 /// One text in both languages.

@@ -89,6 +89,41 @@ TEST_F(ForeignClipboard, putsTheWholeTextIntoTheActiveCell)
     EXPECT_TRUE(DocFlags[docNo()].changed);
 }
 
+TEST_F(ForeignClipboard, putsASpreadsheetsSingleCellInWithoutItsLineEnd)
+{
+    copyElsewhere(u"cell\r\n"_s);
+    grid().selectBlock({2, 3, 2, 3});
+    pressKey(grid(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid().text(2, 3), u"cell"_s);
+}
+
+TEST_F(ForeignClipboard, voidsTheCopyThatWasMadeHere)
+{
+    const QString text = u"b\tc\r\nd\te"_s;
+    copy({-1, 2, 13, 3});
+    ASSERT_TRUE(isEnabled(u"mneEditAddPaste"_s));
+    copyElsewhere(text);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isEnabled(u"mneEditAddPaste"_s); }));
+    EXPECT_FALSE(toolButton(u"ssrbnEdit(3)"_s).isEnabled());
+    EXPECT_TRUE(isEnabled(u"mneEditPaste"_s));
+    EXPECT_EQ(clipboardRecord(), ClipboardRecord());
+    grid().selectBlock({2, 5, 2, 5});
+    pressKey(grid(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(grid().text(2, 5), text);
+    EXPECT_EQ(grid().text(2, 6), u"Parameter 6"_s);
+}
+
+TEST_F(ForeignClipboard, leavesTheCopyWhenTheOtherProgramOnlyOffersItOn)
+{
+    copy({-1, 2, 13, 3});
+    copyElsewhere(QApplication::clipboard()->text());
+    EXPECT_TRUE(isEnabled(u"mneEditAddPaste"_s));
+    grid().selectBlock({2, 5, 2, 5});
+    chooseMenu(u"mneEdit"_s, u"mneEditAddPaste"_s);
+    EXPECT_EQ(grid().rowCount(), 8);
+    EXPECT_EQ(grid().text(2, 5), u"Parameter 2"_s);
+}
+
 TEST_F(ForeignClipboard, readsACellAsItsText)
 {
     copy({2, 3, 2, 3});

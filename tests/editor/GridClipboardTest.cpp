@@ -186,15 +186,89 @@ TEST_F(GridCommandsTest, pastesOneCellAsItIsIntoATypedCell)
     EXPECT_EQ(grid().text(1, 5), parameter(4));
 }
 
-TEST_F(GridCommandsTest, acceptsSpreadsheetTextForABlock)
+TEST_F(GridCommandsTest, pastesForeignTextWholeWhateverWasCopiedHereBefore)
 {
-    select(2, 1, 3, 2);
+    const QString text = u"x\ty\nz\tw\n"_s;
+    for (const GridBlock &copied : {GridBlock{2, 1, 2, 1}, GridBlock{2, 1, 3, 2}, GridBlock{-1, 1, 13, 2}}) {
+        grid().selectBlock(copied);
+        edit(u"mneEditCopy"_s);
+        QApplication::clipboard()->setText(text);
+        const QString beside = rowText(6);
+        selectCell(2, 5);
+        edit(u"mneEditPaste"_s);
+        EXPECT_EQ(grid().text(2, 5), text);
+        EXPECT_EQ(rowText(6), beside);
+        EXPECT_EQ(clipboardRecord(), ClipboardRecord());
+    }
+}
+
+TEST_F(GridCommandsTest, switchesAddPasteOffAsSoonAsOthersCopy)
+{
+    selectRows(3, 4);
     edit(u"mneEditCopy"_s);
-    QApplication::clipboard()->setText(u"x\ty\nz\tw\n"_s);
+    ASSERT_TRUE(isEnabled(u"mneEditAddPaste"_s));
+    QApplication::clipboard()->setText(u"foreign"_s);
+    EXPECT_FALSE(isEnabled(u"mneEditAddPaste"_s));
+    EXPECT_FALSE(toolButton(u"ssrbnEdit(3)"_s).isEnabled());
+    EXPECT_TRUE(isEnabled(u"mneEditPaste"_s));
+    edit(u"mneEditCopy"_s);
+    QApplication::clipboard()->setText(u""_s);
+    EXPECT_FALSE(isEnabled(u"mneEditAddPaste"_s));
+    EXPECT_FALSE(isEnabled(u"mneEditPaste"_s));
+    EXPECT_FALSE(toolButton(u"ssrbnEdit(2)"_s).isEnabled());
+}
+
+// Some desktops tell late, or never.
+TEST_F(GridCommandsTest, findsOutByItselfThatOthersCopied)
+{
+    const QSignalBlocker silence(QApplication::clipboard());
+    selectRows(3, 4);
+    edit(u"mneEditCopy"_s);
+    QApplication::clipboard()->setText(u"foreign"_s);
+    ASSERT_TRUE(isEnabled(u"mneEditAddPaste"_s));
+    selectCell(2, 7);
+    clickTool(u"ssrbnEdit(3)"_s);
+    EXPECT_EQ(grid().rowCount(), 12);
+    EXPECT_FALSE(isChanged());
+    edit(u"mneEditPaste"_s);
+    EXPECT_EQ(grid().text(2, 7), u"foreign"_s);
+    EXPECT_EQ(grid().text(2, 8), parameter(8));
+}
+
+// As a program does that keeps what was copied when the one that copied it ends.
+TEST_F(GridCommandsTest, knowsItsOwnTextWhoeverOffersIt)
+{
+    selectRows(3, 4);
+    edit(u"mneEditCopy"_s);
+    QApplication::clipboard()->setText(clipboard());
+    EXPECT_TRUE(isEnabled(u"mneEditAddPaste"_s));
+    selectCell(2, 7);
+    edit(u"mneEditAddPaste"_s);
+    EXPECT_EQ(grid().rowCount(), 14);
+    EXPECT_EQ(names().mid(6, 3), QStringList({parameter(3), parameter(4), parameter(7)}));
+}
+
+TEST_F(GridCommandsTest, pastesAForeignCellWithoutItsLineEnd)
+{
+    const std::pair<QString, QString> texts[] = {{u"cell\r\n"_s, u"cell"_s}, {u"cell\n"_s, u"cell"_s},
+        {u"cell\r"_s, u"cell"_s}, {u"a\tb\r\n"_s, u"a\tb"_s}, {u"\n"_s, u""_s}, {u"a\n\n"_s, u"a\n\n"_s},
+        {u"\na"_s, u"\na"_s}, {u"a\r\nb\r\n"_s, u"a\r\nb\r\n"_s}};
+    selectCell(2, 4);
+    for (const auto &[copied, pasted] : texts) {
+        QApplication::clipboard()->setText(copied);
+        pressKey(grid(), Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(grid().text(2, 4), pasted) << copied.toStdString();
+    }
+}
+
+TEST_F(GridCommandsTest, pastesACellOfItsOwnExactly)
+{
+    grid().setText(2, 4, u"cell\r\n"_s);
+    selectCell(2, 4);
+    edit(u"mneEditCopy"_s);
     selectCell(2, 5);
     edit(u"mneEditPaste"_s);
-    EXPECT_EQ(grid().blockText({2, 5, 3, 6}), u"x\ty\r\nz\tw"_s);
-    EXPECT_EQ(grid().text(2, 7), parameter(7));
+    EXPECT_EQ(grid().text(2, 5), u"cell\r\n"_s);
 }
 
 TEST_F(GridCommandsTest, doesNothingWithAnEmptyClipboard)

@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QColor>
+#include <QHeaderView>
 #include <QLabel>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +36,12 @@ void GridCommandsTest::selectRows(int row1, int row2)
 void GridCommandsTest::selectCell(int column, int row)
 {
     select(column, row, column, row);
+}
+
+void GridCommandsTest::clickRowNumber(int row, Qt::KeyboardModifiers modifiers)
+{
+    const QPoint place(5, grid().rowViewportPosition(row - 1) + grid().rowHeight(row - 1) / 2);
+    QTest::mouseClick(grid().verticalHeader()->viewport(), Qt::LeftButton, modifiers, place);
 }
 
 void GridCommandsTest::edit(const QString &command)
@@ -78,4 +86,9 @@ QString GridCommandsTest::countLabel()
 QString GridCommandsTest::parameter(int number)
 {
     return u"Parameter %1"_s.arg(number);
+}
+
+QString GridCommandsTest::deleteAllQuestion(int rows)
+{
+    return u"All %1 rows of the table are selected. Delete them all?"_s.arg(rows);
 }

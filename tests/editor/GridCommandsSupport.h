@@ -14,6 +14,7 @@ protected:
     void select(int column1, int row1, int column2, int row2);
     void selectRows(int row1, int row2);
     void selectCell(int column, int row);
+    void clickRowNumber(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void edit(const QString &command);
     bool isEnabled(const QString &command);
     QStringList names();
@@ -22,4 +23,5 @@ protected:
     bool isChanged();
     QString countLabel();
     static QString parameter(int number);
+    static QString deleteAllQuestion(int rows);
 };

@@ -5,6 +5,12 @@
 #include "platform/SpreadGrid.h"
 #include "tests/editor/GridCommandsSupport.h"
 
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTest>
+
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 TEST_F(GridCommandsTest, insertsCopiedRowsAboveTheActiveRow)
@@ -102,7 +108,11 @@ TEST_F(GridCommandsTest, deletesAllOfThreeRowsButNeverFromTwo)
     edit(u"mneEditDel"_s);
     ASSERT_EQ(grid().rowCount(), 3);
     selectRows(1, 3);
-    edit(u"mneEditDel"_s);
+    {
+        ModalScript script;
+        script.thenMessage(deleteAllQuestion(3), u"cmdYes"_s);
+        edit(u"mneEditDel"_s);
+    }
     EXPECT_EQ(grid().rowCount(), 0);
     edit(u"mneEditDel"_s);
     edit(u"mneEditCopy"_s);
@@ -115,6 +125,104 @@ TEST_F(GridCommandsTest, deletesAllOfThreeRowsButNeverFromTwo)
     edit(u"mneEditAdd"_s);
     edit(u"mneEditDel"_s);
     EXPECT_EQ(grid().rowCount(), 2);
+}
+
+TEST_F(GridCommandsTest, leavesTheRowsAloneWhenAHeadingWasClicked)
+{
+    selectCell(3, 4);
+    QWidget *headings = grid().horizontalHeader()->viewport();
+    const QPoint third(grid().columnViewportPosition(2) + 10, headings->height() / 2);
+    QTest::mouseClick(headings, Qt::LeftButton, {}, third);
+    QTest::mouseDClick(headings, Qt::LeftButton, {}, third);
+    QTest::mouseClick(grid().findChild<QWidget *>(u"corner"_s), Qt::LeftButton);
+    edit(u"mneEditDel"_s);
+    EXPECT_EQ(grid().rowCount(), 11);
+    EXPECT_EQ(names().mid(2, 2), QStringList({parameter(3), parameter(5)}));
+}
+
+TEST_F(GridCommandsTest, asksBeforeTheLastRowGoesHoweverAllWereSelected)
+{
+    const QString before = grid().blockText({1, 1, 13, 12});
+    const std::function<void()> selections[] = {
+        [this] { pressKey(grid(), Qt::Key_Space, Qt::ControlModifier); },
+        [this] { pressKey(grid(), Qt::Key_A, Qt::ControlModifier); },
+        [this] { select(2, 1, 3, 12); },
+    };
+    for (const auto &selectAll : selections) {
+        selectCell(3, 4);
+        selectAll();
+        ModalScript script;
+        script.thenMessage(deleteAllQuestion(12), u"cmdNo"_s);
+        script.then([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); });
+        script.thenEscape();
+        for (int time = 0; time < 3; ++time) {
+            edit(u"mneEditDel"_s);
+        }
+        EXPECT_EQ(script.asked(), 3);
+        EXPECT_EQ(grid().blockText({1, 1, 13, 12}), before);
+        EXPECT_FALSE(isChanged());
+    }
+}
+
+TEST_F(GridCommandsTest, deletesAllRowsAfterAYesAndGivesThemBack)
+{
+    const QString before = grid().blockText({1, 1, 13, 12});
+    selectCell(3, 4);
+    pressKey(grid(), Qt::Key_Space, Qt::ControlModifier);
+    ModalScript script;
+    script.thenMessage(deleteAllQuestion(12), u"cmdYes"_s);
+    clickTool(u"ssrbnEdit(5)"_s);
+    EXPECT_EQ(grid().rowCount(), 0);
+    EXPECT_EQ(countLabel(), u"0"_s);
+    pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid().blockText({1, 1, 13, 12}), before);
+}
+
+TEST_F(GridCommandsTest, emptiesAColumnSelectedByKeysWithoutAQuestion)
+{
+    selectCell(3, 4);
+    pressKey(grid(), Qt::Key_Space, Qt::ControlModifier);
+    pressKey(grid(), Qt::Key_Delete);
+    EXPECT_EQ(grid().rowCount(), 12);
+    EXPECT_EQ(grid().blockText({3, 1, 3, 12}), u"\r\n"_s.repeated(11));
+    EXPECT_EQ(names().first(), parameter(1));
+}
+
+TEST_F(GridCommandsTest, insertsAboveTheFirstSelectedRowWhicheverEndCameFirst)
+{
+    const std::function<void()> selections[] = {
+        [this] {
+            clickRowNumber(9);
+            clickRowNumber(7, Qt::ShiftModifier);
+        },
+        [this] {
+            selectCell(3, 9);
+            pressKey(grid(), Qt::Key_Up, Qt::ShiftModifier);
+            pressKey(grid(), Qt::Key_Up, Qt::ShiftModifier);
+        },
+    };
+    const QStringList before = names();
+    selectRows(1, 2);
+    edit(u"mneEditCopy"_s);
+    for (const auto &selectUpward : selections) {
+        selectUpward();
+        edit(u"mneEditAddPaste"_s);
+        EXPECT_EQ(names(), before.mid(0, 6) + before.mid(0, 2) + before.mid(6));
+        pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
+        selectUpward();
+        edit(u"mneEditAdd"_s);
+        EXPECT_EQ(names(), before.mid(0, 6) + QStringList{QString()} + before.mid(6));
+        pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
+        ASSERT_EQ(names(), before);
+    }
+}
+
+TEST_F(GridCommandsTest, showsTheNumberOfTheFirstSelectedRow)
+{
+    clickRowNumber(9);
+    clickRowNumber(7, Qt::ShiftModifier);
+    EXPECT_EQ(grid().activeRow(), 7);
+    EXPECT_EQ(control<QLineEdit>(frame(), u"txtPr"_s).text(), u"7"_s);
 }
 
 TEST_F(GridCommandsTest, refusesMoreRowsThanAFileCanCount)

@@ -61,6 +61,9 @@ protected:
     void selectCell() { selectFrom(upTo(1, 13), randomRowNumber(), 0, 0); }
     void selectBlock() { selectFrom(upTo(1, 13), randomRowNumber(), upTo(0, 4), upTo(0, 6)); }
     void selectRows();
+    void selectRowsUpward();
+    void selectCellsUpward();
+    int goUpward(int row);
     void selectFrom(int column, int row, int width, int height);
     void openEditor();
     void typeText();
@@ -137,6 +140,36 @@ void GridModelTest::selectRows()
     }
 }
 
+void GridModelTest::selectRowsUpward()
+{
+    if (m_model.rowCount() > 0) {
+        selectFrom(1, randomRowNumber(), 0, 0);
+        const int last = m_model.activeRow();
+        pressKey(grid(), Qt::Key_Space, Qt::ShiftModifier);
+        const int first = goUpward(last);
+        m_model.select({-1, first, RowsModel::columnCount, last});
+    }
+}
+
+void GridModelTest::selectCellsUpward()
+{
+    if (m_model.rowCount() > 0) {
+        selectFrom(1, randomRowNumber(), 0, 0);
+        const int last = m_model.activeRow();
+        m_model.selectUpward(goUpward(last), last);
+    }
+}
+
+/// Some rows up from that one with Shift; the row that is reached.
+int GridModelTest::goUpward(int row)
+{
+    const int rows = std::min(upTo(0, 4), row - 1);
+    for (int press = 0; press < rows; ++press) {
+        pressKey(grid(), Qt::Key_Up, Qt::ShiftModifier);
+    }
+    return row - rows;
+}
+
 // A former editor is deleted when control returns to the event loop.
 void GridModelTest::openEditor()
 {
@@ -198,7 +231,8 @@ void GridModelTest::forgetClipboard()
 
 void GridModelTest::takeForeignText()
 {
-    const QString text = oneOf({u"x\ty\r\nz"_s, u"Name 8"_s, u"x\ny\n"_s, u"40"_s, QString()});
+    const QString text =
+        oneOf({u"x\ty\r\nz"_s, u"Name 8"_s, u"x\ny\n"_s, u"40"_s, u"50\r\n"_s, u"Name 9\n"_s, QString()});
     QApplication::clipboard()->setText(text);
     editor().activate();
     m_model.takeForeignText(text);
@@ -244,8 +278,18 @@ void GridModelTest::addLine()
 
 void GridModelTest::deleteLines()
 {
+    ModalScript script;
+    const bool isYes = upTo(0, 1) == 1;
+    if (m_model.deletionIsAsked()) {
+        script.then([isYes](QWidget &box) {
+            QTest::mouseClick(&control<QWidget>(box, isYes ? u"cmdYes"_s : u"cmdNo"_s), Qt::LeftButton);
+        });
+    }
+    const bool goesOn = isYes || !m_model.deletionIsAsked();
     clickTool(u"ssrbnEdit(5)"_s);
-    m_model.deleteLines();
+    if (goesOn) {
+        m_model.deleteLines();
+    }
 }
 
 void GridModelTest::undo()
@@ -275,7 +319,8 @@ void GridModelTest::step()
         Step run;
         int weight;
     } steps[] = {{"select a cell", &GridModelTest::selectCell, 4}, {"select a block", &GridModelTest::selectBlock, 4},
-        {"select rows", &GridModelTest::selectRows, 4}, {"type", &GridModelTest::typeText, 4},
+        {"select rows", &GridModelTest::selectRows, 4}, {"select rows upward", &GridModelTest::selectRowsUpward, 2},
+        {"select cells upward", &GridModelTest::selectCellsUpward, 1}, {"type", &GridModelTest::typeText, 4},
         {"choose a step", &GridModelTest::chooseStep, 1}, {"toggle", &GridModelTest::toggle, 2},
         {"press Delete", &GridModelTest::pressDelete, 1}, {"press Escape", &GridModelTest::forgetClipboard, 1},
         {"take foreign text", &GridModelTest::takeForeignText, 1}, {"copy", &GridModelTest::copy, 6},

@@ -113,9 +113,18 @@ void RowsModel::redden(const GridBlock &block)
 
 void RowsModel::takeForeignText(const QString &text)
 {
+    if (text != m_clipboard) {
+        m_copied = Copied::Nothing;
+    }
     m_clipboard = text;
     m_canPaste = !text.isEmpty();
     m_canAddPaste = m_canPaste && m_copied == Copied::Rows;
+}
+
+void RowsModel::selectUpward(int row1, int row2)
+{
+    select({1, row2, 1, row2});
+    m_selection.row1 = row1; // the active cell stays where it was begun
 }
 
 void RowsModel::forgetClipboard()
@@ -197,9 +206,16 @@ void RowsModel::paste()
         pasteRows();
     } else {
         redden({m_activeColumn, m_activeRow, m_activeColumn, m_activeRow});
-        at(m_activeColumn, m_activeRow) = m_clipboard;
+        at(m_activeColumn, m_activeRow) = m_copied == Copied::Cell ? m_clipboard : foreignText();
     }
     m_changed = true;
+}
+
+// The one line end that a spreadsheet puts behind a single cell is no part of it.
+QString RowsModel::foreignText() const
+{
+    const QStringList parts = lines(m_clipboard);
+    return parts.size() == 2 && parts.last().isEmpty() ? parts.first() : m_clipboard;
 }
 
 void RowsModel::pasteBlock()
@@ -256,10 +272,10 @@ void RowsModel::addLines(int lines)
         select({1, 1, 1, 1});
         return;
     }
-    for (size_t row = size_t(m_activeRow - 1); row < before.size(); ++row) {
+    for (size_t row = size_t(m_selection.row1 - 1); row < before.size(); ++row) {
         m_rows[row + size_t(lines)] = before[row];
     }
-    blank(m_activeRow);
+    blank(m_selection.row1);
 }
 
 // The read condition stays: it is the one that stood in this place before.

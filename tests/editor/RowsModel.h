@@ -40,6 +40,10 @@ public:
 
     /// The top left cell becomes the active one. column1 -1 selects whole rows.
     void select(const GridBlock &block);
+    /// Cells of column 1, from row2 up to row1.
+    void selectUpward(int row1, int row2);
+    /// All rows would be deleted: the program asks.
+    bool deletionIsAsked() const { return rowCount() > 2 && m_selection.row2 - m_selection.row1 + 1 == rowCount(); }
     /// Another program puts a text on the clipboard, and the window is activated again.
     void takeForeignText(const QString &text);
     void forgetClipboard();
@@ -92,6 +96,7 @@ private:
     void place(int column1, int row1, int column2, int row2, int dropped);
     void pasteBlock();
     void pasteRows();
+    QString foreignText() const;
     void blank(int row);
     void change(int column, int row, const QString &text);
     void redden(const GridBlock &block);
