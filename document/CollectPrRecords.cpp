@@ -2,6 +2,7 @@
 
 #include "document/DocumentTables.h"
 #include "document/FieldText.h"
+#include "document/ParameterColumn.h"
 #include "document/PrCondText.h"
 #include "document/TextPool.h"
 #include "runtime/NumberText.h"
@@ -15,38 +16,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The grid's columns, as far as they are collected.
-enum Column {
-    NumberColumn = 1,
-    NameColumn,
-    RangesColumn,
-    RangeCheckColumn,
-    Min1Column,
-    Min2Column,
-    Min3Column,
-    UnitColumn,
-    FactoryColumn,
-    HelpIdColumn,
-    FunctionCodeColumn,
-    ConditionsColumn = 13
-};
-
 struct TextField
 {
-    Column column;
+    int column;
     QString PrRecord::*field;
 };
-constexpr TextField plainFields[] = {{NumberColumn, &PrRecord::number}, {NameColumn, &PrRecord::name},
-    {UnitColumn, &PrRecord::unit}, {HelpIdColumn, &PrRecord::helpId}};
+constexpr TextField plainFields[] = {{ParameterColumn::Number, &PrRecord::number},
+    {ParameterColumn::Name, &PrRecord::name}, {ParameterColumn::Unit, &PrRecord::unit},
+    {ParameterColumn::HelpId, &PrRecord::helpId}};
 
 struct IncrementField
 {
-    Column column;
+    int column;
     QString PrRecord::*field;
     QLatin1StringView otherwise; ///< stored for "No" and for an empty cell
 };
-constexpr IncrementField incrementFields[] = {{Min1Column, &PrRecord::min1, "1"_L1},
-    {Min2Column, &PrRecord::min2, "-1"_L1}, {Min3Column, &PrRecord::min3, "-1"_L1}};
+constexpr IncrementField incrementFields[] = {{ParameterColumn::Min1, &PrRecord::min1, "1"_L1},
+    {ParameterColumn::Min2, &PrRecord::min2, "-1"_L1}, {ParameterColumn::Min3, &PrRecord::min3, "-1"_L1}};
 constexpr QLatin1StringView increments[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
 
 /// What a check box with that text shows. Any text can be pasted into it, but a file knows no other values.
@@ -94,8 +80,8 @@ std::optional<RunTimeError> Collector::collect(int row, PrRecord &record)
     for (const IncrementField &increment : incrementFields) {
         collectIncrement(increment, row, record);
     }
-    assign(record.rangeCheck, checkBoxValue(m_grid.cellText(RangeCheckColumn, row)));
-    collectFactorySetting(m_grid.cellText(FactoryColumn, row), record);
+    assign(record.rangeCheck, checkBoxValue(m_grid.cellText(ParameterColumn::RangeCheck, row)));
+    collectFactorySetting(m_grid.cellText(ParameterColumn::FactorySetting, row), record);
     if (const auto error = collectRanges(row, record)) {
         return error;
     }
@@ -123,14 +109,14 @@ void Collector::collectFactorySetting(QStringView cell, PrRecord &record)
 
 std::optional<RunTimeError> Collector::collectRanges(int row, PrRecord &record) const
 {
-    const auto error = parseRanges(m_grid.cellText(RangesColumn, row), record.ranges);
+    const auto error = parseRanges(m_grid.cellText(ParameterColumn::SettingRange, row), record.ranges);
     record.rangeCount = error ? qint16(0) : static_cast<qint16>(record.ranges.size());
     return error;
 }
 
 std::optional<RunTimeError> Collector::collectFunctionCode(int row, PrRecord &record)
 {
-    const auto converted = hexToInt16(m_grid.cellText(FunctionCodeColumn, row));
+    const auto converted = hexToInt16(m_grid.cellText(ParameterColumn::FuncCode, row));
     if (const auto *error = std::get_if<RunTimeError>(&converted)) {
         return *error;
     }
@@ -142,7 +128,7 @@ std::optional<RunTimeError> Collector::collectFunctionCode(int row, PrRecord &re
 
 std::optional<RunTimeError> Collector::collectConditions(int row, PrRecord &record) const
 {
-    record.conditions = conditionsFromText(m_grid.cellText(ConditionsColumn, row));
+    record.conditions = conditionsFromText(m_grid.cellText(ParameterColumn::Condition, row));
     if (record.conditions.size() > std::numeric_limits<qint16>::max()) {
         record.conditionCount = 0;
         return RunTimeError::Overflow;

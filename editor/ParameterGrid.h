@@ -1,28 +1,10 @@
 #pragma once
 
+#include "document/ParameterColumn.h"
+
 #include <QColor>
 
 class SpreadGrid;
-
-/// The parameter grid's columns, 1-based; each shows one field of a parameter.
-namespace ParameterColumn {
-enum : int {
-    Number = 1,
-    Name,
-    SettingRange,
-    RangeCheck,
-    Min1,
-    Min2,
-    Min3,
-    Unit,
-    FactorySetting,
-    HelpId,
-    FuncCode,
-    ConditionCount,
-    Condition,
-    Count = Condition
-};
-} // namespace ParameterColumn
 
 /// Dark red: the text colour of cells that were changed since the window was opened.
 inline constexpr QRgb changedCellColour = 0xff800000;
