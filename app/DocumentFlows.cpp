@@ -1,7 +1,9 @@
 #include "app/DocumentFlows.h"
 
+#include "app/EditorSaveHost.h"
 #include "app/Language.h"
 #include "document/DocumentTables.h"
+#include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "document/RecoveryCopy.h"
 #include "editor/EditorFrame.h"
@@ -80,46 +82,48 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     return true;
 }
 
-void DocumentFlows::SavePrFile(const QString &fileName)
+SaveOutcome DocumentFlows::SavePrFile(frmPrFile &editor, const QString &fileName)
 {
-    if (postponedForActive([this, fileName] { SavePrFile(fileName); })) {
-        return;
+    if (postponedFor(editor, [this, &editor, fileName] { SavePrFile(editor, fileName); })) {
+        return SaveOutcome::Failed;
     }
-    const QString target = isUntitled(fileName) ? ShowFileDialog() : fileName;
-    const QPointer<frmPrFile> editor = m_frame.activeEditor();
-    if (!writeActive(target) || !editor) {
-        return;
+    const bool asks = isUntitled(fileName);
+    const QString target = asks ? ShowFileDialog() : fileName;
+    const SaveOutcome outcome = write(editor, target, asks); // the dialog has asked before it gave a name that exists
+    if (outcome == SaveOutcome::Saved) {
+        editor.setWindowTitle(target);
+        emit fileUsed(target);
     }
-    editor->setWindowTitle(target);
-    emit fileUsed(target);
+    return outcome;
 }
 
-bool DocumentFlows::writeActive(const QString &fileName)
+SaveOutcome DocumentFlows::write(frmPrFile &editor, const QString &fileName)
 {
-    frmPrFile *editor = m_frame.activeEditor();
-    if (!editor || postponedForActive([this, fileName] { writeActive(fileName); })) {
-        return false;
+    if (postponedFor(editor, [this, &editor, fileName] { write(editor, fileName); })) {
+        return SaveOutcome::Failed;
     }
-    editor->vaspdParam().commitEdit();
+    return write(editor, fileName, false);
+}
+
+SaveOutcome DocumentFlows::write(frmPrFile &editor, const QString &fileName, bool mayReplace)
+{
+    editor.vaspdParam().commitEdit();
     const InputHold hold;
-    const ParameterCells cells(editor->vaspdParam());
-    const PrFileSource source{
-        .docNo = qint16(editor->docNo()), .grid = cells, .parameterCount = m_frame.shownParameterCount()};
-    if (WritePrFile(fileName, source, m_host)) {
-        return false;
+    const ParameterCells cells(editor.vaspdParam());
+    const PrFileSource source{.docNo = qint16(editor.docNo()), .grid = cells, .mayReplace = mayReplace};
+    EditorSaveHost host(m_host, m_frame, editor);
+    if (WritePrFile(fileName, source, host)) {
+        return host.isDeclined() ? SaveOutcome::Declined : SaveOutcome::Failed;
     }
     emit documentSaved(source.docNo);
-    return true;
+    return SaveOutcome::Saved;
 }
 
-/// Lets a save wait until a file that is being read or written is done with; it is still meant for the window that is
-/// active now.
-bool DocumentFlows::postponedForActive(std::function<void()> save)
+/// Lets a save wait until a file that is being read or written is done with, unless the window is closed meanwhile.
+bool DocumentFlows::postponedFor(frmPrFile &editor, std::function<void()> save)
 {
-    frmPrFile *editor = m_frame.activeEditor();
-    return editor && InputHold::postpone(*editor, [this, editor, save = std::move(save)] {
-        if (openEditors().contains(editor)) { // else it was closed meanwhile
-            m_frame.makeActive(*editor);
+    return InputHold::postpone(editor, [this, &editor, save = std::move(save)] {
+        if (openEditors().contains(&editor)) {
             save();
         }
     });
@@ -159,6 +163,7 @@ void DocumentFlows::NewDocumentWindow(int slot)
     info.Option.clear();
     info.Paramater = 1; // the one row that the window shows, so that it can be saved and read back
     DocFlags[slot] = {};
+    noteNoFile(slot);
     frmPrFile &editor = createEditor(slot);
     editor.setWindowTitle(ResString(untitledId));
     showEditor(editor);
@@ -168,6 +173,11 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
 {
     const int slot = FindFreeDocumentSlot();
     MachineInfos[slot] = copy.info;
+    if (copy.fileName.isEmpty()) {
+        noteNoFile(slot);
+    } else {
+        notePresentFile(slot, copy.path);
+    }
     frmPrFile &editor = createEditor(slot);
     restoreCells(editor.vaspdParam(), copy);
     editor.setWindowTitle(recoveredTitle(copy));

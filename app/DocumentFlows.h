@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/WindowPlacer.h"
+#include "editor/SaveOutcome.h"
 
 #include <QList>
 #include <QObject>
@@ -32,12 +33,12 @@ public:
     /// Opens fileName as it is given; an empty name is the reader's to refuse. Returns true when a window was opened.
     bool OpenPrFile(const QString &fileName);
 
-    /// Saves the active editor window under fileName. Asks for a name when fileName is empty or that of an untitled
-    /// document.
-    void SavePrFile(const QString &fileName = {});
+    /// Saves the editor's document under fileName, and names window and recent file after it. Asks for a name when
+    /// fileName is empty or that of an untitled document.
+    SaveOutcome SavePrFile(frmPrFile &editor, const QString &fileName = {});
 
-    /// Writes the active editor window's document to fileName, without a dialog. Returns true on success.
-    bool writeActive(const QString &fileName);
+    /// Writes the editor's document to fileName, without a dialog for the name.
+    SaveOutcome write(frmPrFile &editor, const QString &fileName);
 
     /// The name to save under, or an empty text when the user cancelled.
     QString ShowFileDialog();
@@ -69,7 +70,8 @@ signals:
     void documentSaved(int slot);
 
 private:
-    bool postponedForActive(std::function<void()> save);
+    bool postponedFor(frmPrFile &editor, std::function<void()> save);
+    SaveOutcome write(frmPrFile &editor, const QString &fileName, bool mayReplace);
     void keepFolder(const QString &fileName) const;
     frmPrFile &createEditor(int slot);
     void showEditor(frmPrFile &editor);

@@ -35,6 +35,12 @@ void FrameFileHost::showFailure(const FileFailure &failure, const QString &title
     MessageBox::showExclamation(&m_frame, failureText(failure), title);
 }
 
+bool FrameFileHost::askYesNo(const FileFailure &question, const QString &title)
+{
+    const OrdinaryPointer pointer;
+    return MessageBox::askYesNo(&m_frame, failureText(question), title);
+}
+
 void FrameFileHost::setBusy(bool busy)
 {
     if (busy) {

@@ -16,6 +16,7 @@ public:
 
     void showMessage(const QString &text) override;
     void showFailure(const FileFailure &failure, const QString &title) override;
+    bool askYesNo(const FileFailure &question, const QString &title) override;
     void setBusy(bool busy) override;
     void runPendingEvents() override;
 

@@ -57,11 +57,6 @@ void FrameStatusBar::showParameterCount(int count)
     m_lblPrcount->setText(QString::number(count));
 }
 
-QString FrameStatusBar::shownParameterCount() const
-{
-    return m_lblPrcount->text();
-}
-
 void FrameStatusBar::showPrNumber(const QString &number)
 {
     m_txtPr->setText(number);

@@ -15,7 +15,6 @@ public:
 
     void setCaptions(const QString &count, const QString &number);
     void showParameterCount(int count);
-    QString shownParameterCount() const;
     void showPrNumber(const QString &number);
     /// Gives the jump box the focus, its text selected.
     void enterJumpBox();

@@ -188,7 +188,6 @@ void MDIfrmTabrix::connectEditor(frmPrFile *editor)
     m_toolBar->enableDocumentButtons(true);
     connect(editor, &frmPrFile::openRequested, this, [this] { m_documents.OpenPrFile(); });
     connect(editor, &frmPrFile::openRecentRequested, this, &MDIfrmTabrix::openRecent);
-    connect(editor, &frmPrFile::saveRequested, &m_documents, &DocumentFlows::SavePrFile);
     connect(editor, &frmPrFile::exitRequested, this, &QWidget::close);
     connect(editor, &frmPrFile::aboutRequested, this, &MDIfrmTabrix::showAbout);
     connect(editor, &frmPrFile::arrangeRequested, this, &MDIfrmTabrix::arrangeWindows);
@@ -228,17 +227,20 @@ frmPrFile *MDIfrmTabrix::activeEditor() const
 
 void MDIfrmTabrix::makeActive(frmPrFile &editor)
 {
+    if (isMinimized()) { // no window inside would become the active one
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    }
     m_area->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(editor.parentWidget()));
+}
+
+SaveOutcome MDIfrmTabrix::save(frmPrFile &editor, const QString &fileName)
+{
+    return m_documents.SavePrFile(editor, fileName);
 }
 
 void MDIfrmTabrix::showParameterCount(int count)
 {
     m_statusBar->showParameterCount(count);
-}
-
-QString MDIfrmTabrix::shownParameterCount() const
-{
-    return m_statusBar->shownParameterCount();
 }
 
 void MDIfrmTabrix::showPrNumber(const QString &number)
@@ -315,8 +317,8 @@ void MDIfrmTabrix::runEditCommand(int index)
 void MDIfrmTabrix::saveByButton()
 {
     // Unlike the menu's Save: no dialog for an untitled document, no entry among the recent files.
-    if (const frmPrFile *editor = activeEditor()) {
-        m_documents.writeActive(editor->windowTitle());
+    if (frmPrFile *editor = activeEditor()) {
+        m_documents.write(*editor, editor->windowTitle());
     }
 }
 

@@ -36,8 +36,9 @@ public:
     frmPrFile *activeEditor() const override;
     QList<frmPrFile *> openEditors() const override { return m_documents.openEditors(); }
     void makeActive(frmPrFile &editor) override;
+    SaveOutcome save(frmPrFile &editor, const QString &fileName) override;
+    bool keepForNextStart(const frmPrFile &editor) override { return m_recovery.keepForNextStart(editor); }
     void showParameterCount(int count) override;
-    QString shownParameterCount() const override;
     void showPrNumber(const QString &number) override;
     void enablePasteButton(bool enabled) override;
     void enableAddPasteButton(bool enabled) override;

@@ -52,11 +52,6 @@ RecoveryKeeper::~RecoveryKeeper()
 void RecoveryKeeper::watch(frmPrFile *editor)
 {
     const int docNo = editor->docNo();
-    // The user wanted the changes to be saved, and they are not: what is kept of them outlives the window.
-    connect(editor, &frmPrFile::closedUnsaved, this, [this, editor, docNo] {
-        refreshCopy(*editor);
-        m_copies.remove(docNo);
-    });
     connect(editor, &frmPrFile::unloaded, this, [this, docNo] { dropCopy(docNo); });
 }
 
@@ -71,17 +66,37 @@ void RecoveryKeeper::refresh()
     }
 }
 
+bool RecoveryKeeper::keepForNextStart(const frmPrFile &editor)
+{
+    const QByteArray bytes = pack(editor);
+    if (!isKept(editor.docNo(), bytes)) {
+        writeCopy(editor.docNo(), bytes);
+    }
+    return isKept(editor.docNo(), bytes) && m_copies.remove(editor.docNo());
+}
+
+/// Whether those bytes come back from the disk.
+bool RecoveryKeeper::isKept(int docNo, const QByteArray &bytes) const
+{
+    const auto known = m_copies.constFind(docNo);
+    return known != m_copies.cend() && m_store.read(known->number) == bytes;
+}
+
 void RecoveryKeeper::refreshCopy(const frmPrFile &editor)
 {
     const QByteArray bytes = pack(editor);
-    const QByteArray sum = recoverySum(bytes);
-    const auto known = m_copies.find(editor.docNo());
-    if (known != m_copies.end() && known->sum == sum) {
-        return;
+    const auto known = m_copies.constFind(editor.docNo());
+    if (known == m_copies.cend() || known->sum != recoverySum(bytes)) {
+        writeCopy(editor.docNo(), bytes);
     }
-    const int number = known != m_copies.end() ? known->number : m_store.newNumber();
+}
+
+void RecoveryKeeper::writeCopy(int docNo, const QByteArray &bytes)
+{
+    const auto known = m_copies.constFind(docNo);
+    const int number = known != m_copies.cend() ? known->number : m_store.newNumber();
     if (m_store.write(number, bytes)) {
-        m_copies.insert(editor.docNo(), {.number = number, .sum = sum});
+        m_copies.insert(docNo, {.number = number, .sum = recoverySum(bytes)});
     }
 }
 

@@ -33,6 +33,10 @@ public:
     /// Brings the copies up to date now.
     void refresh();
 
+    /// Keeps the document as it is now, beyond the end of its window, for the next start. False when that is not
+    /// possible.
+    bool keepForNextStart(const frmPrFile &editor);
+
 private:
     struct Copy
     {
@@ -42,6 +46,8 @@ private:
 
     void watch(frmPrFile *editor);
     void refreshCopy(const frmPrFile &editor);
+    void writeCopy(int docNo, const QByteArray &bytes);
+    bool isKept(int docNo, const QByteArray &bytes) const;
     void recoverCopy(int number);
     void dropCopy(int docNo);
 

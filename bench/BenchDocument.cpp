@@ -42,7 +42,7 @@ void BenchDocument::read(bool events) const
 void BenchDocument::save(bool events) const
 {
     BenchHost host(events);
-    WritePrFile(savedName(), {docNo, *m_grid, QString::number(m_rowCount)}, host);
+    WritePrFile(savedName(), {docNo, *m_grid}, host);
 }
 
 QString benchFolderTemplate()

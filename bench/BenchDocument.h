@@ -2,14 +2,14 @@
 
 #include "app/Messages.h"
 #include "bench/RecordGrid.h"
-#include "document/FileHost.h"
+#include "document/SaveHost.h"
 
 #include <QTemporaryDir>
 
 #include <memory>
 
 /// Lets events run as the program does, or not at all. A message ends the measurement: none is expected.
-class BenchHost : public FileHost
+class BenchHost : public SaveHost
 {
 public:
     explicit BenchHost(bool events) : m_events(events) { }
@@ -19,6 +19,12 @@ public:
     {
         qFatal("%s", qPrintable(failureText(failure)));
     }
+    bool askYesNo(const FileFailure &question, const QString &) override
+    {
+        qFatal("%s", qPrintable(failureText(question)));
+    }
+    bool askToWrite(const QList<ReadBackFinding> &, const QString &) override { qFatal("not read back"); }
+    void showPlace(const CellPlace &) override { }
     void setBusy(bool) override { }
     void runPendingEvents() override;
 

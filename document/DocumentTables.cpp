@@ -1,5 +1,7 @@
 #include "document/DocumentTables.h"
 
+#include "document/KnownFiles.h"
+
 QList<MachineInfo> MachineInfos;
 QList<DocFlag> DocFlags;
 QList<PrRecord> PrRecords;
@@ -24,4 +26,5 @@ void resetDocumentTables()
     DocFlags.clear();
     PrRecords.clear();
     PrConditions.clear();
+    forgetKnownFiles();
 }

@@ -31,5 +31,5 @@ int documentUpperBound();
 /// Makes the tables hold document number docNo, keeping what they hold.
 void growDocumentTables(int docNo);
 
-/// Empties every table, as at start-up. For tests.
+/// Empties every table, and forgets what documents know of their files, as at start-up. For tests.
 void resetDocumentTables();

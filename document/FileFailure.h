@@ -7,11 +7,21 @@
 
 #include <optional>
 
+/// Where something stands in a document.
+struct CellPlace
+{
+    int row = 0; ///< from 1; 0: the machine information
+    int column = 0; ///< the grid's, from 1; 0: the machine information
+
+    bool operator==(const CellPlace &) const = default;
+};
+
 /// Why a file could not be read or written. It is worded where it is shown (app/Messages.h), in the user's language.
 struct FileFailure
 {
     std::optional<OwnText> text; ///< nothing: the user is told nothing
     QStringList arguments = {}; ///< what fills the text's placeholders
+    std::optional<CellPlace> place = {}; ///< the text that cannot be written
 
     static FileFailure silent() { return {}; }
     static FileFailure of(RunTimeError error);

@@ -14,6 +14,8 @@ public:
     virtual void showMessage(const QString &text) = 0;
     /// A message with an OK button, the exclamation icon and that title.
     virtual void showFailure(const FileFailure &failure, const QString &title) = 0;
+    /// A question with Yes and No, the exclamation icon and that title; true for Yes. Enter and Escape mean No.
+    virtual bool askYesNo(const FileFailure &question, const QString &title) = 0;
     /// The hourglass pointer, on and off.
     virtual void setBusy(bool busy) = 0;
     /// Lets paint and timer events run; user input stays in the queue.

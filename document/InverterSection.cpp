@@ -107,7 +107,7 @@ bool SectionWriter::write(const QString &key, const QString &value)
     m_out.putText(value);
     m_out.put("\r\n");
     if (const auto missing = m_out.missingCharacter()) {
-        m_failure = FileFailure{OwnText::KeyCharacterMissing, QStringList{key} + *missing};
+        m_failure = FileFailure{OwnText::KeyCharacterMissing, QStringList{key} + *missing, CellPlace{}};
     }
     return !m_failure;
 }

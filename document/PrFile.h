@@ -5,12 +5,14 @@
 
 #include <QString>
 
+class SaveHost;
+
 /// What a save takes from the windows.
 struct PrFileSource
 {
     qint16 docNo; ///< document number, from 1
     const PrGrid &grid;
-    QString parameterCount; ///< the text of the frame's parameter-count label
+    bool mayReplace = false; ///< the user has agreed that the file goes, whatever stands in it
 };
 
 /// Reads fileName into MachineInfos[docNo] (docNo counts from 1) and PrRecords.
@@ -21,4 +23,7 @@ bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host);
 /// Writes the document to fileName and clears its changed flag. Returns true on FAILURE; the user has been told by
 /// then, except when fileName is empty, in which case nothing is written. An existing file's content is kept in the
 /// backups (document/FileBackup.h) before it is replaced.
-bool WritePrFile(const QString &fileName, const PrFileSource &source, FileHost &host);
+///
+/// Asks before it writes what would not be read back as it is, and before it replaces a file that another program
+/// changed since this document was read from it or saved to it. No is a failure with everything left as it was.
+bool WritePrFile(const QString &fileName, const PrFileSource &source, SaveHost &host);

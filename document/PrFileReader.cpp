@@ -1,7 +1,9 @@
 #include "document/DocumentTables.h"
 #include "document/FieldReader.h"
 #include "document/FileFailure.h"
+#include "document/FileHost.h"
 #include "document/InverterSection.h"
+#include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
@@ -99,9 +101,11 @@ std::optional<FileFailure> readFile(const QString &fileName, qint16 docNo, FileH
         return FileFailure::of(RunTimeError::SubscriptOutOfRange);
     }
     QByteArray bytes;
+    const FileStamp stamp = FileStamp::of(fileName);
     if (auto reason = readWholeFile(fileName, bytes)) {
         return FileFailure::ofSystem(*reason);
     }
+    noteReadFile(docNo, fileName, stamp, bytes);
     if (auto failure = ReadInverterSection(PrivateProfile(bytes), MachineInfos[docNo])) {
         return failure;
     }

@@ -4,7 +4,11 @@
 #include "document/FileBackup.h"
 #include "document/FileFailure.h"
 #include "document/InverterSection.h"
+#include "document/KnownFiles.h"
 #include "document/PrFile.h"
+#include "document/ReadBackCheck.h"
+#include "document/SaveHost.h"
+#include "document/SaveLock.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
 #include "runtime/WholeFile.h"
@@ -27,7 +31,7 @@ private:
 
 std::optional<FileFailure> setParamater(const PrFileSource &source)
 {
-    const auto count = toInt16(QStringView(source.parameterCount));
+    const auto count = toInt16(double(source.grid.rowCount()));
     if (const auto *error = std::get_if<RunTimeError>(&count)) {
         return FileFailure::of(*error);
     }
@@ -86,14 +90,16 @@ void putRecord(const PrRecord &record, AnsiBuffer &out)
     out.put(endsLine ? QByteArrayView("\r\n") : QByteArrayView(","));
 }
 
-std::optional<FileFailure> putRecords(AnsiBuffer &out, FileHost &host)
+std::optional<FileFailure> putRecords(AnsiBuffer &out, SaveHost &host)
 {
     constexpr qsizetype usualRow = 80;
     out.reserve(PrRecords.size() * usualRow);
     for (qsizetype i = 0; i < PrRecords.size(); ++i) {
         putRecord(PrRecords.at(i), out);
         if (const auto missing = out.missingCharacter()) {
-            return FileFailure{OwnText::RowCharacterMissing, QStringList{QString::number(i + 1)} + *missing};
+            const int row = int(i + 1);
+            return FileFailure{OwnText::RowCharacterMissing, QStringList{QString::number(row)} + *missing,
+                findMissingCharacter(PrRecords.at(i), row, ansiCodePage())};
         }
         host.runPendingEvents();
     }
@@ -101,16 +107,44 @@ std::optional<FileFailure> putRecords(AnsiBuffer &out, FileHost &host)
 }
 
 /// Replaces the file, with its earlier content kept in the backups.
-std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes)
+std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes, ForeignChangeGuard &guard)
 {
     if (auto failure = backUpFile(fileName)) {
         return failure;
     }
     if (auto reason = writeWholeFile(fileName, bytes)) {
         leaveOutOfBackups(fileName);
+        guard.noteLeftOver();
         return FileFailure::ofSystem(*reason);
     }
+    guard.noteWritten(bytes);
     return std::nullopt;
+}
+
+/// Replaces the file unless the user wants to keep what another program put there. That is looked for, and replaced,
+/// under a lock; while the user thinks, others may save.
+std::optional<FileFailure> replaceUnlessChanged(
+    const QString &fileName, QByteArrayView bytes, const PrFileSource &source, SaveHost &host)
+{
+    ForeignChangeGuard guard(source.docNo, fileName);
+    if (source.mayReplace) {
+        guard.agreeToPresent();
+    }
+    while (true) {
+        SaveLock lock(fileName);
+        if (lock.isTaken()) {
+            return FileFailure{OwnText::FileBeingSaved};
+        }
+        const auto change = guard.find();
+        if (!change) {
+            return replaceFile(fileName, bytes, guard);
+        }
+        lock.release();
+        if (!host.askYesNo({*change}, fileName)) {
+            return FileFailure::silent();
+        }
+        guard.agree();
+    }
 }
 
 /// Whether there are more capacities than rated currents: what stands before the gap is still written.
@@ -119,9 +153,20 @@ bool lacksCurrents(const MachineInfo &info)
     return info.Capacity.size() > info.ICapacity.size();
 }
 
-std::optional<FileFailure> writeDocument(const QString &fileName, qint16 docNo, FileHost &host)
+/// Whether all comes back from the file, or the user wants it written like this.
+bool mayBeWritten(const QString &fileName, const MachineInfo &info, SaveHost &host)
 {
-    const MachineInfo &info = MachineInfos.at(docNo);
+    const auto findings = findReadBackFaults(info, PrRecords, ansiCodePage());
+    if (findings.isEmpty() || host.askToWrite(findings, fileName)) {
+        return true;
+    }
+    host.showPlace(findings.first().place);
+    return false;
+}
+
+std::optional<FileFailure> writeDocument(const QString &fileName, const PrFileSource &source, SaveHost &host)
+{
+    const MachineInfo &info = MachineInfos[source.docNo];
     AnsiBuffer out(ansiCodePage());
     out.put("[Inverter]\r\n");
     auto failure = WriteInverterSection(info, out);
@@ -134,11 +179,14 @@ std::optional<FileFailure> writeDocument(const QString &fileName, qint16 docNo, 
             return rowFailure;
         }
     }
-    const auto fileFailure = replaceFile(fileName, out.bytes());
+    if (!mayBeWritten(fileName, info, host)) {
+        return FileFailure::silent();
+    }
+    const auto fileFailure = replaceUnlessChanged(fileName, out.bytes(), source, host);
     return fileFailure ? fileFailure : failure;
 }
 
-std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource &source, FileHost &host)
+std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource &source, SaveHost &host)
 {
     const HostBusy busy(host);
     if (fileName.isEmpty()) {
@@ -153,7 +201,7 @@ std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource
     if (auto failure = setParamater(source)) {
         return failure;
     }
-    auto failure = writeDocument(fileName, source.docNo, host);
+    auto failure = writeDocument(fileName, source, host);
     if (!failure) {
         DocFlags[source.docNo].changed = false;
     }
@@ -162,11 +210,14 @@ std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource
 
 } // namespace
 
-bool WritePrFile(const QString &fileName, const PrFileSource &source, FileHost &host)
+bool WritePrFile(const QString &fileName, const PrFileSource &source, SaveHost &host)
 {
     const auto failure = writeFile(fileName, source, host);
     if (failure && failure->text) {
         host.showFailure(*failure, fileName);
+    }
+    if (failure && failure->place) {
+        host.showPlace(*failure->place);
     }
     return failure.has_value();
 }

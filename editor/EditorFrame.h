@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/SaveOutcome.h"
+
 #include <QList>
 #include <QString>
 
@@ -16,11 +18,16 @@ public:
     virtual frmPrFile *activeEditor() const = 0;
     /// Every open editor window, by document number.
     virtual QList<frmPrFile *> openEditors() const = 0;
+    /// Shows that editor window above the others, in a frame that is not minimised.
     virtual void makeActive(frmPrFile &editor) = 0;
 
+    /// Saves the editor's document, active or not. Asks for a name when fileName is empty or that of an untitled
+    /// document.
+    virtual SaveOutcome save(frmPrFile &editor, const QString &fileName) = 0;
+    /// Keeps the unsaved document for the next start, beyond the end of its window. False when that is not possible.
+    virtual bool keepForNextStart(const frmPrFile &editor) = 0;
+
     virtual void showParameterCount(int count) = 0;
-    /// The text of the parameter-count label, which a save takes as the row count.
-    virtual QString shownParameterCount() const = 0;
     virtual void showPrNumber(const QString &number) = 0;
 
     virtual void enablePasteButton(bool enabled) = 0;

@@ -2,6 +2,7 @@
 
 #include "app/Common.h"
 #include "app/Language.h"
+#include "app/Messages.h"
 #include "dialogs/PrintCommand.h"
 #include "dialogs/frmKisyuEdit.h"
 #include "document/DocumentTables.h"
@@ -99,8 +100,8 @@ void frmPrFile::connectMenus()
     const auto on = [this](
                         QStringView name, auto handler) { connect(&action(name), &QAction::triggered, this, handler); };
     on(u"mneFileClose", [this] { parentWidget() ? parentWidget()->close() : close(); });
-    on(u"mneFileSave", [this] { emit saveRequested(windowTitle()); });
-    on(u"mneFileSaveAs", [this] { emit saveRequested(QString()); });
+    on(u"mneFileSave", [this] { m_frame.save(*this, windowTitle()); });
+    on(u"mneFileSaveAs", [this] { m_frame.save(*this, {}); });
     on(u"mneVisualItem(0)", [this] { toggleBar(0); });
     on(u"mneVisualItem(1)", [this] { toggleBar(1); });
     on(u"mneVisualItem(3)", [this] { chooseGridFont(*m_grid); });
@@ -295,8 +296,7 @@ bool frmPrFile::queryUnload()
     const QString prompt = ResString(changedPromptId, {u"|1"_s, windowTitle()});
     switch (MessageBox::askYesNoCancel(window(), prompt, ResString(frameCaptionId))) {
     case MessageBox::Answer::Yes:
-        emit saveRequested(windowTitle());
-        break;
+        return saveToClose();
     case MessageBox::Answer::No:
         DocFlags[m_docNo].changed = false;
         break;
@@ -306,14 +306,24 @@ bool frmPrFile::queryUnload()
     return true;
 }
 
+/// Whether the window may go: its document is in the file or, where saving it failed, kept for the next start.
+bool frmPrFile::saveToClose()
+{
+    if (m_frame.save(*this, windowTitle()) == SaveOutcome::Declined) {
+        return false;
+    }
+    if (!DocFlags[m_docNo].changed || m_frame.keepForNextStart(*this)) {
+        return true;
+    }
+    MessageBox::showExclamation(window(), ownText(OwnText::ChangesNotKept), windowTitle());
+    return false;
+}
+
 void frmPrFile::closeEvent(QCloseEvent *event)
 {
     if (!queryUnload()) {
         event->ignore();
         return;
-    }
-    if (DocFlags[m_docNo].changed) {
-        emit closedUnsaved();
     }
     DocFlags[m_docNo] = {.free = true, .changed = false};
     event->accept();

@@ -55,14 +55,10 @@ public:
 signals:
     void openRequested();
     void openRecentRequested(const QString &fileName);
-    /// An empty name asks the user for one.
-    void saveRequested(const QString &fileName);
     void exitRequested();
     void aboutRequested();
     /// 0: cascaded, 1: tiled
     void arrangeRequested(int arrangement);
-    /// The close was allowed although changes are not in the file.
-    void closedUnsaved();
     void unloaded();
 
 protected:
@@ -80,6 +76,7 @@ private:
     void showMoved(int newRow);
     QAction &action(QStringView name) const;
     bool queryUnload();
+    bool saveToClose();
 
     int m_docNo;
     EditorFrame &m_frame;

@@ -15,6 +15,71 @@ constexpr OwnTextEntry entries[] = {
         u"%1 行目: 文字「%2」(U+%3) はコードページ %4 にありません。"},
     {OwnText::KeyCharacterMissing, u"%1: the character \"%2\" (U+%3) does not exist in code page %4.",
         u"%1: 文字「%2」(U+%3) はコードページ %4 にありません。"},
+    {OwnText::FileBeingSaved, u"Another Tabrix is saving this file at this moment. Try again later.",
+        u"別の Tabrix がこのファイルを保存中です。しばらくしてからやり直してください。"},
+    // Saving
+    {OwnText::FileChangedQuestion,
+        u"Another program has changed this file since it was opened or saved here. Replace it all the same?",
+        u"このファイルは、ここで開いた後または保存した後に、別のプログラムによって変更されています。置き換えますか？"},
+    {OwnText::FileAppearedQuestion, u"There is a file of this name that was not opened or saved here. Replace it?",
+        u"ここで開いたり保存したりしていない同名のファイルがあります。置き換えますか？"},
+    {OwnText::ReadBackQuestion,
+        u"Not everything would be read back from the file as it is now. Places concerned: %1\n\n%2\n\n"
+        u"Save it like this all the same?",
+        u"このまま保存すると、次に開いたとき元どおりに読み込めない箇所があります。該当箇所: %1\n\n%2\n\n"
+        u"このまま保存しますか？"},
+    {OwnText::ReadBackQuestionOfMany,
+        u"Not everything would be read back from the file as it is now. Places concerned: %1. The first of them:\n\n"
+        u"%2\n\nSave it like this all the same?",
+        u"このまま保存すると、次に開いたとき元どおりに読み込めない箇所があります。該当箇所: %1。先頭の箇所:\n\n"
+        u"%2\n\nこのまま保存しますか？"},
+    {OwnText::ChangesNotKept,
+        u"The changes are neither saved nor kept for the next start. The window stays open so that they are not lost.",
+        u"変更は保存されておらず、次回起動時のための控えも作成できませんでした。変更が失われないよう、"
+        u"ウィンドウは開いたままにします。"},
+    // What would not be read back of a cell
+    {OwnText::CellHasComma, u"Row %1, parameter %2, \"%3\": the text has a comma, which ends the field.",
+        u"%1 行目、パラメータ %2、「%3」: 文字列中のコンマで項目が区切られます。"},
+    {OwnText::CellHasLineEnd, u"Row %1, parameter %2, \"%3\": the text has a line break, which ends the field.",
+        u"%1 行目、パラメータ %2、「%3」: 文字列中の改行で項目が区切られます。"},
+    {OwnText::CellHasLeadingQuote,
+        u"Row %1, parameter %2, \"%3\": the text begins with a quotation mark, and the field would go on to the next "
+        u"one.",
+        u"%1 行目、パラメータ %2、「%3」: 文字列が引用符で始まり、次の引用符までが一つの項目になります。"},
+    {OwnText::CellHasEdgeBlanks,
+        u"Row %1, parameter %2, \"%3\": blanks at the beginning or end of the text are dropped.",
+        u"%1 行目、パラメータ %2、「%3」: 文字列の先頭または末尾の空白は失われます。"},
+    {OwnText::CellHasOtherCharacter,
+        u"Row %1, parameter %2, \"%3\": the text has a character that would come back as another one.",
+        u"%1 行目、パラメータ %2、「%3」: 別の文字として読み込まれる文字があります。"},
+    {OwnText::CellHasLongBound,
+        u"Row %1, parameter %2, \"%3\": a bound has more than seven digits or is smaller than 0.0001.",
+        u"%1 行目、パラメータ %2、「%3」: 7 桁を超える値、または 0.0001 より小さい値があります。"},
+    // What would not be read back of the machine information
+    {OwnText::ValueHasLineEnd, u"Machine information, %1: the value has a line break, where it would end.",
+        u"機種情報、%1: 値の途中に改行があり、そこで値が終わります。"},
+    {OwnText::ValueHasEdgeBlanks, u"Machine information, %1: blanks at the beginning or end of the value are dropped.",
+        u"機種情報、%1: 値の先頭または末尾の空白は失われます。"},
+    {OwnText::ValueHasOtherCharacter,
+        u"Machine information, %1: the value has a character that would not come back as it is.",
+        u"機種情報、%1: 元どおりに読み込めない文字があります。"},
+    {OwnText::ValueIsTooLong, u"Machine information, %1: the value is longer than 127 bytes and would be cut.",
+        u"機種情報、%1: 値が 127 バイトを超えているため、途中で切れます。"},
+    {OwnText::ValueHasEnclosingQuotes, u"Machine information, %1: the quotation marks around the value are dropped.",
+        u"機種情報、%1: 値を囲む引用符は失われます。"},
+    {OwnText::ValueIsEmpty, u"Machine information, %1: an empty value ends the list.",
+        u"機種情報、%1: 値が空のため、一覧がそこで終わります。"},
+    {OwnText::ModelNameMissing,
+        u"Machine information, %1: without a model name neither the machine information nor the number of rows is "
+        u"read.",
+        u"機種情報、%1: 機種名がないと、機種情報も行数も読み込まれません。"},
+    {OwnText::CurrentMissing,
+        u"Machine information, %1: the rated current of this capacity is missing. The file would end there, without "
+        u"its "
+        u"parameters.",
+        u"機種情報、%1: この容量の定格電流がありません。ファイルはそこで終わり、パラメータは保存されません。"},
+    {OwnText::CapacityMissing, u"Machine information, %1: a rated current without its capacity is not saved.",
+        u"機種情報、%1: 対応する容量のない定格電流は保存されません。"},
     // Backups
     {OwnText::VersionNotKept, u"The earlier version could not be kept in %1: %2",
         u"以前の版を %1 に保存できませんでした: %2"},

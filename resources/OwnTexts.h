@@ -17,6 +17,30 @@ enum class OwnText : quint16 {
     SystemReason, ///< %1: the system's own description, in the system's language
     RowCharacterMissing, ///< %1: row, from 1; %2: the character; %3: its code; %4: number of the code page
     KeyCharacterMissing, ///< %1: key of the "[Inverter]" section; %2 to %4: as above
+    FileBeingSaved,
+    // Saving
+    FileChangedQuestion,
+    FileAppearedQuestion,
+    ReadBackQuestion, ///< %1: number of findings; %2: a line for each
+    ReadBackQuestionOfMany, ///< %1: number of findings; %2: a line for each of the first
+    ChangesNotKept,
+    // What would not be read back of a cell. %1: row, from 1; %2: parameter number; %3: the column's caption
+    CellHasComma,
+    CellHasLineEnd,
+    CellHasLeadingQuote,
+    CellHasEdgeBlanks,
+    CellHasOtherCharacter,
+    CellHasLongBound,
+    // What would not be read back of the machine information. %1: key of the "[Inverter]" section
+    ValueHasLineEnd,
+    ValueHasEdgeBlanks,
+    ValueHasOtherCharacter,
+    ValueIsTooLong,
+    ValueHasEnclosingQuotes,
+    ValueIsEmpty,
+    ModelNameMissing,
+    CurrentMissing,
+    CapacityMissing,
     // Backups
     VersionNotKept, ///< %1: folder; %2: the system's description
     // Grid

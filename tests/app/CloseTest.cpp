@@ -1,10 +1,14 @@
 #include "document/DocumentTables.h"
+#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
 #include "platform/RibbonButton.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -88,6 +92,7 @@ TEST_F(Close, losesTheChangesOnNo)
 
 TEST_F(Close, asksForANameOnYesWhenUntitled)
 {
+    MachineInfos[1].Name = u"XT"_s;
     typeInto(2, 1, u"first"_s);
     ModalScript script;
     script.thenMessage(prompt(u"No Name"_s), u"&Yes"_s).thenFile(path(u"new.inv"_s));
@@ -96,16 +101,94 @@ TEST_F(Close, asksForANameOnYesWhenUntitled)
     EXPECT_TRUE(frame().openEditors().isEmpty());
 }
 
-TEST_F(Close, tellsOfAWindowThatClosesUnsavedAfterYes)
+TEST_F(Close, keepsForTheNextStartWhatYesDidNotSave)
 {
     typeInto(2, 1, u"first"_s);
-    int told = 0;
-    QObject::connect(&editor(), &frmPrFile::closedUnsaved, &frame(), [&] { ++told; });
     ModalScript script;
     script.thenMessage(prompt(u"No Name"_s), u"&Yes"_s).thenEscape();
     chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
-    EXPECT_EQ(told, 1);
     EXPECT_TRUE(frame().openEditors().isEmpty());
+    start();
+    EXPECT_EQ(grid().text(2, 1), u"first"_s);
+}
+
+/// Where no copy for the next start can be made.
+class CloseWithoutRecovery : public Close
+{
+protected:
+    CloseWithoutRecovery()
+    {
+        EXPECT_TRUE(QDir(RecoveryStore::defaultRoot()).removeRecursively());
+        QFile inTheWay(RecoveryStore::defaultRoot());
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(inTheWay).path()) && inTheWay.open(QIODevice::WriteOnly));
+    }
+    ~CloseWithoutRecovery() override { QFile::remove(RecoveryStore::defaultRoot()); }
+
+    static QString notKept()
+    {
+        return u"The changes are neither saved nor kept for the next start. The window stays open so that they are not "
+               "lost."_s;
+    }
+    static void failToSave(ModalScript &script)
+    {
+        script.then([](QWidget &window) {
+            EXPECT_EQ(dynamic_cast<QMessageBox &>(window).text(), u"Is a directory"_s);
+            QTest::keyClick(&window, Qt::Key_Return);
+        });
+    }
+    QString openWithoutAFile(const QString &name)
+    {
+        const QString file = openChanged(name);
+        EXPECT_TRUE(QFile::remove(file) && QDir().mkdir(file));
+        return file;
+    }
+};
+
+TEST_F(CloseWithoutRecovery, staysOpenWhenSavingFails)
+{
+    const QString file = openWithoutAFile(u"a.inv"_s);
+    const int number = docNo();
+    ModalScript script;
+    script.thenMessage(prompt(file), u"&Yes"_s);
+    failToSave(script);
+    script.thenMessage(notKept(), u"OK"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    ASSERT_EQ(frame().openEditors().size(), 2);
+    EXPECT_EQ(grid().text(2, 1), u"changed a.inv"_s);
+    EXPECT_EQ(DocFlags[number], (DocFlag{.free = false, .changed = true}));
+}
+
+TEST_F(CloseWithoutRecovery, staysOpenWhenNoNameIsGiven)
+{
+    typeInto(2, 1, u"first"_s);
+    ModalScript script;
+    script.thenMessage(prompt(u"No Name"_s), u"&Yes"_s).thenEscape().thenMessage(notKept(), u"OK"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    ASSERT_EQ(frame().openEditors().size(), 1);
+    EXPECT_EQ(grid().text(2, 1), u"first"_s);
+    EXPECT_TRUE(DocFlags[1].changed);
+}
+
+TEST_F(CloseWithoutRecovery, stopsTheExit)
+{
+    const QString a = openWithoutAFile(u"a.inv"_s);
+    openChanged(u"b.inv"_s);
+    ModalScript script;
+    script.thenMessage(prompt(a), u"&Yes"_s);
+    failToSave(script);
+    script.thenMessage(notKept(), u"OK"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileExit"_s);
+    EXPECT_TRUE(frame().isVisible());
+    EXPECT_EQ(frame().openEditors().size(), 2);
+}
+
+TEST_F(CloseWithoutRecovery, goesOnNo)
+{
+    const QString file = openWithoutAFile(u"a.inv"_s);
+    ModalScript script;
+    script.thenMessage(prompt(file), u"&No"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    EXPECT_EQ(frame().openEditors().size(), 1);
 }
 
 TEST_F(Close, savesTheWindowThatIsAskedAboutAndNoOther)

@@ -261,6 +261,7 @@ TEST_F(OpenSave, treatsAFileReallyNamedLikeAnUntitledDocumentAsUntitled)
 
 TEST_F(OpenSave, savesAnUntitledDocumentUnderItsTitleByTheToolButton)
 {
+    MachineInfos[docNo()].Name = u"XT-1"_s; // without a name it asks
     const ModalScript script;
     clickTool(u"ssrbnSave"_s);
     EXPECT_EQ(script.asked(), 0);
@@ -277,7 +278,7 @@ TEST_F(OpenSave, leavesTitleRecentFilesAndChangedFlagWhenWritingFails)
         EXPECT_EQ(box.windowTitle(), path(u"folder"_s));
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    documents().SavePrFile(path(u"folder"_s));
+    documents().SavePrFile(editor(), path(u"folder"_s));
     EXPECT_EQ(editor().windowTitle(), u"No Name"_s);
     EXPECT_TRUE(recentFiles().isEmpty());
     EXPECT_TRUE(DocFlags[docNo()].changed);

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QLabel>
 #include <QTest>
 #include <QTimer>
 
@@ -208,7 +209,7 @@ TEST_F(Recovery, opensWhatACrashLeftAsAChangedDocumentUnderItsName)
     EXPECT_EQ(grid().foreColour(2, 1), QColor(128, 0, 0));
     EXPECT_FALSE(grid().foreColour(3, 1).isValid());
     EXPECT_EQ(MachineInfos[docNo()].Option, QStringList({u"A"_s, u"B"_s}));
-    EXPECT_EQ(frame().shownParameterCount(), QString::number(rows));
+    EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), QString::number(rows));
     EXPECT_EQ(readFile(file), document(3));
 }
 
@@ -269,6 +270,7 @@ TEST_F(Recovery, keepsAnUntitledDocumentUntitledInEitherLanguage)
     ASSERT_EQ(frame().openEditors().size(), 2);
     EXPECT_EQ(editor().windowTitle(), u"無題"_s);
     EXPECT_EQ(grid().text(2, 1), u"typed"_s);
+    MachineInfos[docNo()].Name = u"XT"_s;
     ModalScript script;
     script.thenFile(path(u"new.inv"_s));
     pressKey(grid(), Qt::Key_S, Qt::ControlModifier);

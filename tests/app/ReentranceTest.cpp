@@ -68,7 +68,7 @@ protected:
     }
 
     bool open(const QString &fileName) { return frame().documents().OpenPrFile(fileName); }
-    bool save() { return frame().documents().writeActive(editor().windowTitle()); }
+    bool save() { return frame().documents().write(editor(), editor().windowTitle()) == SaveOutcome::Saved; }
     QStringList titles()
     {
         QStringList titles;
@@ -247,8 +247,8 @@ TEST_F(Reentrance, aSaveDuringAReadStillMeansTheWindowThatWasActive)
 {
     typeInto(2, 2, u"Renamed"_s);
     const auto saving = [this] {
-        EXPECT_FALSE(frame().documents().writeActive(first));
-        frame().documents().SavePrFile(path(u"copy.inv"_s));
+        EXPECT_EQ(frame().documents().write(editor(), first), SaveOutcome::Failed) << "it waits";
+        frame().documents().SavePrFile(editor(), path(u"copy.inv"_s));
         EXPECT_TRUE(readFile(first) == document(rows));
     };
     with(saving, [this] { return open(second); });
@@ -341,7 +341,7 @@ void Storm::strikeWindow()
         save();
         break;
     default:
-        frame().documents().SavePrFile(path(u"storm.inv"_s));
+        frame().documents().SavePrFile(editor(), path(u"storm.inv"_s));
     }
 }
 

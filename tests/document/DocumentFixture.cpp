@@ -61,7 +61,7 @@ bool DocumentFixture::save(const QString &fileName)
 
 bool DocumentFixture::save(const QString &fileName, const FakeGrid &grid)
 {
-    return !WritePrFile(fileName, {docNo, grid, QString::number(grid.rowCount())}, host);
+    return !WritePrFile(fileName, {docNo, grid}, host);
 }
 
 QByteArray DocumentFixture::throughTheProgram(const QByteArray &bytes)

@@ -1,14 +1,14 @@
 #pragma once
 
 #include "app/Messages.h"
-#include "document/FileHost.h"
+#include "document/SaveHost.h"
 
 #include <QStringList>
 
 #include <functional>
 
 /// Records what reading and writing ask of the desktop.
-class FakeHost : public FileHost
+class FakeHost : public SaveHost
 {
 public:
     void showMessage(const QString &text) override { messages << text; }
@@ -18,6 +18,22 @@ public:
         titles << title;
         busyAtError = busyAtError || busy;
     }
+    bool askYesNo(const FileFailure &question, const QString &title) override
+    {
+        questions << failureText(question);
+        titles << title;
+        if (duringQuestion) {
+            duringQuestion();
+        }
+        return answersYes;
+    }
+    bool askToWrite(const QList<ReadBackFinding> &found, const QString &title) override
+    {
+        findings = found;
+        titles << title;
+        return answersYes;
+    }
+    void showPlace(const CellPlace &place) override { places << place; }
     void setBusy(bool on) override
     {
         busy = on;
@@ -32,10 +48,15 @@ public:
     }
 
     QStringList messages; ///< of both kinds, in order
-    QStringList titles; ///< of the errors
+    QStringList questions;
+    QList<ReadBackFinding> findings; ///< of the last question about them
+    QList<CellPlace> places; ///< that the user was led to
+    bool answersYes = false; ///< to every question
+    QStringList titles; ///< of the errors and questions
     bool busy = false;
     bool busyAtError = false; ///< an error was shown under the busy pointer
     int busyCalls = 0;
     int eventPasses = 0;
     std::function<void()> duringEvents;
+    std::function<void()> duringQuestion;
 };

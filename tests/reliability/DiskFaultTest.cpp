@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTest>
 
 #include <functional>
 #include <ostream>
@@ -100,6 +101,11 @@ TEST_F(FaultTest, aFileThatAnotherProgramHoldsBusyIsToldAndLeftAlone)
     other.start(file, {u"60"_s});
     ASSERT_TRUE(other.waitForStarted());
     const QByteArray program = readFile(file);
+    {
+        ModalScript script;
+        script.thenMessage(changedByOthers, u"cmdYes"_s).thenMessage(u"Text file busy"_s, u"OK"_s);
+        chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    }
     expectFailingSave(u"Text file busy"_s);
     EXPECT_EQ(readFile(file), program);
     expectSaveElsewhere();
@@ -166,8 +172,29 @@ TEST_F(FaultTest, aFileChangedByOthersAfterAFailedSaveIsKept)
     }
     const QByteArray foreign = document(5);
     writeFile(u"work/a.inv"_s, foreign);
+    ModalScript script;
+    script.thenMessage(changedByOthers, u"cmdYes"_s);
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     EXPECT_EQ(versions(file), (QList<QByteArray>{earlier, foreign}));
+}
+
+TEST_F(FaultTest, aWindowThatCanNeitherSaveNorKeepItsWorkStaysOpen)
+{
+    {
+        const FaultyDisk::SizeLimit limit(10);
+        ModalScript script;
+        script.thenMessage(file + u" is update.\nSave?"_s, u"cmdYes"_s)
+            .then([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); }) // why it could not be saved
+            .thenMessage(u"The changes are neither saved nor kept for the next start. The window stays open so that "
+                         "they are not lost."_s,
+                u"OK"_s);
+        chooseMenu(u"mneFile"_s, u"mneFileExit"_s);
+    }
+    ASSERT_TRUE(frame().isVisible());
+    EXPECT_EQ(editor().windowTitle(), file);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    EXPECT_EQ(readFile(file), earlier);
+    expectSaveElsewhere();
 }
 
 TEST_F(FaultTest, withoutRoomForTheEarlierVersionTheFileIsNotTouched)

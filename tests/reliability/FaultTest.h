@@ -26,6 +26,9 @@ protected:
     /// What the backups of a file hold, the newest last.
     QList<QByteArray> versions(const QString &file);
 
+    static inline const QString changedByOthers = QStringLiteral(
+        "Another program has changed this file since it was opened or saved here. Replace it all the same?");
+
     QString file; ///< "a.inv"
     QByteArray earlier = document(2);
     QByteArray changed; ///< what a save has to write

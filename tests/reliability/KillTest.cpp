@@ -53,7 +53,7 @@ protected:
             ::alarm(60); // a message box would wait for ever
             frame().setUpdatesEnabled(false); // a forked process lacks the threads that paint
             tell(ends[1], 'b');
-            frame().documents().SavePrFile(file);
+            frame().documents().SavePrFile(editor(), file);
             tell(ends[1], 'e');
             ::_exit(0);
         }

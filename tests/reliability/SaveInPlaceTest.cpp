@@ -68,6 +68,8 @@ TEST_F(SaveInPlace, keepsWhatAnotherProgramPutInTheFilesPlace)
     const QString other = writeFile(u"other.inv"_s, foreign);
     ASSERT_TRUE(QFile::remove(file));
     ASSERT_TRUE(QFile::rename(other, file));
+    ModalScript script;
+    script.thenMessage(changedByOthers, u"cmdYes"_s);
     save();
     EXPECT_EQ(readFile(file), changed);
     EXPECT_EQ(versions(file), QList<QByteArray>{foreign});

@@ -1,0 +1,109 @@
+#include "app/EditorSaveHost.h"
+
+#include "app/Messages.h"
+#include "editor/EditorFrame.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmPrFile.h"
+#include "platform/SpreadGrid.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+OwnText cellText(ReadBackFault fault)
+{
+    switch (fault) {
+    case ReadBackFault::Comma:
+        return OwnText::CellHasComma;
+    case ReadBackFault::LineEnd:
+        return OwnText::CellHasLineEnd;
+    case ReadBackFault::LeadingQuote:
+        return OwnText::CellHasLeadingQuote;
+    case ReadBackFault::EdgeBlanks:
+        return OwnText::CellHasEdgeBlanks;
+    case ReadBackFault::BoundDigits:
+        return OwnText::CellHasLongBound;
+    default:
+        return OwnText::CellHasOtherCharacter;
+    }
+}
+
+OwnText valueText(ReadBackFault fault)
+{
+    switch (fault) {
+    case ReadBackFault::LineEnd:
+        return OwnText::ValueHasLineEnd;
+    case ReadBackFault::EdgeBlanks:
+        return OwnText::ValueHasEdgeBlanks;
+    case ReadBackFault::TooLong:
+        return OwnText::ValueIsTooLong;
+    case ReadBackFault::EnclosingQuotes:
+        return OwnText::ValueHasEnclosingQuotes;
+    case ReadBackFault::EmptyEntry:
+        return OwnText::ValueIsEmpty;
+    case ReadBackFault::ModelNameMissing:
+        return OwnText::ModelNameMissing;
+    case ReadBackFault::CurrentMissing:
+        return OwnText::CurrentMissing;
+    case ReadBackFault::CapacityMissing:
+        return OwnText::CapacityMissing;
+    default:
+        return OwnText::ValueHasOtherCharacter;
+    }
+}
+
+/// On one line, no longer than a list can do with; a dash for nothing.
+QString shortened(const QString &text)
+{
+    constexpr qsizetype longest = 20;
+    const QString line = text.simplified();
+    if (line.isEmpty()) {
+        return u"\u2013"_s;
+    }
+    return line.size() > longest ? line.first(longest) + u'…' : line;
+}
+
+} // namespace
+
+bool EditorSaveHost::askYesNo(const FileFailure &question, const QString &title)
+{
+    const bool isYes = m_host.askYesNo(question, title);
+    m_isDeclined = m_isDeclined || !isYes;
+    return isYes;
+}
+
+bool EditorSaveHost::askToWrite(const QList<ReadBackFinding> &findings, const QString &title)
+{
+    constexpr qsizetype mostLines = 5;
+    QStringList lines;
+    for (const ReadBackFinding &finding : findings.first(std::min(findings.size(), mostLines))) {
+        lines << line(finding);
+    }
+    const bool isAll = lines.size() == findings.size();
+    return askYesNo({isAll ? OwnText::ReadBackQuestion : OwnText::ReadBackQuestionOfMany,
+                        {QString::number(findings.size()), lines.join(u'\n')}},
+        title);
+}
+
+QString EditorSaveHost::line(const ReadBackFinding &finding) const
+{
+    const CellPlace &place = finding.place;
+    if (place.row == 0) {
+        return ownText(valueText(finding.fault), {finding.name});
+    }
+    const QString caption = m_editor.vaspdParam().text(place.column, 0);
+    return ownText(cellText(finding.fault), {QString::number(place.row), shortened(finding.name), caption});
+}
+
+/// A hidden column's cell is shown by its row's number.
+void EditorSaveHost::showPlace(const CellPlace &place)
+{
+    m_frame.makeActive(m_editor);
+    SpreadGrid &grid = m_editor.vaspdParam();
+    if (place.row > 0) {
+        grid.setActiveCell(grid.isColumnShown(place.column) ? place.column : int(ParameterColumn::Number), place.row);
+    }
+    grid.setFocus();
+}

@@ -1,0 +1,291 @@
+#include "document/ReadBackCheck.h"
+
+#include "app/IniFile.h"
+#include "document/AnsiBuffer.h"
+#include "document/FieldReader.h"
+#include "document/ParameterColumn.h"
+#include "runtime/AnsiText.h"
+#include "runtime/BlankText.h"
+#include "runtime/PrivateProfile.h"
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct TextField
+{
+    int column;
+    QString PrRecord::*field;
+};
+/// What is written as it was typed; the other fields are put together from numbers.
+constexpr TextField typedFields[] = {{ParameterColumn::Number, &PrRecord::number},
+    {ParameterColumn::Name, &PrRecord::name}, {ParameterColumn::Unit, &PrRecord::unit},
+    {ParameterColumn::HelpId, &PrRecord::helpId}};
+
+constexpr QString PrCondition::*conditionTexts[] = {&PrCondition::subject, &PrCondition::value1, &PrCondition::value2};
+
+bool isLineEnd(QChar character)
+{
+    return character == u'\r' || character == u'\n';
+}
+
+bool hasLineEnd(QStringView text)
+{
+    return std::ranges::any_of(text, isLineEnd);
+}
+
+/// Whether only reading can tell if the text comes back. Nearly no text is of that kind, so most cost no more than this
+/// one pass, which looks at every character alike so that the compiler can take several at once.
+bool isSuspicious(QStringView text)
+{
+    constexpr char16_t firstByteCharacter = 0xF780; // stand for bytes that are no character of the page
+    constexpr char16_t lastByteCharacter = 0xF7FF;
+    if (text.isEmpty()) {
+        return false;
+    }
+    bool isOdd = text.front() == u' ' || text.front() == u'"' || text.back() == u' ';
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        isOdd |= unit == u',' || unit == u'\n' || (unit >= firstByteCharacter && unit <= lastByteCharacter);
+    }
+    return isOdd;
+}
+
+ReadBackFault faultOf(QStringView text)
+{
+    if (hasLineEnd(text)) {
+        return ReadBackFault::LineEnd;
+    }
+    if (trimBlanks(text).startsWith(u'"')) {
+        return ReadBackFault::LeadingQuote;
+    }
+    if (text.contains(u',')) {
+        return ReadBackFault::Comma;
+    }
+    return text != trimBlanks(text) ? ReadBackFault::EdgeBlanks : ReadBackFault::Character;
+}
+
+/// Searches the rows of a document.
+class RowCheck
+{
+public:
+    RowCheck(const AnsiCodePage &page, QList<ReadBackFinding> &findings) : m_page(page), m_findings(findings) { }
+
+    void check(const PrRecord &record, int row);
+
+private:
+    std::optional<ReadBackFault> textFault(QStringView text) const;
+    std::optional<ReadBackFault> conditionFault(const PrRecord &record) const;
+    bool comesBack(float bound) const;
+    bool comesBack(const SettingRange &range) const { return comesBack(range.lower) && comesBack(range.upper); }
+    void add(ReadBackFault fault, int column);
+
+    const AnsiCodePage &m_page;
+    QList<ReadBackFinding> &m_findings;
+    const PrRecord *m_record = nullptr;
+    int m_row = 0;
+};
+
+void RowCheck::check(const PrRecord &record, int row)
+{
+    m_record = &record;
+    m_row = row;
+    for (const TextField &typed : typedFields) {
+        if (const auto fault = textFault(record.*typed.field)) {
+            add(*fault, typed.column);
+        }
+    }
+    if (!std::ranges::all_of(record.ranges, [this](const SettingRange &range) { return comesBack(range); })) {
+        add(ReadBackFault::BoundDigits, ParameterColumn::SettingRange);
+    }
+    if (const auto fault = conditionFault(record)) {
+        add(*fault, ParameterColumn::Condition);
+    }
+}
+
+void RowCheck::add(ReadBackFault fault, int column)
+{
+    m_findings.append({.fault = fault, .place = {.row = m_row, .column = column}, .name = m_record->number});
+}
+
+/// A text comes back when the reader's own field is the text, and ends where the text does.
+std::optional<ReadBackFault> RowCheck::textFault(QStringView text) const
+{
+    if (!isSuspicious(text)) {
+        return std::nullopt;
+    }
+    AnsiBuffer written(m_page);
+    written.putText(text);
+    written.put(',');
+    FieldReader reader(written.bytes(), m_page);
+    const bool isSame = reader.text() == text && reader.atEnd();
+    return isSame ? std::nullopt : std::optional(faultOf(text));
+}
+
+std::optional<ReadBackFault> RowCheck::conditionFault(const PrRecord &record) const
+{
+    for (const PrCondition &condition : record.conditions) {
+        for (const auto text : conditionTexts) {
+            if (const auto fault = textFault(condition.*text)) {
+                return fault;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+/// Numbers of up to seven digits with up to four decimals come back; of others the text is looked at. One with a
+/// negative exponent would be taken for a range as soon as the grid shows it.
+bool RowCheck::comesBack(float bound) const
+{
+    constexpr double mostDigits = 1e7;
+    constexpr double decimals = 1e4;
+    const double shifted = std::nearbyint(double(bound) * decimals);
+    if (std::abs(shifted) < mostDigits && float(shifted / decimals) == bound) {
+        return true;
+    }
+    AnsiBuffer written(m_page);
+    written.putSingle(bound);
+    const bool isRange = written.bytes().contains("E-");
+    return !isRange && FieldReader(written.bytes(), m_page).single() == bound;
+}
+
+QString numbered(const QString &key, qsizetype index)
+{
+    return key + QString::number(index);
+}
+
+/// Searches the values of the "[Inverter]" section.
+class MachineCheck
+{
+public:
+    MachineCheck(const AnsiCodePage &page, QList<ReadBackFinding> &findings) : m_page(page), m_findings(findings) { }
+
+    void check(const MachineInfo &info, bool hasRows);
+
+private:
+    void checkPairs(const MachineInfo &info);
+    void checkList(const QString &key, const QStringList &values);
+    void checkValue(const QString &key, const QString &value);
+    bool comesBack(const QString &key, const QString &value) const;
+    ReadBackFault valueFault(const QString &value) const;
+    void add(ReadBackFault fault, const QString &key) { m_findings.append({.fault = fault, .name = key}); }
+
+    const AnsiCodePage &m_page;
+    QList<ReadBackFinding> &m_findings;
+};
+
+void MachineCheck::check(const MachineInfo &info, bool hasRows)
+{
+    MachineInfo nothing;
+    nothing.Paramater = info.Paramater;
+    if (info.Name.isEmpty() && (hasRows || info != nothing)) {
+        add(ReadBackFault::ModelNameMissing, u"Name"_s);
+    }
+    checkValue(u"Name"_s, info.Name);
+    checkValue(u"TypeCode"_s, info.TypeCode);
+    checkValue(u"VCapacity"_s, info.VCapacity);
+    checkValue(u"Code"_s, info.Code);
+    checkPairs(info);
+    checkList(u"Option"_s, info.Option);
+    checkValue(u"SoftWareVersion"_s, info.SoftWareVersion);
+}
+
+void MachineCheck::checkPairs(const MachineInfo &info)
+{
+    const QString capacity = u"Capacity"_s;
+    const QString current = u"ICapacity"_s;
+    checkList(capacity, info.Capacity);
+    checkList(current, info.ICapacity);
+    for (qsizetype i = info.ICapacity.size(); i < info.Capacity.size(); ++i) {
+        add(ReadBackFault::CurrentMissing, numbered(capacity, i));
+    }
+    for (qsizetype i = info.Capacity.size(); i < info.ICapacity.size(); ++i) {
+        add(ReadBackFault::CapacityMissing, numbered(current, i));
+    }
+}
+
+void MachineCheck::checkList(const QString &key, const QStringList &values)
+{
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        if (values[i].isEmpty()) {
+            add(ReadBackFault::EmptyEntry, numbered(key, i));
+        } else {
+            checkValue(numbered(key, i), values[i]);
+        }
+    }
+}
+
+void MachineCheck::checkValue(const QString &key, const QString &value)
+{
+    if (!comesBack(key, value)) {
+        add(valueFault(value), key);
+    }
+}
+
+bool MachineCheck::comesBack(const QString &key, const QString &value) const
+{
+    const QString section = u"Inverter"_s;
+    AnsiBuffer written(m_page);
+    written.putText(u"[%1]\r\n%2="_s.arg(section, key));
+    written.putText(value);
+    QString back;
+    const bool isFound = ReadIniString(PrivateProfile(written.bytes().toByteArray()), section, key, back);
+    return isFound ? back == value : value.isEmpty();
+}
+
+ReadBackFault MachineCheck::valueFault(const QString &value) const
+{
+    constexpr qsizetype mostBytes = 127;
+    if (hasLineEnd(value)) {
+        return ReadBackFault::LineEnd;
+    }
+    if (m_page.byteLength(value) > mostBytes) {
+        return ReadBackFault::TooLong;
+    }
+    if (value.size() > 1 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'')) {
+        return ReadBackFault::EnclosingQuotes;
+    }
+    return value != value.trimmed() ? ReadBackFault::EdgeBlanks : ReadBackFault::Character;
+}
+
+bool isMissingIn(QStringView text, const AnsiCodePage &page)
+{
+    AnsiBuffer written(page);
+    written.putText(text);
+    return written.missingCharacter().has_value();
+}
+
+} // namespace
+
+QList<ReadBackFinding> findReadBackFaults(
+    const MachineInfo &info, const QList<PrRecord> &records, const AnsiCodePage &page)
+{
+    QList<ReadBackFinding> findings;
+    MachineCheck(page, findings).check(info, !records.isEmpty());
+    RowCheck rows(page, findings);
+    for (qsizetype i = 0; i < records.size(); ++i) {
+        rows.check(records.at(i), int(i + 1));
+    }
+    return findings;
+}
+
+std::optional<CellPlace> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page)
+{
+    for (const TextField &typed : typedFields) {
+        if (isMissingIn(record.*typed.field, page)) {
+            return CellPlace{.row = row, .column = typed.column};
+        }
+    }
+    for (const PrCondition &condition : record.conditions) {
+        for (const auto text : conditionTexts) {
+            if (isMissingIn(condition.*text, page)) {
+                return CellPlace{.row = row, .column = ParameterColumn::Condition};
+            }
+        }
+    }
+    return std::nullopt;
+}
