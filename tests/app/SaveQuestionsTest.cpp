@@ -66,8 +66,8 @@ protected:
     QString target(Way way) const { return way == Way::SaveAs ? path(u"b.inv"_s) : file; }
     void expectNothingDone()
     {
+        ASSERT_EQ(frame().openEditors().size(), 2);
         EXPECT_TRUE(DocFlags[docNo()].changed);
-        EXPECT_EQ(frame().openEditors().size(), 2);
         EXPECT_EQ(editor().windowTitle(), file);
         EXPECT_FALSE(QDir(backupFolder(file)).exists());
         EXPECT_FALSE(QFile::exists(path(u"b.inv"_s)));
@@ -105,7 +105,7 @@ TEST_P(EveryWay, asksBeforeItWritesWhatIsNotReadBackAndGoesThere)
         QTest::keyClick(&window, Qt::Key_Return); // means No
     });
     save(GetParam(), script);
-    expectNothingDone();
+    ASSERT_NO_FATAL_FAILURE(expectNothingDone());
     EXPECT_EQ(readFile(file), document(9));
     EXPECT_EQ(grid().activeColumn(), int(ParameterColumn::Name));
     EXPECT_EQ(grid().activeRow(), 3);
@@ -142,7 +142,7 @@ TEST_P(EveryWay, asksBeforeItReplacesWhatAnotherProgramChanged)
     save(GetParam(), script);
     EXPECT_EQ(readFile(file), document(5));
     if (GetParam() != Way::SaveAs) {
-        expectNothingDone();
+        ASSERT_NO_FATAL_FAILURE(expectNothingDone());
     }
 }
 
@@ -200,7 +200,7 @@ TEST_F(SaveQuestions, namesTheFirstFiveOfManyAndTheirNumber)
             + lines.first(5).join(u'\n') + u"\n\nSave it like this all the same?"_s,
         u"cmdNo"_s);
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
-    expectNothingDone();
+    ASSERT_NO_FATAL_FAILURE(expectNothingDone());
 }
 
 TEST_F(SaveQuestions, asksInJapanese)
@@ -257,7 +257,7 @@ TEST_F(SaveQuestions, asksAboutAMachineWithoutANameAndStaysAtTheActiveCell)
                                         "information nor the number of rows is read."_s),
         u"cmdNo"_s);
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
-    expectNothingDone();
+    ASSERT_NO_FATAL_FAILURE(expectNothingDone());
     EXPECT_EQ(grid().activeRow(), 5);
 }
 
@@ -270,7 +270,7 @@ TEST_F(SaveQuestions, asksAboutACapacityWithoutItsCurrent)
                                         "missing. The file would end there, without its parameters."_s),
         u"cmdNo"_s);
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
-    expectNothingDone();
+    ASSERT_NO_FATAL_FAILURE(expectNothingDone());
     EXPECT_EQ(readFile(file), document(9));
 }
 
