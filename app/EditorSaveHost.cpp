@@ -79,7 +79,7 @@ bool EditorSaveHost::askToWrite(const QList<ReadBackFinding> &findings, const QS
     constexpr qsizetype mostLines = 5;
     QStringList lines;
     for (const ReadBackFinding &finding : findings.first(std::min(findings.size(), mostLines))) {
-        lines << line(finding);
+        lines << u"\u2022 "_s + line(finding);
     }
     const bool isAll = lines.size() == findings.size();
     return askYesNo({isAll ? OwnText::ReadBackQuestion : OwnText::ReadBackQuestionOfMany,

@@ -75,7 +75,7 @@ protected:
     }
     static QString readBackQuestion(const QString &lines, int findings = 1)
     {
-        return u"Not everything would be read back from the file as it is now. Places concerned: %1\n\n%2\n\n"
+        return u"Not everything would be read back from the file as it is now. Places concerned: %1\n\n\u2022 %2\n\n"
                "Save it like this all the same?"_s.arg(QString::number(findings), lines);
     }
 
@@ -192,7 +192,7 @@ TEST_F(SaveQuestions, namesTheFirstFiveOfManyAndTheirNumber)
     QStringList lines;
     for (int row = 2; row <= 8; ++row) {
         typeInto(ParameterColumn::Unit, row, u"a,b"_s);
-        lines << u"Row %1, parameter %1, \"Unit\": the text has a comma, which ends the field."_s.arg(row);
+        lines << u"\u2022 Row %1, parameter %1, \"Unit\": the text has a comma, which ends the field."_s.arg(row);
     }
     ModalScript script;
     script.thenMessage(
@@ -211,7 +211,7 @@ TEST_F(SaveQuestions, asksInJapanese)
     typeInto(ParameterColumn::Name, 3, u"a, b"_s);
     ModalScript script;
     script.thenMessage(u"このまま保存すると、次に開いたとき元どおりに読み込めない箇所があります。該当箇所: 1\n\n"
-                       "3 行目、パラメータ 3、「"_s
+                       "\u2022 3 行目、パラメータ 3、「"_s
             + grid().text(ParameterColumn::Name, 0)
             + u"」: 文字列中のコンマで項目が区切られます。\n\nこのまま保存しますか？"_s,
         u"いいえ(&N)"_s);
