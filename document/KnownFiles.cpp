@@ -104,7 +104,8 @@ void ForeignChangeGuard::noteWritten(QByteArrayView bytes)
 
 void ForeignChangeGuard::noteLeftOver()
 {
-    if (const auto content = hashOfFile(m_fileName)) {
+    const auto content = hashOfFile(m_fileName);
+    if (content && content != m_found) {
         knowledge().own.insert(pathOf(m_fileName), *content);
     }
 }

@@ -34,13 +34,13 @@ public:
 
     /// The save has written bytes.
     void noteWritten(QByteArrayView bytes);
-    /// The save has failed inside: what it left is no change by others.
+    /// The save has failed: what it left of its own in the file is no change by others.
     void noteLeftOver();
 
 private:
     int m_docNo;
     QString m_fileName;
-    std::optional<size_t> m_found; ///< the content's hash
+    std::optional<size_t> m_found; ///< hash of the content that find() looked at
     std::optional<size_t> m_agreed;
 };
 

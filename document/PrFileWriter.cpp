@@ -107,17 +107,15 @@ std::optional<FileFailure> putRecords(AnsiBuffer &out, SaveHost &host)
 }
 
 /// Replaces the file, with its earlier content kept in the backups.
-std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes, ForeignChangeGuard &guard)
+std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes)
 {
     if (auto failure = backUpFile(fileName)) {
         return failure;
     }
     if (auto reason = writeWholeFile(fileName, bytes)) {
         leaveOutOfBackups(fileName);
-        guard.noteLeftOver();
         return FileFailure::ofSystem(*reason);
     }
-    guard.noteWritten(bytes);
     return std::nullopt;
 }
 
@@ -137,7 +135,9 @@ std::optional<FileFailure> replaceUnlessChanged(
         }
         const auto change = guard.find();
         if (!change) {
-            return replaceFile(fileName, bytes, guard);
+            auto failure = replaceFile(fileName, bytes);
+            failure ? guard.noteLeftOver() : guard.noteWritten(bytes);
+            return failure;
         }
         lock.release();
         if (!host.askYesNo({*change}, fileName)) {

@@ -48,7 +48,10 @@ bool lockWithin(QLockFile &lock, QDeadlineTimer deadline)
 SaveLock::SaveLock(const QString &fileName) : m_lock(lockPath(fileName))
 {
     constexpr qint64 longest = 3'000; // ms
-    m_lock.setStaleLockTime(0); // not its age but the death of its owner makes it void
+    // A program that is killed while it makes the lock leaves one without an owner's name: only its age makes that
+    // void. The lock of a living program cannot be removed, however old it is.
+    constexpr int oldAge = 1'000; // ms
+    m_lock.setStaleLockTime(oldAge);
     QDir().mkpath(lockFolder());
     m_isTaken = !lockWithin(m_lock, QDeadlineTimer(longest)) && m_lock.error() == QLockFile::LockFailedError;
 }

@@ -231,6 +231,20 @@ TEST_F(KnownFiles, thatAnotherTabrixIsSavingAreNotTouched)
     expectNoQuestion();
 }
 
+TEST_F(KnownFiles, areSavedWhenAProgramWasKilledWhileItMadeItsLock)
+{
+    QStringList locks;
+    const QDir folder(path(u"data/Tabrix/locks"_s));
+    {
+        const SaveLock others(file);
+        locks = folder.entryList(QDir::Files);
+    }
+    ASSERT_EQ(locks.size(), 1);
+    put({}, u"data/Tabrix/locks/"_s + locks.first()); // made, but not written yet
+    expectNoQuestion();
+    EXPECT_TRUE(host.messages.isEmpty());
+}
+
 TEST_F(KnownFiles, areNotLockedDuringAQuestion)
 {
     put("theirs");

@@ -101,12 +101,12 @@ TEST_F(FaultTest, aFileThatAnotherProgramHoldsBusyIsToldAndLeftAlone)
     other.start(file, {u"60"_s});
     ASSERT_TRUE(other.waitForStarted());
     const QByteArray program = readFile(file);
-    {
+    for (int i = 0; i < 2; ++i) { // what was not replaced is asked about again
         ModalScript script;
         script.thenMessage(changedByOthers, u"cmdYes"_s).thenMessage(u"Text file busy"_s, u"OK"_s);
         chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     }
-    expectFailingSave(u"Text file busy"_s);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
     EXPECT_EQ(readFile(file), program);
     expectSaveElsewhere();
     EXPECT_TRUE(isStillThere(earlier));
