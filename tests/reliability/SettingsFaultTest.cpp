@@ -1,14 +1,21 @@
 #include "app/Settings.h"
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
+#include "tests/reliability/FaultyDisk.h"
 #include "tests/support/FrameTest.h"
 
 #include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QLockFile>
 #include <QSettings>
 #include <QTest>
 
 #include <ostream>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -164,4 +171,107 @@ TEST_F(SettingsFault, aFileInTheFoldersPlaceGivesDefaults)
     EXPECT_EQ(UserFont, usualFont);
     expectUsable();
     QFile::remove(folder());
+}
+
+TEST_F(SettingsFault, onAFullDiskTheEarlierSettingsStay)
+{
+    SaveUserFont(u"Mine"_s, 9, true, false);
+    const QByteArray earlier = readFile(storeFile());
+    {
+        const FaultyDisk::SizeLimit full(0);
+        SaveUserFont(u"Other"_s, 10, false, false);
+        StoreRecentFile(u"/a.inv"_s);
+        EXPECT_EQ(readFile(storeFile()), earlier);
+    }
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList{QFileInfo(storeFile()).fileName()});
+    StoreRecentFile(u"/b.inv"_s);
+    EXPECT_EQ(recentFiles(), QStringList{u"/b.inv"_s});
+    UserFontSettings font;
+    LoadUserFont(font.FontName, font.FontSize, font.FontItalic, font.FontBold);
+    EXPECT_EQ(font, (UserFontSettings{u"Mine"_s, 9, true, false}));
+}
+
+TEST_F(SettingsFault, onADiskWithoutAFreePageTheEarlierSettingsStay)
+{
+    if (FaultyDisk::smallDisk().isEmpty()) {
+        GTEST_SKIP() << "this system lets tests mount no disk; the size limit stands in for the full disk";
+    }
+    const QString former = QFileInfo(folder()).path();
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, FaultyDisk::smallDisk());
+    SaveUserFont(u"Mine"_s, 9, true, false);
+    const QString store = FaultyDisk::smallDisk() + u"/Tabrix/Tabrix.conf"_s;
+    const QByteArray earlier = readFile(store);
+    {
+        const FaultyDisk::Filling full;
+        StoreRecentFile(u"/a.inv"_s);
+        EXPECT_EQ(readFile(store), earlier);
+    }
+    StoreRecentFile(u"/b.inv"_s);
+    EXPECT_EQ(recentFiles(), QStringList{u"/b.inv"_s});
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, former);
+    QDir(FaultyDisk::smallDisk() + u"/Tabrix"_s).removeRecursively();
+}
+
+// Where files can be made but not removed, the locks of the toolkit stay and are waited for without end.
+TEST_F(SettingsFault, locksThatCannotBeRemovedHoldNobodyUp)
+{
+    SaveUserFont(u"Mine"_s, 9, true, false);
+    QLockFile own(storeFile() + u".lock"_s);
+    QLockFile turn(storeFile() + u".turn"_s);
+    ASSERT_TRUE(own.tryLock() && turn.tryLock());
+    for (const QFile::Permissions rights :
+        {QFile::ReadOwner | QFile::ExeOwner, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner}) {
+        ASSERT_TRUE(QFile::setPermissions(folder(), rights));
+        const pid_t process = ::fork();
+        if (process == 0) {
+            ::alarm(30); // one wait of two seconds ends before; twenty do not, nor does one without end
+            for (int i = 0; i < 20; ++i) {
+                StoreRecentFile(u"/%1.inv"_s.arg(i));
+            }
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(process, &status, 0);
+        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+    }
+    EXPECT_EQ(recentFiles().value(0), u"/19.inv"_s) << "the second folder takes them all the same";
+}
+
+TEST_F(SettingsFault, settingsAreForTheUserAloneFromTheirCreation)
+{
+    const QFile::Permissions others =
+        QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+    ASSERT_TRUE(QDir(folder()).removeRecursively());
+    const mode_t former = ::umask(0);
+    SaveUserFont(u"Mine"_s, 9, true, false);
+    ::umask(former);
+    EXPECT_FALSE(QFile::permissions(folder()) & others);
+    EXPECT_FALSE(QFile::permissions(storeFile()) & others);
+    ASSERT_TRUE(QFile::setPermissions(folder(), QFile::permissions(folder()) | others));
+    ASSERT_TRUE(QFile::setPermissions(storeFile(), QFile::permissions(storeFile()) | others));
+    start();
+    EXPECT_FALSE(QFile::permissions(folder()) & others) << "those of an earlier version, too";
+    EXPECT_FALSE(QFile::permissions(storeFile()) & others);
+}
+
+TEST_F(SettingsFault, aLinkToTheSettingsStays)
+{
+    const QString real = path(u"kept elsewhere.conf"_s);
+    store("[FontInf]\nFontName=Mine\n");
+    ASSERT_TRUE(QFile::rename(storeFile(), real));
+    ASSERT_TRUE(QFile::link(real, storeFile()));
+    StoreRecentFile(u"/a.inv"_s);
+    EXPECT_EQ(QFile::symLinkTarget(storeFile()), real);
+    EXPECT_TRUE(readFile(real).contains("/a.inv") && readFile(real).contains("Mine"));
+}
+
+TEST_F(SettingsFault, aStoreBeyondAllSizeGivesDefaultsAndIsLeftAlone)
+{
+    store({});
+    const qint64 size = qint64(1) << 40; // a hole, which takes no room
+    ASSERT_TRUE(QFile::resize(storeFile(), size));
+    start();
+    EXPECT_EQ(UserFont, usualFont);
+    expectUsable();
+    EXPECT_EQ(QFileInfo(storeFile()).size(), size);
 }

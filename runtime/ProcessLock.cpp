@@ -1,0 +1,111 @@
+#include "runtime/ProcessLock.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QThread>
+
+#include <cerrno>
+#include <utility>
+
+#ifdef Q_OS_WIN
+#include <QLockFile>
+#else
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+#ifdef Q_OS_WIN
+
+struct ProcessLock::Holder
+{
+    explicit Holder(const QString &name) : file(name) { }
+
+    QLockFile file; // the system removes it with its program
+};
+
+ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
+{
+    auto holder = std::make_unique<Holder>(m_fileName);
+    holder->file.setStaleLockTime(0);
+    if (!holder->file.tryLock(int(longestWait.count()))) {
+        m_reason = qt_error_string(EBUSY);
+        return holder->file.error() == QLockFile::LockFailedError ? Result::Held : Result::Failed;
+    }
+    m_holder = std::move(holder);
+    return Result::Locked;
+}
+
+#else
+
+/// An open file on which the system keeps the lock.
+struct ProcessLock::Holder
+{
+    explicit Holder(const QByteArray &name)
+        : file(::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR))
+    {
+    }
+    ~Holder()
+    {
+        if (file >= 0) {
+            ::close(file);
+        }
+    }
+    Q_DISABLE_COPY_MOVE(Holder)
+
+    /// Whether the open file is still the one of that name: its last owner may have removed it meanwhile.
+    bool isNamed(const QByteArray &name) const
+    {
+        struct stat mine
+        {
+        };
+        struct stat named
+        {
+        };
+        return ::fstat(file, &mine) == 0 && ::stat(name.constData(), &named) == 0 && mine.st_dev == named.st_dev
+            && mine.st_ino == named.st_ino;
+    }
+
+    int file;
+};
+
+ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
+{
+    constexpr unsigned long pause = 10; // ms
+    const QByteArray name = QFile::encodeName(m_fileName);
+    const QDeadlineTimer deadline(longestWait);
+    for (;;) {
+        auto holder = std::make_unique<Holder>(name);
+        const bool isOpen = holder->file >= 0;
+        if (isOpen && ::flock(holder->file, LOCK_EX | LOCK_NB) == 0) {
+            if (holder->isNamed(name)) {
+                m_holder = std::move(holder);
+                return Result::Locked;
+            }
+        } else if (errno != EWOULDBLOCK && errno != EINTR) {
+            m_reason = qt_error_string(errno);
+            return Result::Failed;
+        }
+        if (deadline.hasExpired()) {
+            m_reason = qt_error_string(EBUSY);
+            return Result::Held;
+        }
+        QThread::msleep(pause);
+    }
+}
+
+#endif
+
+ProcessLock::ProcessLock(QString fileName) : m_fileName(std::move(fileName))
+{
+}
+
+ProcessLock::~ProcessLock()
+{
+#ifndef Q_OS_WIN
+    if (m_holder) {
+        QFile::remove(m_fileName); // while it is locked, so that nobody's lock is removed but this one
+    }
+#endif
+}
