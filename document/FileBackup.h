@@ -1,20 +1,25 @@
 #pragma once
 
-#include "document/FileFailure.h"
-
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
 
-/// Copies the content of an existing file into the per-user data folder: backups/, one folder per full path, the last
-/// ten versions. The copy is on the disk when this returns nothing; else it could not be made, and the file must not be
-/// replaced. A file that does not exist, what is no regular file and what the newest version holds already needs no
-/// copy.
-std::optional<FileFailure> backUpFile(const QString &fileName);
+/// Where the versions of all documents are kept.
+QString backupRoot();
 
-/// To be called when a save has failed: the part that it left in fileName is no version to keep, however often the user
-/// tries again.
-void leaveOutOfBackups(const QString &fileName);
-
-/// Where the copies of fileName stand, in the order of their names (the newest last). The folder need not exist.
+/// Where the versions of fileName stand, in the order of their names (the newest last). The folder need not exist.
 QString backupFolder(const QString &fileName);
+
+/// The file beside such a folder that holds the full path of its document, since the folder's name does not tell.
+/// Without it, the document is never taken for one that has vanished.
+QString documentNote(const QString &folder);
+
+/// Keeps content, which stands in fileName and is about to be replaced, in the per-user data folder: one folder per
+/// full path, the last ten versions. It is on the disk when this returns nothing; else the system's reason is returned.
+/// What the newest version holds already, and what a save left half-done, needs no version.
+std::optional<QString> keepVersion(const QString &fileName, const QByteArray &content);
+
+/// To be called when a save has left a part of a document: what fileName holds now is no version to keep, however often
+/// the user tries again. earlier: what it held before; while it still does, nothing was left.
+void leaveOutOfBackups(const QString &fileName, const QByteArray &earlier);

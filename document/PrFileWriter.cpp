@@ -1,8 +1,8 @@
 #include "document/AnsiBuffer.h"
 #include "document/CollectPrRecords.h"
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
 #include "document/FileFailure.h"
+#include "document/FileReplacement.h"
 #include "document/InverterSection.h"
 #include "document/KnownFiles.h"
 #include "document/PrFile.h"
@@ -11,7 +11,6 @@
 #include "document/SaveLock.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
-#include "runtime/WholeFile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -106,23 +105,17 @@ std::optional<FileFailure> putRecords(AnsiBuffer &out, SaveHost &host)
     return std::nullopt;
 }
 
-/// Replaces the file, with its earlier content kept in the backups.
-std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes)
+/// What the file is to hold.
+struct Output
 {
-    if (auto failure = backUpFile(fileName)) {
-        return failure;
-    }
-    if (auto reason = writeWholeFile(fileName, bytes)) {
-        leaveOutOfBackups(fileName);
-        return FileFailure::ofSystem(*reason);
-    }
-    return std::nullopt;
-}
+    QByteArrayView bytes;
+    Extent extent;
+};
 
 /// Replaces the file unless the user wants to keep what another program put there. That is looked for, and replaced,
 /// under a lock; while the user thinks, others may save.
 std::optional<FileFailure> replaceUnlessChanged(
-    const QString &fileName, QByteArrayView bytes, const PrFileSource &source, SaveHost &host)
+    const QString &fileName, const Output &output, const PrFileSource &source, SaveHost &host)
 {
     ForeignChangeGuard guard(source.docNo, fileName);
     if (source.mayReplace) {
@@ -135,8 +128,8 @@ std::optional<FileFailure> replaceUnlessChanged(
         }
         const auto change = guard.find();
         if (!change) {
-            auto failure = replaceFile(fileName, bytes);
-            failure ? guard.noteLeftOver() : guard.noteWritten(bytes);
+            auto failure = replaceFile(fileName, output.bytes, output.extent, host);
+            failure ? guard.noteLeftOver() : guard.noteWritten(output.bytes);
             return failure;
         }
         lock.release();
@@ -182,7 +175,8 @@ std::optional<FileFailure> writeDocument(const QString &fileName, const PrFileSo
     if (!mayBeWritten(fileName, info, host)) {
         return FileFailure::silent();
     }
-    const auto fileFailure = replaceUnlessChanged(fileName, out.bytes(), source, host);
+    const Extent extent = failure ? Extent::Part : Extent::Whole;
+    const auto fileFailure = replaceUnlessChanged(fileName, {out.bytes(), extent}, source, host);
     return fileFailure ? fileFailure : failure;
 }
 

@@ -81,8 +81,17 @@ constexpr OwnTextEntry entries[] = {
     {OwnText::CapacityMissing, u"Machine information, %1: a rated current without its capacity is not saved.",
         u"機種情報、%1: 対応する容量のない定格電流は保存されません。"},
     // Backups
-    {OwnText::VersionNotKept, u"The earlier version could not be kept in %1: %2",
-        u"以前の版を %1 に保存できませんでした: %2"},
+    {OwnText::SaveWithoutVersion,
+        u"The earlier version could not be kept in %1: %2\n"
+        u"If you save now, it is lost. Save all the same?",
+        u"以前の版を %1 に保存できませんでした: %2\n"
+        u"このまま保存すると、以前の版は失われます。それでも保存しますか？"},
+    // Recovery
+    {OwnText::CopiesNotRead,
+        u"Not every document with unsaved changes could be brought back from %1: %2\n"
+        u"What is missing is kept there, and the next start tries again.",
+        u"保存されていない変更のあるドキュメントの一部を %1 から復旧できませんでした: %2\n"
+        u"復旧できなかったものはそのまま残り、次に起動したときにもう一度試みます。"},
     // Grid
     {OwnText::DeleteAllRowsQuestion, u"All %1 rows of the table are selected. Delete them all?",
         u"表の %1 行がすべて選択されています。すべて削除しますか？"},

@@ -42,7 +42,9 @@ enum class OwnText : quint16 {
     CurrentMissing,
     CapacityMissing,
     // Backups
-    VersionNotKept, ///< %1: folder; %2: the system's description
+    SaveWithoutVersion, ///< a question; %1: folder; %2: the system's description
+    // Recovery
+    CopiesNotRead, ///< %1: folder; %2: the system's description
     // Grid
     DeleteAllRowsQuestion, ///< %1: how many
 };

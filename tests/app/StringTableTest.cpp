@@ -202,7 +202,8 @@ TEST(OwnTexts, areWordedInTheLanguageChosen)
 
 TEST(OwnTexts, showTheirArgumentsAsTheyAre)
 {
-    EXPECT_EQ(ownText(OwnText::VersionNotKept, {u"/a%2b"_s, u"100%1"_s}),
-        u"The earlier version could not be kept in /a%2b: 100%1"_s);
+    EXPECT_EQ(ownText(OwnText::SaveWithoutVersion, {u"/a%2b"_s, u"100%1"_s}),
+        u"The earlier version could not be kept in /a%2b: 100%1\n"
+        "If you save now, it is lost. Save all the same?"_s);
     EXPECT_EQ(ownText(OwnText::SystemReason), u"%1"_s);
 }

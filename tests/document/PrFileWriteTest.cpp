@@ -260,17 +260,85 @@ TEST_F(Writing, keepsFilesOfOneNameInDifferentFoldersApart)
     EXPECT_TRUE(QFileInfo(backupFolder(u"/a/XT.INV"_s)).fileName().startsWith(u"XT.INV-"_s));
 }
 
-TEST_F(Writing, isRefusedWhenTheEarlierVersionCannotBeKept)
+TEST_F(Writing, asksWhenTheEarlierVersionCannotBeKeptAndTouchesNothingOnNo)
 {
     qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
     const QString file = putOwnFile();
     EXPECT_FALSE(write(file));
-    ASSERT_EQ(host.messages.size(), 1);
-    EXPECT_TRUE(host.messages[0].startsWith(u"The earlier version could not be kept in "_s))
-        << host.messages[0].toStdString();
+    EXPECT_EQ(host.questions,
+        QStringList{u"The earlier version could not be kept in "_s + backupFolder(file)
+            + u": Not a directory\nIf you save now, it is lost. Save all the same?"_s});
     EXPECT_EQ(host.titles, QStringList{file});
+    EXPECT_TRUE(host.messages.isEmpty());
     EXPECT_EQ(contentOf(file), "earlier");
     EXPECT_TRUE(DocFlags[docNo].changed);
+}
+
+TEST_F(Writing, savesOnYesWhereTheEarlierVersionCannotBeKept)
+{
+    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    host.answersYes = true;
+    const QString file = put("earlier");
+    EXPECT_TRUE(write(file));
+    EXPECT_EQ(host.questions.size(), 1);
+    EXPECT_TRUE(contentOf(file).startsWith("[Inverter]"));
+    EXPECT_FALSE(DocFlags[docNo].changed);
+}
+
+TEST_F(Writing, leavesAFileAloneOfWhichTheSystemDoesNotTellWhetherItIsThere)
+{
+    const QString loop = path(u"loop"_s);
+    ASSERT_TRUE(QFile::link(loop, loop));
+    EXPECT_FALSE(write(loop + u"/saved.inv"_s));
+    EXPECT_EQ(host.messages, QStringList{u"Too many levels of symbolic links"_s});
+    EXPECT_TRUE(DocFlags[docNo].changed);
+}
+
+// The part that stands before a missing current is no version to keep, and it differs each time.
+TEST_F(Writing, ofAPartPushesNoVersionOutHoweverOften)
+{
+    const QString file = path(u"saved.inv"_s);
+    for (int i = 0; i < 5; ++i) {
+        setCell(1, QString::number(i));
+        ASSERT_TRUE(write(file));
+    }
+    const QByteArray whole = contentOf(file);
+    MachineInfos[docNo].Capacity = {u"1"_s};
+    for (int i = 0; i < 12; ++i) {
+        MachineInfos[docNo].Name = u"part %1"_s.arg(i);
+        ASSERT_FALSE(write(file));
+    }
+    const QStringList kept = backups(file);
+    ASSERT_EQ(kept.size(), 5);
+    EXPECT_EQ(contentOf(backupFolder(file) + u'/' + kept.last()), whole);
+    for (const QString &name : kept) {
+        EXPECT_TRUE(contentOf(backupFolder(file) + u'/' + name).contains("[Paramater]")) << name.toStdString();
+    }
+}
+
+TEST_F(Writing, neitherCountsNorDeletesNorFollowsForeignFilesAmongTheVersions)
+{
+    const QString file = path(u"saved.inv"_s);
+    const QString folder = backupFolder(file);
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QStringList foreign = {u"99999999.inv"_s, u"99999999 2025-01-01 00-00-00 copy.inv"_s, u"XT.inv"_s,
+        u"99999998 2025-99-01 00-00-00.inv"_s};
+    for (const QString &name : foreign) {
+        QFile other(folder + u'/' + name);
+        ASSERT_TRUE(other.open(QFile::WriteOnly));
+        other.write("foreign");
+    }
+    for (int i = 0; i <= 12; ++i) {
+        setCell(1, QString::number(i));
+        ASSERT_TRUE(write(file));
+    }
+    QStringList kept = backups(file);
+    for (const QString &name : foreign) {
+        EXPECT_TRUE(kept.removeOne(name)) << name.toStdString();
+    }
+    ASSERT_EQ(kept.size(), 10);
+    EXPECT_TRUE(kept.last().startsWith(u"00000012 "_s)) << kept.last().toStdString();
+    EXPECT_TRUE(contentOf(folder + u'/' + kept.last()).contains("\r\n0,11,,"));
 }
 
 } // namespace
