@@ -9,6 +9,8 @@
 #include "app/Settings.h"
 #include "app/WindowArrangement.h"
 #include "app/frmVersion.h"
+#include "document/BackupTidying.h"
+#include "document/FileFailure.h"
 #include "editor/GridFinder.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
@@ -29,12 +31,14 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int contentsContext = 1;
+constexpr auto quietTime = std::chrono::seconds(3); // from the start, until the window is there and its file open
 
 constexpr std::pair<qint16, Qt::WindowState> windowStates[] = {
     {0, Qt::WindowNoState},
@@ -127,7 +131,10 @@ void MDIfrmTabrix::load(const QString &commandLine)
     }
     m_recent.BuildRecentMenus();
     setWindowState(Qt::WindowMaximized); // last, so that the frame opens maximised whatever was restored
-    m_recovery.recover();
+    if (const auto failure = m_recovery.recover()) {
+        m_host.showFailure(*failure, windowTitle());
+    }
+    QTimer::singleShot(quietTime, this, [] { tidyBackups(); });
 }
 
 void MDIfrmTabrix::SetFrameCaptions()

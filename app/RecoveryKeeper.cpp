@@ -8,12 +8,18 @@
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QEvent>
+
 using namespace std::chrono_literals;
 
 namespace {
 
-// Half of the minute that a crash may cost, since what is under way at that moment takes its time as well.
-constexpr auto usualInterval = 30s;
+// The first copy is there ten seconds after the first change, and every other one at most thirty seconds old, since
+// what is under way at such a moment takes its time as well.
+constexpr auto usualInterval = 8s;
+constexpr int copyLifetime = 2; // intervals
 
 bool hasChanges(const frmPrFile &editor)
 {
@@ -36,8 +42,10 @@ RecoveryKeeper::RecoveryKeeper(DocumentFlows &documents) : m_documents(documents
 {
     connect(&documents, &DocumentFlows::editorCreated, this, &RecoveryKeeper::watch);
     connect(&documents, &DocumentFlows::documentSaved, this, &RecoveryKeeper::dropCopy);
-    connect(&m_timer, &QTimer::timeout, this, &RecoveryKeeper::refresh);
+    connect(&m_timer, &QTimer::timeout, this, &RecoveryKeeper::lookAtDocuments);
+    m_timer.setSingleShot(true);
     setInterval(usualInterval);
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
 RecoveryKeeper::~RecoveryKeeper()
@@ -52,7 +60,48 @@ RecoveryKeeper::~RecoveryKeeper()
 void RecoveryKeeper::watch(frmPrFile *editor)
 {
     const int docNo = editor->docNo();
+    connect(&editor->vaspdParam(), &SpreadGrid::cellsEdited, this, &RecoveryKeeper::noteAct);
     connect(editor, &frmPrFile::unloaded, this, [this, docNo] { dropCopy(docNo); });
+}
+
+// Whatever a user changes, in a cell, a dialog or a text that is still being typed, begins with one of these.
+bool RecoveryKeeper::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonRelease:
+    case QEvent::Drop:
+        noteAct();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void RecoveryKeeper::noteAct()
+{
+    if (!m_timer.isActive()) {
+        m_timer.start();
+    }
+}
+
+void RecoveryKeeper::lookAtDocuments()
+{
+    for (const frmPrFile *editor : m_documents.openEditors()) {
+        if (!hasChanges(*editor)) {
+            dropCopy(editor->docNo());
+        } else if (!isDue(editor->docNo()) || !refreshCopy(*editor)) {
+            noteAct(); // to come back to it
+        }
+    }
+}
+
+bool RecoveryKeeper::isDue(int docNo) const
+{
+    const auto known = m_copies.find(docNo);
+    return known == m_copies.end() || known->age.elapsed() >= (copyLifetime * interval()).count();
 }
 
 void RecoveryKeeper::refresh()
@@ -68,36 +117,33 @@ void RecoveryKeeper::refresh()
 
 bool RecoveryKeeper::keepForNextStart(const frmPrFile &editor)
 {
-    const QByteArray bytes = pack(editor);
-    if (!isKept(editor.docNo(), bytes)) {
-        writeCopy(editor.docNo(), bytes);
-    }
-    return isKept(editor.docNo(), bytes) && m_copies.remove(editor.docNo());
+    return keep(editor) && m_copies.remove(editor.docNo());
 }
 
-/// Whether those bytes come back from the disk.
-bool RecoveryKeeper::isKept(int docNo, const QByteArray &bytes) const
+bool RecoveryKeeper::keep(const frmPrFile &editor)
 {
-    const auto known = m_copies.constFind(docNo);
-    return known != m_copies.cend() && m_store.read(known->number) == bytes;
+    const auto known = m_copies.find(editor.docNo());
+    if (known != m_copies.end() && !m_store.has(known->number)) {
+        known->sum.clear();
+    }
+    return refreshCopy(editor);
 }
 
-void RecoveryKeeper::refreshCopy(const frmPrFile &editor)
+bool RecoveryKeeper::refreshCopy(const frmPrFile &editor)
 {
     const QByteArray bytes = pack(editor);
-    const auto known = m_copies.constFind(editor.docNo());
-    if (known == m_copies.cend() || known->sum != recoverySum(bytes)) {
-        writeCopy(editor.docNo(), bytes);
+    const QByteArray sum = recoverySum(bytes);
+    if (!m_copies.contains(editor.docNo())) {
+        m_copies.insert(editor.docNo(), {.number = m_store.newNumber()});
     }
-}
-
-void RecoveryKeeper::writeCopy(int docNo, const QByteArray &bytes)
-{
-    const auto known = m_copies.constFind(docNo);
-    const int number = known != m_copies.cend() ? known->number : m_store.newNumber();
-    if (m_store.write(number, bytes)) {
-        m_copies.insert(docNo, {.number = number, .sum = recoverySum(bytes)});
+    Copy &copy = m_copies[editor.docNo()];
+    copy.age.start();
+    if (copy.sum == sum) {
+        return true;
     }
+    const bool written = m_store.write(copy.number, bytes);
+    copy.sum = written ? sum : QByteArray();
+    return written;
 }
 
 void RecoveryKeeper::dropCopy(int docNo)
@@ -109,18 +155,32 @@ void RecoveryKeeper::dropCopy(int docNo)
     }
 }
 
-void RecoveryKeeper::recover()
+std::optional<FileFailure> RecoveryKeeper::recover()
 {
-    for (const int number : m_store.takeOver()) {
-        recoverCopy(number);
+    const QList<int> numbers = m_store.takeOver();
+    std::optional<QString> reason = m_store.leftBehind();
+    for (const int number : numbers) {
+        const auto problem = recoverCopy(number);
+        reason = reason ? reason : problem;
     }
+    if (!reason) {
+        return std::nullopt;
+    }
+    return FileFailure{OwnText::CopiesNotRead, {QDir::toNativeSeparators(m_store.root()), *reason}};
 }
 
-void RecoveryKeeper::recoverCopy(int number)
+std::optional<QString> RecoveryKeeper::recoverCopy(int number)
 {
-    if (const auto copy = unpackRecoveryCopy(m_store.read(number))) {
-        m_copies.insert(m_documents.openRecovered(*copy), {.number = number});
+    QByteArray bytes;
+    if (auto reason = m_store.read(number, bytes)) {
+        return reason; // it may be whole: the next start tries again
+    }
+    if (const auto copy = unpackRecoveryCopy(bytes)) {
+        const int docNo = m_documents.openRecovered(*copy);
+        m_copies.insert(docNo, {.number = number});
+        m_copies[docNo].age.start();
     } else {
         m_store.setAside(number);
     }
+    return std::nullopt;
 }

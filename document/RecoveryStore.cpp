@@ -7,26 +7,46 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
+#include <QRegularExpression>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype keptDamaged = 20;
+
 /// The lock stands beside its folder, so that there is no moment at which a folder has an owner and no lock.
-std::unique_ptr<QLockFile> lockOf(const QString &folder)
+QString lockName(const QString &folder)
 {
-    auto lock = std::make_unique<QLockFile>(folder + u".lock"_s);
-    lock->setStaleLockTime(0); // not its age but the death of its owner makes it void
-    return lock;
+    return folder + u".lock"_s;
 }
 
+/// A name that no other store has had, of this or any program.
 QString newFolderName()
 {
+    static int count = 0;
     const QString time = QDateTime::currentDateTimeUtc().toString(u"yyyyMMdd-HHmmss-zzz"_s);
-    return u"%1-%2"_s.arg(time).arg(QCoreApplication::applicationPid());
+    return u"%1-%2-%3"_s.arg(time).arg(QCoreApplication::applicationPid()).arg(++count);
+}
+
+// The names that are this store's; everything else is somebody's.
+constexpr auto folderPattern = "[0-9]{8}(-[0-9]+)+"_L1;
+constexpr auto lockPattern = "[0-9]{8}(-[0-9]+)+\\.lock"_L1;
+constexpr auto damagedPattern = "[0-9]{8}(-[0-9]+)+\\.damaged"_L1;
+constexpr auto copyPattern = "[0-9]{6,9}\\.copy"_L1;
+constexpr auto unfinishedPattern = "[0-9]{6,9}\\.copy\\.[A-Za-z0-9-]+"_L1; // its program died while writing
+
+bool isNamed(const FolderEntry &entry, QLatin1StringView pattern)
+{
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(entry.name).hasMatch();
+}
+
+bool isThere(const QList<FolderEntry> &entries, const QString &name)
+{
+    return std::ranges::any_of(entries, [&](const FolderEntry &entry) { return entry.name == name; });
 }
 
 } // namespace
@@ -53,33 +73,38 @@ QString RecoveryStore::copyPath(int number) const
     return m_folder + u"/%1.copy"_s.arg(number, digits, 10, QLatin1Char('0'));
 }
 
-bool RecoveryStore::open()
+std::optional<QString> RecoveryStore::open()
 {
     if (!m_lock) {
+        if (auto reason = makeOwnFolder(m_root)) {
+            return reason;
+        }
+        keepForUser(m_root);
         const QString folder = m_root + u'/' + newFolderName();
-        auto lock = lockOf(folder);
-        if (!QDir().mkpath(m_root) || !lock->tryLock()) {
-            return false;
+        auto lock = std::make_unique<ProcessLock>(lockName(folder));
+        if (lock->lock() != ProcessLock::Result::Locked) {
+            return lock->reason();
         }
         m_folder = folder;
         m_lock = std::move(lock);
     }
-    return QDir().mkpath(m_folder);
+    return makeOwnFolder(m_folder);
 }
 
 bool RecoveryStore::write(int number, const QByteArray &bytes)
 {
-    if (!open()) {
-        return false;
-    }
-    QSaveFile file(copyPath(number));
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return !open() && !putOwnFile(copyPath(number), bytes);
 }
 
-QByteArray RecoveryStore::read(int number) const
+bool RecoveryStore::has(int number) const
 {
-    QByteArray bytes;
-    return readWholeFile(copyPath(number), bytes) ? QByteArray() : bytes;
+    FileKind kind = FileKind::Nothing;
+    return !m_folder.isEmpty() && !findOwnKind(copyPath(number), kind) && kind == FileKind::File;
+}
+
+std::optional<QString> RecoveryStore::read(int number, QByteArray &bytes) const
+{
+    return readWholeFile(copyPath(number), bytes);
 }
 
 void RecoveryStore::remove(int number)
@@ -89,37 +114,109 @@ void RecoveryStore::remove(int number)
 
 void RecoveryStore::setAside(int number)
 {
-    QFile::rename(copyPath(number), m_root + u"/%1-%2.damaged"_s.arg(newFolderName()).arg(number));
+    renameOwnFileOnce(copyPath(number), m_root + u"/%1-%2.damaged"_s.arg(newFolderName()).arg(number));
 }
 
 QList<int> RecoveryStore::takeOver()
 {
     QList<int> numbers;
-    for (const QString &name : QDir(m_root).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
-        const QString folder = m_root + u'/' + name;
-        const auto lock = lockOf(folder);
-        if (folder != m_folder && lock->tryLock() && open()) {
-            numbers << moveFrom(folder);
+    m_leftBehind.reset();
+    QList<FolderEntry> entries;
+    FileKind kind = FileKind::Nothing;
+    note(findKind(m_root, kind));
+    if (kind == FileKind::Folder) {
+        note(listFolder(m_root, entries));
+    }
+    for (const FolderEntry &entry : entries) {
+        const QString folder = m_root + u'/' + entry.name;
+        if (entry.kind == FileKind::Folder && isNamed(entry, folderPattern) && folder != m_folder) {
+            takeOverFrom(folder, numbers);
+        } else if (entry.kind == FileKind::File && isNamed(entry, lockPattern)) {
+            removeLock(folder.chopped(lockName({}).size()), entries);
         }
     }
+    dropOldDamaged(entries);
     return numbers;
 }
 
-QList<int> RecoveryStore::moveFrom(const QString &folder)
+void RecoveryStore::takeOverFrom(const QString &folder, QList<int> &numbers)
 {
-    QList<int> numbers;
-    QDir from(folder);
-    bool emptied = true;
-    for (const QString &name : from.entryList({u"*.copy"_s}, QDir::Files, QDir::Name)) {
-        const int number = newNumber();
-        if (QFile::rename(from.filePath(name), copyPath(number))) {
-            numbers << number;
-        } else {
-            emptied = false;
+    ProcessLock lock(lockName(folder));
+    switch (lock.lock()) {
+    case ProcessLock::Result::Held:
+        return; // its owner lives
+    case ProcessLock::Result::Failed:
+        note(lock.reason());
+        return;
+    case ProcessLock::Result::Locked:
+        break;
+    }
+    // Another start may have taken it over just before.
+    FileKind kind = FileKind::Nothing;
+    note(findOwnKind(folder, kind));
+    if (kind == FileKind::Folder) {
+        moveFrom(folder, numbers);
+    }
+}
+
+/// Copies move one by one, each from a folder that the next start looks into to another such: a program that dies
+/// meanwhile leaves them to it.
+void RecoveryStore::moveFrom(const QString &folder, QList<int> &numbers)
+{
+    QList<FolderEntry> entries;
+    note(listFolder(folder, entries));
+    for (const FolderEntry &entry : entries) {
+        const QString path = folder + u'/' + entry.name;
+        if (entry.kind == FileKind::File && isNamed(entry, copyPattern)) {
+            moveCopy(path, numbers);
+        } else if (entry.kind == FileKind::File && isNamed(entry, unfinishedPattern)) {
+            QFile::remove(path);
         }
     }
-    if (emptied) {
-        from.removeRecursively(); // what is left was never finished
+    QDir().rmdir(folder); // stays when something is left in it
+}
+
+void RecoveryStore::moveCopy(const QString &path, QList<int> &numbers)
+{
+    const int number = newNumber();
+    auto reason = open();
+    if (!reason) {
+        reason = renameOwnFileOnce(path, copyPath(number));
     }
-    return numbers;
+    keepForUser(copyPath(number));
+    if (!reason || has(number)) { // also where only the wait for the disk has failed
+        numbers << number;
+    } else {
+        note(reason);
+    }
+}
+
+void RecoveryStore::note(const std::optional<QString> &reason)
+{
+    if (!m_leftBehind) {
+        m_leftBehind = reason;
+    }
+}
+
+/// Removes the lock of a program that died when its folder was gone already.
+void RecoveryStore::removeLock(const QString &folder, const QList<FolderEntry> &entries) const
+{
+    if (folder != m_folder && !isThere(entries, folder.sliced(m_root.size() + 1))) {
+        ProcessLock lock(lockName(folder));
+        lock.lock(); // and gives it back, file and all
+    }
+}
+
+/// Nobody may ever look at what was set aside.
+void RecoveryStore::dropOldDamaged(const QList<FolderEntry> &entries) const
+{
+    QStringList names;
+    for (const FolderEntry &entry : entries) {
+        if (entry.kind == FileKind::File && isNamed(entry, damagedPattern)) {
+            names << entry.name;
+        }
+    }
+    while (names.size() > keptDamaged) {
+        QFile::remove(m_root + u'/' + names.takeFirst());
+    }
 }

@@ -1,15 +1,21 @@
 #pragma once
 
+#include "runtime/OwnFiles.h"
+#include "runtime/ProcessLock.h"
+
 #include <QByteArray>
 #include <QList>
-#include <QLockFile>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 /// The recovery copies of one running program, each under a number of its own. They lie in a folder that is locked as
 /// long as the program lives, so that another one takes over copies of the dead only. The folder is made with the first
-/// copy. Where the disk refuses anything, there is just no copy.
+/// copy.
+///
+/// Whatever in the folder of all programs is not named as this class names it is somebody's and left alone; links are
+/// never followed, and no folder is removed that is not empty.
 class RecoveryStore
 {
 public:
@@ -20,28 +26,40 @@ public:
     Q_DISABLE_COPY_MOVE(RecoveryStore)
 
     static QString defaultRoot();
+    const QString &root() const { return m_root; }
 
     /// A number that no copy has.
     int newNumber() { return ++m_lastNumber; }
-    /// Makes or replaces a copy; it is never seen half-written. False when it could not be done: an earlier copy of
-    /// that number is untouched then.
+    /// Makes or replaces a copy; it is never seen half-written. True when it is on the disk; else an earlier copy of
+    /// that number, if there was one, is still there or this one is.
     bool write(int number, const QByteArray &bytes);
-    /// Empty when there is none that can be read.
-    QByteArray read(int number) const;
+    /// Whether there is a copy of that number.
+    bool has(int number) const;
+    /// Returns the system's reason when a copy cannot be read now; nothing when bytes holds it.
+    std::optional<QString> read(int number, QByteArray &bytes) const;
     void remove(int number);
     /// Takes a copy that is of no use out of every program's way, without destroying it.
     void setAside(int number);
 
-    /// Makes the copies of programs that have died this program's own; returns their numbers, oldest first.
+    /// Makes the copies of programs that have died this program's own; returns their numbers, oldest first. What cannot
+    /// be taken over now stays for the next start.
     QList<int> takeOver();
+    /// Why not all copies could be taken over the last time; nothing when they could.
+    const std::optional<QString> &leftBehind() const { return m_leftBehind; }
 
 private:
-    bool open();
-    QList<int> moveFrom(const QString &folder);
+    std::optional<QString> open();
+    void takeOverFrom(const QString &folder, QList<int> &numbers);
+    void moveFrom(const QString &folder, QList<int> &numbers);
+    void moveCopy(const QString &path, QList<int> &numbers);
+    void note(const std::optional<QString> &reason);
+    void removeLock(const QString &folder, const QList<FolderEntry> &entries) const;
+    void dropOldDamaged(const QList<FolderEntry> &entries) const;
     QString copyPath(int number) const;
 
     QString m_root;
     QString m_folder; ///< empty before the first copy
-    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<ProcessLock> m_lock;
     int m_lastNumber = 0;
+    std::optional<QString> m_leftBehind;
 };

@@ -10,6 +10,7 @@
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -172,4 +173,23 @@ TEST_F(Crash, ofTheProgramThatHadRecoveredLosesNothing)
     ASSERT_EQ(frame().openEditors().size(), 2);
     EXPECT_EQ(grid().text(2, 1), u"unfinished"_s);
     EXPECT_TRUE(DocFlags[docNo()].changed);
+}
+
+// As the rules for such folders say; a relative one would be another folder wherever the program is started.
+TEST_F(Crash, leavesItsTracesInTheUsualPlacesWhereARelativeOneIsAskedFor)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"home"_s)));
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"HOME"_s, path(u"home"_s));
+    environment.insert(u"XDG_CONFIG_HOME"_s, u"relative/config"_s);
+    environment.insert(u"XDG_DATA_HOME"_s, u"relative/data"_s);
+    m_child.setProcessEnvironment(environment);
+    m_child.setWorkingDirectory(path(u"."_s));
+    run(QStringLiteral(TABRIX_RECOVERY_CHILD), {QString::number(interval), u"edit"_s, file});
+    const QString settings = path(u"home/.config/Tabrix/Tabrix.conf"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(settings); }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(path(u"home/.local/share/Tabrix/recovery"_s)); }, patience));
+    killChild();
+    EXPECT_FALSE(QFile::exists(path(u"relative"_s)) || QFile::exists(path(u"home/relative"_s)));
 }

@@ -82,11 +82,62 @@ TEST_F(Recovery, keepsACopyOfEachChangedDocumentWithoutBeingAsked)
     EXPECT_EQ(readFile(path(u"a.inv"_s)), document(2));
 }
 
-TEST_F(Recovery, looksAtTheDocumentsTwiceAMinute)
+TEST_F(Recovery, isNeverFurtherBehindThanHalfAMinute)
 {
     start();
     EXPECT_GT(frame().recovery().interval(), 0s);
-    EXPECT_LE(frame().recovery().interval(), 30s);
+    EXPECT_LT(frame().recovery().interval(), 10s); // until the first copy
+    EXPECT_LT(3 * frame().recovery().interval(), 30s); // until the next
+}
+
+TEST_F(Recovery, looksAtNothingWhileNothingIsDone)
+{
+    start(writeFile(u"a.inv"_s, document(2)));
+    RecoveryKeeper &recovery = frame().recovery();
+    recovery.setInterval(10ms);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !recovery.isWaiting(); }));
+    pressKey(grid(), Qt::Key_Down);
+    EXPECT_TRUE(recovery.isWaiting());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !recovery.isWaiting(); }));
+    typeInto(2, 1, u"typed"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return copies().size() == 1 && !recovery.isWaiting(); }));
+}
+
+TEST_F(Recovery, bringsACopyUpToDateWithoutBeingAsked)
+{
+    start();
+    frame().recovery().setInterval(10ms);
+    for (const QString &text : {u"first"_s, u"second"_s}) {
+        typeInto(2, 1, text);
+        const QByteArray packed(reinterpret_cast<const char *>(text.utf16()), text.size() * 2);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return !copies().isEmpty() && readFile(copies().first()).contains(packed); }));
+    }
+}
+
+TEST_F(Recovery, makesTheFirstCopyOfADocumentWhateverTheAgeOfOtherCopies)
+{
+    start();
+    RecoveryKeeper &recovery = frame().recovery();
+    recovery.setInterval(1h);
+    typeInto(2, 1, u"typed"_s);
+    refresh(); // this one is not due for two hours
+    ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, document(2))));
+    typeInto(2, 1, u"typed"_s);
+    ASSERT_EQ(copies().size(), 1);
+    ASSERT_TRUE(QMetaObject::invokeMethod(recovery.findChild<QTimer *>(), "timeout", Qt::DirectConnection));
+    EXPECT_EQ(copies().size(), 2);
+}
+
+TEST_F(Recovery, saysWhetherACopyIsOnTheDisk)
+{
+    start();
+    typeInto(2, 1, u"typed"_s);
+    EXPECT_TRUE(frame().recovery().keep(editor()));
+    ASSERT_EQ(copies().size(), 1);
+    QFile::remove(copies().first());
+    EXPECT_TRUE(frame().recovery().keep(editor()));
+    EXPECT_EQ(copies().size(), 1);
 }
 
 TEST_F(Recovery, writesNoCopyTwice)
