@@ -1,6 +1,7 @@
 #include "document/SaveLock.h"
 
 #include "document/DataFolder.h"
+#include "runtime/OwnFiles.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
@@ -52,6 +53,6 @@ SaveLock::SaveLock(const QString &fileName) : m_lock(lockPath(fileName))
     // void. The lock of a living program cannot be removed, however old it is.
     constexpr int oldAge = 1'000; // ms
     m_lock.setStaleLockTime(oldAge);
-    QDir().mkpath(lockFolder());
+    makeOwnFolder(lockFolder());
     m_isTaken = !lockWithin(m_lock, QDeadlineTimer(longest)) && m_lock.error() == QLockFile::LockFailedError;
 }
