@@ -5,6 +5,7 @@
 #include "document/DocumentTables.h"
 #include "document/KnownFiles.h"
 #include "document/PrFile.h"
+#include "document/ReadFindings.h"
 #include "document/RecoveryCopy.h"
 #include "editor/EditorFrame.h"
 #include "editor/ParameterCells.h"
@@ -199,6 +200,7 @@ int DocumentFlows::FindFreeDocumentSlot()
         if (DocFlags[slot].free) {
             DocFlags[slot].free = false;
             MachineInfos[slot] = {}; // the reader keeps what a file does not name
+            forgetReadFindings(slot);
             return slot;
         }
     }

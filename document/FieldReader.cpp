@@ -51,10 +51,7 @@ bool FieldReader::passLine(QByteArrayView line)
 
 QString FieldReader::text()
 {
-    if (atEnd()) {
-        fail(RunTimeError::InputPastEnd);
-    }
-    if (m_error) {
+    if (isPastEnd() || m_error) {
         return {};
     }
     while (!atEnd() && m_rest.front() == ' ') {
@@ -104,6 +101,17 @@ void FieldReader::fail(RunTimeError error)
     }
 }
 
+/// A field that begins at the end is not there, and so has no end either.
+bool FieldReader::isPastEnd()
+{
+    if (!atEnd()) {
+        return false;
+    }
+    fail(RunTimeError::InputPastEnd);
+    m_fieldHasEnd = false;
+    return true;
+}
+
 bool FieldReader::take(char byte)
 {
     if (atEnd() || m_rest.front() != byte) {
@@ -124,10 +132,11 @@ void FieldReader::takeBlanks()
 void FieldReader::takeSeparator()
 {
     takeBlanks();
-    if (m_rest.startsWith("\r\n")) {
+    m_fieldHasEnd = m_rest.startsWith("\r\n");
+    if (m_fieldHasEnd) {
         m_rest = m_rest.sliced(2);
-    } else if (!take(',')) {
-        take('\n');
+    } else {
+        m_fieldHasEnd = take(',') || take('\n');
     }
 }
 
@@ -141,7 +150,8 @@ FieldReader::Field FieldReader::takePlainText()
         bits |= static_cast<uchar>(*at);
     }
     const char *last = at;
-    if (at != m_rest.end()) {
+    m_fieldHasEnd = at != m_rest.end();
+    if (m_fieldHasEnd) {
         last -= *at == '\n' && at != first && at[-1] == '\r' ? 1 : 0;
         ++at;
     }
@@ -178,10 +188,7 @@ double FieldReader::number()
     while (!atEnd() && (isFieldBlank(m_rest.front()) || isLineEnd(m_rest.front()))) {
         m_rest = m_rest.sliced(1);
     }
-    if (atEnd()) {
-        fail(RunTimeError::InputPastEnd);
-    }
-    if (m_error) {
+    if (isPastEnd() || m_error) {
         return 0;
     }
     const auto *end = std::find_if(m_rest.begin(), m_rest.end(), endsNumber);

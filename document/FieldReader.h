@@ -17,13 +17,17 @@ class AnsiCodePage;
 class FieldReader
 {
 public:
-    FieldReader(QByteArrayView bytes, const AnsiCodePage &page) : m_rest(bytes), m_page(page) { }
+    FieldReader(QByteArrayView bytes, const AnsiCodePage &page) : m_size(bytes.size()), m_rest(bytes), m_page(page) { }
 
     /// Passes whole lines up to the first one that equals line; false when there is none, with all passed.
     bool passLine(QByteArrayView line);
 
     bool atEnd() const { return m_rest.isEmpty(); }
     qsizetype remaining() const { return m_rest.size(); }
+    qsizetype position() const { return m_size - m_rest.size(); } ///< bytes passed
+
+    /// Whether a comma or a line end follows the field read last. Without one the bytes may have been cut inside it.
+    bool fieldHasEnd() const { return m_fieldHasEnd; }
 
     QString text();
     qint16 int16();
@@ -41,6 +45,7 @@ private:
         bool ascii;
     };
 
+    bool isPastEnd();
     bool take(char byte);
     void takeBlanks();
     void takeSeparator();
@@ -49,7 +54,9 @@ private:
     QString decoded(const Field &field);
     double number();
 
+    qsizetype m_size;
     QByteArrayView m_rest;
+    bool m_fieldHasEnd = true;
     const AnsiCodePage &m_page;
     TextPool m_pool;
     std::optional<RunTimeError> m_error;

@@ -2,6 +2,7 @@
 
 #include "document/DataFolder.h"
 #include "document/VersionFolder.h"
+#include "runtime/FileName.h"
 #include "runtime/WholeFile.h"
 
 #include <QCryptographicHash>
@@ -54,7 +55,8 @@ QString backupFolder(const QString &fileName)
     const QFileInfo info(fileName);
     const QByteArray hash =
         QCryptographicHash::hash(info.absoluteFilePath().toUtf8(), QCryptographicHash::Sha256).toHex().left(hashLength);
-    return backupRoot() + u'/' + info.fileName().left(readableLength) + u'-' + QString::fromLatin1(hash);
+    const QString name = shownFileName(info.fileName()).left(readableLength);
+    return backupRoot() + u'/' + name + u'-' + QString::fromLatin1(hash);
 }
 
 QString documentNote(const QString &folder)

@@ -1,5 +1,7 @@
 #include "document/FileFailure.h"
 
+#include "runtime/WholeFile.h"
+
 FileFailure FileFailure::of(RunTimeError error)
 {
     switch (error) {
@@ -13,6 +15,22 @@ FileFailure FileFailure::of(RunTimeError error)
         return {OwnText::InputPastEnd};
     case RunTimeError::PrinterError:
         return {OwnText::PrinterError};
+    }
+    return {};
+}
+
+FileFailure FileFailure::of(const FileError &error)
+{
+    constexpr qint64 megabyte = 1024 * 1024;
+    switch (error.kind) {
+    case FileError::Kind::System:
+        return ofSystem(error.reason());
+    case FileError::Kind::NotAFile:
+        return {OwnText::NotAFile};
+    case FileError::Kind::TooLarge:
+        return {OwnText::FileTooLarge, {QString::number(largestFile / megabyte)}};
+    case FileError::Kind::Changing:
+        return {OwnText::FileChanging};
     }
     return {};
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "resources/OwnTexts.h"
+#include "runtime/FileError.h"
 #include "runtime/RunTimeError.h"
 
 #include <QStringList>
@@ -25,6 +26,7 @@ struct FileFailure
 
     static FileFailure silent() { return {}; }
     static FileFailure of(RunTimeError error);
+    static FileFailure of(const FileError &error);
     /// reason: the system's own description.
     static FileFailure ofSystem(const QString &reason) { return {OwnText::SystemReason, {reason}}; }
 };

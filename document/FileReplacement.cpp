@@ -12,8 +12,8 @@ namespace {
 /// Reads what the file holds and keeps it. Returns the system's reason when it is not kept.
 std::optional<QString> keepEarlier(const QString &fileName, QByteArray &earlier)
 {
-    auto reason = readWholeFile(fileName, earlier);
-    return reason ? reason : keepVersion(fileName, earlier);
+    const auto error = readWholeFile(fileName, earlier);
+    return error ? std::optional(error->reason()) : keepVersion(fileName, earlier);
 }
 
 bool wantsSaveWithoutVersion(const QString &fileName, const QString &reason, FileHost &host)
@@ -37,9 +37,9 @@ std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView b
             return FileFailure::silent();
         }
     }
-    const auto reason = writeWholeFile(fileName, bytes);
-    if (reason || extent == Extent::Part) {
+    const auto error = writeWholeFile(fileName, bytes);
+    if (error || extent == Extent::Part) {
         leaveOutOfBackups(fileName, earlier);
     }
-    return reason ? std::optional(FileFailure::ofSystem(*reason)) : std::nullopt;
+    return error ? std::optional(FileFailure::of(*error)) : std::nullopt;
 }

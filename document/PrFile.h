@@ -17,7 +17,7 @@ struct PrFileSource
 
 /// Reads fileName into MachineInfos[docNo] (docNo counts from 1) and PrRecords.
 /// Returns true on FAILURE; the user has been told by then, except when the file has no parameter section.
-/// What was read before a failure stays in both tables.
+/// What was read before a failure stays in both tables; what is missing in the file is in readFindings().
 bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host);
 
 /// Writes the document to fileName and clears its changed flag. Returns true on FAILURE; the user has been told by

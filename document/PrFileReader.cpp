@@ -5,6 +5,7 @@
 #include "document/InverterSection.h"
 #include "document/KnownFiles.h"
 #include "document/PrFile.h"
+#include "document/ReadFindings.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
 #include "runtime/WholeFile.h"
@@ -72,12 +73,12 @@ void readRecord(FieldReader &in, PrRecord &record)
 }
 
 /// Reads rows into PrRecords until the file ends; there is room for one more than the file says.
-std::optional<FileFailure> readRecords(FieldReader &in, int paramater, FileHost &host)
+std::optional<FileFailure> readRecords(FieldReader &in, int paramater, ReadFindings &findings, FileHost &host)
 {
     constexpr qsizetype shortestRow = 13;
-    const qsizetype room = paramater + 1;
+    const qsizetype room = qsizetype(paramater) + 1;
     PrRecords.clear();
-    if (room < 0) {
+    if (paramater < 0) {
         return FileFailure::of(RunTimeError::SubscriptOutOfRange);
     }
     PrRecords.reserve(std::min(room, in.remaining() / shortestRow + 1));
@@ -85,7 +86,13 @@ std::optional<FileFailure> readRecords(FieldReader &in, int paramater, FileHost 
         if (PrRecords.size() == room) {
             return FileFailure::of(RunTimeError::SubscriptOutOfRange);
         }
+        const qsizetype rowAt = in.position();
         readRecord(in, PrRecords.emplaceBack());
+        ++findings.rowsFound;
+        if (in.atEnd() && !in.fieldHasEnd()) {
+            findings.cutRow = findings.rowsFound;
+            findings.cutRowAt = rowAt;
+        }
         if (const auto error = in.error()) {
             return FileFailure::of(*error);
         }
@@ -95,15 +102,25 @@ std::optional<FileFailure> readRecords(FieldReader &in, int paramater, FileHost 
     return std::nullopt;
 }
 
+std::optional<FileFailure> readRows(FieldReader &in, qint16 docNo, FileHost &host)
+{
+    ReadFindings findings{.rowsAnnounced = MachineInfos.at(docNo).Paramater};
+    auto failure = readRecords(in, findings.rowsAnnounced, findings, host);
+    findings.bytesUnread = in.remaining();
+    setReadFindings(docNo, findings);
+    return failure;
+}
+
 std::optional<FileFailure> readFile(const QString &fileName, qint16 docNo, FileHost &host)
 {
     if (docNo < 1 || docNo > documentUpperBound()) {
         return FileFailure::of(RunTimeError::SubscriptOutOfRange);
     }
+    forgetReadFindings(docNo);
     QByteArray bytes;
     const FileStamp stamp = FileStamp::of(fileName);
-    if (auto reason = readWholeFile(fileName, bytes)) {
-        return FileFailure::ofSystem(*reason);
+    if (const auto error = readWholeFile(fileName, bytes)) {
+        return FileFailure::of(*error);
     }
     noteReadFile(docNo, fileName, stamp, bytes);
     if (auto failure = ReadInverterSection(PrivateProfile(bytes), MachineInfos[docNo])) {
@@ -113,7 +130,7 @@ std::optional<FileFailure> readFile(const QString &fileName, qint16 docNo, FileH
     if (!in.passLine("[Paramater]")) {
         return FileFailure::silent();
     }
-    return readRecords(in, MachineInfos.at(docNo).Paramater, host);
+    return readRows(in, docNo, host);
 }
 
 } // namespace

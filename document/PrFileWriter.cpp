@@ -7,6 +7,7 @@
 #include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "document/ReadBackCheck.h"
+#include "document/ReadFindings.h"
 #include "document/SaveHost.h"
 #include "document/SaveLock.h"
 #include "runtime/AnsiText.h"
@@ -198,6 +199,7 @@ std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource
     auto failure = writeDocument(fileName, source, host);
     if (!failure) {
         DocFlags[source.docNo].changed = false;
+        forgetReadFindings(source.docNo);
     }
     return failure;
 }

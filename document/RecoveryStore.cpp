@@ -104,7 +104,9 @@ bool RecoveryStore::has(int number) const
 
 std::optional<QString> RecoveryStore::read(int number, QByteArray &bytes) const
 {
-    return readWholeFile(copyPath(number), bytes);
+    constexpr qint64 largestCopy = 4 * largestFile; // texts in UTF-16, and what each cell has besides
+    const auto error = readWholeFile(copyPath(number), bytes, largestCopy);
+    return error ? std::optional(error->reason()) : std::nullopt;
 }
 
 void RecoveryStore::remove(int number)

@@ -17,6 +17,13 @@ constexpr OwnTextEntry entries[] = {
         u"%1: 文字「%2」(U+%3) はコードページ %4 にありません。"},
     {OwnText::FileBeingSaved, u"Another Tabrix is saving this file at this moment. Try again later.",
         u"別の Tabrix がこのファイルを保存中です。しばらくしてからやり直してください。"},
+    {OwnText::NotAFile, u"This is a pipe, a socket or a device. Only files can be opened and saved.",
+        u"パイプ、ソケット、またはデバイスです。開いたり保存したりできるのはファイルだけです。"},
+    {OwnText::FileTooLarge, u"The file is too large. Files of more than %1 MB cannot be opened.",
+        u"ファイルが大きすぎます。%1 MB を超えるファイルは開けません。"},
+    {OwnText::FileChanging, u"Another program is writing to this file. Try again when it has finished.",
+        u"別のプログラムがこのファイルに書き込んでいます。書き込みが終わってからやり直してください。"},
+    {OwnText::NotAHelpFile, u"This is not a help file.", u"ヘルプファイルではありません。"},
     // Saving
     {OwnText::FileChangedQuestion,
         u"Another program has changed this file since it was opened or saved here. Replace it all the same?",

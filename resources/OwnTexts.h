@@ -18,6 +18,10 @@ enum class OwnText : quint16 {
     RowCharacterMissing, ///< %1: row, from 1; %2: the character; %3: its code; %4: number of the code page
     KeyCharacterMissing, ///< %1: key of the "[Inverter]" section; %2 to %4: as above
     FileBeingSaved,
+    NotAFile,
+    FileTooLarge, ///< %1: the most megabytes that a file may have
+    FileChanging,
+    NotAHelpFile,
     // Saving
     FileChangedQuestion,
     FileAppearedQuestion,

@@ -14,7 +14,7 @@ class PrivateProfile
 public:
     explicit PrivateProfile(QByteArray bytes);
 
-    /// The profile of a file; an empty profile when the file cannot be read.
+    /// The profile of a file; an empty profile when the file cannot be read, or is larger than largestFile.
     static PrivateProfile fromFile(const QString &fileName);
 
     /// The value of key in section, cut to bufferSize - 1 bytes of the ANSI code page (never inside a character).

@@ -1,86 +1,92 @@
 #include "runtime/WholeFile.h"
 
-#include <QDateTime>
-#include <QFile>
-#include <QFileInfo>
+#include "runtime/SystemFile.h"
 
+#include <algorithm>
 #include <cerrno>
-
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace {
 
-/// Whether the file's content has reached the disk. What is no file of a disk (a device, a pipe) cannot wait for one.
-bool reachDisk(const QFile &file)
-{
-#ifdef Q_OS_WIN
-    return _commit(file.handle()) == 0;
-#else
-    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOTSUP;
-#endif
-}
+constexpr FileError tooLarge{FileError::Kind::TooLarge, EFBIG};
 
-std::optional<QString> readOnce(const QString &fileName, QByteArray &bytes)
+/// Reads to the end, which may come later than the system said: the file may grow, and some files that the system
+/// makes up have no size.
+std::optional<FileError> readToEnd(const SystemFile &file, qint64 expected, qint64 most, QByteArray &bytes)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return file.errorString();
-    }
-    bytes = file.readAll();
-    return file.error() == QFileDevice::NoError ? std::nullopt : std::optional(file.errorString());
-}
-
-/// Writes all bytes. The system may take a part first and say only at the next call why it takes no more.
-bool writeAll(QFile &file, QByteArrayView bytes)
-{
-    while (!bytes.isEmpty()) {
-        const qint64 written = file.write(bytes.data(), bytes.size());
-        if (written <= 0) {
-            return false;
+    constexpr qint64 step = 65536;
+    bytes.resize(expected + 1); // one more, so that a file of the expected size takes no further piece
+    qint64 length = 0;
+    while (true) {
+        qint64 count = 0;
+        if (auto error = file.read(bytes.data() + length, bytes.size() - length, count)) {
+            return error;
         }
-        bytes = bytes.sliced(written);
+        length += count;
+        if (length > most) {
+            return tooLarge;
+        }
+        if (count == 0) {
+            bytes.truncate(length);
+            return std::nullopt;
+        }
+        if (length == bytes.size()) {
+            bytes.resize(std::min(length + std::max(step, length / 2), most + 1));
+        }
     }
-    return true;
+}
+
+/// Reads the file once. isWhole tells whether nobody has changed it meanwhile.
+std::optional<FileError> readOnce(const QString &fileName, QByteArray &bytes, qint64 most, bool &isWhole)
+{
+    SystemFile file;
+    SystemFile::State before;
+    SystemFile::State after;
+    if (auto error = file.openToRead(fileName)) {
+        return error;
+    }
+    if (auto error = file.state(before)) {
+        return error;
+    }
+    if (before.size > most) {
+        return tooLarge;
+    }
+    if (auto error = readToEnd(file, before.size, most, bytes)) {
+        return error;
+    }
+    if (auto error = file.state(after)) {
+        return error;
+    }
+    isWhole = before == after && (after.size == bytes.size() || after.size == 0);
+    return std::nullopt;
 }
 
 } // namespace
 
-std::optional<QString> readWholeFile(const QString &fileName, QByteArray &bytes)
+std::optional<FileError> readWholeFile(const QString &fileName, QByteArray &bytes, qint64 most)
 {
     constexpr int attempts = 5;
-    QFileInfo info(fileName);
-    if (info.exists() && !info.isFile()) {
-        return qt_error_string(info.isDir() ? EISDIR : ESPIPE);
+    bool isWhole = false;
+    std::optional<FileError> error;
+    for (int attempt = 0; attempt < attempts && !isWhole && !error; ++attempt) {
+        error = readOnce(fileName, bytes, most, isWhole);
     }
-    for (int attempt = 0; attempt < attempts; ++attempt) {
-        const QDateTime changedBefore = info.lastModified();
-        if (auto reason = readOnce(fileName, bytes)) {
-            return reason;
-        }
-        info.refresh();
-        if (info.size() == bytes.size() && info.lastModified() == changedBefore) {
-            return std::nullopt;
-        }
+    if (!isWhole) {
+        bytes = {}; // half of what another program is writing must not pass for the whole
     }
-    return qt_error_string(EBUSY); // half of what another program is writing must not pass for the whole
+    return isWhole || error ? error : FileError{FileError::Kind::Changing, EBUSY};
 }
 
-std::optional<QString> writeWholeFile(const QString &fileName, QByteArrayView bytes)
+std::optional<FileError> writeWholeFile(const QString &fileName, QByteArrayView bytes)
 {
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        return file.errorString();
+    SystemFile file;
+    if (auto error = file.openToReplace(fileName)) {
+        return error;
     }
-    if (!writeAll(file, bytes) || !file.flush()) {
-        return file.errorString();
+    if (auto error = file.write(bytes)) {
+        return error;
     }
-    if (!reachDisk(file)) {
-        return qt_error_string(errno);
+    if (auto error = file.sync()) {
+        return error;
     }
-    file.close();
-    return file.error() == QFileDevice::NoError ? std::nullopt : std::optional(file.errorString());
+    return file.close();
 }

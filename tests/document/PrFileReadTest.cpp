@@ -134,9 +134,11 @@ TEST_P(ParamaterValue, isA16BitNumberOfRows)
 INSTANTIATE_TEST_SUITE_P(Values, ParamaterValue,
     testing::Values(ParamaterCase{"1.5", "", u""_s, 2}, ParamaterCase{"1e2", "", u""_s, 100},
         ParamaterCase{"many", "", u"Type mismatch"_s, 77}, ParamaterCase{"3 rows", "", u"Type mismatch"_s, 77},
-        ParamaterCase{"32768", "", u"Overflow"_s, 77}, ParamaterCase{"-1", "", u""_s, -1},
-        ParamaterCase{"-1", plainRow, u"Subscript out of range"_s, -1},
-        ParamaterCase{"-2", "", u"Subscript out of range"_s, -2}, ParamaterCase{"", "", u""_s, 77},
+        ParamaterCase{"32768", "", u"Overflow"_s, 77}, ParamaterCase{"-1", "", u"Subscript out of range"_s, -1},
+        ParamaterCase{"-1", plainRow, u"Subscript out of range"_s, -1}, ParamaterCase{"-0.4", plainRow, u""_s, 0},
+        ParamaterCase{"-0.6", "", u"Subscript out of range"_s, -1},
+        ParamaterCase{"-2", "", u"Subscript out of range"_s, -2},
+        ParamaterCase{"-32768", "", u"Subscript out of range"_s, -32768}, ParamaterCase{"", "", u""_s, 77},
         ParamaterCase{"32767", plainRow, u""_s, 32767}));
 
 TEST_F(Reading, hasNotReadWhatStandsBehindABadParamater)

@@ -41,10 +41,16 @@ const Obstacle obstacles[] = {
         [](const QString &file) { ASSERT_TRUE(QFile::link(file, file)); }},
     {"ALinkIntoNowhere", u"No such file or directory"_s,
         [](const QString &file) { ASSERT_TRUE(QFile::link(u"/nowhere/b.inv"_s, file)); }},
-    {"APipe", u"Illegal seek"_s,
+    {"APipe", u"This is a pipe, a socket or a device. Only files can be opened and saved."_s,
         [](const QString &file) { ASSERT_EQ(::mkfifo(QFile::encodeName(file).constData(), 0600), 0); }},
-    {"ADeviceWithoutEnd", u"Illegal seek"_s,
+    {"ADeviceWithoutEnd", u"This is a pipe, a socket or a device. Only files can be opened and saved."_s,
         [](const QString &file) { ASSERT_TRUE(QFile::link(u"/dev/zero"_s, file)); }},
+    {"AFileOfThreeGigabytes", u"The file is too large. Files of more than 256 MB cannot be opened."_s,
+        [](const QString &file) {
+            QFile created(file);
+            ASSERT_TRUE(created.open(QIODevice::WriteOnly));
+            ASSERT_TRUE(created.resize(qint64(3) << 30)); // without a block on the disk
+        }},
 };
 
 class FailingOpen : public FaultTest, public testing::WithParamInterface<Obstacle>

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QtGlobal>
+
+#include <optional>
+
+/// What reading a document found out about its file: whether something of it may be missing.
+struct ReadFindings
+{
+    int rowsAnnounced = 0; ///< what the file says
+    int rowsFound = 0; ///< the rows that begin in the file, the cut one included
+    int cutRow = 0; ///< the row, from 1, in which the file ends; 0 when the last one has its end
+    qint64 cutRowAt = 0; ///< the byte, from 0, that the cut row begins with
+    qint64 bytesUnread = 0; ///< what stands behind the place where an error ended the reading
+
+    /// Whether the file has all rows that it announces, each to its end, and was read to its own.
+    bool isWhole() const { return rowsFound >= rowsAnnounced && cutRow == 0 && bytesUnread == 0; }
+    bool operator==(const ReadFindings &) const = default;
+};
+
+/// The findings of the last reading into a document number, failed ones included; nothing when it came to no rows,
+/// when the document comes from no file, and after it has been saved.
+std::optional<ReadFindings> readFindings(int docNo);
+
+void setReadFindings(int docNo, const ReadFindings &findings);
+void forgetReadFindings(int docNo);

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+
+class QUrl;
+
+// File names as the program holds them. Where names are bytes, a byte that is no part of a UTF-8 character becomes one
+// of the private characters U+10FE80 to U+10FEFF, which settings, recovery copies and Qt keep as they are; so a file
+// can be opened, saved and remembered whatever the code page was that its name was given in.
+
+/// The name of these bytes. fileNameBytes() gives the same bytes back, whatever they are.
+QString fileNameFromBytes(QByteArrayView bytes);
+
+/// What the system calls the file; to be used for each call that takes a name.
+QByteArray fileNameBytes(const QString &name);
+
+/// A name that Qt gives (from a dialog, say) as the program holds it: only one with such a private character differs.
+QString fileNameFromQt(const QString &name);
+
+/// The local file that the address means, "/" between the folders; it may hold bytes that are no UTF-8.
+QString fileNameFromUrl(const QUrl &url);
+
+/// The name as a user is shown it: U+FFFD for each byte that is no part of a character.
+QString shownFileName(const QString &name);

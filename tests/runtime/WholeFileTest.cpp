@@ -1,0 +1,246 @@
+#include "runtime/WholeFile.h"
+
+#include "runtime/SystemFile.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cerrno>
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+// The program's system calls come here first. While interruptions are left, each call is interrupted by a signal.
+namespace {
+
+int interruptions = 0;
+int interrupted = 0;
+
+bool interrupts()
+{
+    if (interruptions == 0) {
+        return false;
+    }
+    --interruptions;
+    ++interrupted;
+    errno = EINTR;
+    return true;
+}
+
+template <typename Function>
+Function *systemsOwn(Function * /*like*/, const char *name)
+{
+    return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
+}
+
+} // namespace
+
+extern "C" {
+
+ssize_t read(int file, void *bytes, size_t room)
+{
+    static auto *const own = systemsOwn(&::read, "read");
+    return interrupts() ? -1 : own(file, bytes, room);
+}
+
+ssize_t write(int file, const void *bytes, size_t count)
+{
+    static auto *const own = systemsOwn(&::write, "write");
+    return interrupts() ? -1 : own(file, bytes, count);
+}
+
+int fsync(int file)
+{
+    static auto *const own = systemsOwn(&::fsync, "fsync");
+    return interrupts() ? -1 : own(file);
+}
+
+int open(const char *name, int flags, ...)
+{
+    using Open = int(const char *, int, mode_t);
+    static auto *const own = reinterpret_cast<Open *>(::dlsym(RTLD_NEXT, "open"));
+    return interrupts() ? -1 : own(name, flags, 0600);
+}
+
+} // extern "C"
+
+namespace {
+
+class WholeFile : public testing::Test
+{
+protected:
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+    QString put(const QByteArray &content) const
+    {
+        QFile file(path(u"a.inv"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_EQ(file.write(content), content.size());
+        return file.fileName();
+    }
+    /// A file that says that it has so many bytes; they take no room on the disk.
+    QString putSparse(qint64 size) const
+    {
+        QFile file(path(u"large.inv"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        EXPECT_TRUE(file.resize(size));
+        return file.fileName();
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+TEST_F(WholeFile, isReadAndWrittenThoughSignalsInterruptEveryCall)
+{
+    for (int calls = 1; calls <= 12; ++calls) { // each call in turn is interrupted, the first one several times
+        interrupted = 0;
+        interruptions = calls;
+        const auto writeError = writeWholeFile(path(u"a.inv"_s), "content");
+        interruptions = 0;
+        ASSERT_EQ(writeError, std::nullopt);
+        ASSERT_EQ(interrupted, calls);
+        interruptions = calls;
+        QByteArray bytes;
+        const auto readError = readWholeFile(path(u"a.inv"_s), bytes);
+        interruptions = 0;
+        ASSERT_EQ(readError, std::nullopt);
+        ASSERT_EQ(bytes, "content");
+    }
+}
+
+TEST_F(WholeFile, beyondTheBoundIsRefusedBeforeItTakesMemory)
+{
+    QByteArray bytes = "former";
+    for (const qint64 size : {largestFile + 1, qint64(3) << 30, qint64(1) << 40}) {
+        const QString file = putSparse(size);
+        EXPECT_EQ(readWholeFile(file, bytes), (FileError{FileError::Kind::TooLarge, EFBIG})) << size;
+        EXPECT_EQ(bytes.capacity(), 0);
+    }
+}
+
+TEST_F(WholeFile, ofExactlyTheBoundIsRead)
+{
+    QByteArray bytes;
+    EXPECT_EQ(readWholeFile(put("12345"), bytes, 5), std::nullopt);
+    EXPECT_EQ(bytes, "12345");
+    EXPECT_EQ(readWholeFile(put("123456"), bytes, 5)->kind, FileError::Kind::TooLarge);
+    EXPECT_EQ(bytes, "");
+}
+
+TEST_F(WholeFile, thatTheSystemMakesUpIsReadThoughItSaysThatItHasNoBytes)
+{
+    QByteArray bytes;
+    ASSERT_EQ(readWholeFile(u"/proc/self/status"_s, bytes), std::nullopt);
+    EXPECT_TRUE(bytes.startsWith("Name:"));
+    EXPECT_EQ(readWholeFile(u"/proc/self/status"_s, bytes, 20)->kind, FileError::Kind::TooLarge);
+}
+
+TEST_F(WholeFile, emptyIsRead)
+{
+    QByteArray bytes = "former";
+    EXPECT_EQ(readWholeFile(put(""), bytes), std::nullopt);
+    EXPECT_EQ(bytes, "");
+}
+
+namespace {
+
+/// What stands under a name, and what is said of it when it is read.
+struct Obstacle
+{
+    const char *name;
+    FileError error;
+    void (*make)(const QByteArray &path);
+};
+
+void PrintTo(const Obstacle &obstacle, std::ostream *out)
+{
+    *out << obstacle.name;
+}
+
+constexpr FileError::Kind System = FileError::Kind::System;
+constexpr FileError::Kind NotAFile = FileError::Kind::NotAFile;
+
+void makeSocket(const QByteArray &path)
+{
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    ASSERT_LT(size_t(path.size()), sizeof address.sun_path);
+    std::copy(path.begin(), path.end(), address.sun_path);
+    const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    EXPECT_EQ(::bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+    ::close(socket);
+}
+
+const Obstacle obstacles[] = {
+    {"Nothing", {System, ENOENT}, [](const QByteArray &) {}},
+    {"AFolder", {System, EISDIR}, [](const QByteArray &path) { EXPECT_EQ(::mkdir(path, 0700), 0); }},
+    {"APipe", {NotAFile, EINVAL}, [](const QByteArray &path) { EXPECT_EQ(::mkfifo(path, 0600), 0); }},
+    {"ASocket", {NotAFile, EINVAL}, makeSocket},
+    {"ADevice", {NotAFile, EINVAL}, [](const QByteArray &path) { EXPECT_EQ(::symlink("/dev/zero", path), 0); }},
+    {"ALinkIntoNowhere", {System, ENOENT}, [](const QByteArray &path) { EXPECT_EQ(::symlink("/nowhere/a", path), 0); }},
+    {"ALinkToItself", {System, ELOOP}, [](const QByteArray &path) { EXPECT_EQ(::symlink(path, path), 0); }},
+};
+
+class ReadingAnObstacle : public WholeFile, public testing::WithParamInterface<Obstacle>
+{
+};
+
+} // namespace
+
+TEST_P(ReadingAnObstacle, failsWithTheTrueReason)
+{
+    GetParam().make(QFile::encodeName(path(u"a.inv"_s)));
+    QByteArray bytes;
+    EXPECT_EQ(readWholeFile(path(u"a.inv"_s), bytes), GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Obstacles, ReadingAnObstacle, testing::ValuesIn(obstacles),
+    [](const auto &test) { return std::string(test.param.name); });
+
+TEST_F(WholeFile, isNotWaitedForWhereAPipeOrASocketStands)
+{
+    const QByteArray pipe = QFile::encodeName(path(u"pipe"_s));
+    ASSERT_EQ(::mkfifo(pipe, 0600), 0);
+    makeSocket(QFile::encodeName(path(u"socket"_s)));
+    EXPECT_EQ(writeWholeFile(path(u"pipe"_s), "content"), (FileError{NotAFile, EINVAL}));
+    EXPECT_EQ(writeWholeFile(path(u"socket"_s), "content"), (FileError{NotAFile, EINVAL}));
+}
+
+TEST_F(WholeFile, ofALongNameOrWithoutAHandleFailsWithTheSystemsReason)
+{
+    QByteArray bytes;
+    EXPECT_EQ(readWholeFile(path(QString(300, u'a')), bytes), (FileError{System, ENAMETOOLONG}));
+    EXPECT_EQ(writeWholeFile(path(QString(300, u'a')), "content"), (FileError{System, ENAMETOOLONG}));
+    const QString file = put("content");
+    rlimit former{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
+    const rlimit none{0, former.rlim_max};
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const auto readError = readWholeFile(file, bytes);
+    const auto writeError = writeWholeFile(file, "other");
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &former), 0);
+    EXPECT_EQ(readError, (FileError{System, EMFILE}));
+    EXPECT_EQ(writeError, (FileError{System, EMFILE}));
+    EXPECT_EQ(readError->reason(), u"Too many open files"_s);
+    EXPECT_EQ(readWholeFile(file, bytes), std::nullopt);
+    EXPECT_EQ(bytes, "content");
+}
+
+TEST(FileErrors, haveTheReasonOfTheLastCall)
+{
+    errno = EACCES;
+    EXPECT_EQ(lastSystemReason(), u"Permission denied"_s);
+    errno = 0;
+    EXPECT_EQ(FileError::last(), (FileError{System, EIO})); // never "Success"
+}
