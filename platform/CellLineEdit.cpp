@@ -3,6 +3,7 @@
 #include "platform/CellInput.h"
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -53,9 +54,9 @@ CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *p
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);
-    if (type.kind == CellType::Kind::Text && type.maxLength > 0) {
-        // A longer text from a file can be changed, but not made longer.
-        setMaxLength(std::max(type.maxLength, int(text.size())));
-    }
+    // Without a limit of its own a cell takes more than the toolkit's usual 32,767 characters. A text from a file that
+    // is longer than the limit can be changed, but not made longer.
+    const bool isLimited = type.kind == CellType::Kind::Text && type.maxLength > 0;
+    setMaxLength(isLimited ? std::max(type.maxLength, int(text.size())) : std::numeric_limits<int>::max());
     setValidator(new Validator(type, this));
 }

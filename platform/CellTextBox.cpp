@@ -78,8 +78,11 @@ QString CellTextBox::plainLines() const
 void CellTextBox::cutOverhang()
 {
     QTextCursor cursor = textCursor();
-    while (text().size() > m_longest && !cursor.atStart()) {
+    for (qsizetype over = text().size() - m_longest; over > 0 && !cursor.atStart(); over = text().size() - m_longest) {
         const QSignalBlocker quiet(this);
-        cursor.deletePreviousChar();
+        // A line end is one step back, however many characters it has.
+        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor,
+            int(std::max<qsizetype>(over / m_lineEnd.size(), 1)));
+        cursor.removeSelectedText();
     }
 }

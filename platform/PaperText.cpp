@@ -36,6 +36,15 @@ QString withLineSeparators(QString text)
     return text.replace("\r\n"_L1, "\n"_L1).replace(u'\r', QChar::LineSeparator).replace(u'\n', QChar::LineSeparator);
 }
 
+/// No page has room for more characters. Marks that take no room of their own are rarely many.
+qsizetype unitsOnAPage(const QFontMetricsF &metrics, const QPaintDevice &paper)
+{
+    constexpr double narrowest = 0.2; // of the height
+    const double perLine = paper.width() / (metrics.height() * narrowest);
+    const double lines = paper.height() / metrics.height() + 1;
+    return qsizetype(perLine * lines) + 1000;
+}
+
 double leftEdge(const QRectF &area, Qt::Alignment alignment, double width)
 {
     if (alignment & Qt::AlignHCenter) {
@@ -57,6 +66,7 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
     , m_paper(&paper)
     , m_metrics(m_font, &paper)
     , m_characterWidth(m_metrics.horizontalAdvance(u'0'))
+    , m_mostUnits(unitsOnAPage(m_metrics, paper))
     , m_widestCharacter(std::max(m_metrics.horizontalAdvance(u'W'), m_metrics.horizontalAdvance(QChar(u'漢'))))
 {
     m_asciiWidths.fill(m_widestCharacter);
@@ -67,6 +77,9 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
 
 bool PaperText::isShort(QStringView text, double width) const
 {
+    if (text.size() > m_mostUnits) {
+        return false;
+    }
     double atMost = 0;
     for (const QChar character : text) {
         const auto code = character.unicode();
@@ -75,8 +88,9 @@ bool PaperText::isShort(QStringView text, double width) const
     return atMost <= width && !hasLineBreak(text);
 }
 
-int PaperText::lineCount(const QString &text, double width) const
+int PaperText::lineCount(const QString &wholeText, double width) const
 {
+    const QString text = wholeText.left(m_mostUnits);
     if (!hasLineBreak(text) && this->width(text) <= room(width)) {
         return 1;
     }
@@ -85,8 +99,9 @@ int PaperText::lineCount(const QString &text, double width) const
     return std::max(layout.lineCount(), 1);
 }
 
-void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const
+void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &wholeText) const
 {
+    const QString text = wholeText.left(m_mostUnits);
     const double textWidth = width(text);
     if (hasLineBreak(text) || textWidth > room(area.width())) {
         drawLines(painter, area, alignment, text);

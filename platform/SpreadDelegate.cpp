@@ -7,6 +7,7 @@
 #include "platform/Contrast.h"
 #include "platform/SpreadModel.h"
 #include "platform/TextMeter.h"
+#include "platform/VisibleText.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -40,7 +41,24 @@ QColor textColour(const QPalette &palette, const QColor &own, const QColor &grou
 
 bool hasLineBreak(QStringView text)
 {
-    return std::ranges::any_of(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
+    return text.contains(u'\n') || text.contains(u'\r');
+}
+
+/// What the user can see of the view that is painted.
+QRect windowOf(const QStyleOptionViewItem &option)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    return view ? view->viewport()->rect() : option.rect;
+}
+
+/// How many pixels of a place can be seen from the edge on that the alignment begins at.
+int visibleWidth(const QRect &place, const QRect &window, Qt::Alignment alignment)
+{
+    if (alignment & Qt::AlignHCenter) {
+        return place.width();
+    }
+    const int visible = alignment & Qt::AlignRight ? place.right() - window.left() : window.right() - place.left();
+    return std::min(place.width(), visible + 1);
 }
 
 // Desktops have one of the two only; without this the other would go on to the grid.
@@ -113,10 +131,20 @@ QColor SpreadDelegate::selectedGround(const QPalette &palette) const
 void SpreadDelegate::paintText(
     QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const
 {
-    if (!text.isEmpty()) {
-        const int flags = hasLineBreak(text) ? Qt::TextExpandTabs : Qt::TextSingleLine;
-        painter->drawText(option.rect.adjusted(margin(), 0, -margin(), 0), int(alignment | Qt::AlignVCenter) | flags,
-            text.toString());
+    if (text.isEmpty()) {
+        return;
+    }
+    const QRect place = option.rect.adjusted(margin(), 0, -margin(), 0);
+    const QRect window = windowOf(option);
+    if (!hasLineBreak(text)) {
+        const QStringView line = VisibleText::ofLine(text, visibleWidth(place, window, alignment), alignment);
+        painter->drawText(place, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, line.toString());
+    } else if (!VisibleText::isManyLines(text)) {
+        painter->drawText(place, int(alignment | Qt::AlignVCenter) | Qt::TextExpandTabs, text.toString());
+    } else {
+        const auto lines = VisibleText::ofLines(text, place, window, painter->fontMetrics().lineSpacing(), alignment);
+        painter->drawText(QRect(place.left(), lines.top, place.width(), place.bottom() - lines.top + 1),
+            int(alignment | Qt::AlignTop) | Qt::TextExpandTabs, lines.text);
     }
 }
 
@@ -204,7 +232,7 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
         CellMetrics::rowHeight(option.fontMetrics, text) - CellMetrics::extraHeight + extraHeight};
 }
 
-// A text that its cell cuts off is shown whole beside the mouse.
+// A text that its cell cuts off is shown beside the mouse: whole, unless nobody would read all of it.
 bool SpreadDelegate::helpEvent(
     QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
 {
@@ -214,7 +242,7 @@ bool SpreadDelegate::helpEvent(
     const QSize room = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
     const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
     const bool isCut = isText && sizeHint(option, index).boundedTo(room) != sizeHint(option, index);
-    const QString text = m_model.text(index.column() + 1, index.row() + 1).toString();
+    const QString text = VisibleText::beginning(m_model.text(index.column() + 1, index.row() + 1));
     QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view, option.rect);
     return true;
 }

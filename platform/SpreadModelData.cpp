@@ -2,6 +2,7 @@
 
 #include "platform/CellInput.h"
 #include "platform/SpreadModel.h"
+#include "platform/VisibleText.h"
 
 #include <QBrush>
 
@@ -41,8 +42,8 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
         return text(column, row).toString();
     case Qt::CheckStateRole:
         return isCheckBox ? QVariant(CellInput::isTicked(text(column, row)) ? Qt::Checked : Qt::Unchecked) : QVariant();
-    case Qt::AccessibleTextRole: // the box's own state is announced, not its "1"
-        return isCheckBox ? QVariant(boxName(column, row)) : QVariant();
+    case Qt::AccessibleTextRole: // the box's own state is announced, not its "1"; nobody listens to a million letters
+        return isCheckBox ? boxName(column, row) : VisibleText::beginning(text(column, row));
     case Qt::TextAlignmentRole:
         return int(alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:

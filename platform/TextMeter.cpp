@@ -1,5 +1,7 @@
 #include "platform/TextMeter.h"
 
+#include "platform/VisibleText.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -28,7 +30,7 @@ TextMeter::TextMeter(const QFont &font) : m_metrics(font)
 
 void TextMeter::add(QStringView text)
 {
-    while (true) {
+    while (m_widest < mostPixels) {
         const auto end = std::ranges::find_if(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
         const qsizetype length = end - text.begin();
         addLine(text.first(length));
@@ -41,11 +43,12 @@ void TextMeter::add(QStringView text)
 
 int TextMeter::widest() const
 {
-    return int(std::ceil(std::max(m_widest, laidOut(m_widestText))));
+    return std::min(mostPixels, int(std::ceil(std::max(m_widest, laidOut(m_widestText)))));
 }
 
 void TextMeter::addLine(QStringView line)
 {
+    line = VisibleText::ofLine(line, mostPixels, Qt::AlignLeft);
     double width = 0;
     char16_t last = 0;
     for (const QChar character : line) {
