@@ -18,6 +18,7 @@
 #include "platform/MessageBox.h"
 #include "platform/PlainCaption.h"
 #include "platform/SpreadGrid.h"
+#include "runtime/FileName.h"
 #include "runtime/NumberText.h"
 
 #include <QAction>
@@ -401,7 +402,7 @@ void MDIfrmTabrix::dropEvent(QDropEvent *event)
     event->acceptProposedAction();
     for (const QUrl &url : event->mimeData()->urls()) {
         if (url.isLocalFile()) {
-            m_documents.OpenPrFile(QDir::toNativeSeparators(url.toLocalFile()));
+            m_documents.OpenPrFile(QDir::toNativeSeparators(fileNameFromUrl(url)));
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "app/MDIfrmTabrix.h"
 #include "platform/Picture.h"
+#include "runtime/CommandLine.h"
 
 #include <QApplication>
 
@@ -12,7 +13,7 @@ int main(int argc, char **argv)
     QApplication::setDesktopFileName(u"tabrix"_s);
     QApplication::setWindowIcon(Picture::programIcon());
     MDIfrmTabrix frame;
-    frame.load(QApplication::arguments().mid(1).join(u' '));
+    frame.load(commandLineText(argc, argv));
     frame.show();
     return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "platform/FileDialog.h"
 
 #include "platform/PlainMessages.h"
+#include "runtime/FileName.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -24,7 +25,7 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    return QDir::toNativeSeparators(fileNameFromQt(dialog.selectedFiles().constFirst()));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "platform/PlainCaption.h"
 
+#include "runtime/FileName.h"
+
 #include <QFontMetrics>
 #include <QTextBoundaryFinder>
 
@@ -37,12 +39,12 @@ QString loosened(const QString &word)
 
 QString plainTitle(const QString &text)
 {
-    return QString(text).replace("[*]"_L1, "[*][*]"_L1);
+    return shownFileName(text).replace("[*]"_L1, "[*][*]"_L1);
 }
 
 QString plainMenuText(const QString &text)
 {
-    QString shown = text;
+    QString shown = shownFileName(text);
     shown.replace(u'&', "&&"_L1);
     for (const QChar control : {u'\t', u'\n', u'\r'}) {
         shown.replace(control, u' ');
@@ -50,8 +52,9 @@ QString plainMenuText(const QString &text)
     return shown;
 }
 
-QString breakable(const QString &text, const QFontMetrics &metrics)
+QString breakable(const QString &wholeText, const QFontMetrics &metrics)
 {
+    const QString text = shownFileName(wholeText);
     QString result;
     QTextBoundaryFinder words(QTextBoundaryFinder::Line, text);
     qsizetype begin = 0;

@@ -4,7 +4,8 @@
 
 class QFontMetrics;
 
-// Texts of files, and the names of files, as captions show them: what looks like a code to Qt is shown as it is.
+// Texts of files, and the names of files, as captions show them: what looks like a code to Qt is shown as it is, and
+// U+FFFD stands for each byte of a name that is no part of a character.
 
 /// As a window's title: "[*]" is no mark of a changed window.
 QString plainTitle(const QString &text);
