@@ -152,6 +152,26 @@ TEST_F(SettingsFault, aFileThatCannotBeReadGivesDefaults)
     expectUsable();
 }
 
+TEST_F(SettingsFault, aFileOfThreeGigabytesGivesDefaultsAndIsLeftAsItIs)
+{
+    constexpr qint64 size = qint64(3) << 30;
+    store("[FontInf]\nFontName=Mine\n");
+    ASSERT_TRUE(QFile::resize(storeFile(), size)); // without a block on the disk
+    start();
+    EXPECT_EQ(UserFont, usualFont);
+    expectUsable();
+    EXPECT_EQ(QFileInfo(storeFile()).size(), size);
+}
+
+TEST_F(SettingsFault, aPipeInTheFilesPlaceGivesDefaultsAndIsNotWaitedFor)
+{
+    QFile::remove(storeFile());
+    ASSERT_EQ(::mkfifo(QFile::encodeName(storeFile()).constData(), 0600), 0);
+    start();
+    EXPECT_EQ(UserFont, usualFont);
+    expectUsable();
+}
+
 TEST_F(SettingsFault, aFolderInTheFilesPlaceGivesDefaults)
 {
     QFile::remove(storeFile());
