@@ -1,6 +1,7 @@
 #include "app/Common.h"
 
 #include "app/Language.h"
+#include "app/Messages.h"
 #include "app/Settings.h"
 #include "platform/HelpWindow.h"
 #include "platform/MessageBox.h"
@@ -14,8 +15,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
-
-#include <cerrno>
 
 namespace {
 
@@ -63,11 +62,11 @@ void applyFont(QWidget &control, const QFont &font)
     applyFontToChildren(control, font);
 }
 
-/// What is wrong with a file that could not be shown as help, in the system's words.
+/// What is wrong with a file that could not be shown as help.
 QString fileError(const QString &path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? qt_error_string(EINVAL) : file.errorString();
+    return file.open(QIODevice::ReadOnly) ? ownText(OwnText::NotAHelpFile) : file.errorString();
 }
 
 } // namespace

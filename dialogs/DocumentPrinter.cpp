@@ -8,11 +8,12 @@
 #include "platform/MessageBox.h"
 #include "platform/PdfFile.h"
 #include "platform/PrintJob.h"
+#include "runtime/FileName.h"
 
 #include <QPrinter>
 
 DocumentPrinter::DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
-    : m_parent(parent), m_grid(grid), m_docNo(docNo), m_title(title)
+    : m_parent(parent), m_grid(grid), m_docNo(docNo), m_title(shownFileName(title))
 {
 }
 
@@ -71,7 +72,8 @@ void DocumentPrinter::toPdf(const QString &fileName, const QPageLayout &layout)
         return;
     }
     if (!isWhole || !file.commit()) {
-        report(file.errorString());
+        const QString reason = file.errorString();
+        report(reason.isEmpty() ? runTimeErrorText(RunTimeError::PrinterError) : reason);
     }
 }
 

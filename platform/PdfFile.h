@@ -16,8 +16,8 @@ public:
     QPagedPaintDevice &paper() { return m_writer; }
     /// Call when the print job has ended. False when the file could not be written whole.
     bool commit();
-    /// The system's description of what went wrong.
-    QString errorString() const { return m_file.errorString(); }
+    /// The system's description of what went wrong; empty when it was not the file.
+    QString errorString() const { return m_file.error() == QFileDevice::NoError ? QString() : m_file.errorString(); }
 
 private:
     QSaveFile m_file;

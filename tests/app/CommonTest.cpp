@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QFile>
 #include <QFontDatabase>
 #include <QGlyphRun>
 #include <QGroupBox>
@@ -229,21 +230,26 @@ TEST_F(CommonTest, aBoxWithTextIsSelectedWhole)
     EXPECT_FALSE(box.hasSelectedText());
 }
 
-TEST_F(CommonTest, aMissingHelpFileIsNamedInAMessage)
+TEST_F(CommonTest, aHelpFileThatCannotBeShownIsNamedInAMessage)
 {
     const QTemporaryDir folder;
     HelpFilePath = folder.filePath(u"TABRIXE.HLP"_s);
-    QString text;
-    QString title;
-    QTimer::singleShot(0, qApp, [&] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        ASSERT_NE(box, nullptr);
-        text = box->text();
-        title = box->windowTitle();
-        box->close();
-    });
-    ShowHelp(nullptr, 50);
-    EXPECT_EQ(title, u"Tabrix"_s);
-    EXPECT_TRUE(text.contains(HelpFilePath)) << text.toStdString();
-    EXPECT_TRUE(text.contains(u"No such file or directory"_s)) << text.toStdString();
+    for (const QString &reason : {u"No such file or directory"_s, u"This is not a help file."_s}) {
+        QString text;
+        QString title;
+        QTimer::singleShot(0, qApp, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            text = box->text();
+            title = box->windowTitle();
+            box->close();
+        });
+        ShowHelp(nullptr, 50);
+        EXPECT_EQ(title, u"Tabrix"_s);
+        EXPECT_TRUE(text.contains(HelpFilePath)) << text.toStdString();
+        EXPECT_TRUE(text.contains(reason)) << text.toStdString();
+        QFile other(HelpFilePath); // for the second round
+        ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+        other.write("no help");
+    }
 }

@@ -286,7 +286,7 @@ TEST_F(PrintCommand, tellsWhenTheDiskIsFullAndKeepsTheEarlierFile)
         const SmallDisk disk(2000);
         DocumentPrinter(&window, grid, 1, title()).toPdf(place, QPrinter().pageLayout());
     }
-    EXPECT_FALSE(text.isEmpty());
+    EXPECT_TRUE(text == u"File too large"_s || text == u"Printer error"_s) << text.toStdString();
     ASSERT_TRUE(earlier.open(QIODevice::ReadOnly));
     EXPECT_EQ(earlier.readAll(), "earlier"_ba);
 }
