@@ -11,6 +11,7 @@
 #include "tests/editor/RowsModel.h"
 #include "tests/support/FrameTest.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -18,6 +19,8 @@
 #include <QListView>
 #include <QTest>
 
+#include <algorithm>
+#include <array>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -304,8 +307,24 @@ void GridModelTest::redo()
     m_model.redo();
 }
 
+/// Whether a text was pasted where a file cannot hold it.
+bool isAskedAbout(const RowsModel::Row &row)
+{
+    return std::ranges::any_of(
+        std::array{ParameterColumn::Number, ParameterColumn::Name, ParameterColumn::Unit, ParameterColumn::HelpId},
+        [&row](int column) {
+            const QString &text = row.at(size_t(column - 1));
+            return text.contains(u',') || text.contains(u'\n');
+        });
+}
+
 void GridModelTest::save()
 {
+    ModalScript script;
+    if (std::ranges::any_of(m_model.rows(), isAskedAbout)) {
+        script.then(
+            [](QWidget &box) { QTest::mouseClick(&control<QAbstractButton>(box, u"cmdYes"_s), Qt::LeftButton); });
+    }
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     m_model.save();
     EXPECT_EQ(readFile(editor().windowTitle()), RowsFile::bytes(m_model.rows()));
