@@ -72,6 +72,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     const InputHold hold;
     const int slot = FindFreeDocumentSlot();
     if (ReadPrFile(fileName, qint16(slot), m_host)) {
+        forgetMachineInfo(slot); // its number is lost, so nobody reaches what was read
         return false;
     }
     frmPrFile &editor = createEditor(slot);
@@ -204,16 +205,17 @@ int DocumentFlows::FindFreeDocumentSlot()
             return slot;
         }
     }
-    growDocumentTables(last + 1);
-    return last + 1;
+    const int added = last + 1;
+    growDocumentTables(std::min(added, highestDocNo)); // the reader refuses a number beyond, and no document gets it
+    return added;
 }
 
 QList<frmPrFile *> DocumentFlows::openEditors() const
 {
     QList<frmPrFile *> editors;
-    for (int slot = 1; slot < m_windows.size(); ++slot) {
-        if (m_windows[slot] && !DocFlags[slot].free) {
-            editors << m_windows[slot];
+    for (const QPointer<frmPrFile> &editor : m_windows) {
+        if (editor) {
+            editors << editor;
         }
     }
     return editors;
@@ -223,12 +225,13 @@ frmPrFile &DocumentFlows::createEditor(int slot)
 {
     DocFlags[slot].changed = false;
     auto *editor = new frmPrFile(slot, m_frame);
-    m_windows.resize(std::max<qsizetype>(m_windows.size(), slot + 1));
-    m_windows[slot] = editor;
+    m_windows.insert(slot, editor);
     QMdiSubWindow *window = m_area.addSubWindow(editor);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    connect(editor, &frmPrFile::unloaded, this,
-        [this, editor, window] { m_placer.remember(*window, editor->windowTitle()); });
+    connect(editor, &frmPrFile::unloaded, this, [this, slot, editor, window] {
+        m_windows.remove(slot);
+        m_placer.remember(*window, editor->windowTitle());
+    });
     connect(editor, &QWidget::windowTitleChanged, window,
         [window](const QString &title) { window->setWindowTitle(plainTitle(title)); });
     emit editorCreated(editor);

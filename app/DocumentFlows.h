@@ -4,6 +4,7 @@
 #include "editor/SaveOutcome.h"
 
 #include <QList>
+#include <QMap>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -80,5 +81,5 @@ private:
     EditorFrame &m_frame;
     FileHost &m_host;
     WindowPlacer m_placer;
-    QList<QPointer<frmPrFile>> m_windows; ///< by slot; entry 0 is never used
+    QMap<int, QPointer<frmPrFile>> m_windows; ///< the open ones, by slot
 };

@@ -97,6 +97,6 @@ void PagePainter::drawSqueezed(double left, double width, const QString &text)
 bool printMachineInfo(PrintJob &job, int docNo, const QString &title)
 {
     PagePainter painter(job);
-    const QList<MachineInfoLine> lines = machineInfoLines(MachineInfos.value(docNo), title);
+    const QList<MachineInfoLine> lines = machineInfoLines(MachineInfos.at(docNo), title);
     return std::ranges::all_of(lines, [&painter](const MachineInfoLine &line) { return painter.paint(line); });
 }

@@ -2,22 +2,27 @@
 
 #include "document/KnownFiles.h"
 
-QList<MachineInfo> MachineInfos;
 QList<DocFlag> DocFlags;
+std::map<int, MachineInfo> MachineInfos;
 QList<PrRecord> PrRecords;
 QList<PrCondition> PrConditions;
 
 int documentUpperBound()
 {
-    return static_cast<int>(std::max<qsizetype>(MachineInfos.size() - 1, 0));
+    return static_cast<int>(std::max<qsizetype>(DocFlags.size() - 1, 0));
 }
 
 void growDocumentTables(int docNo)
 {
-    if (docNo > documentUpperBound()) {
-        MachineInfos.resize(docNo + 1);
-        DocFlags.resize(docNo + 1);
+    for (int added = documentUpperBound() + 1; added <= docNo; ++added) {
+        MachineInfos.try_emplace(added);
+        DocFlags.resize(added + 1);
     }
+}
+
+void forgetMachineInfo(int docNo)
+{
+    MachineInfos.erase(docNo);
 }
 
 void resetDocumentTables()

@@ -5,6 +5,9 @@
 
 #include <QList>
 
+#include <limits>
+#include <map>
+
 /// What the program remembers of a document slot.
 struct DocFlag
 {
@@ -14,10 +17,15 @@ struct DocFlag
     bool operator==(const DocFlag &) const = default;
 };
 
-/// Machine information and flags by document number, which counts from 1: entry 0 is never used. Both tables only
-/// grow, and always together (growDocumentTables()).
-extern QList<MachineInfo> MachineInfos;
+/// Flags by document number, which counts from 1: entry 0 is never used. The table only grows (growDocumentTables()).
 extern QList<DocFlag> DocFlags;
+
+/// Machine information by document number. Every number that the tables hold has one, unless forgetMachineInfo() took
+/// it. An entry stays where it is while the tables grow.
+extern std::map<int, MachineInfo> MachineInfos;
+
+/// Document numbers have 16 bits.
+constexpr int highestDocNo = std::numeric_limits<qint16>::max();
 
 /// The one transfer buffer between file and grid, by row index from 0. Any read or save overwrites it.
 extern QList<PrRecord> PrRecords;
@@ -30,6 +38,9 @@ int documentUpperBound();
 
 /// Makes the tables hold document number docNo, keeping what they hold.
 void growDocumentTables(int docNo);
+
+/// Gives up the information of a number that no document will have any more; of that number only the flag stays.
+void forgetMachineInfo(int docNo);
 
 /// Empties every table, and forgets what documents know of their files, as at start-up. For tests.
 void resetDocumentTables();

@@ -9,6 +9,7 @@
 #include "platform/SpreadGrid.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -120,7 +121,7 @@ TEST_P(Contrast, ofSelectedCells)
     QWidget other;
     other.show();
     other.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other, patience));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
     EXPECT_EQ(groundOf(pictureOfCell(ParameterColumn::Name, 2)),
         QApplication::palette().color(QPalette::Inactive, QPalette::Highlight));

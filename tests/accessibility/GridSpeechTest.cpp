@@ -7,6 +7,7 @@
 #include "runtime/Country.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -37,7 +38,7 @@ protected:
     {
         start(writeFile(u"a.inv"_s, document(30)));
         grid().setFocus();
-        ASSERT_TRUE(QTest::qWaitFor([] { return QAccessible::isActive(); })) << "no screen reader is on";
+        ASSERT_TRUE(QTest::qWaitFor([] { return QAccessible::isActive(); }, patience)) << "no screen reader is on";
         QApplication::processEvents();
         QAccessible::installUpdateHandler(noteEvent);
         focusedNames.clear();

@@ -15,6 +15,7 @@
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -142,7 +143,7 @@ protected:
             window = candidate->objectName() == u"helpWindow" ? candidate : window;
         }
         ASSERT_NE(window, nullptr);
-        ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window, patience));
         for (QLineEdit *box : window->findChildren<QLineEdit *>()) {
             box->setText(u"zzzzz"_s); // so that it can be cleared; and lists without a line are the hardest to see
         }

@@ -5,6 +5,7 @@
 #include "platform/MessageBox.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -184,7 +185,7 @@ TEST_F(CommonTest, aDialogLiesHalfItsInnerSizeFromTheScreensCentre)
     PrepareDialog(dialog);
     const QPoint placed = dialog.pos();
     dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog, patience));
     EXPECT_EQ(placed, expectedPosition(dialog.size()));
     EXPECT_EQ(dialog.pos(), placed);
     EXPECT_EQ(dialog.frameGeometry().topLeft(), placed);

@@ -5,6 +5,7 @@
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -18,7 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int interval = 200; // ms between two looks for changes
-constexpr int patience = 20000; // ms
 
 /// What is typed first until something else is known: the number of an edit and when it was heard of.
 struct Edit
@@ -37,7 +37,7 @@ protected:
     {
         stop();
         m_child.kill();
-        m_child.waitForFinished();
+        m_child.waitForFinished(patience);
         QDir(RecoveryStore::defaultRoot()).removeRecursively();
     }
 
@@ -54,7 +54,7 @@ protected:
     {
         m_child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_child.start(program, arguments);
-        ASSERT_TRUE(m_child.waitForStarted());
+        ASSERT_TRUE(m_child.waitForStarted(patience));
     }
     void runChild(const QString &action, const QString &file)
     {
@@ -63,7 +63,7 @@ protected:
     void killChild()
     {
         m_child.kill(); // SIGKILL
-        ASSERT_TRUE(m_child.waitForFinished());
+        ASSERT_TRUE(m_child.waitForFinished(patience));
         ASSERT_EQ(m_child.exitStatus(), QProcess::CrashExit);
     }
     /// Waits for the child's next line.

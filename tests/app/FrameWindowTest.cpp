@@ -5,6 +5,7 @@
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -144,7 +145,7 @@ TEST_P(ToolTips, showWhileTheMouseIsOverTheButton)
         EXPECT_TRUE(tip().isVisible());
         EXPECT_TRUE(frame().rect().contains(tip().geometry()));
         QCursor::setPos(grid().mapToGlobal(grid().rect().center()));
-        EXPECT_TRUE(QTest::qWaitFor([&] { return tip().isHidden(); }, 2 * timer().interval() + 200));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return tip().isHidden(); }, patience));
         EXPECT_EQ(tip().text(), QString());
         EXPECT_FALSE(timer().isActive());
     }
@@ -172,7 +173,7 @@ TEST_F(FrameWindow, endsATipWhenTheMouseMovesOverTheToolBar)
     QWidget &bar = *button.parentWidget();
     QTest::mouseMove(&bar, QPoint(bar.width() - 2, bar.height() / 2));
     QTest::mouseMove(&bar, QPoint(bar.width() - 4, bar.height() / 2));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return tip().isHidden(); }, 1000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tip().isHidden(); }, patience));
 }
 
 TEST_F(FrameWindow, hidesAndShowsItsBars)

@@ -3,6 +3,7 @@
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -90,7 +91,7 @@ TEST_F(LastPlace, aDocumentWithARelativeNameIsStillSavedToItsFile)
     frame().makeActive(*frame().openEditors().at(1));
     ASSERT_EQ(editor().windowTitle(), u"a.inv"_s);
     frame().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame(), patience));
     typeInto(2, 1, u"typed"_s);
     pressKey(grid(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(readFile(path(u"a.inv"_s)).contains(",typed,"));

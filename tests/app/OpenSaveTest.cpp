@@ -149,6 +149,30 @@ TEST_F(OpenSave, showsNothingOfASlotsFormerDocumentForKeysThatTheFileLacks)
     EXPECT_EQ(MachineInfos[slot], bare);
 }
 
+TEST_F(OpenSave, keepsNothingOfAFileThatCouldNotBeRead)
+{
+    const int before = documentUpperBound();
+    ModalScript script;
+    script.thenEscape();
+    EXPECT_FALSE(open(writeFile(u"a.inv"_s, document(2).chopped(30))));
+    EXPECT_EQ(documentUpperBound(), before + 1);
+    EXPECT_FALSE(MachineInfos.contains(before + 1));
+}
+
+TEST_F(OpenSave, refusesADocumentForWhichNoNumberIsLeft)
+{
+    growDocumentTables(highestDocNo);
+    const MachineInfo info = MachineInfos[1];
+    ModalScript script;
+    for (int i = 0; i < 2; ++i) {
+        script.thenEscape();
+        EXPECT_FALSE(open(writeFile(u"a.inv"_s, document(2))));
+    }
+    EXPECT_EQ(documentUpperBound(), highestDocNo);
+    EXPECT_EQ(MachineInfos[1], info);
+    EXPECT_EQ(titles(), QStringList(u"No Name"_s));
+}
+
 TEST_F(OpenSave, tellsOfAFailedReadUnderTheFilesName)
 {
     const QString file = path(u"missing.inv"_s);

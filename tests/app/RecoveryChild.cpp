@@ -3,6 +3,7 @@
 #include "app/MDIfrmTabrix.h"
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QTest>
@@ -46,7 +47,7 @@ int main(int argc, char **argv)
     frame.recovery().setInterval(std::chrono::milliseconds(arguments.value(1).toInt()));
     frame.load(arguments.value(3));
     frame.show();
-    if (!QTest::qWaitForWindowActive(&frame)) {
+    if (!QTest::qWaitForWindowActive(&frame, patience)) {
         return 1;
     }
     SpreadGrid &grid = frame.activeEditor()->vaspdParam();

@@ -4,6 +4,7 @@
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QDir>
@@ -74,10 +75,10 @@ TEST_F(Recovery, keepsACopyOfEachChangedDocumentWithoutBeingAsked)
     start();
     frame().recovery().setInterval(10ms);
     typeInto(2, 1, u"typed"_s);
-    EXPECT_TRUE(QTest::qWaitFor([] { return copies().size() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([] { return copies().size() == 1; }, patience));
     ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, document(2))));
     typeInto(2, 1, u"typed"_s);
-    EXPECT_TRUE(QTest::qWaitFor([] { return copies().size() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([] { return copies().size() == 2; }, patience));
     EXPECT_FALSE(QFile::exists(path(u"000001.copy"_s)));
     EXPECT_EQ(readFile(path(u"a.inv"_s)), document(2));
 }
@@ -178,7 +179,7 @@ TEST_F(Recovery, dropsTheCopyWhenTheDocumentIsSavedUnderAnotherName)
     pressKey(grid(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(copies().isEmpty());
     frame().activateWindow(); // the dialog was active until now
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame()));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame(), patience));
     typeInto(2, 2, u"further"_s);
     refresh();
     leaveBehind();

@@ -4,6 +4,7 @@
 #include "app/Settings.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
 
@@ -34,7 +35,7 @@ bool hasFocus(const QDialog &dialog)
 
 void runOn(QDialog &dialog, const std::function<void()> &act)
 {
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFocus(dialog); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasFocus(dialog); }, patience));
     QApplication::processEvents(); // the layouts have come to rest after that
     runGuarded(act);
     EXPECT_FALSE(dialog.isVisible()) << "the dialog was left open";

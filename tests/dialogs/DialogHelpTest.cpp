@@ -5,6 +5,7 @@
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -55,7 +56,7 @@ TEST_P(DialogHelp, showsTheDialogsTopicAndLeavesTheDialogOpen)
     const auto &[tested, askForHelp] = GetParam();
     tested.open([askForHelp = askForHelp, page = tested.page](QDialog &dialog) {
         askForHelp(dialog);
-        ASSERT_TRUE(QTest::qWaitFor([] { return helpWindow() != nullptr; }));
+        ASSERT_TRUE(QTest::qWaitFor([] { return helpWindow() != nullptr; }, patience));
         EXPECT_EQ(control<HelpBrowser>(*helpWindow(), u"helpBrowser"_s).source().fileName(), page);
         EXPECT_TRUE(dialog.isVisible());
         dialog.reject();

@@ -5,6 +5,7 @@
 #include "platform/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -149,8 +150,8 @@ TEST_P(GridDialog, growsWithTheMouse)
         const auto *grid = dialog.findChild<SpreadGrid *>();
         const QSize before = grid->size();
         dialog.resize(dialog.size() + QSize(300, 200));
-        EXPECT_TRUE(
-            QTest::qWaitFor([&] { return grid->width() > before.width() && grid->height() > before.height(); }));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return grid->width() > before.width() && grid->height() > before.height(); }, patience));
         dialog.reject();
     });
 }

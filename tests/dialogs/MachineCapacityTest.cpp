@@ -4,6 +4,7 @@
 #include "platform/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/MachineDialog.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <QHeaderView>
@@ -161,7 +162,7 @@ TEST_F(MachineDialog, deleteTakesAnEditThatIsStillOpen)
     show([&] {
         typeIntoCell(grid(), 1, 1, u"0.2"_s);
         press(Qt::Key_D, Qt::AltModifier); // the button shows itself pressed for a moment first
-        EXPECT_TRUE(QTest::qWaitFor([&] { return grid().rowCount() == 2; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return grid().rowCount() == 2; }, patience));
         EXPECT_EQ(rows(), (QStringList{u"3.7|16.5"_s, u"11|46"_s}));
         cancel();
     });

@@ -4,6 +4,7 @@
 #include "platform/CurrentPrinter.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -272,7 +273,7 @@ TEST_F(PrintDialog, answersItsAccessKeys)
     grid.selectBlock({1, 1, 2, 2});
     show([this] {
         dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog, patience));
         QTest::keyClick(dialog, Qt::Key_I, Qt::AltModifier);
         EXPECT_FALSE(print(0).isChecked());
         const Qt::Key keys[] = {Qt::Key_A, Qt::Key_E, Qt::Key_D, Qt::Key_G};
@@ -289,7 +290,7 @@ TEST_F(PrintDialog, letsNoEnterOvertakeAnAccessKey)
 {
     EXPECT_TRUE(show([this] {
         dialog->activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog, patience));
         QTest::keyClick(dialog, Qt::Key_P, Qt::AltModifier);
         QTest::keyClick(dialog, Qt::Key_Return);
     }));
@@ -300,7 +301,7 @@ TEST_F(PrintDialog, endsAnOpenEditOfTheGrid)
 {
     grid.show();
     grid.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&grid));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&grid, patience));
     grid.setActiveCell(1, 1);
     grid.setFocus();
     QTest::keyClicks(&grid, u"1"_s);

@@ -15,7 +15,7 @@ TEST(DocumentTables, growTogetherAndKeepWhatTheyHold)
     DocFlags[1].changed = true;
     growDocumentTables(3);
     EXPECT_EQ(documentUpperBound(), 3);
-    EXPECT_EQ(MachineInfos.size(), DocFlags.size());
+    EXPECT_TRUE(MachineInfos.contains(2) && MachineInfos.contains(3));
     EXPECT_EQ(MachineInfos[1].Name, u"a"_s);
     EXPECT_TRUE(DocFlags[1].changed);
     EXPECT_EQ(DocFlags[3], DocFlag());
@@ -27,6 +27,20 @@ TEST(DocumentTables, neverShrink)
     growDocumentTables(3);
     growDocumentTables(1);
     EXPECT_EQ(documentUpperBound(), 3);
+}
+
+TEST(DocumentTables, keepTheFlagOfALostNumberOnly)
+{
+    resetDocumentTables();
+    growDocumentTables(2);
+    const MachineInfo *second = &MachineInfos[2];
+    DocFlags[1].changed = true;
+    forgetMachineInfo(1);
+    growDocumentTables(500);
+    EXPECT_EQ(documentUpperBound(), 500);
+    EXPECT_TRUE(DocFlags[1].changed);
+    EXPECT_FALSE(MachineInfos.contains(1));
+    EXPECT_EQ(&MachineInfos[2], second);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "platform/RibbonButton.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -25,16 +26,16 @@ protected:
     ~ForeignClipboard() override
     {
         m_owner.kill();
-        m_owner.waitForFinished();
+        m_owner.waitForFinished(patience);
     }
 
     /// Another program copies that text; it goes on owning it.
     void copyElsewhere(const QString &text)
     {
         m_owner.start(peer(), {u"set"_s, writeFile(u"text"_s, text.toUtf8())});
-        ASSERT_TRUE(m_owner.waitForReadyRead());
+        ASSERT_TRUE(m_owner.waitForReadyRead(patience));
         ASSERT_EQ(m_owner.readLine(), "ready\n");
-        ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->ownsClipboard(); }));
+        ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->ownsClipboard(); }, patience));
     }
     /// The text as another program reads it, in UTF-8.
     static QByteArray readElsewhere()
@@ -42,7 +43,7 @@ protected:
         QProcess reader;
         reader.start(peer(), {u"get"_s});
         // This process answers the other one's question.
-        EXPECT_TRUE(QTest::qWaitFor([&] { return reader.state() == QProcess::NotRunning; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return reader.state() == QProcess::NotRunning; }, patience));
         EXPECT_EQ(reader.exitCode(), 0);
         return reader.readAllStandardOutput();
     }

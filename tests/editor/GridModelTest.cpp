@@ -10,6 +10,7 @@
 #include "tests/editor/RowsFile.h"
 #include "tests/editor/RowsModel.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -206,7 +207,7 @@ void GridModelTest::chooseStep()
         auto &list = control<QComboBox>(grid(), u"cellEditor"_s);
         QTest::keyClick(list.view(), Qt::Key_End);
         QTest::keyClick(list.view(), Qt::Key_Return);
-        EXPECT_TRUE(QTest::qWaitFor([this] { return !grid().findChild<QComboBox *>(u"cellEditor"_s); }));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !grid().findChild<QComboBox *>(u"cellEditor"_s); }, patience));
         m_model.choose(u"0.001"_s);
     }
 }

@@ -5,6 +5,7 @@
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -170,7 +171,7 @@ void UndoTest::chooseFromList()
     auto &list = control<QComboBox>(grid(), u"cellEditor"_s);
     QTest::keyClick(list.view(), Qt::Key_End);
     QTest::keyClick(list.view(), Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !grid().findChild<QComboBox *>(u"cellEditor"_s); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !grid().findChild<QComboBox *>(u"cellEditor"_s); }, patience));
 }
 
 void UndoTest::editFuncCode()

@@ -1,6 +1,7 @@
 #include "platform/GridPrinter.h"
 
 #include "platform/SpreadGrid.h"
+#include "tests/support/Patience.h"
 #include "tests/support/PrintedGrid.h"
 #include "tests/support/QtPrinters.h"
 
@@ -193,7 +194,7 @@ protected:
         fillGrid(grid, 20, 200);
         grid.resize(500, 400);
         grid.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&grid));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&grid, patience));
     }
 
     QList<PdfPage> printDisplayed()

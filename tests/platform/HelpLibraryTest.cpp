@@ -4,6 +4,7 @@
 
 #include "platform/HelpSearch.h"
 #include "tests/platform/HelpFile.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -65,7 +66,7 @@ TEST_P(HelpInLanguage, givesEveryPageATitleAndAPlaceInTheContents)
     const auto library = HelpLibrary::open(file);
     ASSERT_TRUE(library);
     QHelpContentModel *contents = library->engine().contentModel();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return contents->rowCount() > 0; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return contents->rowCount() > 0; }, patience));
     QHelpContentWidget *tree = library->engine().contentWidget();
     const std::unique_ptr<QWidget> treeOwner(tree);
     ASSERT_EQ(library->pages().size(), 18);

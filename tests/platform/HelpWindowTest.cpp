@@ -3,6 +3,7 @@
 #include "platform/HelpBrowser.h"
 #include "tests/platform/HelpFile.h"
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -51,7 +52,7 @@ protected:
         window = openWindow();
         ASSERT_NE(window, nullptr);
         browser = &control<HelpBrowser>(*window, u"helpBrowser"_s);
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(window, patience));
     }
 
     QString page() const { return browser->source().fileName(); }
@@ -124,7 +125,7 @@ TEST_F(HelpWindowTest, opensAgainAfterItWasClosed)
     show(50);
     const QPointer<QWidget> first = window;
     QTest::keyClick(window, Qt::Key_Escape);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return first.isNull(); }, patience));
     show(100);
     EXPECT_EQ(page(), u"machine.html"_s);
 }
@@ -163,7 +164,7 @@ TEST_F(HelpWindowTest, followsALinkAndMarksItsPageInTheContents)
 {
     show(1);
     auto &tree = control<QHelpContentWidget>(*window, u"helpContents"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }, patience));
     EXPECT_EQ(tree.currentIndex().data().toString(), u"Tabrix Help"_s);
     browser->moveCursor(QTextCursor::Start);
     browser->setFocus();
@@ -177,7 +178,7 @@ TEST_F(HelpWindowTest, opensThePageThatIsClickedInTheContents)
 {
     show(1);
     auto &tree = control<QHelpContentWidget>(*window, u"helpContents"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tree.currentIndex().isValid(); }, patience));
     const QModelIndex last = tree.model()->index(tree.model()->rowCount() - 1, 0);
     tree.scrollTo(last);
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualRect(last).center());
@@ -189,7 +190,7 @@ TEST_F(HelpWindowTest, opensThePlaceThatTheIndexNames)
     show(1);
     control<QTabWidget>(*window, u"helpTabs"_s).setCurrentIndex(1);
     auto &index = control<QHelpIndexWidget>(*window, u"helpIndex"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return index.model()->rowCount() > 0; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return index.model()->rowCount() > 0; }, patience));
     auto &filter = control<QLineEdit>(*window, u"helpIndexFilter"_s);
     QTest::keyClicks(&filter, u"add pas"_s);
     QTest::keyClick(&filter, Qt::Key_Return);
@@ -249,7 +250,7 @@ TEST_F(HelpWindowTest, staysUsableBesideTheModalDialogThatCalledIt)
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog, patience));
     ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"en"_s), 1, &dialog));
     show(50);
     ASSERT_TRUE(HelpWindow::showTopic(helpFile(u"en"_s), 60, &dialog));

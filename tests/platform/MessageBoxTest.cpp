@@ -1,6 +1,7 @@
 #include "platform/MessageBox.h"
 
 #include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -155,7 +156,7 @@ TEST_P(MessageBoxKey, answersTheQuestion)
     whenShown([](QMessageBox &box) {
         QTest::keyClick(&box, GetParam().key);
         // A letter presses its button for a moment first.
-        EXPECT_TRUE(QTest::qWaitFor([&box] { return !box.isVisible(); }));
+        EXPECT_TRUE(QTest::qWaitFor([&box] { return !box.isVisible(); }, patience));
     });
     EXPECT_EQ(MessageBox::askYesNoCancel(nullptr, u"Save?"_s, u"Tabrix"_s), GetParam().answer);
 }

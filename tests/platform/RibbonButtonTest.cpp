@@ -1,6 +1,7 @@
 #include "platform/RibbonButton.h"
 
 #include "platform/Picture.h"
+#include "tests/support/Patience.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ protected:
     {
         button.setPictures(1001, 1002);
         button.show();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&button));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&button, patience));
     }
 
     QImage shown(const QIcon &icon, QIcon::Mode mode) const { return icon.pixmap({24, 24}, 1, mode).toImage(); }
@@ -72,7 +73,7 @@ TEST_F(RibbonButtonTest, tellsThatTheMouseMovesOverItWithoutAButtonHeld)
 {
     QTest::mouseMove(&button, {3, 3});
     QTest::mouseMove(&button, {8, 8});
-    EXPECT_TRUE(QTest::qWaitFor([this] { return moved.count() > 0; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return moved.count() > 0; }, patience));
 }
 
 TEST_F(RibbonButtonTest, showsTheSecondPictureWhileDisabled)

@@ -1,4 +1,5 @@
 #include "tests/platform/SpreadGridSupport.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -111,7 +112,7 @@ TEST(SpreadGridEdit, cancelsWithEscapeWithoutTellingTheGrid)
     pressKey(*grid, Qt::Key_Escape);
     EXPECT_EQ(grid->text(2, 1), u"2.1"_s);
     EXPECT_EQ(escaped.count(), 0);
-    QTRY_VERIFY_WITH_TIMEOUT(openEditor(*grid) == nullptr, 1000);
+    QTRY_VERIFY_WITH_TIMEOUT(openEditor(*grid) == nullptr, patience);
     pressKey(*grid, Qt::Key_Escape, Qt::ControlModifier);
     ASSERT_EQ(escaped.count(), 1);
     EXPECT_EQ(escaped.first().first().value<Qt::KeyboardModifiers>(), Qt::ControlModifier);
@@ -211,7 +212,7 @@ TEST(SpreadGridEdit, takesTheItemThatIsChosenInTheList)
     ASSERT_NE(list, nullptr);
     QTest::keyClick(list->view(), Qt::Key_Down);
     QTest::keyClick(list->view(), Qt::Key_Return);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return openEditor(*grid) == nullptr; }, 1000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return openEditor(*grid) == nullptr; }, patience));
     EXPECT_EQ(grid->text(5, 1), u"0.1"_s);
 }
 

@@ -1,4 +1,5 @@
 #include "tests/platform/SpreadGridSupport.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -165,7 +166,7 @@ TEST(SpreadGridSelect, scrollsWhileTheMouseIsHeldBelow)
     const QPoint below = placeOf(*grid, 2, 2) + QPoint(0, grid->viewport()->height() + 30);
     QMouseEvent move(QEvent::MouseMove, below, grid->viewport()->mapToGlobal(below), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(grid->viewport(), &move);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return grid->selectedBlock().row2 > bottom + 3; }, 3000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return grid->selectedBlock().row2 > bottom + 3; }, patience));
     QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, below);
     EXPECT_GT(grid->topRow(), 1);
     EXPECT_EQ(grid->activeRow(), 2);

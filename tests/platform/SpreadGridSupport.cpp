@@ -1,5 +1,7 @@
 #include "tests/platform/SpreadGridSupport.h"
 
+#include "tests/support/Patience.h"
+
 #include <QApplication>
 #include <QHeaderView>
 
@@ -26,7 +28,7 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows)
     }
     grid->resize(700, 320);
     grid->show();
-    if (!QTest::qWaitForWindowExposed(grid.get())) {
+    if (!QTest::qWaitForWindowExposed(grid.get(), patience)) {
         throw std::runtime_error("the grid is not shown");
     }
     QApplication::setActiveWindow(grid.get());

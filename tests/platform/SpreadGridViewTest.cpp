@@ -1,4 +1,5 @@
 #include "tests/platform/SpreadGridSupport.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -195,6 +196,6 @@ TEST(SpreadGridView, showsACutOffTextWholeAsAToolTip)
     };
     EXPECT_TRUE(help(1).contains(u"&lt;b&gt;five"_s)) << help(1).toStdString();
     QToolTip::hideText();
-    ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, 2000));
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, patience));
     EXPECT_EQ(help(2), QString());
 }

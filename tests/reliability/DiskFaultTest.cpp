@@ -3,6 +3,7 @@
 #include "editor/frmPrFile.h"
 #include "tests/reliability/FaultTest.h"
 #include "tests/reliability/FaultyDisk.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QDir>
@@ -99,7 +100,7 @@ TEST_F(FaultTest, aFileThatAnotherProgramHoldsBusyIsToldAndLeftAlone)
     ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, file));
     QProcess other;
     other.start(file, {u"60"_s});
-    ASSERT_TRUE(other.waitForStarted());
+    ASSERT_TRUE(other.waitForStarted(patience));
     const QByteArray program = readFile(file);
     for (int i = 0; i < 2; ++i) { // what was not replaced is asked about again
         ModalScript script;
@@ -111,7 +112,7 @@ TEST_F(FaultTest, aFileThatAnotherProgramHoldsBusyIsToldAndLeftAlone)
     expectSaveElsewhere();
     EXPECT_TRUE(isStillThere(earlier));
     other.kill();
-    ASSERT_TRUE(other.waitForFinished());
+    ASSERT_TRUE(other.waitForFinished(patience));
 }
 
 TEST_F(FaultTest, aDiskThatTakesNoChangeIsTold)

@@ -8,6 +8,7 @@
 #include "platform/SpreadGrid.h"
 #include "runtime/AnsiText.h"
 #include "runtime/Country.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -47,9 +48,9 @@ void FrameTest::start(const QString &commandLine)
     m_frame = std::make_unique<MDIfrmTabrix>();
     m_frame->load(commandLine);
     m_frame->show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_frame.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(m_frame.get(), patience));
     m_frame->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get()));
+    EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get(), patience));
 }
 
 void FrameTest::stop()
@@ -148,7 +149,7 @@ void FrameTest::typeInto(int column, int row, const QString &text)
 {
     if (!m_frame->isActiveWindow()) { // a message box may just have gone
         m_frame->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get()));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get(), patience));
     }
     grid().setActiveCell(column, row);
     grid().setFocus();

@@ -1,5 +1,7 @@
 #include "tests/support/PdfText.h"
 
+#include "tests/support/Patience.h"
+
 #include <QProcess>
 #include <QXmlStreamReader>
 
@@ -15,7 +17,7 @@ QByteArray outputOf(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished(60000) || process.exitCode() != 0) {
+    if (!process.waitForFinished(patience) || process.exitCode() != 0) {
         const QByteArray reason = process.readAllStandardError() + process.errorString().toUtf8();
         throw std::runtime_error((program.toUtf8() + ": " + reason).toStdString());
     }

@@ -1,0 +1,41 @@
+#include "tests/support/MemoryInUse.h"
+
+#include <algorithm>
+
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/allocator_interface.h>
+#else
+#include <malloc.h>
+#endif
+
+qint64 bytesInUse()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    return qint64(__sanitizer_get_current_allocated_bytes()); // the system's heap is not used then
+#else
+    const auto info = mallinfo2();
+    return qint64(info.uordblks + info.hblkhd);
+#endif
+}
+
+double growthPerEntry(const QList<qint64> &values)
+{
+    const double middle = double(values.size() - 1) / 2;
+    double product = 0;
+    double square = 0;
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        const double distance = double(i) - middle;
+        product += distance * double(values[i] - values.first());
+        square += distance * distance;
+    }
+    return square > 0 ? product / square : 0;
+}
+
+QList<qint64> leastOfEvery(int many, const QList<qint64> &values)
+{
+    QList<qint64> least;
+    for (qsizetype next = many; next <= values.size(); next += many) {
+        least << *std::min_element(values.begin() + next - many, values.begin() + next);
+    }
+    return least;
+}
