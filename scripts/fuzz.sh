@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# scripts/fuzz.sh [SECONDS]: builds the fuzzers and runs each for that long (default 20), as many at once as there are
-# cores. An input that breaks something is kept in build-fuzz/found/. Inputs that reach new code are kept in
+# scripts/fuzz.sh [INPUTS]: builds the fuzzers and gives each that many inputs (default 10000), as many at once as there
+# are cores. An input that breaks something is kept in build-fuzz/found/. Inputs that reach new code are kept in
 # build-fuzz/corpus/, so that a long run goes on where the last one ended.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-export seconds=${1:-20}
+export inputs=${1:-10000}
 
 # Freed memory that is kept to catch late uses of it is not to be taken for growth.
 export ASAN_OPTIONS=quarantine_size_mb=16
@@ -17,7 +17,7 @@ run() {
     mkdir -p "build-fuzz/corpus/$name" "build-fuzz/found/$name"
     dictionary=()
     [ -f "fuzz/$name.dict" ] && dictionary=(-dict="fuzz/$name.dict")
-    if ! "build-fuzz/fuzz_$name" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=400 -max_len=4096 \
+    if ! "build-fuzz/fuzz_$name" -runs="$inputs" -timeout=60 -rss_limit_mb=400 -max_len=4096 \
         -print_final_stats=1 -artifact_prefix="build-fuzz/found/$name/" "${dictionary[@]}" \
         "build-fuzz/corpus/$name" "fuzz/seeds/$name" >"build-fuzz/$name.log" 2>&1; then
         tail -n 60 "build-fuzz/$name.log"

@@ -7,10 +7,10 @@
 #include "platform/RibbonButton.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QMimeData>
@@ -103,13 +103,7 @@ protected:
     }
     static void settle()
     {
-        constexpr qint64 longest = 30'000; // ms
-        QElapsedTimer timer;
-        timer.start();
-        while (InputHold::isWaiting() && timer.elapsed() < longest) {
-            QCoreApplication::processEvents();
-        }
-        EXPECT_FALSE(InputHold::isWaiting());
+        EXPECT_TRUE(QTest::qWaitFor([] { return !InputHold::isWaiting(); }, patience));
         for (int i = 0; i < 20; ++i) {
             QCoreApplication::processEvents();
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -99,7 +99,7 @@ TEST_F(FaultTest, aFileThatAnotherProgramHoldsBusyIsToldAndLeftAlone)
     moveAway(file);
     ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, file));
     QProcess other;
-    other.start(file, {u"60"_s});
+    other.start(file, {u"infinity"_s});
     ASSERT_TRUE(other.waitForStarted(patience));
     const QByteArray program = readFile(file);
     for (int i = 0; i < 2; ++i) { // what was not replaced is asked about again
