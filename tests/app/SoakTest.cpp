@@ -29,6 +29,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+#if defined(__SANITIZE_ADDRESS__)
+constexpr int warmUp = 3'000; // each costs some five times as much
+constexpr int usualSteps = 5'000;
+#else
+constexpr int warmUp = 8'000;
+constexpr int usualSteps = 12'000;
+#endif
+
 class Soak : public LongUse
 {
 protected:
@@ -279,11 +287,10 @@ void Soak::stretch()
 /// once (a size of letters, a dialog) stays in Qt's caches: the line begins when everything was used.
 TEST_F(Soak, leavesNoMemoryAndNoComplaintBehind)
 {
-    constexpr int warmUp = 8'000; // steps
     constexpr int group = 4; // stretches
     constexpr double mostEachStep = 3; // bytes
     constexpr double noise = 500'000; // bytes: letters of a size come and go in Qt's caches by the clock
-    const int steps = warmUp + fromEnvironment("TABRIX_SOAK_STEPS", 12'000);
+    const int steps = warmUp + fromEnvironment("TABRIX_SOAK_STEPS", usualSteps);
     const Complaints complaints;
     QList<qint64> used;
     int first = 0;

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+// The sanitizer's own; its header does not come with every compiler.
+extern "C" size_t __sanitizer_get_current_allocated_bytes(); // NOLINT(bugprone-reserved-identifier)
 #else
 #include <malloc.h>
 #endif
