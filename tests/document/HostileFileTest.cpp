@@ -127,7 +127,7 @@ TEST_F(HostileFile, withAQuoteThatIsNeverClosedIsOneLongTextAndAnError)
 
 TEST_F(HostileFile, ofManyCapacitiesIsReadOnceThrough)
 {
-    constexpr int few = 5'000;
+    constexpr int few = 2'000;
     const auto readMany = [this](int entries) {
         QByteArray section = "[Inverter]\r\nName=X\r\nParamater=0\r\n";
         for (int i = entries; --i >= 0;) { // backwards: every look-up would have to pass the others
