@@ -80,9 +80,11 @@ void CellTextBox::cutOverhang()
     QTextCursor cursor = textCursor();
     for (qsizetype over = text().size() - m_longest; over > 0 && !cursor.atStart(); over = text().size() - m_longest) {
         const QSignalBlocker quiet(this);
-        // A line end is one step back, however many characters it has.
-        cursor.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor,
-            int(std::max<qsizetype>(over / m_lineEnd.size(), 1)));
+        // A line end is one place, however many characters it has.
+        const int places = int(std::max<qsizetype>(over / m_lineEnd.size(), 1));
+        int begin = std::max(cursor.position() - places, 0);
+        begin -= begin > 0 && document()->characterAt(begin).isLowSurrogate() ? 1 : 0;
+        cursor.setPosition(begin, QTextCursor::KeepAnchor);
         cursor.removeSelectedText();
     }
 }
