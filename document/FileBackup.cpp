@@ -21,7 +21,9 @@ QByteArray sumOf(const QByteArray &content)
 /// A file goes by one name here, whatever links lead to it.
 QString properName(const QString &fileName)
 {
-    return QFileInfo(fileName).canonicalFilePath();
+    const QFileInfo info(fileName);
+    const QString proper = info.canonicalFilePath();
+    return proper.isEmpty() ? info.absoluteFilePath() : proper; // Qt finds no file whose name is no UTF-8
 }
 
 /// The sum of what saves of this run have left half-done in files, by their proper names.

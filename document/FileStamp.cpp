@@ -1,7 +1,8 @@
 #include "document/FileStamp.h"
 
+#include "runtime/FileName.h"
+
 #include <QDateTime>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -39,7 +40,7 @@ FileStamp FileStamp::of(const QString &fileName)
     struct stat info
     {
     };
-    if (::stat(QFile::encodeName(fileName).constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
+    if (::stat(fileNameBytes(fileName).constData(), &info) != 0 || !S_ISREG(info.st_mode)) {
         return {};
     }
     return {.isFile = true,

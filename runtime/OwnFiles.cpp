@@ -1,5 +1,7 @@
 #include "runtime/OwnFiles.h"
 
+#include "runtime/FileName.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
@@ -31,7 +33,7 @@ fs::path nativePath(const QString &path)
 #ifdef Q_OS_WIN
     return path.toStdWString();
 #else
-    return QFile::encodeName(path).toStdString();
+    return fileNameBytes(path).toStdString();
 #endif
 }
 
@@ -40,7 +42,7 @@ QString textPath(const fs::path &path)
 #ifdef Q_OS_WIN
     return QString::fromStdWString(path.wstring());
 #else
-    return QFile::decodeName(path.c_str());
+    return fileNameFromBytes(path.c_str());
 #endif
 }
 

@@ -1,5 +1,6 @@
 // Files whose names are no UTF-8: from the command line to the backups they are the files of just these bytes.
 
+#include "document/BackupTidying.h"
 #include "document/DocumentTables.h"
 #include "document/FileBackup.h"
 #include "document/RecoveryStore.h"
@@ -124,6 +125,28 @@ TEST_P(ByteName, isOpenedByTheCommandLineAndSaved)
     ASSERT_EQ(versions.size(), 1);
     EXPECT_EQ(readFile(backups.filePath(versions.first())), document(2));
     EXPECT_EQ(noMessages.asked(), 0);
+}
+
+TEST_P(ByteName, hasNotVanishedForTheTidyingOfBackups)
+{
+    startWithIt();
+    saveAndExpect(u"Typed"_s);
+    const QDir backups(backupFolder(editor().windowTitle()));
+    ASSERT_EQ(backups.entryList(QDir::Files).size(), 1);
+    tidyBackups({}, QDateTime::currentDateTime().addDays(BackupBounds().daysOfVanished + 1));
+    EXPECT_EQ(backups.entryList(QDir::Files).size(), 1);
+}
+
+TEST_P(ByteName, isNotReplacedUnaskedWhenAnotherProgramChangedIt)
+{
+    startWithIt();
+    typeInto(2, 1, u"Typed"_s);
+    write(bytesName(), document(3));
+    ModalScript script;
+    script.then([](QWidget &window) { QTest::keyClick(&window, Qt::Key_Escape); });
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_EQ(script.asked(), 1);
+    EXPECT_EQ(content(), document(3));
 }
 
 TEST_P(ByteName, isOpenedFromTheRecentFilesOfALaterRun)
