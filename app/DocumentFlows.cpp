@@ -72,7 +72,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     const InputHold hold;
     const int slot = FindFreeDocumentSlot();
     if (ReadPrFile(fileName, qint16(slot), m_host)) {
-        forgetMachineInfo(slot); // its number is lost, so nobody reaches what was read
+        forgetDocument(slot); // its number is lost, so nobody reaches what was read
         return false;
     }
     frmPrFile &editor = createEditor(slot);

@@ -1,6 +1,7 @@
 #include "document/DocumentTables.h"
 
 #include "document/KnownFiles.h"
+#include "document/ReadFindings.h"
 
 QList<DocFlag> DocFlags;
 std::map<int, MachineInfo> MachineInfos;
@@ -20,9 +21,11 @@ void growDocumentTables(int docNo)
     }
 }
 
-void forgetMachineInfo(int docNo)
+void forgetDocument(int docNo)
 {
     MachineInfos.erase(docNo);
+    noteNoFile(docNo);
+    forgetReadFindings(docNo);
 }
 
 void resetDocumentTables()

@@ -20,7 +20,7 @@ struct DocFlag
 /// Flags by document number, which counts from 1: entry 0 is never used. The table only grows (growDocumentTables()).
 extern QList<DocFlag> DocFlags;
 
-/// Machine information by document number. Every number that the tables hold has one, unless forgetMachineInfo() took
+/// Machine information by document number. Every number that the tables hold has one, unless forgetDocument() took
 /// it. An entry stays where it is while the tables grow.
 extern std::map<int, MachineInfo> MachineInfos;
 
@@ -39,8 +39,8 @@ int documentUpperBound();
 /// Makes the tables hold document number docNo, keeping what they hold.
 void growDocumentTables(int docNo);
 
-/// Gives up the information of a number that no document will have any more; of that number only the flag stays.
-void forgetMachineInfo(int docNo);
+/// Gives up what is kept for a number that no document will have any more; of that number only the flag stays.
+void forgetDocument(int docNo);
 
 /// Empties every table, and forgets what documents know of their files, as at start-up. For tests.
 void resetDocumentTables();

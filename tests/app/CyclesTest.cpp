@@ -68,7 +68,7 @@ void Cycles::save()
     open(m_small);
     type();
     frame().recovery().refresh();
-    EXPECT_TRUE(frame().documents().writeActive(m_small));
+    EXPECT_EQ(frame().documents().SavePrFile(editor(), m_small), SaveOutcome::Saved);
     closeWindow();
 }
 
@@ -102,7 +102,7 @@ TEST_P(Again, leavesNothingBehind)
         settle();
         used << bytesInUse();
     }
-    const double left = growthPerEntry(used.mid(warmUps)) / GetParam().times;
+    const double left = usualGrowth(used.mid(warmUps)) / GetParam().times;
     std::printf("%s: %.1f bytes each time\n", GetParam().name, left);
     EXPECT_LT(left, most);
     EXPECT_EQ(Complaints::list(), QStringList());

@@ -35,7 +35,7 @@ TEST(DocumentTables, keepTheFlagOfALostNumberOnly)
     growDocumentTables(2);
     const MachineInfo *second = &MachineInfos[2];
     DocFlags[1].changed = true;
-    forgetMachineInfo(1);
+    forgetDocument(1);
     growDocumentTables(500);
     EXPECT_EQ(documentUpperBound(), 500);
     EXPECT_TRUE(DocFlags[1].changed);

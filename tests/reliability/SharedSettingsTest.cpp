@@ -175,7 +175,7 @@ TEST_F(SharedSettings, areNotHeldUpByTheLocksOfTheDead)
         time.start();
         StoreRecentFile(lock);
         EXPECT_LT(time.elapsed(), heldUp) << lock.toStdString();
-        EXPECT_FALSE(QFile::exists(lock)) << lock.toStdString();
+        EXPECT_FALSE(QFile::exists(store + u".turn"_s)) << lock.toStdString();
         EXPECT_EQ(recentFiles().value(0), lock);
     }
 }

@@ -32,6 +32,16 @@ double growthPerEntry(const QList<qint64> &values)
     return square > 0 ? product / square : 0;
 }
 
+double usualGrowth(const QList<qint64> &values)
+{
+    QList<qint64> steps;
+    for (qsizetype i = 1; i < values.size(); ++i) {
+        steps << values[i] - values[i - 1];
+    }
+    std::sort(steps.begin(), steps.end());
+    return steps.isEmpty() ? 0 : double(steps[steps.size() / 2]);
+}
+
 QList<qint64> leastOfEvery(int many, const QList<qint64> &values)
 {
     QList<qint64> least;
