@@ -97,6 +97,8 @@ void PagePainter::drawSqueezed(double left, double width, const QString &text)
 bool printMachineInfo(PrintJob &job, int docNo, const QString &title)
 {
     PagePainter painter(job);
-    const QList<MachineInfoLine> lines = machineInfoLines(MachineInfos.at(docNo), title);
+    const auto known = MachineInfos.find(docNo);
+    const MachineInfo info = known == MachineInfos.end() ? MachineInfo() : known->second;
+    const QList<MachineInfoLine> lines = machineInfoLines(info, title);
     return std::ranges::all_of(lines, [&painter](const MachineInfoLine &line) { return painter.paint(line); });
 }

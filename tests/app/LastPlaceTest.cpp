@@ -1,5 +1,6 @@
 // What the program remembers while it runs: folders and the places of windows.
 
+#include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
@@ -62,6 +63,7 @@ TEST_F(LastPlace, dialogsBeginWhereAFileWasOpenedLast)
 TEST_F(LastPlace, dialogsBeginWhereAFileWasSavedLast)
 {
     start();
+    MachineInfos[docNo()].Name = u"XT-1"_s; // without a name it asks
     chooseFile(u"mneFileSaveAs"_s, path(u"near/b.inv"_s));
     ASSERT_TRUE(QFile::exists(path(u"near/b.inv"_s)));
     EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s));

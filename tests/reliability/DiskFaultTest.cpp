@@ -3,8 +3,10 @@
 #include "editor/frmPrFile.h"
 #include "tests/reliability/FaultTest.h"
 #include "tests/reliability/FaultyDisk.h"
+#include "tests/support/Controls.h"
 #include "tests/support/Patience.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -185,6 +187,9 @@ TEST_F(FaultTest, aWindowThatCanNeitherSaveNorKeepItsWorkStaysOpen)
         const FaultyDisk::SizeLimit limit(10);
         ModalScript script;
         script.thenMessage(file + u" is update.\nSave?"_s, u"cmdYes"_s)
+            .then([](QWidget &box) {
+                control<QAbstractButton>(box, u"cmdYes"_s).click();
+            }) // to save although no version could be kept
             .then([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); }) // why it could not be saved
             .thenMessage(u"The changes are neither saved nor kept for the next start. The window stays open so that "
                          "they are not lost."_s,
@@ -193,6 +198,21 @@ TEST_F(FaultTest, aWindowThatCanNeitherSaveNorKeepItsWorkStaysOpen)
     }
     ASSERT_TRUE(frame().isVisible());
     EXPECT_EQ(editor().windowTitle(), file);
+    EXPECT_TRUE(DocFlags[docNo()].changed);
+    expectSaveElsewhere();
+}
+
+TEST_F(FaultTest, aWindowStaysOpenWhenTheUserDoesNotWantToSaveWithoutAVersion)
+{
+    {
+        const FaultyDisk::SizeLimit limit(10);
+        ModalScript script;
+        script.thenMessage(file + u" is update.\nSave?"_s, u"cmdYes"_s).then([](QWidget &box) {
+            QTest::keyClick(&box, Qt::Key_Return); // not without a version
+        });
+        chooseMenu(u"mneFile"_s, u"mneFileExit"_s);
+    }
+    ASSERT_TRUE(frame().isVisible());
     EXPECT_TRUE(DocFlags[docNo()].changed);
     EXPECT_EQ(readFile(file), earlier);
     expectSaveElsewhere();
