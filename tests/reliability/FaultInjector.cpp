@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 #include <unistd.h>
 
@@ -14,6 +15,14 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::size_t slotCount = 2;
+
+/// In memory where the system has such a folder: some thousand places are made and removed.
+fs::path folderOfPlaces()
+{
+    const fs::path memory = "/dev/shm";
+    const bool isUsable = ::access(memory.c_str(), W_OK) == 0 && !std::getenv("TMPDIR");
+    return (isUsable ? memory : fs::temp_directory_path()) / ("tabrix-faults-" + std::to_string(::getpid()));
+}
 
 /// Reaches what FrameTest keeps for its descendants.
 class Documents : public FrameTest
@@ -48,8 +57,7 @@ void runSmoothly(FaultSlot &slot, Session session)
 
 } // namespace
 
-FaultInjector::FaultInjector()
-    : m_folder(fs::temp_directory_path() / ("tabrix-faults-" + std::to_string(::getpid())))
+FaultInjector::FaultInjector() : m_folder(folderOfPlaces())
 {
     for (std::size_t i = 0; i < slotCount; ++i) {
         m_slots.push_back(std::make_unique<FaultSlot>(m_folder / std::to_string(i)));
@@ -89,23 +97,24 @@ void FaultInjector::setUp(FaultSlot &slot, const FaultScene &scene, int rows)
 
 const FaultCourse &FaultInjector::course(const FaultScene &scene, int rows)
 {
-    FaultCourse &course = m_courses[{&scene, rows}];
+    FaultCourse &course = m_courses[{scene.name, rows}];
     if (course.duration == 0ms) {
         FaultSlot &slot = *m_slots.front();
         setUp(slot, scene, rows);
         runSmoothly(slot, scene.session);
         course.duration = slot.age();
         std::ranges::copy(slot.plan().counts, course.counts.begin());
+        std::ranges::copy(slot.plan().rootCounts, course.rootCounts.begin());
     }
     return course;
 }
 
-void FaultInjector::count(const FaultPlan &plan, bool isFaulty)
+void FaultInjector::count(const Fault &fault, bool isReached, bool isFaulty)
 {
-    auto &[points, faulty] = m_walked[std::string(nameOf(plan.fault.call)) + ' ' + nameOf(plan.fault.act)];
+    auto &[points, faulty] = m_walked[std::string(nameOf(fault.call)) + ' ' + nameOf(fault.act)];
     ++points;
     faulty += isFaulty ? 1 : 0;
-    m_unreached += plan.struck ? 0 : 1;
+    m_unreached += isReached ? 0 : 1;
 }
 
 void FaultInjector::printSummary() const

@@ -8,13 +8,15 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 /// How often each call is made in a scene without faults, and how long that takes.
 struct FaultCourse
 {
-    std::array<int, faultCallCount> counts{};
+    std::array<int, faultCallCount> counts{}; ///< by kind of call
+    std::array<int, FaultPlan::mostRoots> rootCounts{}; ///< by root of the plan
     std::chrono::milliseconds duration{};
 };
 
@@ -31,8 +33,8 @@ public:
     /// Makes a slot's place what the scene begins with.
     void setUp(FaultSlot &slot, const FaultScene &scene, int rows);
     const FaultCourse &course(const FaultScene &scene, int rows);
-    /// Takes note of one point that was walked.
-    void count(const FaultPlan &plan, bool isFaulty);
+    /// Takes note of one point that was walked; isReached: whether its call was made.
+    void count(const Fault &fault, bool isReached, bool isFaulty);
     void printSummary() const;
 
 private:
@@ -40,7 +42,7 @@ private:
 
     std::filesystem::path m_folder;
     std::vector<std::unique_ptr<FaultSlot>> m_slots;
-    std::map<std::pair<const FaultScene *, int>, FaultCourse> m_courses;
+    std::map<std::pair<std::string_view, int>, FaultCourse> m_courses;
     std::map<std::string, std::pair<int, int>> m_walked; ///< by call and act: points, and the faulty ones of them
     int m_unreached = 0;
 };

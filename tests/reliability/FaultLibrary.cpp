@@ -36,20 +36,22 @@ Function *next(const char *name)
     return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
 }
 
-bool isOpenEnded(std::string_view root)
+bool isBelow(std::string_view path, std::string_view root)
 {
-    return root.ends_with('/');
+    return root.ends_with('/') ? path.starts_with(root) : !root.empty() && path == root;
+}
+
+/// The index of the root that a path is in; the count of roots when it is in none.
+std::size_t rootOf(std::string_view path)
+{
+    const auto found =
+        std::ranges::find_if(plan->roots, [path](const auto &root) { return isBelow(path, root.data()); });
+    return static_cast<std::size_t>(found - plan->roots.begin());
 }
 
 bool isWatched(std::string_view path)
 {
-    return std::ranges::any_of(plan->roots, [path](const auto &entry) {
-        const std::string_view root = entry.data();
-        if (root.empty()) {
-            return false;
-        }
-        return isOpenEnded(root) ? path.starts_with(root) : path == root;
-    });
+    return rootOf(path) < FaultPlan::mostRoots;
 }
 
 Path pathOf(int descriptor)
@@ -90,9 +92,11 @@ class Strike
 public:
     Strike(FaultCall call, const Path &path)
     {
-        if (!isWatched(path.data())) {
+        const std::size_t root = rootOf(path.data());
+        if (root == FaultPlan::mostRoots) {
             return;
         }
+        ++plan->rootCounts.at(root);
         const int number = ++plan->counts.at(static_cast<std::size_t>(call));
         const bool follows = plan->fault.act == FaultAct::FailFromThere || plan->fault.act == FaultAct::ShortThenFail;
         const bool isMeant = plan->fault.act != FaultAct::None && call == plan->fault.call

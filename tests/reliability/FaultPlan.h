@@ -41,7 +41,8 @@ struct FaultPlan
     std::array<std::array<char, longestPath>, mostRoots> roots{}; ///< absolute; with a "/" at its end: what is below it
 
     std::atomic<bool> armed = false;
-    std::array<std::atomic<int>, faultCallCount> counts{}; ///< calls while armed
+    std::array<std::atomic<int>, faultCallCount> counts{}; ///< calls while armed, by kind
+    std::array<std::atomic<int>, mostRoots> rootCounts{}; ///< the same, by root
     std::atomic<bool> struck = false;
     std::array<char, longestPath> struckAt{}; ///< the path of the call that was struck
 };

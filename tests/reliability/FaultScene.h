@@ -2,6 +2,7 @@
 
 #include "tests/reliability/FaultSession.h"
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,9 @@ inline constexpr FaultScene faultScenes[] = {
     {Session::Start, Home::Used, "start"},
     {Session::Recover, Home::Crashed, "recover"},
 };
+
+void PrintTo(const FaultScene &scene, std::ostream *out);
+void PrintTo(FaultCall call, std::ostream *out);
 
 /// All that can happen to a call; each is for the first time that it is made.
 std::vector<Fault> faultsOf(FaultCall call);

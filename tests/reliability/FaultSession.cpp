@@ -10,15 +10,19 @@
 #include "tests/reliability/FaultDisk.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 
 #include <cstring>
 #include <dlfcn.h>
 #include <memory>
+#include <stdexcept>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -350,6 +354,7 @@ void enterPlace(const SessionPlace &place)
     qputenv("HOME", place.folder.c_str());
     qputenv("XDG_DATA_HOME", place.data().c_str());
     qputenv("XDG_CONFIG_HOME", place.config().c_str());
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QString::fromStdString(place.config()));
     ::alarm(120); // whoever started this is gone
     if (::chdir(place.folder.c_str()) != 0) {
         ::_exit(3);
@@ -385,16 +390,28 @@ void followPlan(FaultPlan *plan)
     }
 }
 
-void runSession(Session session, const SessionPlace &place, FaultPlan &plan, SessionReport &report)
+std::unique_ptr<QApplication> makeSessionApplication()
 {
-    enterPlace(place);
-    int count = 1;
-    std::string name = "Tabrix";
-    std::array<char *, 2> arguments = {name.data(), nullptr};
-    QApplication application(count, arguments.data());
+    static int count = 1;
+    static std::array<char, 7> name = {"Tabrix"};
+    static std::array<char *, 2> arguments = {name.data(), nullptr};
+    auto application = std::make_unique<QApplication>(count, arguments.data());
     QApplication::setApplicationName(u"Tabrix"_s);
     setCountryCode(1);
     setAnsiCodePageNumber(1252);
+    QLineEdit warmth(u"fonts and style"_s);
+    warmth.show();
+    QApplication::processEvents();
+    const auto threads = QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    if (threads.size() != 1) {
+        throw std::runtime_error("a process with several threads cannot be forked");
+    }
+    return application;
+}
+
+void runSession(Session session, const SessionPlace &place, FaultPlan &plan, SessionReport &report)
+{
+    enterPlace(place);
     setProgramFolder(QString::fromStdString(place.folder));
     followPlan(&plan);
     {

@@ -3,8 +3,11 @@
 #include "tests/reliability/FaultPlan.h"
 
 #include <array>
+#include <memory>
 #include <string>
 #include <string_view>
+
+class QApplication;
 
 /// What a session of the program tells while it runs, in plain memory that outlives it.
 struct SessionReport
@@ -47,7 +50,11 @@ inline constexpr std::string_view untitledWork = "Work without a name";
 /// The name of the first parameter once changed.
 inline constexpr std::string_view newName = "Renamed and a little longer than before";
 
-/// Runs a session in this process, which has no application yet, and ends the process.
+/// Makes the application that all sessions begin with: they are forked from it, which saves each the search for fonts.
+/// It has one thread, and knows no folder of the user's yet.
+std::unique_ptr<QApplication> makeSessionApplication();
+
+/// Runs a session in this process, a fork of the one with the application, and ends the process.
 [[noreturn]] void runSession(Session session, const SessionPlace &place, FaultPlan &plan, SessionReport &report);
 
 /// The library's entry; does nothing where it is not loaded.

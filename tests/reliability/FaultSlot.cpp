@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The document's folder, and what is the program's own in the user's folders.
+/// The document's folder, and what is the program's own in the user's folders; in the order of WatchedRoot.
 void watch(const SessionPlace &place, FaultPlan &plan)
 {
     const std::string roots[] = {place.folder + "/work/", place.data(), place.data() + "/Tabrix",

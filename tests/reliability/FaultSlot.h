@@ -10,6 +10,9 @@
 /// What a session ended with.
 enum class SessionEnd { Running, Left, Killed, Crashed, Hung };
 
+/// The roots that a session's plan watches, by their indices in it.
+enum WatchedRoot { DocumentRoot, DataHome, DataRoot, DataFiles, ConfigHome, ConfigRoot, ConfigFiles };
+
 /// A place of its own in which one session at a time runs, as a process.
 class FaultSlot
 {

@@ -60,12 +60,12 @@ void FaultWalk::begin(Visit &visit)
     if (m_next == m_points.size()) {
         return;
     }
-    const Fault &fault = m_points.at(m_next++);
-    visit.name = nameOf(fault);
+    visit.fault = m_points.at(m_next++);
+    visit.name = nameOf(visit.fault);
     visit.isUnderWay = true;
     m_injector.setUp(*visit.slot, m_scene, m_rows);
     visit.before.emplace(visit.slot->place);
-    visit.slot->start(m_scene.session, fault, m_trace);
+    visit.slot->start(m_scene.session, visit.fault, m_trace);
 }
 
 void FaultWalk::proceed(Visit &visit)
@@ -97,7 +97,7 @@ void FaultWalk::resume(Visit &visit, SessionEnd end)
         const std::string path = plan.struckAt.data();
         visit.name += " " + path.substr(std::min(path.size(), slot.place.folder.size() + 1));
     }
-    m_injector.count(plan, !visit.faults.empty());
+    visit.isReached = plan.struck;
     visit.found = FaultDisk::content(slot.place.file());
     const bool leftWhole = end == SessionEnd::Left;
     visit.work = m_scene.session != Session::Start
@@ -108,6 +108,10 @@ void FaultWalk::resume(Visit &visit, SessionEnd end)
 
 void FaultWalk::close(Visit &visit)
 {
+    m_injector.count(visit.fault, visit.isReached, !visit.faults.empty());
+    std::ranges::sort(visit.faults);
+    const auto repeated = std::ranges::unique(visit.faults);
+    visit.faults.erase(repeated.begin(), repeated.end());
     for (const std::string &fault : visit.faults) {
         m_found[fault].push_back(visit.name);
     }

@@ -29,11 +29,13 @@ private:
     struct Visit
     {
         FaultSlot *slot;
+        Fault fault = {};
         std::optional<BeforeSession> before = std::nullopt;
         std::vector<std::string> faults = {};
         std::optional<std::string> found = std::nullopt; ///< in the file at the next start
         std::string name = {};
         bool isUnderWay = false;
+        bool isReached = false;
         bool isResumed = false;
         bool work = false; ///< whether the new content must come through
     };
@@ -45,8 +47,8 @@ private:
     std::chrono::milliseconds allowed() const;
 
     FaultInjector &m_injector;
-    const FaultScene &m_scene;
-    const int m_rows;
+    FaultScene m_scene;
+    int m_rows;
     std::vector<Fault> m_points;
     bool m_trace = false;
     std::size_t m_next = 0;
