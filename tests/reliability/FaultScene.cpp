@@ -25,8 +25,8 @@ std::vector<Way> failuresOf(FaultCall call)
     case FaultCall::Read:
         return {{FaultAct::Fail, EIO}, {FaultAct::Fail, EINTR}, {FaultAct::Short, 0}};
     case FaultCall::Write:
-        return {{FaultAct::Fail, EIO}, {FaultAct::Fail, EINTR}, {FaultAct::FailFromThere, ENOSPC},
-            {FaultAct::Short, 0}, {FaultAct::ShortThenFail, ENOSPC}};
+        return {{FaultAct::Fail, EIO}, {FaultAct::Fail, EINTR}, {FaultAct::FailFromThere, ENOSPC}, {FaultAct::Short, 0},
+            {FaultAct::ShortThenFail, ENOSPC}};
     case FaultCall::Fsync:
         return {{FaultAct::Fail, EIO}, {FaultAct::Fail, EINTR}, {FaultAct::FailFromThere, ENOSPC}};
     case FaultCall::Close:

@@ -8,18 +8,15 @@
 #include "runtime/AnsiText.h"
 #include "runtime/Country.h"
 #include "tests/reliability/FaultDisk.h"
+#include "tests/reliability/FaultReader.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QPointer>
-#include <QPushButton>
 #include <QSettings>
 #include <QTest>
-#include <QTimer>
 
-#include <cstring>
 #include <dlfcn.h>
 #include <memory>
 #include <stdexcept>
@@ -30,55 +27,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int nameColumn = 2;
-constexpr auto saveQuestion = "Save?"_L1;
-
-template <std::size_t Size>
-void addLine(std::array<char, Size> &text, const QString &line)
-{
-    const QByteArray bytes = QString(line).replace(u'\n', u' ').toUtf8() + '\n';
-    const std::size_t length = std::strlen(text.data());
-    if (length + std::size_t(bytes.size()) < Size) {
-        std::memcpy(text.data() + length, bytes.constData(), std::size_t(bytes.size()) + 1);
-    }
-}
-
-/// The user: he reads every box, says what he is asked about saving, and takes what is offered to him elsewhere.
-class Reader
-{
-public:
-    explicit Reader(SessionReport &report) : m_report(report)
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
-        m_timer.start(1);
-    }
-
-    void answerToSave(QMessageBox::StandardButton button) { m_toSave = button; }
-
-private:
-    void look()
-    {
-        QWidget *window = QApplication::activeModalWidget();
-        if (!window || window == m_last) {
-            return;
-        }
-        m_last = window;
-        auto *box = qobject_cast<QMessageBox *>(window);
-        const QString text = box ? box->text() : QString::fromLatin1(window->metaObject()->className());
-        if (box && text.contains(saveQuestion)) {
-            if (QAbstractButton *button = box->button(m_toSave)) {
-                button->click();
-                return;
-            }
-        }
-        addLine(m_report.isDone ? m_report.laterMessages : m_report.messages, text);
-        QTest::keyClick(window, box ? Qt::Key_Return : Qt::Key_Escape);
-    }
-
-    SessionReport &m_report;
-    QTimer m_timer;
-    QPointer<QWidget> m_last;
-    QMessageBox::StandardButton m_toSave = QMessageBox::Yes;
-};
 
 /// One run of the program with its user.
 class Run
@@ -191,7 +139,7 @@ private:
     const SessionPlace &m_place;
     FaultPlan &m_plan;
     SessionReport &m_report;
-    Reader m_reader;
+    FaultReader m_reader;
     std::unique_ptr<MDIfrmTabrix> m_frame;
 };
 

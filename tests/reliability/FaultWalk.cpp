@@ -101,7 +101,8 @@ void FaultWalk::resume(Visit &visit, SessionEnd end)
     visit.found = FaultDisk::content(slot.place.file());
     const bool leftWhole = end == SessionEnd::Left;
     visit.work = m_scene.session != Session::Start
-        && (leftWhole || slot.report().hasCopy || m_scene.session != Session::Save || visit.found == slot.place.changed);
+        && (leftWhole || slot.report().hasCopy || m_scene.session != Session::Save
+            || visit.found == slot.place.changed);
     visit.isResumed = true;
     slot.start(Session::Resume, {});
 }
@@ -110,8 +111,7 @@ void FaultWalk::close(Visit &visit)
 {
     m_injector.count(visit.fault, visit.isReached, !visit.faults.empty());
     std::ranges::sort(visit.faults);
-    const auto repeated = std::ranges::unique(visit.faults);
-    visit.faults.erase(repeated.begin(), repeated.end());
+    visit.faults.erase(std::unique(visit.faults.begin(), visit.faults.end()), visit.faults.end());
     for (const std::string &fault : visit.faults) {
         m_found[fault].push_back(visit.name);
     }
