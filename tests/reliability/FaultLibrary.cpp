@@ -45,6 +45,26 @@ mode_t modeOf(int flags, va_list arguments)
     return makes ? static_cast<mode_t>(va_arg(arguments, unsigned)) : 0;
 }
 
+/// Begins a listing by call; one that is cut short breaks off behind its first names.
+template <typename Call>
+DIR *list(int folder, const char *name, const Call &call)
+{
+    if (!isArmed()) {
+        return call();
+    }
+    const FaultStrike strike(FaultCall::Opendir, pathOf(folder, name));
+    if (strike.fails()) {
+        FaultStrike::failure();
+        return nullptr;
+    }
+    DIR *listing = call();
+    if (strike.isShort()) {
+        listedNames = 0;
+        brokenListing = listing;
+    }
+    return listing;
+}
+
 } // namespace
 
 // NOLINTBEGIN: the names and arguments are the system's
@@ -231,21 +251,11 @@ EXPORTED int mkdirat(int folder, const char *path, mode_t mode)
 
 EXPORTED DIR *opendir(const char *path)
 {
-    const auto openIt = [&] { return next<DIR *(const char *)>("opendir")(path); };
-    if (!isArmed()) {
-        return openIt();
-    }
-    const FaultStrike strike(FaultCall::Opendir, pathOf(AT_FDCWD, path));
-    if (strike.fails()) {
-        FaultStrike::failure();
-        return nullptr;
-    }
-    DIR *listing = openIt();
-    if (strike.isShort()) {
-        listedNames = 0;
-        brokenListing = listing;
-    }
-    return listing;
+    return list(AT_FDCWD, path, [&] { return next<DIR *(const char *)>("opendir")(path); });
+}
+EXPORTED DIR *fdopendir(int descriptor)
+{
+    return list(descriptor, "", [&] { return next<DIR *(int)>("fdopendir")(descriptor); });
 }
 EXPORTED int closedir(DIR *listing)
 {
