@@ -14,7 +14,7 @@ struct KnownFile
     QString path;
     FileStamp stamp;
     bool isSettled = false; ///< a later change cannot have left the stamp as it is
-    std::optional<size_t> content; ///< its hash; nothing when there was no file
+    std::optional<size_t> content; ///< its hash; nothing when there was no file or it could not be read
 };
 
 struct Knowledge
@@ -78,7 +78,9 @@ std::optional<OwnText> ForeignChangeGuard::find()
     const QString path = pathOf(m_fileName);
     const KnownFile known = knowledge().files.value(m_docNo);
     const bool isKnown = known.path == path && known.content;
-    if (!stamp.isFile || (isKnown && known.isSettled && known.stamp == stamp)) {
+    // Of a file that could not be read when it was noted, the stamp is all that is known.
+    const bool isAsNoted = known.path == path && known.stamp == stamp && (known.isSettled || !known.content);
+    if (!stamp.isFile || isAsNoted) {
         return std::nullopt;
     }
     m_found = hashOfFile(m_fileName);

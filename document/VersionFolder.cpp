@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -100,11 +101,13 @@ std::optional<QString> VersionFolder::write(qint64 number, const QByteArray &con
     for (int attempt = 0; attempt < attempts; ++attempt) {
         reason =
             renameOwnFileOnce(unfinished, m_path + u'/' + versionName(number + attempt, QDateTime::currentDateTime()));
-        if (!reason) {
-            return std::nullopt;
+        if (reason != qt_error_string(EEXIST)) {
+            break;
         }
     }
-    QFile::remove(unfinished);
+    if (reason) {
+        QFile::remove(unfinished); // nothing where only the wait for the disk has failed
+    }
     return reason;
 }
 

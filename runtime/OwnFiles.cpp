@@ -1,6 +1,8 @@
 #include "runtime/OwnFiles.h"
 
 #include "runtime/FileName.h"
+#include "runtime/SystemFile.h"
+#include "runtime/Uninterrupted.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -72,6 +74,16 @@ std::optional<QString> answer(const fs::file_status &status, const std::error_co
     return kind == FileKind::Nothing ? std::nullopt : reasonOf(error);
 }
 
+/// The listing of a folder, opened again as long as a signal interrupts that.
+fs::directory_iterator openListing(const QString &path, std::error_code &error)
+{
+    fs::directory_iterator listing;
+    do {
+        listing = fs::directory_iterator(nativePath(path), error);
+    } while (error == std::errc::interrupted);
+    return listing;
+}
+
 std::optional<QString> makeOneFolder(const QString &path)
 {
 #ifdef Q_OS_WIN
@@ -85,49 +97,30 @@ std::optional<QString> makeOneFolder(const QString &path)
 #endif
 }
 
-/// Waits until the disk has what was written to the open file or folder. Some disks need no waiting, and say so.
-bool reachDisk(int file)
+/// Writes a new file's content, waits for the disk and closes the file.
+std::optional<FileError> writeToDisk(SystemFile &file, QByteArrayView bytes)
 {
-#ifdef Q_OS_WIN
-    return _commit(file) == 0;
-#else
-    int result = 0;
-    do {
-        result = ::fsync(file);
-    } while (result != 0 && errno == EINTR);
-    return result == 0 || errno == EINVAL || errno == ENOTSUP;
-#endif
-}
-
-/// Writes the content of an open file, waits for the disk and closes the file.
-std::optional<QString> writeToDisk(QFile &file, QByteArrayView bytes)
-{
-    // The system may take a part first and say only at the next call why it takes no more.
-    while (!bytes.isEmpty()) {
-        const qint64 written = file.write(bytes.data(), bytes.size());
-        if (written <= 0) {
-            return file.errorString();
-        }
-        bytes = bytes.sliced(written);
+    if (auto error = file.write(bytes)) {
+        return error;
     }
-    if (!reachDisk(file.handle())) {
-        return qt_error_string(errno);
+    if (auto error = file.sync()) {
+        return error;
     }
-    file.close();
-    return file.error() == QFileDevice::NoError ? std::nullopt : std::optional(file.errorString());
+    return file.close();
 }
 
 /// Waits until the disk knows the names in the folder.
 std::optional<QString> syncFolder([[maybe_unused]] const QString &path)
 {
 #ifndef Q_OS_WIN
-    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const QByteArray name = fileNameBytes(path);
+    const int folder = uninterrupted([&] { return ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
     if (folder < 0) {
         return qt_error_string(errno);
     }
-    const int error = reachDisk(folder) ? 0 : errno;
+    const int error = uninterrupted([&] { return ::fsync(folder); }) == 0 ? 0 : errno;
     ::close(folder);
-    if (error != 0) {
+    if (error != 0 && error != EINVAL && error != ENOTSUP) { // some disks need no waiting, and say so
         return qt_error_string(error);
     }
 #endif
@@ -164,7 +157,7 @@ std::optional<QString> listFolder(const QString &path, QList<FolderEntry> &entri
     entries.clear();
     std::error_code error;
     std::error_code unknown;
-    for (fs::directory_iterator entry(nativePath(path), error); !error && entry != fs::directory_iterator();
+    for (fs::directory_iterator entry = openListing(path, error); !error && entry != fs::directory_iterator();
          entry.increment(error)) {
         std::error_code problem;
         FileKind kind = FileKind::Nothing;
@@ -209,17 +202,17 @@ void keepForUser(const QString &path)
 std::optional<QString> writeOwnFile(const QString &fileName, QByteArrayView bytes)
 {
     QFile::remove(fileName);
-    QFile file(fileName);
-    if (!file.open(
-            QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, QFile::ReadOwner | QFile::WriteOwner)) {
-        return file.errorString();
+    SystemFile file;
+    if (const auto error = file.openOwn(fileName)) {
+        return error->reason();
     }
-    auto reason = writeToDisk(file, bytes);
-    if (reason) {
-        file.close();
-        QFile::remove(fileName); // on a full disk every byte counts
+    const auto error = writeToDisk(file, bytes);
+    if (!error) {
+        return std::nullopt;
     }
-    return reason;
+    static_cast<void>(file.close());
+    QFile::remove(fileName); // on a full disk every byte counts
+    return error->reason();
 }
 
 std::optional<QString> renameOwnFile(const QString &from, const QString &to)

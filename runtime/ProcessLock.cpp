@@ -1,10 +1,13 @@
 #include "runtime/ProcessLock.h"
 
+#include "runtime/Uninterrupted.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QThread>
 
 #include <cerrno>
+#include <optional>
 #include <utility>
 
 #ifdef Q_OS_WIN
@@ -43,7 +46,8 @@ ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
 struct ProcessLock::Holder
 {
     explicit Holder(const QByteArray &name)
-        : file(::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR))
+        : file(uninterrupted(
+            [&] { return ::open(name.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR); }))
     {
     }
     ~Holder()
@@ -54,8 +58,9 @@ struct ProcessLock::Holder
     }
     Q_DISABLE_COPY_MOVE(Holder)
 
-    /// Whether the open file is still the one of that name: its last owner may have removed it meanwhile.
-    bool isNamed(const QByteArray &name) const
+    /// Whether the open file is still the one of that name: its last owner may have removed it meanwhile. Nothing when
+    /// the system does not tell, and errno says why.
+    std::optional<bool> isNamed(const QByteArray &name) const
     {
         struct stat mine
         {
@@ -63,8 +68,13 @@ struct ProcessLock::Holder
         struct stat named
         {
         };
-        return ::fstat(file, &mine) == 0 && ::stat(name.constData(), &named) == 0 && mine.st_dev == named.st_dev
-            && mine.st_ino == named.st_ino;
+        if (::fstat(file, &mine) != 0) {
+            return std::nullopt;
+        }
+        if (::stat(name.constData(), &named) != 0) {
+            return errno == ENOENT ? std::optional(false) : std::nullopt;
+        }
+        return mine.st_dev == named.st_dev && mine.st_ino == named.st_ino;
     }
 
     int file;
@@ -78,12 +88,13 @@ ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
     for (;;) {
         auto holder = std::make_unique<Holder>(name);
         const bool isOpen = holder->file >= 0;
-        if (isOpen && ::flock(holder->file, LOCK_EX | LOCK_NB) == 0) {
-            if (holder->isNamed(name)) {
-                m_holder = std::move(holder);
-                return Result::Locked;
-            }
-        } else if (errno != EWOULDBLOCK && errno != EINTR) {
+        const bool isMine = isOpen && ::flock(holder->file, LOCK_EX | LOCK_NB) == 0;
+        const std::optional<bool> isNamed = isMine ? holder->isNamed(name) : false;
+        if (isNamed == true) {
+            m_holder = std::move(holder);
+            return Result::Locked;
+        }
+        if (!isNamed || (!isMine && errno != EWOULDBLOCK && errno != EINTR)) {
             m_reason = qt_error_string(errno);
             return Result::Failed;
         }

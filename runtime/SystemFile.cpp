@@ -1,6 +1,7 @@
 #include "runtime/SystemFile.h"
 
 #include "runtime/FileName.h"
+#include "runtime/Uninterrupted.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -16,17 +17,6 @@
 #endif
 
 namespace {
-
-/// Makes a call until no signal interrupts it.
-template <typename Call>
-auto uninterrupted(Call call)
-{
-    auto result = call();
-    while (result < 0 && errno == EINTR) {
-        result = call();
-    }
-    return result;
-}
 
 std::optional<FileError> failureOf(qint64 result)
 {
@@ -50,6 +40,12 @@ int statusOf(int handle, Status &status)
 int openFile(const QString &fileName, bool replace)
 {
     const int flags = _O_BINARY | _O_NOINHERIT | (replace ? _O_WRONLY | _O_CREAT | _O_TRUNC : _O_RDONLY);
+    return _wopen(reinterpret_cast<const wchar_t *>(fileName.utf16()), flags, _S_IREAD | _S_IWRITE);
+}
+
+int openOwnFile(const QString &fileName)
+{
+    constexpr int flags = _O_BINARY | _O_NOINHERIT | _O_WRONLY | _O_CREAT | _O_EXCL;
     return _wopen(reinterpret_cast<const wchar_t *>(fileName.utf16()), flags, _S_IREAD | _S_IWRITE);
 }
 
@@ -99,6 +95,13 @@ int openFile(const QString &fileName, bool replace)
     const QByteArray name = fileNameBytes(fileName);
     const int flags = O_CLOEXEC | O_NOCTTY | (replace ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY | O_NONBLOCK);
     return uninterrupted([&] { return ::open(name.constData(), flags, usualRights); });
+}
+
+int openOwnFile(const QString &fileName)
+{
+    const QByteArray name = fileNameBytes(fileName);
+    constexpr int flags = O_CLOEXEC | O_NOCTTY | O_WRONLY | O_CREAT | O_EXCL;
+    return uninterrupted([&] { return ::open(name.constData(), flags, S_IRUSR | S_IWUSR); });
 }
 
 int syncFile(int handle)
@@ -170,6 +173,12 @@ std::optional<FileError> SystemFile::openToReplace(const QString &fileName)
         return FileError{FileError::Kind::NotAFile, EINVAL};
     }
     m_handle = openFile(fileName, true);
+    return failureOf(m_handle);
+}
+
+std::optional<FileError> SystemFile::openOwn(const QString &fileName)
+{
+    m_handle = openOwnFile(fileName);
     return failureOf(m_handle);
 }
 

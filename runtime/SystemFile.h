@@ -30,6 +30,8 @@ public:
     std::optional<FileError> openToRead(const QString &fileName);
     /// Creates the file, or empties it. A device is written to as it is; a pipe, which might never take it, fails.
     std::optional<FileError> openToReplace(const QString &fileName);
+    /// Creates the file for the user alone; fails when something of that name is there.
+    std::optional<FileError> openOwn(const QString &fileName);
 
     std::optional<FileError> state(State &state) const;
     /// Reads up to room bytes; count is 0 at the end of the file only.
