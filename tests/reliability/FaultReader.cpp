@@ -31,18 +31,24 @@ void FaultReader::look()
     }
     m_last = window;
     const auto *box = qobject_cast<QMessageBox *>(window);
-    if (box && answer(*box)) {
-        return;
-    }
     const QString text = box ? box->text() : QString::fromLatin1(window->metaObject()->className());
-    addLine(m_report.isDone ? m_report.laterMessages : m_report.messages, text);
-    QTest::keyClick(window, box ? Qt::Key_Return : Qt::Key_Escape);
+    if (!text.contains("Save?"_L1)) { // which is no news
+        addLine(m_report.isDone ? m_report.laterMessages : m_report.messages, text);
+    }
+    if (!box || !answer(*box)) {
+        QTest::keyClick(window, box ? Qt::Key_Return : Qt::Key_Escape);
+    }
 }
 
-/// Whether the box is the question whether to save, which is no news.
+/// Whether the box was a question that this user has a mind about.
 bool FaultReader::answer(const QMessageBox &box)
 {
-    QAbstractButton *button = box.text().contains("Save?"_L1) ? box.button(m_toSave) : nullptr;
+    QAbstractButton *button = nullptr;
+    if (box.text().contains("Save?"_L1)) {
+        button = box.button(m_toSave);
+    } else if (box.text().contains("Replace it?"_L1)) {
+        button = box.button(QMessageBox::Yes); // he knows what his file is
+    }
     if (button) {
         button->click();
     }
