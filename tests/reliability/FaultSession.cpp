@@ -215,6 +215,7 @@ void Run::closeFrame()
     m_frame->close();
     disarm();
     const frmPrFile *left = fileEditor();
+    m_report.staysOpen = left != nullptr;
     m_report.failed = FaultDisk::content(m_place.file()) != m_place.changed;
     if (m_report.failed && !left && !FaultDisk::isInRecovery(m_place, newName)) {
         remark(u"the window is gone, and the work is nowhere"_s);

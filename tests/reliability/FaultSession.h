@@ -20,6 +20,7 @@ struct SessionReport
     std::atomic<bool> hasCopy = false; ///< the work was in a recovery copy before anything else was tried
     std::atomic<bool> isDone = false; ///< the part with faults is over
     std::atomic<bool> failed = false; ///< in that part the user did not get what he wanted
+    std::atomic<bool> staysOpen = false; ///< the window is still there although it was to be closed
     std::atomic<bool> isOver = false; ///< the session has come to its end
 };
 

@@ -54,6 +54,13 @@ bool mayAsk(Session session, const FaultPlan &plan, const std::string &message)
         && message.find("was not opened or saved here. Replace it?") != std::string::npos;
 }
 
+/// What a close that is called off says behind the reason, when it is so.
+bool isConsequence(const SessionReport &report, const std::string &message, const std::string &reason)
+{
+    return report.staysOpen && message.find("The window stays open") != std::string::npos
+        && std::string_view(report.messages.data()).find(reason) != std::string_view::npos;
+}
+
 Faults faultsOfMessages(Session session, const FaultPlan &plan, const SessionReport &report)
 {
     const Fault &fault = plan.fault;
@@ -61,7 +68,7 @@ Faults faultsOfMessages(Session session, const FaultPlan &plan, const SessionRep
     const std::string reason = std::strerror(fault.error);
     const auto isQuestion = [&](const std::string &message) { return mayAsk(session, plan, message); };
     for (const std::string &message : lines(report.messages.data())) {
-        if (isQuestion(message)) {
+        if (isQuestion(message) || isConsequence(report, message, reason)) {
             continue;
         }
         if (mustPassUnseen(fault)) {

@@ -37,10 +37,13 @@ private:
         bool isUnderWay = false;
         bool isReached = false;
         bool isResumed = false;
+        bool isRepeated = false; ///< took too long before
         bool work = false; ///< whether the new content must come through
     };
 
     void begin(Visit &visit);
+    void visitAgain(Visit &visit);
+    void start(Visit &visit);
     void proceed(Visit &visit);
     void resume(Visit &visit, SessionEnd end);
     void close(Visit &visit);
