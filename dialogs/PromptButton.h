@@ -1,11 +1,14 @@
 #pragma once
 
+#include "platform/Contrast.h"
+
 #include <QCheckBox>
 #include <QRadioButton>
 #include <QShortcutEvent>
+#include <QStyleOptionButton>
 
 /// A check box or option whose access key takes effect at once. Otherwise it shows itself pressed for a moment first,
-/// and a quick Enter overtakes it.
+/// and a quick Enter overtakes it. It can be seen on a dark desktop.
 template <typename Button>
 class PromptButton : public Button
 {
@@ -21,6 +24,12 @@ protected:
         this->setFocus(Qt::ShortcutFocusReason);
         this->click();
         return true;
+    }
+
+    void initStyleOption(QStyleOptionButton *option) const override
+    {
+        Button::initStyleOption(option);
+        option->palette = boxPalette(option->palette, option->palette.color(QPalette::Window));
     }
 };
 

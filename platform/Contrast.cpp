@@ -19,11 +19,8 @@ double contrast(double luminance1, double luminance2)
     return (std::max(luminance1, luminance2) + 0.05) / (std::min(luminance1, luminance2) + 0.05);
 }
 
-} // namespace
-
-QColor readableOn(const QColor &background, const QColor &colour)
+QColor shaded(const QColor &background, const QColor &colour, double enough)
 {
-    constexpr double enough = 4.5;
     constexpr int steps = 20;
     const double ground = luminance(background);
     const int target = ground < 0.18 ? 255 : 0;
@@ -33,6 +30,29 @@ QColor readableOn(const QColor &background, const QColor &colour)
         shade = QColor(mixed(colour.red()), mixed(colour.green()), mixed(colour.blue()));
     }
     return shade;
+}
+
+} // namespace
+
+QColor readableOn(const QColor &background, const QColor &colour)
+{
+    constexpr double forTexts = 4.5;
+    return shaded(background, colour, forTexts);
+}
+
+QColor lineOn(const QColor &background, const QColor &colour)
+{
+    constexpr double forLines = 1.6;
+    return shaded(background, colour, forLines);
+}
+
+QPalette boxPalette(QPalette palette, const QColor &background)
+{
+    constexpr double forFrames = 4; // the style softens them a little
+    constexpr int asTheStyleDoes = 140; // per cent by which frames are darker than the window
+    const QColor frame = palette.color(QPalette::Window).darker(asTheStyleDoes);
+    palette.setColor(QPalette::Window, shaded(background, frame, forFrames).lighter(asTheStyleDoes));
+    return palette;
 }
 
 QColor tinted(const QColor &background, const QColor &tint)

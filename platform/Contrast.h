@@ -1,9 +1,17 @@
 #pragma once
 
 #include <QColor>
+#include <QPalette>
 
 /// The colour itself, or a lighter or darker shade of it that can be read on that background.
 QColor readableOn(const QColor &background, const QColor &colour);
+
+/// The same for the lines between cells, which are to be seen but not to be looked at.
+QColor lineOn(const QColor &background, const QColor &colour);
+
+/// The palette with which the style draws check boxes and options that can be seen on that background, unticked too:
+/// it takes the colour of their frames from the window's.
+QPalette boxPalette(QPalette palette, const QColor &background);
 
 /// A background with a shade of that colour in it.
 QColor tinted(const QColor &background, const QColor &tint);

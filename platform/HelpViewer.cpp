@@ -1,5 +1,6 @@
 #include "platform/HelpViewer.h"
 
+#include "platform/Contrast.h"
 #include "platform/FocusFrame.h"
 #include "platform/HelpBrowser.h"
 
@@ -22,6 +23,23 @@
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Desktops that give a palette of their own often leave the colour of placeholders as it is on a light one.
+void showPlaceholder(QLineEdit &box, const QPalette &desktop)
+{
+    const QColor text = desktop.color(QPalette::Text);
+    const QColor ground = desktop.color(QPalette::Base);
+    const auto half = [](int part, int of) { return (part + of) / 2; };
+    const QColor faint(
+        half(text.red(), ground.red()), half(text.green(), ground.green()), half(text.blue(), ground.blue()));
+    QPalette own;
+    own.setColor(QPalette::PlaceholderText, readableOn(ground, faint));
+    box.setPalette(own);
+}
+
+} // namespace
 
 HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     : m_library(std::move(library))
@@ -123,6 +141,16 @@ void HelpViewer::addFindBox(QToolBar &bar)
     });
 }
 
+void HelpViewer::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        for (QLineEdit *box : findChildren<QLineEdit *>()) {
+            showPlaceholder(*box, palette());
+        }
+    }
+}
+
 QAction *HelpViewer::addAction(QToolBar &bar, const QString &name, const QKeySequence &key)
 {
     QAction *action = bar.addAction(m_library->label(name));
@@ -140,6 +168,7 @@ QLineEdit *HelpViewer::textBox(const QString &name, const QString &labelKey)
     box->setPlaceholderText(m_library->label(labelKey));
     box->setAccessibleName(m_library->label(labelKey));
     box->setClearButtonEnabled(true);
+    showPlaceholder(*box, palette());
     for (QAction *action : box->findChildren<QAction *>()) {
         action->setText(box->accessibleName()); // what it clears
     }

@@ -29,6 +29,9 @@ public:
     /// Keeps the window usable while owner's window is a modal dialog.
     void attachTo(QWidget *owner);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void buildToolBar();
     void addPageActions(QToolBar &bar);

@@ -1,9 +1,8 @@
 #include "platform/MessageBox.h"
 
-#include "platform/PlainCaption.h"
+#include "platform/TitledMessageBox.h"
 
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QPushButton>
 
 #include <array>
@@ -55,13 +54,9 @@ void labelButtons(QMessageBox &box)
 int run(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QString &title,
     std::initializer_list<QMessageBox::StandardButton> buttons, std::size_t byEnter = 0)
 {
-    QMessageBox box(parent);
+    TitledMessageBox box(title, text, parent);
     box.setObjectName(u"MessageBox"_s);
     box.setIcon(icon);
-    box.setWindowTitle(plainTitle(title));
-    // Texts hold file names, and a file name may look like markup.
-    box.setTextFormat(Qt::PlainText);
-    box.setText(breakable(text, box.fontMetrics()));
     for (const auto button : buttons) {
         box.addButton(button);
     }

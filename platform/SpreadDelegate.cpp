@@ -4,6 +4,7 @@
 #include "platform/CellInput.h"
 #include "platform/CellListBox.h"
 #include "platform/CellMetrics.h"
+#include "platform/CellText.h"
 #include "platform/Contrast.h"
 #include "platform/SpreadModel.h"
 #include "platform/TextMeter.h"
@@ -51,14 +52,10 @@ QRect windowOf(const QStyleOptionViewItem &option)
     return view ? view->viewport()->rect() : option.rect;
 }
 
-/// How many pixels of a place can be seen from the edge on that the alignment begins at.
-int visibleWidth(const QRect &place, const QRect &window, Qt::Alignment alignment)
+/// How many pixels of a place can be seen from its left edge on.
+int visibleWidth(const QRect &place, const QRect &window)
 {
-    if (alignment & Qt::AlignHCenter) {
-        return place.width();
-    }
-    const int visible = alignment & Qt::AlignRight ? place.right() - window.left() : window.right() - place.left();
-    return std::min(place.width(), visible + 1);
+    return std::min(place.width(), window.right() - place.left() + 1);
 }
 
 // Desktops have one of the two only; without this the other would go on to the grid.
@@ -136,16 +133,19 @@ void SpreadDelegate::paintText(
     }
     const QRect place = option.rect.adjusted(margin(), 0, -margin(), 0);
     const QRect window = windowOf(option);
-    if (!hasLineBreak(text)) {
-        const QStringView line = VisibleText::ofLine(text, visibleWidth(place, window, alignment), alignment);
-        painter->drawText(place, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, line.toString());
-    } else if (!VisibleText::isManyLines(text)) {
-        painter->drawText(place, int(alignment | Qt::AlignVCenter) | Qt::TextExpandTabs, text.toString());
-    } else {
-        const auto lines = VisibleText::ofLines(text, place, window, painter->fontMetrics().lineSpacing(), alignment);
+    const QFontMetrics metrics = painter->fontMetrics();
+    if (place.height() > window.height() && VisibleText::isManyLines(text) && hasLineBreak(text)) {
+        const auto lines = VisibleText::ofLines(text, place, window, metrics.lineSpacing(), alignment);
         painter->drawText(QRect(place.left(), lines.top, place.width(), place.bottom() - lines.top + 1),
             int(alignment | Qt::AlignTop) | Qt::TextExpandTabs, lines.text);
+        return;
     }
+    const QStringView seen = VisibleText::ofLine(text, visibleWidth(place, window), Qt::AlignLeft);
+    const bool leavesWindow = seen.size() < text.size() && place.right() > window.right() && !hasLineBreak(text);
+    const QString shown = leavesWindow ? seen.toString() : shownCellText(text, metrics, place.size());
+    const Qt::Alignment side = leavesWindow ? Qt::AlignLeft : alignment;
+    const int flags = hasLineBreak(shown) ? Qt::TextExpandTabs : Qt::TextSingleLine;
+    painter->drawText(place, int(side | Qt::AlignVCenter) | flags, shown);
 }
 
 void SpreadDelegate::paintCheckBox(
@@ -154,8 +154,13 @@ void SpreadDelegate::paintCheckBox(
     const QRect place = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
     painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, boxPicture(ticked));
-    painter->drawText(place.adjusted(indicatorSize().width() + margin(), 0, 0, 0),
-        Qt::AlignVCenter | Qt::TextSingleLine, typeOf(m_model, index).caption);
+    QRect beside = place.adjusted(indicatorSize().width() + margin(), 0, 0, 0);
+    beside.setRight(std::min(beside.right(), option.rect.right() - margin()));
+    const QString &caption = typeOf(m_model, index).caption;
+    if (!caption.isEmpty()) {
+        painter->drawText(beside, Qt::AlignVCenter | Qt::TextSingleLine,
+            shownCellText(caption, painter->fontMetrics(), beside.size()));
+    }
 }
 
 // The style draws each of the two once: its shades and curves cost as much as five texts.
@@ -177,6 +182,7 @@ QPixmap SpreadDelegate::drawnBox(bool ticked) const
     QStyleOptionButton box;
     box.initFrom(&m_view);
     box.rect = QRect(QPoint(), indicatorSize());
+    box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base));
     box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
     QPainter painter(&picture);
     m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &m_view);
@@ -208,6 +214,7 @@ QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) 
     Qt::Alignment alignment = Qt::AlignCenter;
     if (!type.caption.isEmpty()) {
         size.rwidth() += margin() + m_view.fontMetrics().horizontalAdvance(type.caption);
+        size.setHeight(std::max(size.height(), m_view.fontMetrics().height())); // letters are higher than a box
         alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
     }
     return QStyle::alignedRect(m_view.layoutDirection(), alignment, size, cell.adjusted(margin(), 0, -margin(), 0));

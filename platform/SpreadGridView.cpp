@@ -2,6 +2,7 @@
 
 #include "platform/ActiveFrame.h"
 #include "platform/CellEditor.h"
+#include "platform/Contrast.h"
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
 #include "platform/SpreadGrid.h"
@@ -248,7 +249,8 @@ void SpreadGrid::paintEvent(QPaintEvent *event)
 void SpreadGrid::paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part)
 {
     const int width = columnWidth(column);
-    const QColor lines = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
+    const auto usual = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
+    const QColor lines = lineOn(palette().color(QPalette::Base), usual);
     int top = 0;
     for (int row = rowAt(part.top()); row >= 0 && row < rowCount(); ++row) {
         top = rowViewportPosition(row);

@@ -14,6 +14,7 @@ SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHead
     setSectionResizeMode(Interactive);
     setDefaultAlignment(Qt::AlignCenter);
     setMinimumSectionSize(8);
+    setTextElideMode(Qt::ElideRight);
 }
 
 void SpreadHeader::setFirstSectionFrozen(bool frozen)

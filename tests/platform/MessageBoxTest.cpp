@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 
@@ -175,6 +176,52 @@ TEST_P(MessageBoxClick, answersTheQuestion)
 INSTANTIATE_TEST_SUITE_P(Buttons, MessageBoxClick,
     testing::Values(ClickCase{u"cmdYes"_s, Answer::Yes}, ClickCase{u"cmdNo"_s, Answer::No},
         ClickCase{u"cmdCancel"_s, Answer::Cancel}));
+
+namespace {
+
+int widthInBold(const QString &title)
+{
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(title);
+}
+
+constexpr int besideTitle = 100; ///< pixels of an icon and the buttons of a title bar, at least
+
+} // namespace
+
+TEST(MessageBoxTitle, isShownWhole)
+{
+    const int screen = QGuiApplication::primaryScreen()->availableSize().width();
+    QString title = u"/home/user/"_s;
+    while (widthInBold(title) < screen - 2 * besideTitle) {
+        title += u"folder/"_s;
+        whenShown([&](const QMessageBox &box) {
+            QApplication::processEvents();
+            EXPECT_EQ(box.windowTitle(), title);
+            EXPECT_GE(box.width(), widthInBold(title) + besideTitle);
+            EXPECT_LE(box.frameGeometry().right(), screen);
+            EXPECT_GE(box.frameGeometry().left(), 0);
+            EXPECT_EQ(box.text(), u"Overflow"_s);
+        });
+        MessageBox::showExclamation(nullptr, u"Overflow"_s, title);
+    }
+}
+
+TEST(MessageBoxTitle, standsAboveTheTextWhereNoScreenHasRoomForIt)
+{
+    const QString title = u"/home/user/"_s + QString(u"folder/"_s).repeated(60) + u"end.inv"_s;
+    whenShown([&](const QMessageBox &box) {
+        QApplication::processEvents();
+        EXPECT_TRUE(box.windowTitle().startsWith(u"/home/user/"_s)) << box.windowTitle().toStdString();
+        EXPECT_TRUE(box.windowTitle().endsWith(u"end.inv"_s)) << box.windowTitle().toStdString();
+        EXPECT_LE(widthInBold(box.windowTitle()), box.width());
+        QString text = box.text();
+        EXPECT_EQ(text.remove(u'\u200b'), title + u"\n\nOverflow"_s);
+        EXPECT_TRUE(box.screen()->availableGeometry().contains(box.frameGeometry()));
+    });
+    MessageBox::showExclamation(nullptr, u"Overflow"_s, title);
+}
 
 TEST(MessageBoxCloseBox, meansCancel)
 {

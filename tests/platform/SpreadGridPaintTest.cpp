@@ -68,6 +68,40 @@ TEST(SpreadGridPaint, paintsATickForANumberOtherThanZero)
     EXPECT_NE(cell(1), cell(2));
 }
 
+// "99,99" of "99,9999" would pass for a value.
+TEST(SpreadGridPaint, showsNoDigitOfANumberThatDoesNotFit)
+{
+    const auto grid = shownGrid();
+    grid->setActiveCell(6, 10);
+    grid->setWidthInCharacters(2, 5);
+    const auto cell = [&](const QString &text) {
+        grid->setText(2, 2, text);
+        return pictureOf(*grid).copy(innerRect(*grid, 2, 2));
+    };
+    const QImage hashes = cell(u"99,9999"_s);
+    EXPECT_EQ(hashes, cell(u"10,0000"_s));
+    EXPECT_EQ(hashes, cell(u"-1234567.8"_s));
+    EXPECT_NE(hashes, cell(u"99,99"_s)) << "fits";
+    EXPECT_NE(hashes, cell(QString()));
+    EXPECT_TRUE(hasColour(hashes, hashes.rect(), grid->palette().color(QPalette::Text)));
+}
+
+TEST(SpreadGridPaint, showsByAnEllipsisThatATextGoesOn)
+{
+    const auto grid = shownGrid();
+    grid->setActiveCell(6, 10);
+    grid->setWidthInCharacters(2, 8);
+    const auto cell = [&](const QString &text) {
+        grid->setText(2, 2, text);
+        return pictureOf(*grid).copy(innerRect(*grid, 2, 2));
+    };
+    const QImage cut = cell(u"abcdefghijklmnopqrstuvwxyz"_s);
+    const int room = grid->columnWidth(1) - 1 - 8;
+    EXPECT_EQ(cut, cell(grid->fontMetrics().elidedText(u"abcdefghijklmnopqrstuvwxyz"_s, Qt::ElideRight, room)));
+    EXPECT_NE(cut, cell(u"abcdef"_s));
+    EXPECT_EQ(cell(u"abc\r\nde"_s), cell(u"abc\u2026"_s)) << "the row has room for one line";
+}
+
 TEST(SpreadGridPaint, showsTheCornersText)
 {
     const auto grid = shownGrid();

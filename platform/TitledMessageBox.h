@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QMessageBox>
+
+/// A message box that is wide enough for its title, which names a file. A title that no screen has room for is cut in
+/// its middle and stands whole above the text. Title and text are shown as they are, never as markup.
+class TitledMessageBox : public QMessageBox
+{
+public:
+    TitledMessageBox(const QString &title, const QString &text, QWidget *parent);
+
+    bool event(QEvent *event) override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void makeRoomForTitle();
+
+    int m_neededWidth;
+};
