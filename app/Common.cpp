@@ -5,6 +5,7 @@
 #include "app/Settings.h"
 #include "platform/HelpWindow.h"
 #include "platform/MessageBox.h"
+#include "platform/ScreenRoom.h"
 #include "platform/SpreadGrid.h"
 
 #include <QDialog>
@@ -88,8 +89,9 @@ void PrepareDialog(QDialog &dialog)
     const QWidget *parent = dialog.parentWidget();
     const QRect screen = (parent ? parent->screen() : dialog.screen())->geometry();
     const QSize inner = innerSize(dialog);
-    dialog.move(
+    const QPoint middle(
         screen.x() + screen.width() / 2 - inner.width() / 2, screen.y() + screen.height() / 2 - inner.height() / 2);
+    dialog.move(placeOnScreen(dialog, middle, inner));
 }
 
 void ApplyUserFont(QWidget &window)

@@ -11,7 +11,8 @@ QFont userFont();
 
 /// Applies UserFont to the dialog's controls and places the dialog on the screen that its parent is on: its outer top
 /// left corner half its inner size left of and above the screen's centre. So it sits lower and more to the right than
-/// the exact centre by half its frame. Call it when the dialog is built and filled, before it is shown.
+/// the exact centre by half its frame, unless it would leave the screen there. Call it when the dialog is built and
+/// filled, before it is shown.
 void PrepareDialog(QDialog &dialog);
 
 /// Sets UserFont on every control of the window, grids included; not on its menus nor on dialogs that it owns.

@@ -6,13 +6,15 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace {
 
-constexpr int visibleRows = 6;
+constexpr int fewestRows = 2;
 
 } // namespace
 
-void DialogGrid::layOut(const QList<Column> &columns)
+void DialogGrid::layOut(const QList<Column> &columns, int visibleRows)
 {
     setRowCount(0);
     setGridFont(userFont());
@@ -26,21 +28,33 @@ void DialogGrid::layOut(const QList<Column> &columns)
     }
     fitRowHeight(0);
     horizontalHeader()->setHighlightSections(false); // bold headings need more width than their columns have
-    setMinimumExtent();
+    int widest = 0;
+    for (int column = 0; column < columnCount(); ++column) {
+        widest = std::max(widest, columnWidth(column));
+    }
+    m_wholeSize = sizeFor(horizontalHeader()->length(), visibleRows);
+    m_smallestSize = sizeFor(widest, std::min(visibleRows, fewestRows));
+    updateGeometry();
 }
 
-// However small the user makes the dialog, no column is out of view and some rows are in view.
-void DialogGrid::setMinimumExtent()
+QSize DialogGrid::sizeFor(int columnsWidth, int rows) const
 {
     const int frame = 2 * frameWidth();
-    const int columns = verticalHeader()->minimumWidth() + horizontalHeader()->length();
-    const int rows = horizontalHeader()->minimumHeight() + visibleRows * verticalHeader()->defaultSectionSize();
-    setMinimumSize(columns + verticalScrollBar()->sizeHint().width() + frame, rows + frame);
+    const int rowNumbers = verticalHeader()->minimumWidth();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    const int headings = horizontalHeader()->minimumHeight();
+    return {rowNumbers + columnsWidth + bar + frame, headings + rows * verticalHeader()->defaultSectionSize() + frame};
 }
 
-QSize DialogGrid::sizeHint() const
+void DialogGrid::setShrinkable(bool shrinkable)
 {
-    return minimumSize();
+    m_shrinkable = shrinkable;
+    updateGeometry();
+}
+
+QSize DialogGrid::minimumSizeHint() const
+{
+    return m_shrinkable ? m_smallestSize + QSize(0, horizontalScrollBar()->sizeHint().height()) : m_wholeSize;
 }
 
 void DialogGrid::setRows(const QList<QStringList> &rows)
@@ -92,6 +106,12 @@ void DialogGrid::ensureActiveCell()
     if (activeRow() < 1 && rowCount() > 0) {
         setActiveCell(1, 1);
     }
+}
+
+// A list in a dialog is one stop of Tab; the arrows move in it.
+bool DialogGrid::focusNextPrevChild(bool next)
+{
+    return QWidget::focusNextPrevChild(next);
 }
 
 void DialogGrid::keyPressEvent(QKeyEvent *event)

@@ -20,8 +20,11 @@ public:
 
     using SpreadGrid::SpreadGrid;
 
-    /// Starts anew with these columns and no rows, in the user's font. The grid never gets narrower than its columns.
-    void layOut(const QList<Column> &columns);
+    /// Starts anew with these columns and no rows, in the user's font. The grid never gets smaller than its columns and
+    /// that many rows.
+    void layOut(const QList<Column> &columns, int visibleRows = 6);
+    /// Whether the grid may get smaller after all, down to its widest column and a few rows; it scrolls then.
+    void setShrinkable(bool shrinkable);
     /// Fills the grid with rows, each the texts of its cells, and makes the first cell the active one.
     void setRows(const QList<QStringList> &rows);
     /// The texts of all rows.
@@ -31,12 +34,18 @@ public:
     /// Removes the active row; the rows below it move up. Nothing happens without an active row.
     void removeActiveRow();
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return m_wholeSize; }
+    QSize minimumSizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
-    void setMinimumExtent();
+    QSize sizeFor(int columnsWidth, int rows) const;
     void ensureActiveCell();
+
+    QSize m_wholeSize;
+    QSize m_smallestSize;
+    bool m_shrinkable = false;
 };

@@ -2,10 +2,14 @@
 
 #include "app/Common.h"
 #include "app/Language.h"
+#include "dialogs/ContentsArea.h"
+#include "dialogs/DialogGrid.h"
+#include "platform/PlainCaption.h"
+#include "platform/ScreenRoom.h"
 
-#include <QHBoxLayout>
 #include <QPushButton>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -18,32 +22,46 @@ EditDialog::EditDialog(QWidget *parent, int helpContext) : QDialog(parent), m_he
 {
 }
 
-QHBoxLayout *EditDialog::createButtonRow()
+void EditDialog::layOut(QLayout *contents, Resizing resizing, const QList<QPushButton *> &furtherButtons)
 {
-    auto *row = new QHBoxLayout;
-    row->addStretch();
-    QPushButton *ok = addButton(*row, u"cmdOK"_s, 1);
-    ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &EditDialog::accept);
-    connect(addButton(*row, u"cmdCancel"_s, 2), &QPushButton::clicked, this, &EditDialog::reject);
-    if (m_helpContext != 0) {
-        addHelp(*row);
+    m_contents = new ContentsArea(contents, this);
+    m_buttonRow = new QHBoxLayout;
+    for (QPushButton *button : furtherButtons) {
+        m_buttonRow->addWidget(button);
     }
-    return row;
+    m_buttonRow->addStretch();
+    addCommonButtons();
+    auto *all = new QVBoxLayout(this);
+    all->addWidget(m_contents, 1);
+    all->addLayout(m_buttonRow);
+    if (resizing == Resizing::Fixed) {
+        all->setSizeConstraint(QLayout::SetFixedSize);
+    }
 }
 
-QPushButton *EditDialog::addButton(QHBoxLayout &row, const QString &name, qint16 captionText)
+void EditDialog::addCommonButtons()
+{
+    QPushButton *ok = addButton(u"cmdOK"_s, 1);
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &EditDialog::accept);
+    connect(addButton(u"cmdCancel"_s, 2), &QPushButton::clicked, this, &EditDialog::reject);
+    if (m_helpContext != 0) {
+        addHelp();
+    }
+}
+
+QPushButton *EditDialog::addButton(const QString &name, qint16 captionText)
 {
     auto *button = new QPushButton(this);
     button->setObjectName(name);
-    row.addWidget(button);
+    m_buttonRow->addWidget(button);
     m_buttons << Button{button, captionText};
     return button;
 }
 
-void EditDialog::addHelp(QHBoxLayout &row)
+void EditDialog::addHelp()
 {
-    connect(addButton(row, u"cmdHelp"_s, 45), &QPushButton::clicked, this, &EditDialog::showHelp);
+    connect(addButton(u"cmdHelp"_s, 45), &QPushButton::clicked, this, &EditDialog::showHelp);
     auto *key = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(key, &QShortcut::activated, this, &EditDialog::showHelp);
 }
@@ -55,8 +73,13 @@ void EditDialog::showHelp()
 
 void EditDialog::prepare(qint16 captionText)
 {
+    prepare(ResString(captionText));
+}
+
+void EditDialog::prepare(const QString &caption)
+{
     setObjectName(QString::fromLatin1(metaObject()->className()));
-    setWindowTitle(ResString(captionText));
+    setWindowTitle(plainTitle(caption));
     for (const Button &button : std::as_const(m_buttons)) {
         button.widget->setText(ResString(button.captionText));
     }
@@ -66,15 +89,40 @@ void EditDialog::prepare(qint16 captionText)
     PrepareDialog(*this);
 }
 
-// An earlier opening may have left another size, and what frames need reaches a hidden window's layout only when told.
 void EditDialog::fitSize()
 {
-    const auto frames = findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
-    for (QWidget *frame : frames) {
-        frame->updateGeometry();
+    const QSize room = roomOnScreen(*this);
+    const QList<DialogGrid *> lists = m_contents->findChildren<DialogGrid *>();
+    const auto shrinkLists = [&lists](bool shrunk) {
+        for (DialogGrid *list : lists) {
+            list->setShrinkable(shrunk);
+        }
+    };
+    // An earlier opening may have left another size.
+    m_contents->setRoom({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
+    shrinkLists(false);
+    const QSize needed = neededSize();
+    shrinkLists(needed.width() > room.width() || needed.height() > room.height());
+    const QSize besideContents = needed - m_contents->sizeHint();
+    m_contents->setRoom(room - QSize(2 * layout()->contentsMargins().left(), besideContents.height()));
+    resize(neededSize().boundedTo(room));
+}
+
+// What the parts of frames need reaches a hidden window's layouts only when told.
+QSize EditDialog::neededSize()
+{
+    const auto layouts = m_contents->widget()->findChildren<QLayout *>();
+    for (QLayout *inner : layouts) {
+        inner->invalidate();
     }
+    const auto parts = m_contents->widget()->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    for (QWidget *part : parts) {
+        part->updateGeometry();
+    }
+    m_contents->widget()->layout()->activate();
+    m_contents->updateGeometry();
     layout()->activate();
-    adjustSize();
+    return layout()->totalSizeHint();
 }
 
 void EditDialog::setEqualButtonWidths()

@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class ContentsArea;
 class QHBoxLayout;
 class QPushButton;
 
@@ -9,20 +10,26 @@ class QPushButton;
 QString elementName(const QString &array, int index);
 
 /// A modal dialog with the buttons that all have in common: OK (also Enter), Cancel (also Escape and the close box)
-/// and, where there is a help topic, Help (also F1).
+/// and, where there is a help topic, Help (also F1). It fits its screen: where there is little room its lists shrink
+/// and scroll, then all that is above the buttons; the buttons stay in view.
 class EditDialog : public QDialog
 {
     Q_OBJECT
 
 protected:
+    enum class Resizing { ByUser, Fixed };
+
     /// helpContext: the topic's context number; 0 for a dialog without a Help button.
     explicit EditDialog(QWidget *parent, int helpContext = 0);
 
-    /// Makes the row of buttons. Tab reaches controls in the order in which they are made, so the row comes last.
-    QHBoxLayout *createButtonRow();
+    /// Puts the contents above the row of buttons. Tab reaches controls in the order in which they are made: those of
+    /// the contents, furtherButtons, which stand on the left, and the common ones.
+    void layOut(QLayout *contents, Resizing resizing, const QList<QPushButton *> &furtherButtons = {});
     /// The end of every opening's preparations, when all texts are set: captions of window and buttons, font, size
     /// and place.
     void prepare(qint16 captionText);
+    /// The same with a caption of the caller's, which is shown as it is.
+    void prepare(const QString &caption);
 
 private:
     struct Button
@@ -31,12 +38,16 @@ private:
         qint16 captionText;
     };
 
-    QPushButton *addButton(QHBoxLayout &row, const QString &name, qint16 captionText);
-    void addHelp(QHBoxLayout &row);
+    void addCommonButtons();
+    QPushButton *addButton(const QString &name, qint16 captionText);
+    void addHelp();
     void showHelp();
     void setEqualButtonWidths();
     void fitSize();
+    QSize neededSize();
 
     int m_helpContext;
+    ContentsArea *m_contents = nullptr;
+    QHBoxLayout *m_buttonRow = nullptr;
     QList<Button> m_buttons; ///< OK, Cancel and, if there is one, Help
 };

@@ -5,7 +5,6 @@
 #include "runtime/NumberText.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
@@ -19,7 +18,7 @@ constexpr qint16 labelTexts[] = {181, 182};
 
 frmCap::frmCap(QWidget *parent) : EditDialog(parent)
 {
-    auto *grid = new QGridLayout(this);
+    auto *grid = new QGridLayout;
     for (int i = 0; i < boxCount; ++i) {
         m_labels[i] = new QLabel(this);
         m_labels[i]->setObjectName(elementName(u"Label1"_s, i));
@@ -29,8 +28,7 @@ frmCap::frmCap(QWidget *parent) : EditDialog(parent)
         grid->addWidget(m_labels[i], i, 0);
         grid->addWidget(m_boxes[i], i, 1);
     }
-    grid->addLayout(createButtonRow(), boxCount, 0, 1, 2);
-    grid->setSizeConstraint(QLayout::SetFixedSize);
+    layOut(grid, Resizing::Fixed);
 }
 
 bool frmCap::ShowCapForm(QStringList &values)

@@ -27,11 +27,10 @@ frmFunc::frmFunc(QWidget *parent)
     : EditDialog(parent, helpContext), m_heading(new ParameterHeading(this, u"lblFuncCode"_s))
 {
     m_heading->value().setAlignment(Qt::AlignCenter);
-    auto *all = new QVBoxLayout(this);
+    auto *all = new QVBoxLayout;
     all->addLayout(m_heading);
     all->addWidget(createBoxes());
-    all->addLayout(createButtonRow());
-    all->setSizeConstraint(QLayout::SetFixedSize);
+    layOut(all, Resizing::Fixed);
 }
 
 QWidget *frmFunc::createBoxes()

@@ -98,14 +98,14 @@ QPushButton *frmKisyuEdit::createButton(const QString &name, void (frmKisyuEdit:
 
 void frmKisyuEdit::layOutFrames()
 {
-    auto *grid = new QGridLayout(this);
+    auto *grid = new QGridLayout;
     grid->addWidget(m_frames[0], 0, 0, 1, 2);
     grid->addWidget(m_frames[1], 1, 0);
     grid->addWidget(m_frames[2], 1, 1);
     grid->addWidget(m_frames[3], 2, 0, 1, 2);
     grid->addWidget(m_frames[4], 3, 0, 1, 2);
-    grid->addLayout(createButtonRow(), 4, 0, 1, 2);
     grid->setRowStretch(2, 1);
+    layOut(grid, Resizing::ByUser);
 }
 
 void frmKisyuEdit::load()

@@ -53,10 +53,10 @@ QList<DialogGrid::Column> columns(int kind)
 frmPrCond::frmPrCond(QWidget *parent)
     : EditDialog(parent, helpContext), m_heading(new ParameterHeading(this, u"lblCount"_s))
 {
-    auto *all = new QVBoxLayout(this);
+    auto *all = new QVBoxLayout;
     all->addLayout(m_heading);
     all->addLayout(createKinds(), 1);
-    all->addLayout(createButtonRow());
+    layOut(all, Resizing::ByUser);
 }
 
 QLayout *frmPrCond::createKinds()

@@ -2,12 +2,10 @@
 
 #include "app/Common.h"
 #include "app/Language.h"
-#include "dialogs/EditDialog.h"
 #include "dialogs/PdfName.h"
 #include "dialogs/PrintSettings.h"
 #include "dialogs/PromptButton.h"
 #include "platform/CurrentPrinter.h"
-#include "platform/PlainCaption.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/NumberText.h"
 
@@ -52,13 +50,11 @@ qint16 pageNumber(const QString &text)
 
 } // namespace
 
-frmPrint::frmPrint(const QString &caption, QWidget *parent) : QDialog(parent), m_caption(caption)
+frmPrint::frmPrint(const QString &caption, QWidget *parent) : EditDialog(parent), m_caption(caption)
 {
-    setObjectName(u"frmPrint"_s);
-    setWindowTitle(plainTitle(caption));
     createControls();
+    layOut(createContents(), Resizing::Fixed, {m_setup});
     setTexts();
-    arrange();
     connectControls();
 }
 
@@ -71,10 +67,7 @@ void frmPrint::createControls()
     createArray<PromptRadioButton>(m_options, u"optPrint"_s);
     createArray<QLineEdit>(m_pages, u"txtPage"_s);
     createArray<QLabel>(m_pageLabels, u"lblPage"_s);
-    createOne(m_ok, u"cmdOK"_s);
-    createOne(m_cancel, u"cmdCancel"_s);
     createOne(m_setup, u"cmdSet"_s);
-    m_ok->setDefault(true);
     m_printerName->setTextFormat(Qt::PlainText);
     m_printerName->setFrameStyle(int(QFrame::StyledPanel) | int(QFrame::Sunken));
     for (QCheckBox *box : m_print) {
@@ -95,36 +88,23 @@ void frmPrint::setTexts()
     m_pageLabels[0]->setText(ResString(198));
     m_pageLabels[1]->setText(ResString(199));
     m_setup->setText(ResString(200));
-    m_ok->setText(ResString(1));
-    m_cancel->setText(ResString(2));
     m_pages[0]->setAccessibleName(ResString(198));
     m_pages[1]->setAccessibleName(ResString(199));
 }
 
-void frmPrint::arrange()
+QLayout *frmPrint::createContents()
 {
     auto *printerRow = new QHBoxLayout;
     printerRow->addWidget(m_printerCaption);
     printerRow->addWidget(m_printerName, 1);
 
-    auto *left = new QVBoxLayout;
-    left->addLayout(printerRow);
-    left->addWidget(m_print[0]);
-    left->addWidget(m_print[1]);
-    left->addWidget(createRangeFrame());
-    left->addStretch();
-
-    auto *buttons = new QVBoxLayout;
-    buttons->addWidget(m_ok);
-    buttons->addWidget(m_cancel);
-    buttons->addSpacing(m_ok->sizeHint().height() / 2);
-    buttons->addWidget(m_setup);
-    buttons->addStretch();
-
-    auto *layout = new QHBoxLayout(this);
-    layout->setSizeConstraint(QLayout::SetMinimumSize);
-    layout->addLayout(left, 1);
-    layout->addLayout(buttons);
+    auto *contents = new QVBoxLayout;
+    contents->addLayout(printerRow);
+    contents->addWidget(m_print[0]);
+    contents->addWidget(m_print[1]);
+    contents->addWidget(createRangeFrame());
+    contents->addStretch();
+    return contents;
 }
 
 QGroupBox *frmPrint::createRangeFrame()
@@ -149,8 +129,6 @@ void frmPrint::connectControls()
     for (QRadioButton *option : m_options) {
         connect(option, &QRadioButton::toggled, this, &frmPrint::enablePages);
     }
-    connect(m_ok, &QPushButton::clicked, this, &frmPrint::confirm);
-    connect(m_cancel, &QPushButton::clicked, this, &frmPrint::reject);
     connect(m_setup, &QPushButton::clicked, this, &frmPrint::setUpPrinter);
 }
 
@@ -160,18 +138,18 @@ void frmPrint::PrintShow(SpreadGrid &grid, bool &result)
     m_hasSelection = grid.isBlockSelected();
     m_printerName->setText(CurrentPrinter::deviceName());
     setWidths(QFontMetrics(userFont()));
-    PrepareDialog(*this);
     enableRange();
+    m_print[0]->setFocus();
+    prepare(m_caption);
     result = exec() == Accepted;
 }
 
-/// Room for a page number, and for the buttons' texts without touching their edges.
+/// Room for a page number.
 void frmPrint::setWidths(const QFontMetrics &metrics)
 {
     for (QLineEdit *page : m_pages) {
         page->setFixedWidth(metrics.horizontalAdvance(u"00000000"_s));
     }
-    m_cancel->setMinimumWidth(metrics.horizontalAdvance(m_cancel->text() + u"000"_s));
 }
 
 void frmPrint::enableRange()
@@ -198,7 +176,7 @@ void frmPrint::setUpPrinter()
     m_printerName->setText(CurrentPrinter::deviceName());
 }
 
-void frmPrint::confirm()
+void frmPrint::accept()
 {
     storeChoice();
     const auto &flags = SharedPrintSettings.flags;

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QDialog>
+#include "dialogs/EditDialog.h"
+
 #include <QFontMetrics>
 #include <QString>
 
@@ -9,13 +10,14 @@
 class QCheckBox;
 class QGroupBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class SpreadGrid;
 
 /// The print dialog: what to print goes into SharedPrintSettings.
-class frmPrint : public QDialog
+class frmPrint : public EditDialog
 {
     Q_OBJECT
 
@@ -27,17 +29,18 @@ public:
     /// something to print; SharedPrintSettings holds the choice then.
     void PrintShow(SpreadGrid &grid, bool &result);
 
+    void accept() override;
+
 private:
     void createControls();
     void setTexts();
-    void arrange();
+    QLayout *createContents();
     QGroupBox *createRangeFrame();
     void connectControls();
     void setWidths(const QFontMetrics &metrics);
     void enableRange();
     void enablePages();
     void setUpPrinter();
-    void confirm();
     void storeChoice();
     int chosenOption() const;
 
@@ -49,8 +52,6 @@ private:
     std::array<QRadioButton *, 4> m_options{};
     std::array<QLineEdit *, 2> m_pages{};
     std::array<QLabel *, 2> m_pageLabels{};
-    QPushButton *m_ok = nullptr;
-    QPushButton *m_cancel = nullptr;
     QPushButton *m_setup = nullptr;
     bool m_hasSelection = false;
 };

@@ -3,77 +3,65 @@
 #include "app/Common.h"
 #include "app/Language.h"
 #include "app/Settings.h"
-#include "platform/SpreadGrid.h"
+#include "dialogs/DialogGrid.h"
+#include "platform/PlainLabel.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr double listColumnWidth = 20; // character units
+constexpr double besideCaption = 5; // for the box and the margins
+
+/// The list's width in character units: more than usual where the captions need it.
+double widthFor(const QStringList &captions)
+{
+    const QFontMetricsF metrics(userFont());
+    double widest = 0;
+    for (const QString &caption : captions) {
+        widest = std::max(widest, metrics.horizontalAdvance(caption));
+    }
+    return std::max(listColumnWidth, widest / metrics.horizontalAdvance(u'0') + besideCaption);
+}
 
 } // namespace
 
 frmVisualInf::frmVisualInf(const SpreadGrid &shown, const QList<SpreadGrid *> &grids, QWidget *parent)
-    : QDialog(parent)
-    , m_grids(grids)
-    , m_lblInf(new QLabel(this))
-    , m_list(new SpreadGrid(this))
-    , m_cmdOK(new QPushButton(this))
-    , m_cmdCancel(new QPushButton(this))
+    : EditDialog(parent), m_grids(grids), m_lblInf(newPlainLabel(u"lblInf"_s, this)), m_list(new DialogGrid(this))
 {
-    setObjectName(u"frmVisualInf"_s);
-    build();
-    load(shown);
-    connect(m_cmdOK, &QPushButton::clicked, this, &frmVisualInf::applyAndClose);
-    connect(m_cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-}
-
-void frmVisualInf::build()
-{
-    m_lblInf->setObjectName(u"lblInf"_s);
-    m_lblInf->setWordWrap(true);
-    m_lblInf->setTextFormat(Qt::PlainText);
     m_list->setObjectName(u"vaspdVisualInf"_s);
-    m_cmdOK->setObjectName(u"cmdOK"_s);
-    m_cmdOK->setDefault(true);
-    m_cmdCancel->setObjectName(u"cmdCancel"_s);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(m_cmdOK);
-    buttons->addWidget(m_cmdCancel);
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_lblInf);
-    layout->addWidget(m_list, 1);
-    layout->addLayout(buttons);
+    auto *contents = new QVBoxLayout;
+    contents->addWidget(m_lblInf);
+    contents->addWidget(m_list, 1);
+    layOut(contents, Resizing::ByUser);
+    load(shown);
 }
 
 void frmVisualInf::load(const SpreadGrid &shown)
 {
-    ApplyUserFont(*this); // before the list has rows, so that they are as high as the font needs
-    setWindowTitle(ResString(170));
     m_lblInf->setText(ResString(172));
-    m_cmdOK->setText(ResString(1));
-    m_cmdCancel->setText(ResString(2));
-    m_list->setColumnCount(1);
-    m_list->setText(1, 0, ResString(171));
-    m_list->setAccessibleName(m_list->text(1, 0));
-    m_list->setRowCount(shown.columnCount());
+    QStringList captions;
+    QList<QStringList> states;
     for (int column = 1; column <= shown.columnCount(); ++column) {
-        m_list->setCellType(1, column, CellType::checkBox(shown.text(column, 0)));
-        m_list->setText(1, column, shown.isColumnShown(column) ? u"1"_s : u"0"_s);
+        captions << shown.text(column, 0);
+        states << QStringList{shown.isColumnShown(column) ? u"1"_s : u"0"_s};
     }
-    m_list->setWidthInCharacters(1, listColumnWidth);
-    m_list->setActiveCell(1, 1);
-    m_list->setMinimumSize(m_list->sizeForRows(m_list->rowCount()));
-    PrepareDialog(*this);
+    m_list->layOut({{ResString(171), widthFor(captions), CellType::checkBox()}}, shown.columnCount());
+    m_list->setAccessibleName(m_list->text(1, 0));
+    m_list->setRows(states);
+    for (int column = 1; column <= shown.columnCount(); ++column) {
+        m_list->setCellType(1, column, CellType::checkBox(captions[column - 1]));
+    }
+    m_list->setFocus();
+    prepare(170);
 }
 
-void frmVisualInf::applyAndClose()
+void frmVisualInf::accept()
 {
     m_list->commitEdit();
     for (SpreadGrid *grid : m_grids) {
@@ -83,5 +71,5 @@ void frmVisualInf::applyAndClose()
             ListVisualState[column - 1] = !shown;
         }
     }
-    accept();
+    EditDialog::accept();
 }

@@ -1,12 +1,15 @@
 #include "platform/PrintAbortBox.h"
 
 #include "platform/PlainLabel.h"
+#include "platform/ScreenRoom.h"
 
 #include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -23,13 +26,15 @@ PrintAbortBox::PrintAbortBox(const QString &text, const QString &cancelText, con
     QLabel *label = newPlainLabel(u"lblAbort"_s, this);
     label->setText(text);
     label->setWordWrap(true);
-    label->setMinimumWidth(fontMetrics().averageCharWidth() * 45);
+    const int margins = fontMetrics().averageCharWidth() * 5;
+    label->setMinimumWidth(std::min(fontMetrics().averageCharWidth() * 45, roomOnScreen(*this).width() - margins));
     auto *cancel = new QPushButton(cancelText);
     cancel->setObjectName(u"cmdCancel"_s);
     cancel->setMinimumWidth(fontMetrics().horizontalAdvance(cancelText + u"0000"_s));
     connect(cancel, &QPushButton::clicked, this, &PrintAbortBox::reject);
 
     auto *layout = new QVBoxLayout(this);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(label);
     layout->addWidget(m_progress);
     layout->addWidget(cancel, 0, Qt::AlignHCenter);

@@ -1,14 +1,8 @@
 // Every window, as a screen reader and a keyboard user meet it.
 
-#include "app/Language.h"
-#include "app/frmVersion.h"
-#include "dialogs/frmPrint.h"
 #include "editor/FindField.h"
 #include "editor/frmPrFile.h"
-#include "editor/frmVisualInf.h"
 #include "platform/HelpWindow.h"
-#include "platform/MessageBox.h"
-#include "platform/PrintAbortBox.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/accessibility/ControlWalk.h"
@@ -26,79 +20,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void fill(SpreadGrid &grid)
-{
-    grid.setColumnCount(3);
-    grid.setRowCount(5);
-    for (int column = 1; column <= 3; ++column) {
-        grid.setText(column, 0, u"Column %1"_s.arg(column));
-    }
-}
-
-void openVersion(const DialogAct &act)
-{
-    whileNextIsShown(act);
-    frmVersion dialog(nullptr);
-    dialog.CaptionSet();
-    dialog.exec();
-}
-
-void openPrint(const DialogAct &act)
-{
-    SpreadGrid grid;
-    fill(grid);
-    whileNextIsShown(act);
-    bool isConfirmed = false;
-    frmPrint(u"a.inv"_s).PrintShow(grid, isConfirmed);
-}
-
-void openVisibleColumns(const DialogAct &act)
-{
-    SpreadGrid grid;
-    fill(grid);
-    whileNextIsShown(act);
-    frmVisualInf(grid, {}, nullptr).exec();
-}
-
-void openMessage(const DialogAct &act)
-{
-    MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
-    whileNextIsShown(act);
-    MessageBox::askYesNoCancel(nullptr, ResString(210), ResString(9));
-}
-
-void openPrintAbort(const DialogAct &act)
-{
-    whileNextIsShown(act);
-    PrintAbortBox box(ResString(190), ResString(2), {}, nullptr);
-    box.setWindowTitle(u"a.inv"_s);
-    box.exec();
-}
-
-struct OpenedDialog
-{
-    const char *name;
-    DialogOpener open;
-};
-
-void PrintTo(const OpenedDialog &dialog, std::ostream *out)
-{
-    *out << dialog.name;
-}
-
-constexpr OpenedDialog dialogs[] = {
-    {"frmVersion", openVersion},
-    {"frmFunc", openFunc},
-    {"frmFuncOfKqm3", openKqm3Func},
-    {"frmCap", openCap},
-    {"frmPrCond", openPrCond},
-    {"frmKisyuEdit", openKisyuEdit},
-    {"frmPrint", openPrint},
-    {"frmVisualInf", openVisibleColumns},
-    {"messageBox", openMessage},
-    {"printAbort", openPrintAbort},
-};
 
 using Language = void (*)();
 
@@ -184,7 +105,7 @@ TEST_P(DialogForAll, theFocusIsVisible)
 }
 
 INSTANTIATE_TEST_SUITE_P(, DialogForAll,
-    testing::Combine(testing::ValuesIn(dialogs), testing::Values(useEnglish, useJapanese)), dialogTestName);
+    testing::Combine(testing::ValuesIn(openedDialogs), testing::Values(useEnglish, useJapanese)), dialogTestName);
 
 TEST_P(FrameForAll, everyControlAndMenuLineHasAName)
 {

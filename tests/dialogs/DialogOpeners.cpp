@@ -1,11 +1,22 @@
 #include "tests/dialogs/DialogOpeners.h"
 
+#include "app/Common.h"
+#include "app/Language.h"
+#include "app/frmVersion.h"
 #include "dialogs/frmCap.h"
 #include "dialogs/frmFunc.h"
 #include "dialogs/frmKisyuEdit.h"
 #include "dialogs/frmPrCond.h"
+#include "dialogs/frmPrint.h"
 #include "document/DocumentTables.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmVisualInf.h"
+#include "platform/MessageBox.h"
+#include "platform/PrintAbortBox.h"
+#include "platform/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
+
+#include <ostream>
 
 using namespace Qt::StringLiterals;
 
@@ -64,4 +75,52 @@ void openCap(const DialogAct &act)
     QStringList values{u""_s, u""_s};
     whileShown(dialog, [&] { act(dialog); });
     dialog.ShowCapForm(values);
+}
+
+void openVersion(const DialogAct &act)
+{
+    frmVersion dialog(nullptr);
+    dialog.CaptionSet();
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.exec();
+}
+
+void openPrint(const DialogAct &act)
+{
+    SpreadGrid grid;
+    layOutParameterGrid(grid, 5);
+    frmPrint dialog(u"/home/user/parameters/a.inv"_s);
+    whileShown(dialog, [&] { act(dialog); });
+    bool isConfirmed = false;
+    dialog.PrintShow(grid, isConfirmed);
+}
+
+void openVisibleColumns(const DialogAct &act)
+{
+    SpreadGrid grid;
+    layOutParameterGrid(grid, 5);
+    frmVisualInf dialog(grid, {&grid}, nullptr);
+    whileShown(dialog, [&] { act(dialog); });
+    dialog.exec();
+}
+
+void openMessage(const DialogAct &act)
+{
+    MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
+    whileNextIsShown(act);
+    MessageBox::askYesNoCancel(
+        nullptr, ResString(210, {u"|1"_s, u"/home/user/parameters/a.inv"_s}), u"/home/user/parameters/a.inv"_s);
+}
+
+void openPrintAbort(const DialogAct &act)
+{
+    PrintAbortBox box(ResString(201), ResString(2), userFont(), nullptr);
+    box.setWindowTitle(u"a.inv"_s);
+    whileShown(box, [&] { act(box); });
+    box.exec();
+}
+
+void PrintTo(const OpenedDialog &dialog, std::ostream *out)
+{
+    *out << dialog.name;
 }

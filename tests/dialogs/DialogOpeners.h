@@ -3,6 +3,7 @@
 #include <QDialog>
 
 #include <functional>
+#include <iosfwd>
 
 /// What is done in an open dialog; it must close it.
 using DialogAct = std::function<void(QDialog &)>;
@@ -14,4 +15,32 @@ void openPrCond(const DialogAct &act);
 void openKisyuEdit(const DialogAct &act);
 void openCap(const DialogAct &act);
 
+void openVersion(const DialogAct &act);
+void openPrint(const DialogAct &act);
+void openVisibleColumns(const DialogAct &act);
+void openMessage(const DialogAct &act);
+void openPrintAbort(const DialogAct &act);
+
 using DialogOpener = void (*)(const DialogAct &act);
+
+struct OpenedDialog
+{
+    const char *name;
+    DialogOpener open;
+};
+
+void PrintTo(const OpenedDialog &dialog, std::ostream *out);
+
+/// All of the program's dialogs.
+inline constexpr OpenedDialog openedDialogs[] = {
+    {"frmVersion", openVersion},
+    {"frmFunc", openFunc},
+    {"frmFuncOfKqm3", openKqm3Func},
+    {"frmCap", openCap},
+    {"frmPrCond", openPrCond},
+    {"frmKisyuEdit", openKisyuEdit},
+    {"frmPrint", openPrint},
+    {"frmVisualInf", openVisibleColumns},
+    {"messageBox", openMessage},
+    {"printAbort", openPrintAbort},
+};
