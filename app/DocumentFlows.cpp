@@ -54,11 +54,12 @@ bool DocumentFlows::OpenPrFile()
     if (InputHold::postpone(*this, [this] { OpenPrFile(); })) {
         return false;
     }
+    const frmPrFile *active = m_frame.activeEditor();
     const QString fileName = askForFileToOpen(m_area.window(),
         {.defaultExtension = ResString(extensionId),
             .filter = ResString(openFilterId),
             .filterIndex = parameterFilter,
-            .folder = QDir::currentPath()});
+            .folder = folderOf(active ? active->windowTitle() : QString())});
     keepFolder(fileName);
     return !fileName.isEmpty() && OpenPrFile(fileName);
 }
@@ -90,7 +91,7 @@ SaveOutcome DocumentFlows::SavePrFile(frmPrFile &editor, const QString &fileName
         return SaveOutcome::Failed;
     }
     const bool asks = isUntitled(fileName);
-    const QString target = asks ? ShowFileDialog() : fileName;
+    const QString target = asks ? ShowFileDialog(editor.windowTitle()) : fileName;
     const SaveOutcome outcome = write(editor, target, asks); // the dialog has asked before it gave a name that exists
     if (outcome == SaveOutcome::Saved) {
         editor.setWindowTitle(target);
@@ -131,20 +132,28 @@ bool DocumentFlows::postponedFor(frmPrFile &editor, std::function<void()> save)
     });
 }
 
-QString DocumentFlows::ShowFileDialog()
+QString DocumentFlows::ShowFileDialog(const QString &title)
 {
     // Fixed English texts in either language, unlike the dialog that opens files
     QString fileName = askForFileToSave(m_area.window(),
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,
-            .folder = QDir::currentPath()});
+            .folder = folderOf(title),
+            .fileName = isUntitled(title) ? QString() : QFileInfo(title).fileName()});
     keepFolder(fileName);
     return fileName;
 }
 
-// Both dialogs begin in the working folder; so the folder that was used last becomes it. Not while a document goes by a
-// relative name, which would mean another file there.
+/// Where a file dialog begins: beside the document of that title, in the working folder while it has no file.
+QString DocumentFlows::folderOf(const QString &title)
+{
+    const QString folder = isUntitled(title) ? QString() : QFileInfo(title).absolutePath();
+    return QFileInfo(folder).isDir() ? folder : QDir::currentPath();
+}
+
+// Both dialogs may begin in the working folder; so the folder that was used last becomes it. Not while a document goes
+// by a relative name, which would mean another file there.
 void DocumentFlows::keepFolder(const QString &fileName) const
 {
     const QList<frmPrFile *> editors = openEditors();

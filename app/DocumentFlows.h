@@ -41,8 +41,9 @@ public:
     /// Writes the editor's document to fileName, without a dialog for the name.
     SaveOutcome write(frmPrFile &editor, const QString &fileName);
 
-    /// The name to save under, or an empty text when the user cancelled.
-    QString ShowFileDialog();
+    /// The name to save the document of that title under, or an empty text when the user cancelled. It begins with the
+    /// document's own folder and name, where it has a file.
+    QString ShowFileDialog(const QString &title);
 
     /// Creates and shows the editor window of an untitled document with one row.
     void NewDocumentWindow(int slot);
@@ -73,6 +74,7 @@ signals:
 private:
     bool postponedFor(frmPrFile &editor, std::function<void()> save);
     SaveOutcome write(frmPrFile &editor, const QString &fileName, bool mayReplace);
+    static QString folderOf(const QString &title);
     void keepFolder(const QString &fileName) const;
     frmPrFile &createEditor(int slot);
     void showEditor(frmPrFile &editor);

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -19,6 +21,54 @@ public:
     using QObject::QObject;
 
     QPrinter printer{QPrinter::HighResolution};
+};
+
+QString unusedNameBeside(const QString &fileName)
+{
+    QString name = fileName;
+    while (QFileInfo::exists(name)) {
+        name += u'~';
+    }
+    return name;
+}
+
+/// The system's dialog asks whether a file that is there may be replaced. The set-up replaces none: whoever prints is
+/// asked then. So the dialog looks into a name that is not in use.
+class SetupDialog : public QPrintDialog
+{
+public:
+    SetupDialog(QPrinter *printer, QWidget *parent) : QPrintDialog(printer, parent)
+    {
+        if (auto *buttons = findChild<QDialogButtonBox *>()) {
+            connect(buttons, &QDialogButtonBox::clicked, this, &SetupDialog::hideName);
+            connect(buttons, &QDialogButtonBox::accepted, this, &SetupDialog::bringBackName); // after the dialog's own
+        }
+    }
+
+private:
+    QLineEdit *nameField() const { return findChild<QLineEdit *>(QStringLiteral("filename")); }
+
+    void hideName()
+    {
+        const QLineEdit *field = nameField();
+        m_name = field && field->isEnabled() && QFileInfo(field->text()).isFile() ? field->text() : QString();
+        if (!m_name.isEmpty()) {
+            nameField()->setText(unusedNameBeside(m_name));
+        }
+    }
+
+    void bringBackName()
+    {
+        if (m_name.isEmpty()) {
+            return;
+        }
+        nameField()->setText(m_name);
+        if (result() == Accepted) {
+            printer()->setOutputFileName(m_name);
+        }
+    }
+
+    QString m_name; ///< what the user named, while the dialog must not see it
 };
 
 /// The system's dialog is made to print at once; here its button only accepts the choice.
@@ -65,7 +115,7 @@ void CurrentPrinter::showSetup(
     if (toFile) {
         printer().setOutputFileName(preset);
     }
-    QPrintDialog dialog(&printer(), parent);
+    SetupDialog dialog(&printer(), parent);
     dialog.setWindowTitle(title);
     new PlainMessages(dialog);
     dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);

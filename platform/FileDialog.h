@@ -3,6 +3,7 @@
 #include <QString>
 #include <QStringList>
 
+class QFileDialog;
 class QWidget;
 
 /// What a file dialog opens with.
@@ -12,10 +13,15 @@ struct FileDialogSettings
     QString filter; ///< "label|patterns|label|patterns", patterns separated by ";"
     int filterIndex = 1; ///< the preselected pair, from 1
     QString folder;
+    QString fileName = {}; ///< what the name is preset to; empty for nothing
 };
 
 /// The filter pairs in the form of Qt's dialog: labels shown as they stand, "*.*" matching every name.
 QStringList fileDialogFilters(const QString &filter);
+
+/// Makes the dialog large enough for the columns of its list, as far as the screen has room. The desktop's own dialog,
+/// if it is one, is left alone.
+void makeRoomForColumns(QFileDialog &dialog);
 
 /// The full path of the existing file that the user chose; empty when the dialog was cancelled.
 QString askForFileToOpen(QWidget *parent, const FileDialogSettings &settings);

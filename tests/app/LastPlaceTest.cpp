@@ -8,9 +8,12 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QScrollBar>
 #include <QTest>
+#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -77,12 +80,82 @@ TEST_F(LastPlace, aCancelledDialogChangesNoFolder)
     EXPECT_EQ(QDir::currentPath(), before);
 }
 
-TEST_F(LastPlace, dialogsFollowTheWorkingFolder)
+TEST_F(LastPlace, dialogsOfADocumentWithoutAFileFollowTheWorkingFolder)
 {
     start();
-    chooseFile(u"mneFileOpen"_s, writeFile(u"far/a.inv"_s, document(2)));
     QDir::setCurrent(path(u"near"_s));
     EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s));
+    EXPECT_EQ(beginning(u"mneFileSaveAs"_s), folder(u"near"_s));
+}
+
+TEST_F(LastPlace, dialogsBeginBesideTheActiveDocument)
+{
+    start();
+    ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
+    const QString far = folder(u"far"_s);
+    QDir::setCurrent(path(u"near"_s));
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), far);
+    EXPECT_EQ(beginning(u"mneFileSaveAs"_s), far);
+    QFile::remove(path(u"far/a.inv"_s));
+    QDir().rmdir(path(u"far"_s));
+    EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s)) << "its folder is gone";
+}
+
+TEST_F(LastPlace, saveAsBeginsWithTheDocumentsName)
+{
+    start();
+    const auto nameIn = [this](const QString &command) {
+        QString name;
+        ModalScript script;
+        script.then([&](QWidget &dialog) {
+            name = control<QLineEdit>(dialog, u"fileNameEdit"_s).text();
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        chooseMenu(u"mneFile"_s, command);
+        return name;
+    };
+    EXPECT_EQ(nameIn(u"mneFileSaveAs"_s), QString());
+    ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
+    EXPECT_EQ(nameIn(u"mneFileSaveAs"_s), u"a.inv"_s);
+    EXPECT_EQ(nameIn(u"mneFileOpen"_s), QString());
+}
+
+// Else the file of the active document would be offered for another one.
+TEST_F(LastPlace, saveAsOffersNoOtherDocumentsName)
+{
+    start();
+    frmPrFile &untitled = editor();
+    ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
+    QString name = u"not asked"_s;
+    ModalScript script;
+    script.then([&](QWidget &dialog) {
+        name = control<QLineEdit>(dialog, u"fileNameEdit"_s).text();
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    frame().documents().SavePrFile(untitled, untitled.windowTitle());
+    EXPECT_EQ(name, QString());
+}
+
+TEST_F(LastPlace, fileDialogsShowTheirColumnsWhole)
+{
+    start();
+    ASSERT_TRUE(open(writeFile(u"a parameter file of a usual length.inv"_s, document(2))));
+    ModalScript script;
+    script.then([](QWidget &dialog) {
+        const auto &list = control<QTreeView>(dialog, u"treeView"_s);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list.model()->rowCount(list.rootIndex()) >= 3; }));
+        QApplication::processEvents();
+        EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+        for (int column = 0; column < list.model()->columnCount(); ++column) {
+            for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row) {
+                const QModelIndex cell = list.model()->index(row, column, list.rootIndex());
+                EXPECT_GE(list.columnWidth(column), list.sizeHintForIndex(cell).width())
+                    << cell.data().toString().toStdString();
+            }
+        }
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    chooseMenu(u"mneFile"_s, u"mneFileOpen"_s);
 }
 
 TEST_F(LastPlace, aDocumentWithARelativeNameIsStillSavedToItsFile)

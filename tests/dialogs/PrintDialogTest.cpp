@@ -15,6 +15,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
@@ -360,6 +361,34 @@ TEST_F(PrintDialog, presetsTheSetupsFileAndTakesAnotherOne)
     });
     EXPECT_EQ(CurrentPrinter::takeChosenFile(), other);
     EXPECT_EQ(CurrentPrinter::takeChosenFile(), QString());
+}
+
+// Nothing is written by the set-up: whether a file may be replaced is asked when it is printed.
+TEST_F(PrintDialog, asksNothingAboutAFileThatIsThere)
+{
+    const QTemporaryDir folder;
+    const QString there = folder.filePath(u"there.pdf"_s);
+    QFile file(there);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    QString question;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&question] {
+        if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+            question = box->text();
+            box->reject();
+        }
+    });
+    watch.start(0);
+    show([&] {
+        inSetup(button(u"cmdSet"_s), [&](QPrintDialog &setup) {
+            control<QLineEdit>(setup, u"filename"_s).setText(there);
+            QTest::mouseClick(control<QDialogButtonBox>(setup, {}).button(QDialogButtonBox::Ok), Qt::LeftButton);
+            EXPECT_FALSE(setup.isVisible());
+        });
+    });
+    EXPECT_EQ(question, QString());
+    EXPECT_EQ(CurrentPrinter::takeChosenFile(), there);
 }
 
 TEST_F(PrintDialog, keepsTheSetupForTheRun)
