@@ -7,14 +7,38 @@
 #include "platform/GridPrinter.h"
 #include "platform/MessageBox.h"
 #include "platform/PdfFile.h"
+#include "platform/PrintArea.h"
 #include "platform/PrintJob.h"
 #include "runtime/FileName.h"
 
 #include <QPrinter>
 
+#include <limits>
+
 DocumentPrinter::DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
     : m_parent(parent), m_grid(grid), m_docNo(docNo), m_title(shownFileName(title))
 {
+}
+
+QString DocumentPrinter::missingParameters(QPagedPaintDevice &paper) const
+{
+    if (SharedPrintSettings.flags[1] != 1) {
+        return {};
+    }
+    const GridPrintOptions options = gridPrintOptions(m_grid, SharedPrintSettings, m_title);
+    if (printArea(m_grid, options).columns.isEmpty()) {
+        return ownText(OwnText::NoColumnToPrint);
+    }
+    if (options.type != GridPrintType::PageRange) {
+        return {};
+    }
+    const int pages = gridPageCount(m_grid, options, paper);
+    if (!pagesInRange(options.pageFrom, options.pageTo, pages).isEmpty()) {
+        return {};
+    }
+    const PrintSpan range = pagesInRange(options.pageFrom, options.pageTo, std::numeric_limits<int>::max());
+    return ownText(
+        OwnText::NoPageToPrint, {QString::number(range.first), QString::number(range.last), QString::number(pages)});
 }
 
 PrintOutcome DocumentPrinter::printMachinePage(PrintJob &job) const

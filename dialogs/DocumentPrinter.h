@@ -3,6 +3,7 @@
 #include <QString>
 
 class PrintJob;
+class QPagedPaintDevice;
 class QPageLayout;
 class QPrinter;
 class QWidget;
@@ -16,6 +17,9 @@ class DocumentPrinter
 public:
     /// docNo counts from 1; title is the editor window's caption.
     DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title);
+
+    /// Why no page of the parameters is printed although they are to be, for the user; empty when there is one.
+    QString missingParameters(QPagedPaintDevice &paper) const;
 
     /// As two jobs.
     void toPrinter(QPrinter &printer);

@@ -2,8 +2,11 @@
 
 #include "dialogs/DocumentPrinter.h"
 #include "dialogs/PdfName.h"
+#include "dialogs/PrintSettings.h"
 #include "dialogs/frmPrint.h"
 #include "platform/CurrentPrinter.h"
+#include "platform/FileDialog.h"
+#include "platform/MessageBox.h"
 #include "platform/PlainCaption.h"
 #include "platform/PlainMessages.h"
 
@@ -25,6 +28,7 @@ QString askPdfName(QWidget *parent, const QString &title)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.selectFile(QFileInfo(preset).fileName());
+    makeRoomForColumns(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 
@@ -38,6 +42,13 @@ void printDocument(QWidget *parent, SpreadGrid &grid, int docNo, const QString &
         return;
     }
     DocumentPrinter document(parent, grid, docNo, title);
+    const QString missing = document.missingParameters(CurrentPrinter::printer());
+    if (!missing.isEmpty()) {
+        MessageBox::showExclamation(parent, missing, title);
+        if (SharedPrintSettings.flags[0] != 1) {
+            return; // nothing else is printed: no name is needed
+        }
+    }
     if (CurrentPrinter::isPresent()) {
         document.toPrinter(CurrentPrinter::printer());
         return;

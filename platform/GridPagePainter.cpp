@@ -25,7 +25,7 @@ void GridPagePainter::paintPage(int page)
     m_painter.setPen(Qt::black);
     paintLines(m_options.header.lines(page), 0);
 
-    const PrintSpan columns = m_layout.pages().columns(page);
+    const QList<PaperColumn> columns = m_layout.columnsOn(page);
     const PrintSpan rows = m_layout.pages().rows(page);
     paintHeadings(columns);
     double top = m_layout.tableTop() + m_layout.headingHeight();
@@ -51,24 +51,22 @@ void GridPagePainter::paintLines(const QList<PageTextLine> &lines, double top)
     }
 }
 
-void GridPagePainter::paintHeadings(const PrintSpan &columns)
+void GridPagePainter::paintHeadings(const QList<PaperColumn> &columns)
 {
     const SpreadGrid &grid = m_layout.grid();
     QRectF cell(0, m_layout.tableTop(), m_layout.rowNumberWidth(), m_layout.headingHeight());
     paintHeadingCell(cell, grid.text(0, 0));
-    for (int position = columns.first; position <= columns.last; ++position) {
-        const PaperColumn &column = m_layout.column(position);
+    for (const PaperColumn &column : columns) {
         cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
         paintHeadingCell(cell, grid.text(column.column, 0));
     }
 }
 
-void GridPagePainter::paintRow(int row, double top, const PrintSpan &columns)
+void GridPagePainter::paintRow(int row, double top, const QList<PaperColumn> &columns)
 {
     QRectF cell(0, top, m_layout.rowNumberWidth(), m_layout.rowHeight(row));
     paintHeadingCell(cell, m_layout.grid().text(0, row));
-    for (int position = columns.first; position <= columns.last; ++position) {
-        const PaperColumn &column = m_layout.column(position);
+    for (const PaperColumn &column : columns) {
         cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
         paintCell(cell, column, row);
     }

@@ -15,8 +15,8 @@ public:
 
 private:
     void paintLines(const QList<PageTextLine> &lines, double top);
-    void paintHeadings(const PrintSpan &columns);
-    void paintRow(int row, double top, const PrintSpan &columns);
+    void paintHeadings(const QList<PaperColumn> &columns);
+    void paintRow(int row, double top, const QList<PaperColumn> &columns);
     void paintHeadingCell(const QRectF &cell, const QString &text);
     void paintCell(const QRectF &cell, const PaperColumn &column, int row);
     void paintCheckBox(const QRectF &inner, Qt::Alignment alignment, bool ticked, const QString &caption);

@@ -33,6 +33,13 @@ GridPrintLayout::GridPrintLayout(
     for (const int column : area.columns) {
         m_columns.append({column, columnWidth(column), columnAlignment(grid, column)});
     }
+    m_isFirstRepeated = isFirstRepeated(area);
+    if (m_isFirstRepeated) {
+        const double room = m_pageWidth - m_rowNumberWidth - repeatedWidth();
+        for (PaperColumn &column : m_columns) {
+            column.width = std::min(column.width, room);
+        }
+    }
     m_headingHeight = findHeadingHeight();
     const double gap = m_footerHeight > 0 ? m_text.lineHeight() / 2 : 0;
     m_mostRowHeight = std::max(m_pageHeight - m_headerHeight - m_headingHeight - gap - m_footerHeight, textHeight(1));
@@ -46,6 +53,13 @@ double GridPrintLayout::columnWidth(int column) const
     const double heading = m_text.width(m_grid.text(column, 0)) + 2 * padding();
     const double wide = heading > width && heading < width * 1.2 ? heading : width;
     return std::min(std::max(wide, textHeight(1)), m_pageWidth - m_rowNumberWidth);
+}
+
+// Not where it would take the others' room.
+bool GridPrintLayout::isFirstRepeated(const PrintArea &area) const
+{
+    return m_grid.frozenColumns() > 0 && m_columns.size() > 1 && area.columns.constFirst() == 1
+        && m_columns.constFirst().width < (m_pageWidth - m_rowNumberWidth) / 2;
 }
 
 double GridPrintLayout::findRowNumberWidth(const PrintArea &area) const
@@ -99,7 +113,17 @@ PrintPages GridPrintLayout::breakPages(const PrintArea &area) const
         return {{}, {}};
     }
     const auto widthOf = [this](int position) { return m_columns.at(position).width; };
-    const PrintSpan positions{0, int(m_columns.size()) - 1};
+    const PrintSpan positions{m_isFirstRepeated ? 1 : 0, int(m_columns.size()) - 1};
     return {spansThatFit(area.rows, m_mostRowHeight, [this](int row) { return rowHeight(row); }),
-        spansThatFit(positions, m_pageWidth - m_rowNumberWidth, widthOf)};
+        spansThatFit(positions, m_pageWidth - m_rowNumberWidth - repeatedWidth(), widthOf)};
+}
+
+QList<PaperColumn> GridPrintLayout::columnsOn(int page) const
+{
+    const PrintSpan positions = m_pages.columns(page);
+    QList<PaperColumn> columns = m_columns.sliced(positions.first, positions.last - positions.first + 1);
+    if (m_isFirstRepeated) {
+        columns.prepend(m_columns.constFirst());
+    }
+    return columns;
 }

@@ -13,7 +13,7 @@ struct PaperColumn
 
 /// Where everything of a grid stands on the pages of a paper, in the paper's device units. Widths and heights are the
 /// grid's own, in proportion to the font; a text that is too long for its column is wrapped, so that the paper does
-/// not hide what the screen shows by scrolling.
+/// not hide what the screen shows by scrolling. A frozen column, which says what a row is about, stands on every page.
 class GridPrintLayout
 {
 public:
@@ -23,8 +23,8 @@ public:
     const SpreadGrid &grid() const { return m_grid; }
     const PaperText &text() const { return m_text; }
     const PrintPages &pages() const { return m_pages; }
-    /// By position from 0, as pages().columns() counts them.
-    const PaperColumn &column(int position) const { return m_columns.at(position); }
+    /// The columns on a page (from 1), from left to right.
+    QList<PaperColumn> columnsOn(int page) const;
 
     double pageWidth() const { return m_pageWidth; }
     double pageHeight() const { return m_pageHeight; }
@@ -44,6 +44,8 @@ public:
 private:
     double scaledWidth(int pixels) const { return pixels * m_scaleX; }
     double columnWidth(int column) const;
+    bool isFirstRepeated(const PrintArea &area) const;
+    double repeatedWidth() const { return m_isFirstRepeated ? m_columns.constFirst().width : 0; }
     double findRowNumberWidth(const PrintArea &area) const;
     double findHeadingHeight() const;
     double textHeight(int lines) const { return lines * m_text.lineHeight() + 2 * m_lineWidth; }
@@ -62,5 +64,6 @@ private:
     double m_headingHeight = 0;
     double m_mostRowHeight = 0; ///< what a page holds below its headings
     QList<PaperColumn> m_columns;
+    bool m_isFirstRepeated = false; ///< beside the columns of every page
     PrintPages m_pages;
 };

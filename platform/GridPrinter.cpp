@@ -20,6 +20,11 @@ PrintSpan chosenPages(const GridPrintOptions &options, int pageCount)
 
 } // namespace
 
+int gridPageCount(const SpreadGrid &grid, const GridPrintOptions &options, QPagedPaintDevice &paper)
+{
+    return GridPrintLayout(grid, printArea(grid, options), options, paper).pages().count();
+}
+
 PrintOutcome printGrid(const SpreadGrid &grid, const GridPrintOptions &options, PrintJob &job, QWidget *owner)
 {
     const GridPrintLayout layout(grid, printArea(grid, options), options, job.paper());

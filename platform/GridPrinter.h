@@ -3,11 +3,16 @@
 #include "platform/GridPrintOptions.h"
 
 class PrintJob;
+class QPagedPaintDevice;
 class SpreadGrid;
 class QWidget;
 
 /// How a print-out ended.
 enum class PrintOutcome { Done, Cancelled, Failed };
+
+/// How many pages the grid takes under these options, those that a page range leaves out included; 0 when none of its
+/// columns is to be printed.
+int gridPageCount(const SpreadGrid &grid, const GridPrintOptions &options, QPagedPaintDevice &paper);
 
 /// Prints the grid into the job, page after page, under a box with which the user can stop it; nothing is kept of a
 /// page that is done. Column headings and row numbers stand on every page; rows that do not fit go on the next page,

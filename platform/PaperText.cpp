@@ -10,6 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Any spacing between the letters, however small, keeps "f" and "i" from becoming one character, which a search in a
+/// PDF file would not find.
+constexpr double noLigatures = 1.0 / 64;
+
 /// The font as it comes out on the paper: a size in pixels would be a speck there.
 QFont paperFont(const QFont &font, QPaintDevice &paper)
 {
@@ -17,6 +21,7 @@ QFont paperFont(const QFont &font, QPaintDevice &paper)
     if (font.pixelSize() > 0) {
         sized.setPointSizeF(font.pixelSize() * 0.75);
     }
+    sized.setLetterSpacing(QFont::AbsoluteSpacing, noLigatures);
     return {sized, &paper};
 }
 
@@ -123,6 +128,15 @@ void PaperText::layOut(QTextLayout &layout, double width) const
     layout.endLayout();
 }
 
+/// The last line that there is room for, with an ellipsis for what does not follow.
+QString PaperText::cutLine(QStringView rest, double width) const
+{
+    const auto end = std::ranges::find(rest, QChar::LineSeparator);
+    QString line = rest.first(end - rest.begin()).toString();
+    line.truncate(qsizetype(width)); // a character is never narrower than a device unit
+    return m_metrics.elidedText(line + u'\u2026', Qt::ElideRight, width);
+}
+
 void PaperText::drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const
 {
     QTextLayout layout(withLineSeparators(text), m_font, m_paper);
@@ -133,6 +147,11 @@ void PaperText::drawLines(QPainter &painter, const QRectF &area, Qt::Alignment a
         const QTextLine line = layout.lineAt(i);
         const double left = leftEdge(area, alignment, line.naturalTextWidth());
         const double baseline = top + i * lineHeight() + ascent();
-        line.draw(&painter, QPointF(left - line.x(), baseline - line.ascent() - line.y()));
+        if (i == linesThatFit - 1 && layout.lineCount() > linesThatFit) {
+            painter.drawText(
+                QPointF(area.left(), baseline), cutLine(layout.text().sliced(line.textStart()), area.width()));
+        } else {
+            line.draw(&painter, QPointF(left - line.x(), baseline - line.ascent() - line.y()));
+        }
     }
 }

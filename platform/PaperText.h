@@ -28,12 +28,13 @@ public:
     /// True when the text takes one line for certain. Quicker than lineCount(), for the thousands of texts that do.
     bool isShort(QStringView text, double width) const;
 
-    /// Draws the text wrapped to area's width. What does not fit into area's height is cut off.
+    /// Draws the text wrapped to area's width. What does not fit into area's height is cut off, with an ellipsis.
     void draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
 
 private:
     double room(double width) const { return width + m_characterWidth / 4; }
     void layOut(QTextLayout &layout, double width) const;
+    QString cutLine(QStringView rest, double width) const;
     void drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
 
     QFont m_font;

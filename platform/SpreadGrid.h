@@ -102,6 +102,7 @@ public:
     bool isColumnShown(int column) const;
     /// 0 or 1: that many columns from the left stay in view. The column may also be hidden.
     void setFrozenColumns(int columns);
+    int frozenColumns() const { return m_frozenColumns; }
 
     // Selection and view
     /// The selected block: the active cell when nothing else is selected. Rows selected as rows (by their number, by

@@ -102,6 +102,12 @@ constexpr OwnTextEntry entries[] = {
     // Grid
     {OwnText::DeleteAllRowsQuestion, u"All %1 rows of the table are selected. Delete them all?",
         u"表の %1 行がすべて選択されています。すべて削除しますか？"},
+    // Printing
+    {OwnText::NoPageToPrint,
+        u"There is no page to print from page %1 to page %2. The last page of the parameters is %3.",
+        u"%1 ページから %2 ページまでの間に印刷するページがありません。パラメータの最終ページは %3 です。"},
+    {OwnText::NoColumnToPrint, u"There are no parameters to print because their columns are hidden.",
+        u"列が表示されていないため、印刷するパラメータがありません。"},
 };
 
 } // namespace

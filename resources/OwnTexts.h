@@ -51,6 +51,9 @@ enum class OwnText : quint16 {
     CopiesNotRead, ///< %1: folder; %2: the system's description
     // Grid
     DeleteAllRowsQuestion, ///< %1: how many
+    // Printing
+    NoPageToPrint, ///< %1, %2: first and last page of the range; %3: number of pages
+    NoColumnToPrint,
 };
 
 /// One text in both languages.

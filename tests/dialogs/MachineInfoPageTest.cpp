@@ -263,6 +263,18 @@ TEST_F(MachineInfoPage, goesOnOnTheNextPage)
     EXPECT_EQ(pages.last().count(u"345"_s), 1);
 }
 
+// A font would join them, and a search for the word would not find it.
+TEST_F(MachineInfoPage, keepsLettersApartThatFontsJoin)
+{
+    UserFont.FontName = u"DejaVu Sans"_s;
+    MachineInfos[2].Name = u"office"_s;
+    MachineInfos[2].TypeCode = u"flow"_s;
+    const PdfPage page = print(u"first.inv"_s).at(0);
+    for (const QString &word : {u"office"_s, u"flow"_s, u"first.inv"_s}) {
+        EXPECT_EQ(page.count(word), 1) << word.toStdString();
+    }
+}
+
 TEST_F(MachineInfoPage, ofAnUnknownDocumentIsEmptyAndHarmless)
 {
     PrintJob job(printer, {});

@@ -112,6 +112,23 @@ protected:
             QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
         });
     }
+    void choosePages(bool machineInfo, const QString &from, const QString &to)
+    {
+        user.on<frmPrint>([=](frmPrint &dialog) {
+            control<QCheckBox>(dialog, u"chkPrint(0)"_s).setChecked(machineInfo);
+            control<QRadioButton>(dialog, u"optPrint(3)"_s).setChecked(true);
+            control<QLineEdit>(dialog, u"txtPage(0)"_s).setText(from);
+            control<QLineEdit>(dialog, u"txtPage(1)"_s).setText(to);
+            QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
+        });
+    }
+    void readMessage()
+    {
+        user.on<QMessageBox>([this](QMessageBox &box) {
+            message = box.text();
+            box.close();
+        });
+    }
     void acceptPreset()
     {
         user.on<QFileDialog>([this](QFileDialog &dialog) {
@@ -134,6 +151,7 @@ protected:
     SpreadGrid grid;
     User user;
     QString asked;
+    QString message;
 };
 
 TEST_F(PrintCommand, printsMachineInformationAndThenTheGridIntoOneFile)
@@ -215,19 +233,54 @@ TEST_F(PrintCommand, printsNothingWhenNoFileIsNamed)
     EXPECT_FALSE(QFile::exists(presetName()));
 }
 
-TEST_F(PrintCommand, makesNoFileForARangeWithoutPages)
+struct EmptyRange
 {
-    user.on<frmPrint>([](frmPrint &dialog) {
-        control<QCheckBox>(dialog, u"chkPrint(0)"_s).setChecked(false);
-        control<QRadioButton>(dialog, u"optPrint(3)"_s).setChecked(true);
-        control<QLineEdit>(dialog, u"txtPage(0)"_s).setText(u"500"_s);
-        control<QLineEdit>(dialog, u"txtPage(1)"_s).setText(u"400"_s);
-        QTest::mouseClick(&control<QPushButton>(dialog, u"cmdOK"_s), Qt::LeftButton);
-    });
+    QString from, to, message;
+};
+
+class PrintCommandRange : public PrintCommand, public testing::WithParamInterface<EmptyRange>
+{
+};
+
+TEST_P(PrintCommandRange, isToldWhenItHoldsNoPage)
+{
+    choosePages(false, GetParam().from, GetParam().to);
+    readMessage();
+    print();
+    EXPECT_EQ(message, GetParam().message);
+    EXPECT_FALSE(QFile::exists(presetName()));
+    EXPECT_EQ(user.met(), (QStringList{u"frmPrint"_s, u"QMessageBox"_s})) << "no name is asked for";
+}
+
+INSTANTIATE_TEST_SUITE_P(, PrintCommandRange,
+    testing::Values(EmptyRange{u"3"_s, u"1"_s,
+                        u"There is no page to print from page 3 to page 1. The last page of the parameters is 2."_s},
+        EmptyRange{u"500"_s, u""_s,
+            u"There is no page to print from page 500 to page 500. The last page of the parameters is 2."_s}));
+
+TEST_F(PrintCommand, stillPrintsTheMachineInformationBesideAnEmptyRange)
+{
+    LanguageBase = JapaneseBase;
+    choosePages(true, u"3"_s, u"1"_s);
+    readMessage();
     acceptPreset();
     print();
-    EXPECT_FALSE(QFile::exists(presetName()));
-    EXPECT_EQ(user.met(), (QStringList{u"frmPrint"_s, u"QFileDialog"_s}));
+    EXPECT_EQ(
+        message, u"3 ページから 1 ページまでの間に印刷するページがありません。パラメータの最終ページは 2 です。"_s);
+    EXPECT_EQ(readPdf(presetName()).size(), 1);
+    LanguageBase = EnglishBase;
+}
+
+TEST_F(PrintCommand, tellsThatAllColumnsAreHidden)
+{
+    for (int column = 1; column <= 3; ++column) {
+        grid.setColumnShown(column, false);
+    }
+    choose(false, true);
+    readMessage();
+    print();
+    EXPECT_EQ(message, u"There are no parameters to print because their columns are hidden."_s);
+    EXPECT_EQ(user.met(), (QStringList{u"frmPrint"_s, u"QMessageBox"_s})) << "no name is asked for";
 }
 
 TEST_F(PrintCommand, tellsWhyAFileCannotBeWritten)

@@ -66,6 +66,37 @@ TEST_F(GridPrintText, isInTheGridsFont)
     EXPECT_NEAR(paper.print(grid).value(0).word(u"c1r1"_s).box.height(), 2 * height, 0.5);
 }
 
+// A font would join them, and a search for the word would not find it.
+TEST_F(GridPrintText, keepsLettersApartThatFontsJoin)
+{
+    fillGrid(grid, 2, 1, 30);
+    QFont font(u"DejaVu Sans"_s);
+    font.setPointSizeF(10);
+    grid.setGridFont(font);
+    grid.setText(1, 0, u"office"_s);
+    grid.setText(1, 1, u"first"_s);
+    grid.setText(2, 1, u"flow efficiency\nfield"_s);
+    const PdfPage page = paper.print(grid).value(0);
+    for (const QString &word : {u"office"_s, u"first"_s, u"flow"_s, u"efficiency"_s, u"field"_s}) {
+        EXPECT_EQ(page.count(word), 1) << word.toStdString() << " in " << page.texts().join(u' ').toStdString();
+    }
+}
+
+TEST_F(GridPrintText, showsByAnEllipsisThatAPageHasNoRoomForMore)
+{
+    fillGrid(grid, 1, 1);
+    QStringList lines;
+    for (int line = 1; line <= 200; ++line) {
+        lines << u"line%1"_s.arg(line);
+    }
+    grid.setText(1, 1, lines.join(u'\n'));
+    const PdfPage page = paper.print(grid).value(0);
+    const QStringList shown = page.texts().filter(u"line"_s);
+    ASSERT_GT(shown.size(), 10);
+    ASSERT_LT(shown.size(), 200);
+    EXPECT_EQ(shown.last(), u"line%1\u2026"_s.arg(shown.size()));
+}
+
 TEST_F(GridPrintText, printsAFileNameThatLooksLikeCodesAsItIs)
 {
     fillGrid(grid, 2, 1);

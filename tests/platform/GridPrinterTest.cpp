@@ -303,4 +303,40 @@ TEST_F(GridPrint, endsWithARowThatIsHigherThanThePage)
     EXPECT_EQ(pageNumbers(pages), (QList<int>{1, 2, 3}));
 }
 
+TEST_F(GridPrint, repeatsAFrozenColumnOnEveryStrip)
+{
+    fillGrid(grid, 30, 3);
+    grid.setFrozenColumns(1);
+    const QList<PdfPage> pages = paper.print(grid);
+    ASSERT_GE(pages.size(), 3);
+    for (const PdfPage &page : pages) {
+        EXPECT_EQ(page.count(u"h1"_s), 1);
+        EXPECT_EQ(page.count(u"c1r2"_s), 1);
+        const double others = page.word(cellsOf(page).value(1)).box.left();
+        EXPECT_LT(page.word(u"c1r1"_s).box.right(), others);
+        EXPECT_LT(page.words.last().box.right(), page.size.width());
+    }
+    EXPECT_EQ(cellsOf(pages).size(), 30 * 3 + (pages.size() - 1) * 3) << "each other cell once";
+}
+
+TEST_F(GridPrint, doesNotRepeatAFrozenColumnThatIsNotPrinted)
+{
+    fillGrid(grid, 30, 3);
+    grid.setFrozenColumns(1);
+    GridPrintOptions options = PrintedGrid::plainOptions(GridPrintType::Block);
+    options.block = {2, 1, 30, 2};
+    EXPECT_EQ(cellsOf(paper.print(grid, options)).filter(u"c1r"_s), QStringList());
+    grid.setColumnShown(1, false);
+    EXPECT_EQ(cellsOf(paper.print(grid)).filter(u"c1r"_s), QStringList());
+}
+
+TEST_F(GridPrint, doesNotRepeatAFrozenColumnThatLeavesNoRoom)
+{
+    fillGrid(grid, 4, 2, 40);
+    grid.setFrozenColumns(1);
+    grid.setWidthInCharacters(1, 70);
+    const QList<PdfPage> pages = paper.print(grid);
+    EXPECT_EQ(cellsOf(pages).size(), 8);
+}
+
 } // namespace

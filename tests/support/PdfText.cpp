@@ -29,17 +29,6 @@ double number(const QXmlStreamReader &xml, const QString &attribute)
     return xml.attributes().value(attribute).toDouble();
 }
 
-/// The letters that a font joins, apart again: a name with "fi" in it may come back as one character.
-QString withoutLigatures(QString text)
-{
-    constexpr std::pair<char16_t, QLatin1StringView> ligatures[] = {
-        {u'\uFB00', "ff"_L1}, {u'\uFB01', "fi"_L1}, {u'\uFB02', "fl"_L1}, {u'\uFB03', "ffi"_L1}, {u'\uFB04', "ffl"_L1}};
-    for (const auto &[ligature, letters] : ligatures) {
-        text.replace(QChar(ligature), letters);
-    }
-    return text;
-}
-
 } // namespace
 
 QStringList PdfPage::texts() const
@@ -96,7 +85,7 @@ QList<PdfPage> readPdf(const QString &fileName)
         } else if (xml.name() == u"word"_s) {
             const QPointF topLeft(number(xml, u"xMin"_s), number(xml, u"yMin"_s));
             const QPointF bottomRight(number(xml, u"xMax"_s), number(xml, u"yMax"_s));
-            pages.last().words.append({withoutLigatures(xml.readElementText()), {topLeft, bottomRight}});
+            pages.last().words.append({xml.readElementText(), {topLeft, bottomRight}});
         }
     }
     return pages;
