@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# pictures.sh FOLDER [BUILD]: makes a picture of every window of the program in both languages, at 12 and 20 points, on a
+# light and a dark desktop, to be looked at after a change of what is shown. BUILD: a configured build folder (build).
+set -euo pipefail
+mkdir -p "$1"
+folder=$(realpath "$1")
+cd "$(dirname "$0")/.."
+build=${2:-build}
+
+cmake --build "$build" --target window_pictures
+cat >"$build/pictures-screen.json" <<'SCREEN'
+{"screens": [{"name": "pictures", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96,
+              "logicalBaseDpi": 96, "dpr": 1}]}
+SCREEN
+for language in en ja; do # each by itself: the toolkit's Japanese texts stay once they are loaded
+    TABRIX_PICTURES=$folder QT_QPA_PLATFORM="offscreen:configfile=$(realpath "$build")/pictures-screen.json" \
+        "$build/window_pictures" --gtest_brief=1 --gtest_filter="*/${language}_*"
+done
+echo "$(find "$folder" -name '*.png' | wc -l) pictures in $folder"

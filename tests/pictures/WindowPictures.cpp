@@ -1,0 +1,135 @@
+// Not a test of its own: makes a picture of every window in both languages, at 12 and 20 points, light and dark, in the
+// folder that TABRIX_PICTURES names, to be looked at. scripts/pictures.sh runs it.
+
+#include "app/Settings.h"
+#include "editor/GridFont.h"
+#include "editor/ParameterCells.h"
+#include "editor/ParameterGrid.h"
+#include "editor/frmPrFile.h"
+#include "platform/CurrentPrinter.h"
+#include "platform/FileDialog.h"
+#include "platform/HelpWindow.h"
+#include "platform/SpreadGrid.h"
+#include "runtime/Country.h"
+#include "tests/accessibility/ControlWalk.h"
+#include "tests/dialogs/DialogDriver.h"
+#include "tests/dialogs/DialogOpeners.h"
+#include "tests/support/FrameTest.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Look
+{
+    bool isJapanese;
+    float fontSize;
+    bool isDark;
+};
+
+QString nameOf(const Look &look)
+{
+    return u"%1-%2-%3"_s.arg(look.isJapanese ? u"ja"_s : u"en"_s)
+        .arg(int(look.fontSize))
+        .arg(look.isDark ? u"dark"_s : u"light"_s);
+}
+
+class Pictures : public FrameTest, public testing::WithParamInterface<Look>
+{
+protected:
+    Pictures() : m_formerPalette(QApplication::palette())
+    {
+        QApplication::setPalette(GetParam().isDark ? darkPalette() : lightPalette());
+        setCountryCode(GetParam().isJapanese ? 81 : 1);
+    }
+    ~Pictures() override { QApplication::setPalette(m_formerPalette); }
+
+    void SetUp() override
+    {
+        SaveUserFont(u"DejaVu Sans"_s, GetParam().fontSize, false, false);
+        start(writeFile(u"a.inv"_s, document(30)));
+    }
+
+    static void save(QWidget &window, const QString &name)
+    {
+        QApplication::processEvents();
+        const QDir folder(qEnvironmentVariable("TABRIX_PICTURES"));
+        EXPECT_TRUE(window.grab().save(folder.filePath(name + u'-' + nameOf(GetParam()) + u".png"_s)));
+    }
+    /// A picture of the modal window that open shows.
+    static void saveModal(const QString &name, const std::function<void()> &open)
+    {
+        QTimer::singleShot(0, qApp, [name] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_TRUE(QTest::qWaitForWindowExposed(dialog));
+            save(*dialog, name);
+            dialog->reject();
+        });
+        open();
+    }
+
+private:
+    QPalette m_formerPalette;
+};
+
+TEST_P(Pictures, ofTheFrame)
+{
+    grid().setForeColour({ParameterColumn::Name, 2, ParameterColumn::Name, 3}, QColor(changedCellColour));
+    grid().setText(ParameterColumn::Name, 5, u"A name that is much too long for its column"_s);
+    grid().setText(ParameterColumn::FactorySetting, 5, u"123456789.25"_s);
+    grid().selectBlock({ParameterColumn::Name, 7, ParameterColumn::RangeCheck, 9});
+    save(frame(), u"frame"_s);
+}
+
+TEST_P(Pictures, ofTheDialogs)
+{
+    for (const OpenedDialog &dialog : openedDialogs) {
+        (GetParam().isJapanese ? useJapanese : useEnglish)();
+        UserFont.FontSize = GetParam().fontSize;
+        dialog.open([&dialog](QDialog &shown) {
+            save(shown, QString::fromLatin1(dialog.name));
+            shown.reject();
+        });
+    }
+}
+
+TEST_P(Pictures, ofTheToolkitsDialogs)
+{
+    QWidget *window = &frame();
+    const FileDialogSettings files{.defaultExtension = u"INV"_s,
+        .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
+        .filterIndex = 2,
+        .folder = path(u"."_s),
+        .fileName = u"a.inv"_s};
+    saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
+    saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
+    saveModal(u"font"_s, [&] { chooseGridFont(grid()); });
+    saveModal(u"printerSetup"_s,
+        [&] { CurrentPrinter::showSetup(window, u"Setting"_s, u"OK"_s, u"CANCEL"_s, path(u"a.pdf"_s)); });
+}
+
+TEST_P(Pictures, ofTheHelp)
+{
+    const QString file = GetParam().isJapanese ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s;
+    ASSERT_TRUE(HelpWindow::showTopic(QStringLiteral(TABRIX_HELP_FOLDER "/") + file, 1, nullptr));
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == u"helpWindow") {
+            save(*window, u"help"_s);
+            delete window;
+            break;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(, Pictures,
+    testing::Values(Look{false, 12, false}, Look{false, 12, true}, Look{false, 20, false}, Look{false, 20, true},
+        Look{true, 12, false}, Look{true, 12, true}, Look{true, 20, false}, Look{true, 20, true}),
+    [](const auto &look) { return nameOf(look.param).replace(u'-', u'_').toStdString(); });
+
+} // namespace
