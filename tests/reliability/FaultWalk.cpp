@@ -33,10 +33,11 @@ void FaultWalk::addPoint(const Fault &fault)
     m_trace = true;
 }
 
-/// A promise of the program; more only where even a session without faults takes long.
-std::chrono::milliseconds FaultWalk::allowed() const
+/// A promise of the program; more only where even a session without faults takes long, or where the machine stood
+/// still.
+std::chrono::milliseconds FaultWalk::allowed(const Visit &visit) const
 {
-    return std::max<std::chrono::milliseconds>(5s, 20 * m_injector.course(m_scene, m_rows).duration);
+    return visit.stoodStill + std::max<std::chrono::milliseconds>(5s, 20 * m_injector.course(m_scene, m_rows).duration);
 }
 
 void FaultWalk::run()
@@ -47,8 +48,13 @@ void FaultWalk::run()
         visits.push_back({.slot = slot.get()});
         begin(visits.back());
     }
+    auto last = std::chrono::steady_clock::now();
     while (std::ranges::any_of(visits, &Visit::isUnderWay)) {
+        const auto now = std::chrono::steady_clock::now();
+        const auto pause = std::chrono::duration_cast<std::chrono::milliseconds>(now - last);
+        last = now;
         for (Visit &visit : visits) {
+            visit.stoodStill += pause > 100ms ? pause : 0ms; // this test was not let run either
             proceed(visit);
         }
         std::this_thread::sleep_for(500us);
@@ -87,7 +93,7 @@ void FaultWalk::proceed(Visit &visit)
     if (!visit.isUnderWay) {
         return;
     }
-    const SessionEnd end = visit.slot->look(allowed());
+    const SessionEnd end = visit.slot->look(allowed(visit));
     if (end == SessionEnd::Running) {
         return;
     }

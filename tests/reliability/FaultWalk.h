@@ -34,6 +34,7 @@ private:
         std::vector<std::string> faults = {};
         std::optional<std::string> found = std::nullopt; ///< in the file at the next start
         std::string name = {};
+        std::chrono::milliseconds stoodStill{}; ///< the machine, meanwhile
         bool isUnderWay = false;
         bool isReached = false;
         bool isResumed = false;
@@ -47,7 +48,7 @@ private:
     void proceed(Visit &visit);
     void resume(Visit &visit, SessionEnd end);
     void close(Visit &visit);
-    std::chrono::milliseconds allowed() const;
+    std::chrono::milliseconds allowed(const Visit &visit) const;
 
     FaultInjector &m_injector;
     FaultScene m_scene;
