@@ -91,6 +91,82 @@ QString rowText(const RowsModel::Row &row)
     return (fixed + ranges + conditions).join(u',') + (goesOn ? u","_s : u"\r\n"_s);
 }
 
+/// The fields behind "[Paramater]", one after the other.
+class Fields
+{
+public:
+    explicit Fields(const QString &text) : m_text(text) { }
+
+    bool atEnd() const { return m_place >= m_text.size(); }
+    bool failed() const { return m_failed; }
+    int number() { return next().toInt(); }
+    QString next()
+    {
+        m_failed = m_failed || atEnd();
+        qsizetype end = m_place;
+        while (end < m_text.size() && m_text[end] != u',' && m_text[end] != u'\r') {
+            ++end;
+        }
+        const QString field = m_text.mid(m_place, end - m_place);
+        m_place = end + (m_text.mid(end, 2) == "\r\n"_L1 ? 2 : 1);
+        return field;
+    }
+
+private:
+    QString m_text;
+    qsizetype m_place = 0;
+    bool m_failed = false;
+};
+
+QString rangeText(Fields &fields)
+{
+    const QString lower = fields.next();
+    const QString upper = fields.next();
+    return upper == u"0" ? lower : lower + u'-' + (upper == u"-1" ? QString() : upper);
+}
+
+QString conditionText(Fields &fields)
+{
+    const QString subject = fields.next();
+    const int kind = fields.number();
+    const QString text = subject + (kind % 2 == 0 ? u'=' : u'/') + fields.next();
+    return kind < 2 ? text : text + u'-' + fields.next();
+}
+
+RowsModel::Row rowFrom(Fields &fields)
+{
+    RowsModel::Row row;
+    const int conditionCount = fields.number();
+    for (const size_t column : {0, 9, 1, 7, 4, 5, 6, 8, 10, 3}) {
+        row.at(column) = fields.next();
+    }
+    for (const size_t minimum : {4, 5, 6}) {
+        row.at(minimum).replace(u"-1"_s, u"No"_s);
+    }
+    row[10] = u"%1"_s.arg(quint16(row[10].toInt()), 4, 16, QLatin1Char('0')).toUpper();
+    row[11] = QString::number(conditionCount);
+    QStringList ranges;
+    for (int count = fields.number(); count > 0 && !fields.failed(); --count) {
+        ranges << rangeText(fields);
+    }
+    row[2] = ranges.join(u',');
+    QStringList conditions;
+    for (int count = conditionCount; count > 0 && !fields.failed(); --count) {
+        conditions << conditionText(fields);
+    }
+    row[12] = conditions.join(u',');
+    return row;
+}
+
+QByteArray fileText(const QString &machine, const std::vector<RowsModel::Row> &rows)
+{
+    QString text = u"[Inverter]\r\n"_s + machine + u"Paramater=%1\r\n[Paramater]\r\n"_s.arg(rows.size());
+    for (const RowsModel::Row &row : rows) {
+        text += rowText(row);
+    }
+    return text.toLatin1();
+}
+
 } // namespace
 
 bool RowsFile::isTicked(const QString &text)
@@ -100,11 +176,27 @@ bool RowsFile::isTicked(const QString &text)
 
 QByteArray RowsFile::bytes(const std::vector<RowsModel::Row> &rows)
 {
-    QString text =
-        u"[Inverter]\r\nName=XT-200\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\n"
-        "ICapacity0=2.5\r\nOption0=A\r\nSoftWareVersion=1.00\r\nParamater=%1\r\n[Paramater]\r\n"_s.arg(rows.size());
-    for (const RowsModel::Row &row : rows) {
-        text += rowText(row);
+    return fileText(u"Name=XT-200\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\nICapacity0=2.5\r\n"
+                    "Option0=A\r\nSoftWareVersion=1.00\r\n"_s,
+        rows);
+}
+
+QByteArray RowsFile::untitledBytes(const std::vector<RowsModel::Row> &rows)
+{
+    return fileText(u"Name=\r\nTypeCode=\r\nVCapacity=\r\nCode=\r\nSoftWareVersion=\r\n"_s, rows);
+}
+
+std::optional<std::vector<RowsModel::Row>> RowsFile::rows(const QByteArray &bytes)
+{
+    static const QRegularExpression head(u"^\\[Inverter\\]\r\nName=[^\r]+\r\n(?:[^\r\n]*\r\n)*Paramater=(\\d+)\r\n"
+                                         "\\[Paramater\\]\r\n"_s);
+    const QString text = QString::fromLatin1(bytes);
+    const QRegularExpressionMatch match = head.match(text);
+    Fields fields(text.mid(match.capturedLength()));
+    std::vector<RowsModel::Row> rows;
+    while (!fields.atEnd() && !fields.failed()) {
+        rows.push_back(rowFrom(fields));
     }
-    return text.toLatin1();
+    const bool isWhole = match.hasMatch() && !fields.failed() && rows.size() == match.captured(1).toUInt();
+    return isWhole ? std::optional(rows) : std::nullopt;
 }

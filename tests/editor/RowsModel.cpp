@@ -21,6 +21,23 @@ QStringList lines(QString text)
 
 } // namespace
 
+RowsModel::RowsModel(std::vector<Row> rows) : m_rows(std::move(rows)), m_red(m_rows.size())
+{
+    if (m_rows.empty()) {
+        m_selection = {0, 0, 0, 0};
+        m_activeColumn = m_activeRow = 0;
+    }
+}
+
+RowsModel RowsModel::asRecovered() const
+{
+    RowsModel copy(m_rows);
+    copy.m_red = m_red;
+    copy.m_changed = true;
+    copy.m_savedNumber = -1; // no state is that of a file
+    return copy;
+}
+
 void RowsModel::select(const GridBlock &block)
 {
     if (!m_rows.empty()) {
@@ -113,12 +130,12 @@ void RowsModel::redden(const GridBlock &block)
 
 void RowsModel::takeForeignText(const QString &text)
 {
-    if (text != m_clipboard) {
-        m_copied = Copied::Nothing;
+    if (text != m_shared.text) {
+        m_shared.copied = Copied::Nothing;
     }
-    m_clipboard = text;
-    m_canPaste = !text.isEmpty();
-    m_canAddPaste = m_canPaste && m_copied == Copied::Rows;
+    m_shared.text = text;
+    m_shared.canPaste = !text.isEmpty();
+    m_shared.canAddPaste = m_shared.canPaste && m_shared.copied == Copied::Rows;
 }
 
 void RowsModel::selectUpward(int row1, int row2)
@@ -129,7 +146,7 @@ void RowsModel::selectUpward(int row1, int row2)
 
 void RowsModel::forgetClipboard()
 {
-    m_copied = Copied::Nothing;
+    m_shared.copied = Copied::Nothing;
     takeForeignText(QString());
 }
 
@@ -153,13 +170,13 @@ void RowsModel::copy()
     }
     const bool isRows = m_selection.column1 == -1;
     const bool isCell = m_selection.column1 == m_selection.column2 && m_selection.row1 == m_selection.row2;
-    m_copied = isRows ? Copied::Rows : isCell ? Copied::Cell : Copied::Block;
-    m_copiedWidth = isRows ? 0 : m_selection.column2 - m_selection.column1;
-    m_copiedHeight = m_selection.row2 - m_selection.row1;
+    m_shared.copied = isRows ? Copied::Rows : isCell ? Copied::Cell : Copied::Block;
+    m_shared.width = isRows ? 0 : m_selection.column2 - m_selection.column1;
+    m_shared.height = m_selection.row2 - m_selection.row1;
     const int firstColumn = isRows ? 0 : m_selection.column1;
-    m_clipboard = joined(firstColumn, m_selection.row1, m_selection.column2, m_selection.row2);
-    m_canPaste = true;
-    m_canAddPaste = m_canAddPaste || isRows;
+    m_shared.text = joined(firstColumn, m_selection.row1, m_selection.column2, m_selection.row2);
+    m_shared.canPaste = true;
+    m_shared.canAddPaste = m_shared.canAddPaste || isRows;
 }
 
 void RowsModel::cut()
@@ -189,24 +206,24 @@ void RowsModel::clearSelection()
 bool RowsModel::pasteIsRefused() const
 {
     const bool isCell = m_selection.column1 == m_selection.column2 && m_selection.row1 == m_selection.row2;
-    const bool fits = m_selection.column1 + m_copiedWidth == m_selection.column2
-        && m_selection.row1 + m_copiedHeight == m_selection.row2;
-    return !m_rows.empty() && m_copied == Copied::Block && !m_clipboard.isEmpty() && !isCell && !fits;
+    const bool fits = m_selection.column1 + m_shared.width == m_selection.column2
+        && m_selection.row1 + m_shared.height == m_selection.row2;
+    return !m_rows.empty() && m_shared.copied == Copied::Block && !m_shared.text.isEmpty() && !isCell && !fits;
 }
 
 void RowsModel::paste()
 {
-    if (m_rows.empty() || m_clipboard.isEmpty() || pasteIsRefused()) {
+    if (m_rows.empty() || m_shared.text.isEmpty() || pasteIsRefused()) {
         return;
     }
     const Act act(*this);
-    if (m_copied == Copied::Block) {
+    if (m_shared.copied == Copied::Block) {
         pasteBlock();
-    } else if (m_copied == Copied::Rows) {
+    } else if (m_shared.copied == Copied::Rows) {
         pasteRows();
     } else {
         redden({m_activeColumn, m_activeRow, m_activeColumn, m_activeRow});
-        at(m_activeColumn, m_activeRow) = m_copied == Copied::Cell ? m_clipboard : foreignText();
+        at(m_activeColumn, m_activeRow) = m_shared.copied == Copied::Cell ? m_shared.text : foreignText();
     }
     m_changed = true;
 }
@@ -214,14 +231,14 @@ void RowsModel::paste()
 // The one line end that a spreadsheet puts behind a single cell is no part of it.
 QString RowsModel::foreignText() const
 {
-    const QStringList parts = lines(m_clipboard);
-    return parts.size() == 2 && parts.last().isEmpty() ? parts.first() : m_clipboard;
+    const QStringList parts = lines(m_shared.text);
+    return parts.size() == 2 && parts.last().isEmpty() ? parts.first() : m_shared.text;
 }
 
 void RowsModel::pasteBlock()
 {
-    const int column2 = std::min(m_selection.column1 + m_copiedWidth, columnCount);
-    const int row2 = std::min(m_selection.row1 + m_copiedHeight, rowCount());
+    const int column2 = std::min(m_selection.column1 + m_shared.width, columnCount);
+    const int row2 = std::min(m_selection.row1 + m_shared.height, rowCount());
     select({m_selection.column1, m_selection.row1, column2, row2});
     place(m_selection.column1, m_selection.row1, column2, row2, 0);
 }
@@ -229,14 +246,14 @@ void RowsModel::pasteBlock()
 // The numbers before the copied rows are no cells.
 void RowsModel::pasteRows()
 {
-    place(1, m_selection.row1, columnCount, std::min(m_selection.row1 + m_copiedHeight, rowCount()), 1);
+    place(1, m_selection.row1, columnCount, std::min(m_selection.row1 + m_shared.height, rowCount()), 1);
 }
 
 // A line end behind the last row is a row of its own only where a row may be one empty cell.
 void RowsModel::place(int column1, int row1, int column2, int row2, int dropped)
 {
     redden({column1, row1, column2, row2});
-    QStringList rows = lines(m_clipboard);
+    QStringList rows = lines(m_shared.text);
     if (rows.size() > 1 && rows.last().isEmpty() && column1 != column2) {
         rows.removeLast();
     }
@@ -250,11 +267,11 @@ void RowsModel::place(int column1, int row1, int column2, int row2, int dropped)
 
 void RowsModel::addPaste()
 {
-    if (m_copied != Copied::Rows || m_clipboard.isEmpty() || !m_canAddPaste) {
+    if (m_shared.copied != Copied::Rows || m_shared.text.isEmpty() || !m_shared.canAddPaste) {
         return;
     }
     const Act act(*this);
-    addLines(m_copiedHeight + 1);
+    addLines(m_shared.height + 1);
     paste();
 }
 

@@ -17,7 +17,21 @@ public:
     static constexpr int columnCount = 13;
     using Row = std::array<QString, columnCount>;
 
-    explicit RowsModel(std::vector<Row> rows) : m_rows(std::move(rows)), m_red(m_rows.size()) { }
+    enum class Copied { Nothing, Cell, Block, Rows };
+    /// What the windows of one program share: the clipboard, and what the program remembers of its last copy.
+    struct Clipboard
+    {
+        QString text;
+        Copied copied = Copied::Nothing;
+        int width = 0; ///< last column minus first
+        int height = 0;
+        bool canPaste = false;
+        bool canAddPaste = false;
+    };
+
+    explicit RowsModel(std::vector<Row> rows);
+    /// The rows and colours as a document that has changes and no past.
+    RowsModel asRecovered() const;
 
     const std::vector<Row> &rows() const { return m_rows; }
     int rowCount() const { return int(m_rows.size()); }
@@ -27,9 +41,11 @@ public:
     const GridBlock &selection() const { return m_selection; }
     int activeColumn() const { return m_activeColumn; }
     int activeRow() const { return m_activeRow; }
-    const QString &clipboard() const { return m_clipboard; }
-    bool canPaste() const { return m_canPaste; }
-    bool canAddPaste() const { return m_canAddPaste; }
+    const QString &clipboard() const { return m_shared.text; }
+    bool canPaste() const { return m_shared.canPaste; }
+    bool canAddPaste() const { return m_shared.canAddPaste; }
+    const Clipboard &shared() const { return m_shared; }
+    void share(const Clipboard &clipboard) { m_shared = clipboard; }
     /// A block was copied, and a block of another size is selected: Paste complains.
     bool pasteIsRefused() const;
     /// Whether the document counts as changed since it was loaded or saved.
@@ -89,8 +105,6 @@ private:
         State m_before;
         GridBlock m_selection;
     };
-    enum class Copied { Nothing, Cell, Block, Rows };
-
     QString &at(int column, int row) { return m_rows.at(size_t(row - 1)).at(size_t(column - 1)); }
     QString joined(int column1, int row1, int column2, int row2) const;
     void place(int column1, int row1, int column2, int row2, int dropped);
@@ -109,12 +123,7 @@ private:
     GridBlock m_selection{1, 1, 1, 1};
     int m_activeColumn = 1;
     int m_activeRow = 1;
-    QString m_clipboard;
-    Copied m_copied = Copied::Nothing;
-    int m_copiedWidth = 0; ///< last column minus first
-    int m_copiedHeight = 0;
-    bool m_canPaste = false;
-    bool m_canAddPaste = false;
+    Clipboard m_shared;
     bool m_changed = false;
     int m_stateNumber = 0;
     int m_savedNumber = 0;
