@@ -139,8 +139,7 @@ QString DocumentFlows::ShowFileDialog(const QString &title)
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,
-            .folder = folderOf(title),
-            .fileName = isUntitled(title) ? QString() : QFileInfo(title).fileName()});
+            .folder = folderOf(title)});
     keepFolder(fileName);
     return fileName;
 }

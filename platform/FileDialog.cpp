@@ -59,9 +59,6 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
     dialog.selectNameFilter(filters.value(settings.filterIndex - 1));
     dialog.setDefaultSuffix(settings.defaultExtension);
     dialog.setDirectory(settings.folder);
-    if (!settings.fileName.isEmpty()) {
-        dialog.selectFile(settings.fileName);
-    }
     makeRoomForColumns(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};

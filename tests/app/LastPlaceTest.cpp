@@ -101,41 +101,6 @@ TEST_F(LastPlace, dialogsBeginBesideTheActiveDocument)
     EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s)) << "its folder is gone";
 }
 
-TEST_F(LastPlace, saveAsBeginsWithTheDocumentsName)
-{
-    start();
-    const auto nameIn = [this](const QString &command) {
-        QString name;
-        ModalScript script;
-        script.then([&](QWidget &dialog) {
-            name = control<QLineEdit>(dialog, u"fileNameEdit"_s).text();
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-        });
-        chooseMenu(u"mneFile"_s, command);
-        return name;
-    };
-    EXPECT_EQ(nameIn(u"mneFileSaveAs"_s), QString());
-    ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
-    EXPECT_EQ(nameIn(u"mneFileSaveAs"_s), u"a.inv"_s);
-    EXPECT_EQ(nameIn(u"mneFileOpen"_s), QString());
-}
-
-// Else the file of the active document would be offered for another one.
-TEST_F(LastPlace, saveAsOffersNoOtherDocumentsName)
-{
-    start();
-    frmPrFile &untitled = editor();
-    ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
-    QString name = u"not asked"_s;
-    ModalScript script;
-    script.then([&](QWidget &dialog) {
-        name = control<QLineEdit>(dialog, u"fileNameEdit"_s).text();
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    });
-    frame().documents().SavePrFile(untitled, untitled.windowTitle());
-    EXPECT_EQ(name, QString());
-}
-
 TEST_F(LastPlace, fileDialogsShowTheirColumnsWhole)
 {
     start();
