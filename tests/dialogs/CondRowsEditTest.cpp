@@ -212,7 +212,7 @@ TEST_F(CondDialog, tabGoesOnInTheRowThatWasSorted)
         typeIntoCell(grid(0), 1, 1, u"40"_s);
         press(Qt::Key_Tab);
         EXPECT_EQ(grid(0).selectedBlock(), (GridBlock{2, 3, 2, 3}));
-        press(Qt::Key_Tab);
+        press(Qt::Key_Right); // Tab outside an editor leaves the list
         type(u"9"_s);
         press(Qt::Key_Tab);
         EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"30|=|3|"_s, u"40|=|9|"_s}));
