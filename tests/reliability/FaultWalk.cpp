@@ -119,7 +119,8 @@ void FaultWalk::resume(Visit &visit, SessionEnd end)
     const FaultPlan &plan = slot.plan();
     if (plan.struck) {
         const std::string path = plan.struckAt.data();
-        visit.name += " " + path.substr(std::min(path.size(), slot.place.folder.size() + 1));
+        visit.name += ' ';
+        visit.name += path.substr(std::min(path.size(), slot.place.folder.size() + 1));
     }
     visit.isReached = plan.struck;
     visit.found = FaultDisk::content(slot.place.file());
