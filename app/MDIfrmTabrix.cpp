@@ -121,7 +121,8 @@ void MDIfrmTabrix::load(const QString &commandLine)
     HelpFilePath = helpFilePath(LanguageBase);
     qint16 windowState = 0;
     LoadWindowSettings(windowState);
-    setWindowState(windowStateFrom(windowState));
+    // Never minimised, not even before it is shown: a window manager may take a window for an icon from then on.
+    setWindowState(windowStateFrom(windowState) & ~Qt::WindowMinimized);
     LoadUserFont(UserFont.FontName, UserFont.FontSize, UserFont.FontItalic, UserFont.FontBold);
     SetFrameCaptions();
     m_toolBar->clearTip();

@@ -1,8 +1,10 @@
 #include "runtime/WholeFile.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -75,7 +77,7 @@ TEST_P(ReadingAChangingFile, endsAsBusyAndNotWithHalfOfIt)
     QByteArray bytes;
     std::optional<FileError> error;
     // On a machine with much to do the other program may rest for the time of a whole reading.
-    for (int i = 0; i < 500 && !error; ++i) {
+    for (const QDeadlineTimer end(patience); !error && !end.hasExpired();) {
         error = readWholeFile(file.fileName(), bytes);
     }
     ASSERT_TRUE(error);
