@@ -45,7 +45,7 @@ constexpr int slack = 1;
 QString shownLine(QStringView line, const QFontMetrics &metrics, int width)
 {
     const bool isEndless = line.size() > width;
-    const QString measured = isEndless ? line.first(width).toString() + ellipsis : line.toString();
+    QString measured = isEndless ? line.first(width).toString() + ellipsis : line.toString();
     if (!isEndless && metrics.horizontalAdvance(measured) <= width + slack) {
         return measured;
     }
