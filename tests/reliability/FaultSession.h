@@ -31,7 +31,7 @@ struct SessionPlace
     std::string earlier; ///< the content of the document's file before the session
     std::string changed; ///< its content once what the session types is saved
 
-    std::string file() const { return folder + "/work/a.inv"; }
+    std::string file() const { return folder + "/desk/a.inv"; }
     std::string data() const { return folder + "/data"; }
     std::string config() const { return folder + "/config"; }
 };

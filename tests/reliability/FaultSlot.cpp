@@ -17,7 +17,7 @@ namespace {
 /// The document's folder, and what is the program's own in the user's folders; in the order of WatchedRoot.
 void watch(const SessionPlace &place, FaultPlan &plan)
 {
-    const std::string roots[] = {place.folder + "/work/", place.data(), place.data() + "/Tabrix",
+    const std::string roots[] = {place.folder + "/desk/", place.data(), place.data() + "/Tabrix",
         place.data() + "/Tabrix/", place.config(), place.config() + "/Tabrix", place.config() + "/Tabrix/"};
     static_assert(std::size(roots) <= FaultPlan::mostRoots);
     for (std::size_t i = 0; i < std::size(roots); ++i) {
@@ -49,7 +49,7 @@ FaultSlot::~FaultSlot()
 void FaultSlot::clear()
 {
     fs::remove_all(place.folder);
-    fs::create_directories(place.folder + "/work");
+    fs::create_directories(place.folder + "/desk");
 }
 
 void FaultSlot::keep(const std::string &name)

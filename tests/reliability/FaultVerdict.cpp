@@ -50,7 +50,7 @@ bool mustPassUnseen(const Fault &fault)
 bool mayAsk(Session session, const FaultPlan &plan, const std::string &message)
 {
     return session == Session::Recover && plan.fault.call == FaultCall::Stat
-        && std::string_view(plan.struckAt.data()).find("/work/") != std::string_view::npos
+        && std::string_view(plan.struckAt.data()).find("/desk/") != std::string_view::npos
         && message.find("was not opened or saved here. Replace it?") != std::string::npos;
 }
 
