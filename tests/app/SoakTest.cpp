@@ -29,13 +29,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int warmUp = 3'000; // each costs some five times as much
-constexpr int usualSteps = 5'000;
-#else
 constexpr int warmUp = 8'000;
 constexpr int usualSteps = 12'000;
-#endif
 
 class Soak : public LongUse
 {
