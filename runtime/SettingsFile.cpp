@@ -12,7 +12,6 @@
 #include <QSettings>
 #include <QTemporaryDir>
 
-#include <chrono>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -39,13 +38,14 @@ bool isSane(const QString &store)
     return !QDir::isAbsolutePath(store) || !file.exists() || (file.isFile() && file.size() <= largestStore);
 }
 
+std::chrono::milliseconds longestWait = 2s; // storing takes some milliseconds
+
 /// Keeps every other Tabrix from storing, for as long as this object lives. Where that cannot be, both go on.
 class StoreTurn
 {
 public:
     explicit StoreTurn(const QString &store) : m_lock(store + u".turn"_s)
     {
-        constexpr auto longestWait = 2s; // storing takes some milliseconds
         constexpr auto memory = 60s;
         // Who holds the turn that long has been stopped: he must not hold up the next acts of the user as well.
         static QDeadlineTimer impatient;
@@ -168,6 +168,11 @@ void SettingsFile::read(const std::function<void(const QSettings &)> &read)
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, name);
     settings.setFallbacksEnabled(false);
     read(settings);
+}
+
+void SettingsFile::setLongestWait(std::chrono::milliseconds wait)
+{
+    longestWait = wait;
 }
 
 bool SettingsFile::change(const std::function<void(QSettings &)> &change)

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 
 class QSettings;
@@ -20,5 +21,8 @@ void read(const std::function<void(const QSettings &)> &read);
 /// Lets change take and set values, and stores what it set. No other Tabrix stores meanwhile; one that does not come to
 /// an end is waited for once, two seconds at most. False when nothing could be stored.
 bool change(const std::function<void(QSettings &)> &change);
+
+/// Waits so long for another Tabrix instead. For tests on a machine that has no time for either.
+void setLongestWait(std::chrono::milliseconds wait);
 
 } // namespace SettingsFile

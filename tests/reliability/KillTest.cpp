@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <poll.h>
 #include <random>
@@ -42,6 +43,7 @@ protected:
     void SetUp() override
     {
         start();
+        frame().recovery().setInterval(std::chrono::hours(24)); // the saves alone are to write files
         before = document(rows);
         file = writeFile(u"a.inv"_s, before);
         ASSERT_TRUE(frame().documents().OpenPrFile(file));

@@ -1,4 +1,6 @@
 #include "app/Settings.h"
+#include "runtime/SettingsFile.h"
+#include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +33,7 @@ protected:
     SharedSettings()
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        SettingsFile::setLongestWait(std::chrono::milliseconds(patience));
         void *memory =
             ::mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
         m_ready = new (memory) std::atomic<int>(0);
