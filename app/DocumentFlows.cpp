@@ -15,6 +15,7 @@
 #include "platform/FileDialog.h"
 #include "platform/InputHold.h"
 #include "platform/PlainCaption.h"
+#include "runtime/AnsiText.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -174,6 +175,7 @@ void DocumentFlows::NewDocumentWindow(int slot)
     info.Paramater = 1; // the one row that the window shows, so that it can be saved and read back
     DocFlags[slot] = {};
     noteNoFile(slot);
+    setDocumentCodePage(slot, ansiCodePageNumber());
     frmPrFile &editor = createEditor(slot);
     editor.setWindowTitle(ResString(untitledId));
     showEditor(editor);
@@ -183,6 +185,7 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
 {
     const int slot = FindFreeDocumentSlot();
     MachineInfos[slot] = copy.info;
+    setDocumentCodePage(slot, copy.codePage);
     if (copy.fileName.isEmpty()) {
         noteNoFile(slot);
     } else {

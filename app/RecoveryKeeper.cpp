@@ -33,7 +33,8 @@ QByteArray pack(const frmPrFile &editor)
     // Without its name, an untitled document is one in the next start's language as well.
     return packRecoveryCopy({.fileName = DocumentFlows::isUntitled(title) ? QString() : title,
         .info = MachineInfos.at(editor.docNo()),
-        .grid = cells});
+        .grid = cells,
+        .codePage = documentCodePage(editor.docNo())});
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +29,12 @@ char *AnsiBuffer::room(qsizetype bytes)
         m_bytes.resize(std::max(m_bytes.size() * 2, m_used + bytes));
     }
     return m_bytes.data() + m_used;
+}
+
+QByteArray AnsiBuffer::takeBytes()
+{
+    m_bytes.truncate(std::exchange(m_used, 0));
+    return std::exchange(m_bytes, {});
 }
 
 void AnsiBuffer::put(char ascii)

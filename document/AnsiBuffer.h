@@ -27,6 +27,8 @@ public:
     qsizetype size() const { return m_used; }
     /// What was put so far, without a copy; valid until the next put.
     QByteArrayView bytes() const { return {m_bytes.constData(), m_used}; }
+    /// The same, handed over; nothing is left here.
+    QByteArray takeBytes();
 
 private:
     char *room(qsizetype bytes);

@@ -2,11 +2,18 @@
 
 #include "document/KnownFiles.h"
 #include "document/ReadFindings.h"
+#include "runtime/AnsiText.h"
 
 QList<DocFlag> DocFlags;
 std::map<int, MachineInfo> MachineInfos;
 QList<PrRecord> PrRecords;
 QList<PrCondition> PrConditions;
+
+namespace {
+
+std::map<int, int> codePages; // by document number
+
+} // namespace
 
 int documentUpperBound()
 {
@@ -21,8 +28,20 @@ void growDocumentTables(int docNo)
     }
 }
 
+int documentCodePage(int docNo)
+{
+    const auto known = codePages.find(docNo);
+    return known == codePages.end() ? ansiCodePageNumber() : known->second;
+}
+
+void setDocumentCodePage(int docNo, int number)
+{
+    codePages[docNo] = number;
+}
+
 void forgetDocument(int docNo)
 {
+    codePages.erase(docNo);
     MachineInfos.erase(docNo);
     noteNoFile(docNo);
     forgetReadFindings(docNo);
@@ -34,5 +53,6 @@ void resetDocumentTables()
     DocFlags.clear();
     PrRecords.clear();
     PrConditions.clear();
+    codePages.clear();
     forgetKnownFiles();
 }

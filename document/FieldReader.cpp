@@ -51,7 +51,7 @@ bool FieldReader::passLine(QByteArrayView line)
 
 QString FieldReader::text()
 {
-    if (isPastEnd() || m_error) {
+    if (!beginField()) {
         return {};
     }
     while (!atEnd() && m_rest.front() == ' ') {
@@ -101,15 +101,18 @@ void FieldReader::fail(RunTimeError error)
     }
 }
 
-/// A field that begins at the end is not there, and so has no end either.
-bool FieldReader::isPastEnd()
+/// False when no field can be read. One that begins at the end is not there, and so has no end either.
+bool FieldReader::beginField()
 {
-    if (!atEnd()) {
-        return false;
+    if (!m_error) {
+        ++m_fieldNo;
+        m_fieldAt = position();
     }
-    fail(RunTimeError::InputPastEnd);
-    m_fieldHasEnd = false;
-    return true;
+    if (atEnd()) {
+        fail(RunTimeError::InputPastEnd);
+        m_fieldHasEnd = false;
+    }
+    return !m_error;
 }
 
 bool FieldReader::take(char byte)
@@ -179,7 +182,9 @@ QString FieldReader::decoded(const Field &field)
         return m_pool.share(QLatin1StringView(field.bytes.data(), field.bytes.size()));
     }
     QVarLengthArray<char16_t, 256> units(field.bytes.size());
-    return m_pool.share(QStringView(units.data(), m_page.decodeTo(field.bytes, units.data())));
+    const QStringView text(units.data(), m_page.decodeTo(field.bytes, units.data()));
+    m_undecoded += undecodedBytes(text);
+    return m_pool.share(text);
 }
 
 /// A numeric field; an empty one is 0.
@@ -188,7 +193,7 @@ double FieldReader::number()
     while (!atEnd() && (isFieldBlank(m_rest.front()) || isLineEnd(m_rest.front()))) {
         m_rest = m_rest.sliced(1);
     }
-    if (isPastEnd() || m_error) {
+    if (!beginField()) {
         return 0;
     }
     const auto *end = std::find_if(m_rest.begin(), m_rest.end(), endsNumber);

@@ -34,9 +34,17 @@ public:
     quint8 byte();
     float single();
 
-    /// Records a failure that the caller found, unless there was one before.
+    /// Begins a row: its fields count from here.
+    void beginRow() { m_fieldNo = 0; }
+    int fieldNo() const { return m_fieldNo; } ///< of the field read last, in its row, from 1
+    qsizetype fieldAt() const { return m_fieldAt; } ///< the byte that it begins with
+
+    /// Records a failure that the caller found, unless there was one before. It counts as the last field's.
     void fail(RunTimeError error);
     std::optional<RunTimeError> error() const { return m_error; }
+
+    /// The bytes met so far that the page could not decode.
+    qsizetype undecoded() const { return m_undecoded; }
 
 private:
     struct Field
@@ -45,7 +53,7 @@ private:
         bool ascii;
     };
 
-    bool isPastEnd();
+    bool beginField();
     bool take(char byte);
     void takeBlanks();
     void takeSeparator();
@@ -56,6 +64,9 @@ private:
 
     qsizetype m_size;
     QByteArrayView m_rest;
+    qsizetype m_fieldAt = 0;
+    qsizetype m_undecoded = 0;
+    int m_fieldNo = 0;
     bool m_fieldHasEnd = true;
     const AnsiCodePage &m_page;
     TextPool m_pool;

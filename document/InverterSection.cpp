@@ -18,6 +18,8 @@ public:
     std::optional<QString> untrimmed(const QString &key) const;
     std::optional<QString> trimmed(const QString &key) const;
     void readIfThere(const QString &key, QString &field) const;
+    /// The byte that the key's value begins with; 0 without the key.
+    qsizetype position(const QString &key) const { return m_profile.valueAt(u"Inverter"_s, key).value_or(0); }
 
 private:
     const PrivateProfile &m_profile;
@@ -78,7 +80,9 @@ std::optional<FileFailure> readParamater(const SectionReader &section, MachineIn
     }
     const auto converted = toInt16(QStringView(*value));
     if (const auto *error = std::get_if<RunTimeError>(&converted)) {
-        return FileFailure::of(*error);
+        auto failure = FileFailure::of(*error);
+        failure.position = {.offset = section.position(u"Paramater"_s)};
+        return failure;
     }
     info.Paramater = std::get<qint16>(converted);
     return std::nullopt;

@@ -233,7 +233,7 @@ bool MachineCheck::comesBack(const QString &key, const QString &value) const
     written.putText(u"[%1]\r\n%2="_s.arg(section, key));
     written.putText(value);
     QString back;
-    const bool isFound = ReadIniString(PrivateProfile(written.bytes().toByteArray()), section, key, back);
+    const bool isFound = ReadIniString(PrivateProfile(written.bytes().toByteArray(), m_page), section, key, back);
     return isFound ? back == value : value.isEmpty();
 }
 

@@ -1,5 +1,7 @@
 #include "document/RecoveryCopy.h"
 
+#include "runtime/AnsiText.h"
+
 #include <QCryptographicHash>
 #include <QFileInfo>
 
@@ -141,6 +143,7 @@ RecoveryCopy unpackContent(Unpacker &in)
     for (quint32 count = in.number(); count > 0 && !in.failed(); --count) {
         copy.rows << unpackRow(in);
     }
+    copy.codePage = in.isAtEnd() ? ansiCodePageNumber() : int(in.number());
     return copy;
 }
 
@@ -163,6 +166,7 @@ QByteArray packRecoveryCopy(const RecoverySource &source)
     for (int row = 1; row <= rows; ++row) {
         packRow(out, source.grid, row);
     }
+    out.number(quint32(source.codePage));
     return out.finished();
 }
 

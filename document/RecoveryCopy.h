@@ -25,6 +25,7 @@ struct RecoverySource
     QString fileName; ///< as the window names it; empty for an untitled document
     const MachineInfo &info;
     const RecoveryGrid &grid;
+    int codePage; ///< that the document is written in
 };
 
 /// One row of a kept document.
@@ -44,6 +45,7 @@ struct RecoveryCopy
     QString path; ///< fileName's absolute path at that time; empty for an untitled document
     MachineInfo info;
     QList<RecoveredRow> rows;
+    int codePage = 0; ///< that the document is written in; a copy that does not say has the system's
 
     bool operator==(const RecoveryCopy &) const = default;
 };

@@ -36,6 +36,17 @@ uchar byteAt(QByteArrayView bytes, qsizetype index)
     return static_cast<uchar>(bytes[index]);
 }
 
+bool isUndecodable(char16_t unit)
+{
+    return unit >= firstUndecodable && unit <= lastUndecodable;
+}
+
+/// Whether a page's answer for a single byte is a character: not nothing, no control code, none of private use.
+bool isPrintable(char16_t character)
+{
+    return character >= 0xA0 && QChar::category(char32_t(character)) != QChar::Other_PrivateUse;
+}
+
 bool isAscii(QStringView text)
 {
     char16_t bits = 0;
@@ -86,6 +97,27 @@ qsizetype AnsiCodePage::decodeTo(QByteArrayView bytes, char16_t *out) const
     return at - out;
 }
 
+AnsiCodePage::Fit AnsiCodePage::fitOf(QByteArrayView bytes) const
+{
+    Fit fit;
+    if (isAscii(bytes)) {
+        return fit;
+    }
+    const AnsiTables &table = tables();
+    for (qsizetype i = 0; i < bytes.size() && fit.isWhole; ++i) {
+        const uchar byte = byteAt(bytes, i);
+        if (byte < 0x80) {
+            continue;
+        }
+        const uchar next = i + 1 < bytes.size() ? byteAt(bytes, i + 1) : uchar(0);
+        const char16_t pair = table.pair(byte, next);
+        fit.hasPairs |= pair != 0;
+        fit.isWhole = pair != 0 ? table.code(pair) == byte * 256 + next : isPrintable(table.single(byte));
+        i += pair != 0 ? 1 : 0;
+    }
+    return fit;
+}
+
 QString AnsiCodePage::decode(QByteArrayView bytes) const
 {
     if (isAscii(bytes)) {
@@ -106,8 +138,7 @@ AnsiCodePage::Encoded AnsiCodePage::encodeTo(QStringView text, char *out) const
     const AnsiTables &table = tables();
     for (qsizetype i = 0; i < text.size(); ++i) {
         const char16_t unit = text[i].unicode();
-        const bool undecodable = unit >= firstUndecodable && unit <= lastUndecodable;
-        const quint16 code = unit < 0x80 || undecodable ? unit & 0xFF : table.code(unit);
+        const quint16 code = unit < 0x80 || isUndecodable(unit) ? unit & 0xFF : table.code(unit);
         if (code == 0 && unit != 0) {
             return {out, i};
         }
@@ -138,6 +169,21 @@ qsizetype AnsiCodePage::byteLength(QStringView text) const
         length += tables().code(character.unicode()) > 0xFF ? 1 : 0;
     }
     return length;
+}
+
+const AnsiCodePage &pageOfBytes(QByteArrayView bytes, const AnsiCodePage &preferred)
+{
+    if (preferred.number() == japanese || preferred.fitOf(bytes).isWhole) {
+        return preferred;
+    }
+    const AnsiCodePage &other = AnsiCodePage::page(japanese);
+    const AnsiCodePage::Fit fit = other.fitOf(bytes);
+    return fit.isWhole && fit.hasPairs ? other : preferred;
+}
+
+qsizetype undecodedBytes(QStringView text)
+{
+    return std::count_if(text.begin(), text.end(), [](QChar unit) { return isUndecodable(unit.unicode()); });
 }
 
 bool isAscii(QByteArrayView bytes)

@@ -46,6 +46,14 @@ public:
     /// Encodes to out, which has room for maxBytesPerUnit bytes for each unit of text; stops at a missing character.
     Encoded encodeTo(QStringView text, char *out) const;
 
+    /// What a page makes of bytes as a whole.
+    struct Fit
+    {
+        bool isWhole = true; ///< all are characters that encode to the same bytes; controls from 80 to 9F are none
+        bool hasPairs = false; ///< at least one character has two bytes
+    };
+    Fit fitOf(QByteArrayView bytes) const;
+
     /// The number of bytes that text takes; a character that the page does not have counts as one.
     qsizetype byteLength(QStringView text) const;
 
@@ -56,6 +64,13 @@ private:
     int m_number;
     mutable std::unique_ptr<const AnsiTables> m_tables;
 };
+
+/// The page that bytes from elsewhere are in: preferred wherever it fits. Where it does not, 932 is taken for 1252 when
+/// all bytes are characters of 932 and at least one has two bytes. What fits neither stays with the preferred page.
+const AnsiCodePage &pageOfBytes(QByteArrayView bytes, const AnsiCodePage &preferred);
+
+/// The bytes in text that its page could not decode (see AnsiCodePage).
+qsizetype undecodedBytes(QStringView text);
 
 /// Whether no byte has its high bit set.
 bool isAscii(QByteArrayView bytes);

@@ -80,9 +80,8 @@ void addKey(QByteArrayView line, QHash<QByteArray, std::optional<QByteArrayView>
 }
 
 /// The text of at most limit bytes; a character that would be cut in half is left out.
-QString cutText(QByteArrayView bytes, qsizetype limit)
+QString cutText(QByteArrayView bytes, qsizetype limit, const AnsiCodePage &page)
 {
-    const AnsiCodePage &page = ansiCodePage();
     QString text = page.decode(bytes.first(std::min(bytes.size(), limit + 1)));
     while (page.byteLength(text) > limit) {
         text.chop(1);
@@ -92,7 +91,11 @@ QString cutText(QByteArrayView bytes, qsizetype limit)
 
 } // namespace
 
-PrivateProfile::PrivateProfile(QByteArray bytes) : m_bytes(std::move(bytes))
+PrivateProfile::PrivateProfile(QByteArray bytes) : PrivateProfile(std::move(bytes), ansiCodePage())
+{
+}
+
+PrivateProfile::PrivateProfile(QByteArray bytes, const AnsiCodePage &page) : m_bytes(std::move(bytes)), m_page(page)
 {
 }
 
@@ -107,12 +110,20 @@ PrivateProfile PrivateProfile::fromFile(const QString &fileName)
 
 std::optional<QString> PrivateProfile::value(const QString &section, const QString &key, int bufferSize) const
 {
+    const auto found = find(section, key);
+    return found ? std::optional(cutText(*found, bufferSize - 1, m_page)) : std::nullopt;
+}
+
+std::optional<qsizetype> PrivateProfile::valueAt(const QString &section, const QString &key) const
+{
+    const auto found = find(section, key);
+    return found ? std::optional(found->data() - m_bytes.constData()) : std::nullopt;
+}
+
+std::optional<QByteArrayView> PrivateProfile::find(const QString &section, const QString &key) const
+{
     const Keys &keys = keysOf(section.toLatin1().toLower());
-    const auto found = keys.constFind(key.toLatin1().toLower());
-    if (found == keys.cend() || !found->has_value()) {
-        return std::nullopt;
-    }
-    return cutText(**found, bufferSize - 1);
+    return keys.value(key.toLatin1().toLower());
 }
 
 const PrivateProfile::Keys &PrivateProfile::keysOf(const QByteArray &section) const

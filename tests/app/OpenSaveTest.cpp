@@ -47,6 +47,32 @@ TEST_F(OpenSave, opensTheFileThatTheDialogNames)
     EXPECT_FALSE(DocFlags[docNo()].changed);
 }
 
+TEST_F(OpenSave, showsAndKeepsAJapaneseFileOnAWesternDesktop)
+{
+    const QByteArray japanese =
+        document(2).replace("XT-200", "\x8C\x5E\x81\x5B").replace("Parameter 2,", "\x83\x81\x81\x5B,");
+    const QString file = writeFile(u"a.inv"_s, japanese);
+    ASSERT_TRUE(open(file));
+    EXPECT_EQ(MachineInfos.at(docNo()).Name, u"型ー"_s);
+    EXPECT_EQ(grid().cellText(2, 2), u"メー"_s);
+    typeInto(2, 1, u"x"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_EQ(readFile(file), QByteArray(japanese).replace("Parameter 1,", "x,"));
+}
+
+TEST_F(OpenSave, refusesWhatTheDocumentsOwnPageLacks)
+{
+    ASSERT_TRUE(open(writeFile(u"a.inv"_s, document(2).replace("Parameter 2,", "\x83\x81\x81\x5B,"))));
+    grid().setText(2, 1, u"é"_s);
+    ModalScript script;
+    script.thenMessage(u"Row 1: the character \"é\" (U+00E9) does not exist in code page 932."_s, u"OK"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    ASSERT_TRUE(open(writeFile(u"b.inv"_s, document(2)))); // is in the desktop's page again
+    grid().setText(2, 1, u"é"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_EQ(readFile(path(u"b.inv"_s)), document(2).replace("Parameter 1,", "\xE9,"));
+}
+
 TEST_F(OpenSave, opensByTheToolButtonAndLeavesTheButtonUp)
 {
     ModalScript script;

@@ -70,6 +70,18 @@ TEST_F(Recovery, keepsNothingOfUnchangedDocuments)
     EXPECT_FALSE(QDir(root()).exists());
 }
 
+TEST_F(Recovery, keepsTheCodePageThatADocumentWasReadIn)
+{
+    const QByteArray japanese = document(2).replace("Parameter 2,", "\x83\x81\x81\x5B,");
+    const QString file = writeFile(u"a.inv"_s, japanese);
+    crash(file);
+    start();
+    EXPECT_EQ(grid().cellText(2, 2), u"メー"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_FALSE(DocFlags[docNo()].changed);
+    EXPECT_EQ(readFile(file), QByteArray(japanese).replace("Parameter 1,", "typed,"));
+}
+
 TEST_F(Recovery, keepsACopyOfEachChangedDocumentWithoutBeingAsked)
 {
     start();

@@ -49,6 +49,12 @@ QByteArray DocumentFixture::contentOf(const QString &fileName)
     return file.readAll();
 }
 
+void DocumentFixture::useCodePage(int number)
+{
+    setAnsiCodePageNumber(number);
+    setDocumentCodePage(docNo, number);
+}
+
 bool DocumentFixture::read(const QString &fileName)
 {
     return !ReadPrFile(fileName, docNo, host);

@@ -21,6 +21,9 @@ protected:
     /// The content of a file; fails the test when it cannot be read.
     static QByteArray contentOf(const QString &fileName);
 
+    /// Works in that code page from here on, with a document that comes from no file.
+    static void useCodePage(int number);
+
     bool read(const QString &fileName);
     bool readBytes(const QByteArray &bytes) { return read(put(bytes)); }
     /// Saves what was read, as the editor does.

@@ -229,7 +229,7 @@ TEST_F(ReadBack, isAskedAboutExactlyWhatDoesNotComeBack)
     constexpr int documents = 2000;
     int asked = 0;
     for (int seed = 0; seed < documents; ++seed) {
-        setAnsiCodePageNumber(seed % 2 != 0 ? 932 : 1252);
+        useCodePage(seed % 2 != 0 ? 932 : 1252);
         RandomDocument random(quint32(seed), false);
         const auto text = [&random] {
             const bool isOdd = random.number(24) == 0;

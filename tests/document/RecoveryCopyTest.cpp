@@ -1,9 +1,11 @@
 #include "document/RecoveryCopy.h"
 
+#include "runtime/AnsiText.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
+#include <QCryptographicHash>
 #include <QDir>
 
 using namespace Qt::StringLiterals;
@@ -51,7 +53,7 @@ MachineInfo someInfo()
 
 QByteArray packed(const QString &fileName, const QList<RecoveredRow> &rows)
 {
-    return packRecoveryCopy({.fileName = fileName, .info = someInfo(), .grid = KeptGrid(rows)});
+    return packRecoveryCopy({.fileName = fileName, .info = someInfo(), .grid = KeptGrid(rows), .codePage = 932});
 }
 
 } // namespace
@@ -67,6 +69,22 @@ TEST(RecoveryCopy, comesBackAsItWasPacked)
     MachineInfo info = someInfo();
     info.Paramater = 3;
     EXPECT_EQ(copy->info, info);
+    EXPECT_EQ(copy->codePage, 932);
+}
+
+/// What a program left behind that did not know of code pages.
+TEST(RecoveryCopy, hasTheSystemsPageWhenItDoesNotSay)
+{
+    setAnsiCodePageNumber(1252);
+    constexpr qsizetype markLength = 18;
+    constexpr qsizetype sumLength = 16;
+    QByteArray bytes = packed({}, {row(u"a"_s)}).chopped(sizeof(quint32));
+    bytes.replace(
+        markLength, sumLength, QCryptographicHash::hash(bytes.mid(markLength + sumLength), QCryptographicHash::Md5));
+    const auto copy = unpackRecoveryCopy(bytes);
+    setAnsiCodePageNumber(0);
+    ASSERT_TRUE(copy);
+    EXPECT_EQ(copy->codePage, 1252);
 }
 
 TEST(RecoveryCopy, holdsTextsThatNoCodePageKnows)

@@ -156,6 +156,44 @@ TEST(CodePage, stopsAtACharacterThatItDoesNotHave)
     EXPECT_EQ(encoded(western(), u"\uFF21"_s), "!");
 }
 
+struct BytesFromElsewhere
+{
+    const char *what;
+    QByteArray bytes;
+    int preferred;
+    int taken;
+};
+
+class PageOfBytes : public testing::TestWithParam<BytesFromElsewhere>
+{
+};
+
+TEST_P(PageOfBytes, isGuessedOnlyWhereThePreferredOneDoesNotFit)
+{
+    const auto &[what, bytes, preferred, taken] = GetParam();
+    EXPECT_EQ(pageOfBytes(bytes, AnsiCodePage::page(preferred)).number(), taken);
+}
+
+INSTANTIATE_TEST_SUITE_P(Bytes, PageOfBytes,
+    testing::Values(BytesFromElsewhere{"ascii", "plain", 1252, 1252}, BytesFromElsewhere{"nothing", "", 1252, 1252},
+        BytesFromElsewhere{"western", "caf\xE9 \x80", 1252, 1252},
+        BytesFromElsewhere{"japaneseThatFitsWestern", "\x93\x8A", 1252, 1252},
+        BytesFromElsewhere{"japanese", "\x93\x8A\x83\x81\x81\x5B", 1252, 932},
+        BytesFromElsewhere{"japaneseAndKana", "\x81\x40\xB1\xB2", 1252, 932},
+        BytesFromElsewhere{"neither", "\x81\x40\x81 ", 1252, 1252},
+        BytesFromElsewhere{"pairThatComesBackAsAnother", "\x81\x40\x87\x90", 1252, 1252},
+        BytesFromElsewhere{"pairCutInHalf", "\x81\x40\x81", 1252, 1252},
+        BytesFromElsewhere{"noPairs", "\xB1\x81", 1252, 1252},
+        BytesFromElsewhere{"westernOnAJapaneseDesktop", "caf\xE9", 932, 932},
+        BytesFromElsewhere{"japaneseAtHome", "\x81\x40", 932, 932}),
+    [](const auto &tested) { return tested.param.what; });
+
+TEST(CodePage, countsTheBytesThatItCouldNotDecode)
+{
+    EXPECT_EQ(undecodedBytes(japanese().decode("\x81 \x85@ab")), 2);
+    EXPECT_EQ(undecodedBytes(u"ab漢"_s), 0);
+}
+
 TEST(CodePage, knowsHowManyBytesATextTakes)
 {
     EXPECT_EQ(japanese().byteLength(u"abc"), 3);

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "document/Document.h"
+#include "document/FileFailure.h"
+#include "document/ReadFindings.h"
+
+#include <QByteArray>
+
+#include <functional>
+#include <optional>
+
+class AnsiCodePage;
+
+/// Called after each row, for whoever must not stand still meanwhile.
+using AfterRow = std::function<void()>;
+
+/// Decodes a parameter file step by step, into what the caller has: after a failure that holds what was read before.
+class PrFileDecoder
+{
+public:
+    PrFileDecoder(const QByteArray &bytes, const AnsiCodePage &page);
+
+    /// First the machine information. Fields that the file does not name stay as they are.
+    std::optional<FileFailure> decodeMachine(MachineInfo &machine) const;
+
+    /// Then the rows. They are sized by the number that the file announces, plus one: those that it does not have are
+    /// empty, and a second row too many is a failure. Silent when there is no "[Paramater]" line; rows is untouched
+    /// then, and there are no findings.
+    std::optional<FileFailure> decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow = {});
+    const std::optional<ReadFindings> &findings() const { return m_findings; }
+
+private:
+    QByteArray m_bytes;
+    const AnsiCodePage &m_page;
+    std::optional<ReadFindings> m_findings;
+};
+
+/// What decoding a file came to. After a failure the document holds what was read before it.
+struct DecodedPrFile
+{
+    Document document;
+    std::optional<ReadFindings> findings; ///< nothing when decoding did not get as far as the rows
+    std::optional<FileFailure> failure; ///< silent when the file has no "[Paramater]" line
+};
+
+/// Decodes a whole parameter file, as PrFileDecoder does.
+DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page);
+
+/// What encoding a document came to.
+struct EncodedPrFile
+{
+    QByteArray bytes;
+    /// What keeps the document from being written, or, when isPart is set, cut it short: bytes is then what precedes a
+    /// capacity without its current, which is still written.
+    std::optional<FileFailure> failure;
+    bool isPart = false;
+
+    bool isWritable() const { return !failure || isPart; }
+};
+
+/// Encodes a document in its own code page. Its row count is written as machine.Paramater has it.
+EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow = {});
