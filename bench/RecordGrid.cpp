@@ -1,13 +1,11 @@
 #include "bench/RecordGrid.h"
 
-#include "document/FieldText.h"
-#include "document/PrCondText.h"
 #include "document/RecordTexts.h"
 
 RecordGrid::RecordGrid(const QList<PrRecord> &records, int count)
 {
     for (const PrRecord &record : records.first(count)) {
-        const RecordTexts texts(record, rangesToText(record.ranges), conditionsToText(record.conditions));
+        const RecordTexts texts(record);
         QStringList row;
         for (const QStringView cell : texts.cells()) {
             row << cell.toString();

@@ -4,7 +4,7 @@
 #include "dialogs/DialogGrid.h"
 #include "dialogs/ParameterHeading.h"
 #include "document/DocumentTables.h"
-#include "document/PrCondText.h"
+#include "document/TableTexts.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -12,6 +12,9 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <span>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -101,9 +104,8 @@ bool frmPrCond::ShowPrCond(const QString &pr, qint16 &count, QString &condText)
 {
     PrConditions.clear();
     m_result.count = ParsePrCondText(condText);
-    load(pr);
+    load(pr, std::exchange(PrConditions, {}).first(m_result.count));
     const bool confirmed = exec() == Accepted;
-    PrConditions.clear();
     if (!confirmed || m_result == PrCondResult{count, condText}) {
         return false;
     }
@@ -112,11 +114,10 @@ bool frmPrCond::ShowPrCond(const QString &pr, qint16 &count, QString &condText)
     return true;
 }
 
-void frmPrCond::load(const QString &pr)
+void frmPrCond::load(const QString &pr, const QList<PrCondition> &conditions)
 {
     loadTexts(pr);
-    const std::span conditions(std::as_const(PrConditions).data(), static_cast<size_t>(m_result.count));
-    const PrCondRows rows = rowsOfConditions(conditions, modeNames());
+    const PrCondRows rows = rowsOfConditions(std::span(conditions.data(), size_t(conditions.size())), modeNames());
     for (int kind = 0; kind < CondGridCount; ++kind) {
         loadGrid(kind, rows[kind]);
     }

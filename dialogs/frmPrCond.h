@@ -37,7 +37,7 @@ private:
     void createKind(int kind);
     void connectKind(int kind);
 
-    void load(const QString &pr);
+    void load(const QString &pr, const QList<PrCondition> &conditions);
     void loadTexts(const QString &pr);
     void loadGrid(int kind, const QList<QStringList> &rows);
     void addRow(int kind);

@@ -1,7 +1,5 @@
 #include "document/FieldText.h"
 
-#include "document/DocumentTables.h"
-
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -185,20 +183,8 @@ QString rangesToText(std::span<const SettingRange> ranges)
     return text;
 }
 
-qint16 ParseSettingRange(int rowIndex, QStringView text)
+QString settingRangeText(const PrRecord &record)
 {
-    auto converted = rangesFromText(text);
-    auto *ranges = std::get_if<QList<SettingRange>>(&converted);
-    if (ranges == nullptr || ranges->isEmpty()) {
-        return 0;
-    }
-    PrRecords[rowIndex].ranges = std::move(*ranges);
-    return static_cast<qint16>(PrRecords.at(rowIndex).ranges.size());
-}
-
-QString FormatSettingRange(int rowIndex)
-{
-    const PrRecord &record = PrRecords.at(rowIndex);
     const qsizetype count = std::clamp<qsizetype>(record.rangeCount, 0, record.ranges.size());
     return rangesToText(std::span(record.ranges.data(), static_cast<size_t>(count)));
 }

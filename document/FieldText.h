@@ -35,10 +35,5 @@ std::optional<RunTimeError> parseRanges(QStringView text, QList<SettingRange> &r
 
 /// The setting-range text of ranges; its inverse, but for ranges whose upper bound is not above the lower one.
 QString rangesToText(std::span<const SettingRange> ranges);
-
-/// Fills the ranges of PrRecords[rowIndex] (index from 0) from a setting-range text and returns their number. An empty
-/// text, and one that overflows, gives 0 and leaves the ranges alone.
-qint16 ParseSettingRange(int rowIndex, QStringView text);
-
-/// The setting-range text of PrRecords[rowIndex] (index from 0).
-QString FormatSettingRange(int rowIndex);
+/// The setting-range text of a record: of as many ranges as it says and has.
+QString settingRangeText(const PrRecord &record);

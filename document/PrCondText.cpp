@@ -1,6 +1,5 @@
 #include "document/PrCondText.h"
 
-#include "document/DocumentTables.h"
 #include "runtime/BlankText.h"
 #include "runtime/NumberText.h"
 
@@ -155,21 +154,8 @@ QString conditionsToText(std::span<const PrCondition> conditions)
     return text;
 }
 
-qint16 ParsePrCondText(QStringView text)
+QString conditionText(const PrRecord &record)
 {
-    QList<PrCondition> conditions = conditionsFromText(text);
-    if (conditions.isEmpty()) {
-        return 0;
-    }
-    conditions.resize(std::min<qsizetype>(conditions.size(), std::numeric_limits<qint16>::max()));
-    PrConditions.resize(std::max(PrConditions.size(), conditions.size() + 1));
-    std::move(conditions.begin(), conditions.end(), PrConditions.begin());
-    return static_cast<qint16>(conditions.size());
-}
-
-QString FormatPrCondText(int rowIndex)
-{
-    const PrRecord &record = PrRecords.at(rowIndex);
     const qsizetype count = std::clamp<qsizetype>(record.conditionCount, 0, record.conditions.size());
     return conditionsToText(std::span(record.conditions.data(), static_cast<size_t>(count)));
 }

@@ -12,10 +12,5 @@ QList<PrCondition> conditionsFromText(QStringView text);
 
 /// The text of conditions; its inverse, except that range values come back in text order.
 QString conditionsToText(std::span<const PrCondition> conditions);
-
-/// Puts the conditions of text into PrConditions from position 0, with one spare element behind them, and returns their
-/// number (32767 at most). A text of blanks gives 0 and leaves PrConditions alone.
-qint16 ParsePrCondText(QStringView text);
-
-/// The condition text of PrRecords[rowIndex] (index from 0); empty when it has no conditions.
-QString FormatPrCondText(int rowIndex);
+/// The condition text of a record: of as many conditions as it says and has.
+QString conditionText(const PrRecord &record);

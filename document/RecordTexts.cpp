@@ -1,6 +1,7 @@
 #include "document/RecordTexts.h"
 
 #include "document/FieldText.h"
+#include "document/PrCondText.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,11 +15,11 @@ QStringView minimumText(const QString &stored)
 
 } // namespace
 
-RecordTexts::RecordTexts(const PrRecord &record, QString ranges, QString conditions)
-    : m_ranges(std::move(ranges))
+RecordTexts::RecordTexts(const PrRecord &record)
+    : m_ranges(settingRangeText(record))
     , m_functionCode(functionCodeText(storedFunctionCode(record.functionCode)))
     , m_conditionCount(QString::number(record.conditionCount))
-    , m_conditions(std::move(conditions))
+    , m_conditions(conditionText(record))
     , m_cells{record.number, record.name, m_ranges, record.rangeCheck, minimumText(record.min1),
           minimumText(record.min2), minimumText(record.min3), record.unit, record.factorySetting, record.helpId,
           m_functionCode, m_conditionCount, m_conditions}

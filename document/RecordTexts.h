@@ -7,14 +7,14 @@
 
 #include <array>
 
-/// The cell texts of a record as the grid shows it, by column from 0. CollectPrRecords() is the way back.
+/// The cell texts of a record as the grid shows it, by column from 0. RecordCollector is the way back.
 class RecordTexts
 {
 public:
     static constexpr int columnCount = 13;
 
-    /// record must outlive the texts; ranges and conditions are its lists as texts.
-    RecordTexts(const PrRecord &record, QString ranges, QString conditions);
+    /// record must outlive the texts.
+    explicit RecordTexts(const PrRecord &record);
     Q_DISABLE_COPY_MOVE(RecordTexts)
 
     /// Without a copy; valid as long as this object.

@@ -3,8 +3,6 @@
 #include "app/Language.h"
 #include "app/Settings.h"
 #include "document/DocumentTables.h"
-#include "document/FieldText.h"
-#include "document/PrCondText.h"
 #include "document/RecordTexts.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
@@ -69,7 +67,7 @@ bool hasLineBreak(QStringView text)
 
 void fillRow(SpreadGrid &grid, int index)
 {
-    const RecordTexts texts(PrRecords.at(index), FormatSettingRange(index), FormatPrCondText(index));
+    const RecordTexts texts(PrRecords.at(index));
     const auto &cells = texts.cells();
     const int row = index + 1;
     grid.setRowTexts(row, cells);

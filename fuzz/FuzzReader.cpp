@@ -86,10 +86,15 @@ QByteArray save()
     return takeContent(path(u"saved.inv"_s));
 }
 
+const AnsiCodePage &documentPage()
+{
+    return AnsiCodePage::page(documentCodePage(docNo));
+}
+
 bool isEncodable(const QString &text)
 {
     QByteArray bytes;
-    return !ansiCodePage().encode(text, bytes) && ansiCodePage().decode(bytes) == text;
+    return !documentPage().encode(text, bytes) && documentPage().decode(bytes) == text;
 }
 
 /// Whether a field of a row can hold the text: it has no separator, and no blank or quote where they would be dropped.
@@ -149,7 +154,7 @@ void roundTrip(const QByteArray &bytes)
         return;
     }
     const QByteArray saved = save();
-    if (saved.isEmpty() || !allComesBack()) {
+    if (saved.isEmpty() || !allComesBack() || &pageOfBytes(saved, ansiCodePage()) != &documentPage()) {
         return;
     }
     const MachineInfo info = MachineInfos[docNo];

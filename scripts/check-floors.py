@@ -14,6 +14,8 @@ FLOOR_OF_APP_FILE = {"IniFile": 0, "Language": 2, "Messages": 2, "Settings": 2, 
 CORE_APP_FILES = ("IniFile", "Language", "Messages", "Settings")
 # What a folder may use beside itself where the floor alone would allow more
 ONLY = {"resources": (), "runtime": (), "document": ("runtime/", "app/IniFile", "resources/OwnTexts"), "platform": ("runtime/", "resources/")}
+# The rooms of document/ that may know the global tables; whatever lies below this rim works on values.
+RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 
 
@@ -38,6 +40,10 @@ def is_barred(path, target):
     return folder in ONLY and folder != Path(target).parts[0] and not target.startswith(ONLY[folder] or ("-",))
 
 
+def is_below_rim(path):
+    return Path(path).parts[0] in ("runtime", "document") and Path(path).stem not in RIM
+
+
 def qt_core_headers():
     query = subprocess.run(["qmake6", "-query", "QT_INSTALL_HEADERS"], capture_output=True, text=True, check=True)
     return {header.name for header in (Path(query.stdout.strip()) / "QtCore").iterdir()}
@@ -50,6 +56,8 @@ def include_faults(name, text, core_headers):
                 yield f"{name}: {own} stands on a higher floor"
             if is_barred(name, own):
                 yield f"{name}: may not use {own}"
+            if own == "document/DocumentTables.h" and is_below_rim(name):
+                yield f"{name}: may not know the tables"
         elif is_core(name) and system.startswith("Q"):
             module, _, header = system.rpartition("/")
             if header not in core_headers or module not in ("", "QtCore"):

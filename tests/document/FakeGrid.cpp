@@ -1,13 +1,11 @@
 #include "tests/document/FakeGrid.h"
 
-#include "document/FieldText.h"
-#include "document/PrCondText.h"
 #include "document/RecordTexts.h"
 
 FakeGrid::FakeGrid(const QList<PrRecord> &records, qsizetype count)
 {
     for (const PrRecord &record : records.first(count)) {
-        const RecordTexts texts(record, rangesToText(record.ranges), conditionsToText(record.conditions));
+        const RecordTexts texts(record);
         QStringList row;
         for (const QStringView cell : texts.cells()) {
             row << cell.toString();

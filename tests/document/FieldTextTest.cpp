@@ -2,6 +2,7 @@
 
 #include "document/CollectPrRecords.h"
 #include "document/DocumentTables.h"
+#include "document/TableTexts.h"
 #include "tests/document/FakeGrid.h"
 #include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"

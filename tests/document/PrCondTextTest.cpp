@@ -1,6 +1,7 @@
 #include "document/PrCondText.h"
 
 #include "document/DocumentTables.h"
+#include "document/TableTexts.h"
 #include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"
 

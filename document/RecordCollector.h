@@ -1,0 +1,35 @@
+#pragma once
+
+#include "document/PrGrid.h"
+#include "document/TextPool.h"
+#include "runtime/RunTimeError.h"
+
+#include <QLatin1StringView>
+
+#include <optional>
+
+struct PrRecord;
+
+/// Turns a grid's rows into records. A record's texts and lists that already are what the row says stay as they are:
+/// after an open and after a save that is nearly all of them.
+class RecordCollector
+{
+public:
+    explicit RecordCollector(const PrGrid &grid) : m_grid(grid) { }
+
+    /// Makes record what the row (from 1) says. Overflow when a cell holds a number that its field cannot; the record
+    /// is then not to be used.
+    std::optional<RunTimeError> collect(int row, PrRecord &record);
+
+private:
+    template <typename View>
+    void assign(QString &field, View text);
+    void collectIncrements(int row, PrRecord &record);
+    void collectFactorySetting(QStringView cell, PrRecord &record);
+    std::optional<RunTimeError> collectRanges(int row, PrRecord &record) const;
+    std::optional<RunTimeError> collectFunctionCode(int row, PrRecord &record);
+    std::optional<RunTimeError> collectConditions(int row, PrRecord &record) const;
+
+    const PrGrid &m_grid;
+    TextPool m_pool;
+};
