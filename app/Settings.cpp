@@ -1,5 +1,6 @@
 #include "app/Settings.h"
 
+#include "document/ParameterColumns.h"
 #include "runtime/NumberText.h"
 #include "runtime/SettingsFile.h"
 
@@ -12,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 UserFontSettings UserFont;
 std::array<bool, 14> ListVisualState{};
+static_assert(ListVisualState.size() > parameterColumns.size());
 
 namespace {
 
@@ -21,9 +23,6 @@ constexpr auto windowSection = "WindowInf"_L1;
 constexpr qint16 maximised = 2;
 constexpr float defaultFontSize = 12;
 constexpr int recentFileCount = 4;
-constexpr std::size_t storedColumns = 13;
-constexpr bool hiddenByDefault[storedColumns] = {
-    false, false, false, false, false, false, true, true, false, false, true, false, true};
 
 QString fullKey(QLatin1StringView section, const QString &key)
 {
@@ -88,8 +87,9 @@ void LoadWindowSettings(qint16 &windowState)
 {
     SettingsFile::read([&](const QSettings &store) {
         windowState = windowStateFrom(storedText(store, windowSection, u"WindowState"_s));
-        for (std::size_t i = 0; i < storedColumns; ++i) {
-            ListVisualState[i] = storedFlag(store, windowSection, columnKey(i), hiddenByDefault[i]);
+        for (const ColumnInfo &column : parameterColumns) {
+            const auto i = std::size_t(column.column - 1);
+            ListVisualState.at(i) = storedFlag(store, windowSection, columnKey(i), column.isHidden);
         }
     });
 }
@@ -98,8 +98,8 @@ void SaveWindowSettings(qint16 windowState)
 {
     SettingsFile::change([&](QSettings &store) {
         setText(store, windowSection, u"WindowState"_s, QString::number(windowState));
-        for (std::size_t i = 0; i < storedColumns; ++i) {
-            setFlag(store, windowSection, columnKey(i), ListVisualState[i]);
+        for (std::size_t i = 0; i < parameterColumns.size(); ++i) {
+            setFlag(store, windowSection, columnKey(i), ListVisualState.at(i));
         }
     });
 }

@@ -3,6 +3,7 @@
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
 #include "document/InverterSection.h"
+#include "document/ParameterColumns.h"
 #include "document/ReadBackCheck.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
@@ -12,11 +13,6 @@
 namespace {
 
 constexpr QByteArrayView sectionLine("[Paramater]");
-
-/// The fields of a row between its two counts, in the file's order.
-constexpr QString PrRecord::*textFields[] = {&PrRecord::number, &PrRecord::helpId, &PrRecord::name, &PrRecord::unit,
-    &PrRecord::min1, &PrRecord::min2, &PrRecord::min3, &PrRecord::factorySetting, &PrRecord::functionCode,
-    &PrRecord::rangeCheck};
 
 /// A count of list entries that follow: a negative one cannot size a list.
 qsizetype listSize(FieldReader &in, qint16 count)
@@ -64,7 +60,7 @@ void readRecord(FieldReader &in, PrRecord &record)
 {
     in.beginRow();
     record.conditionCount = in.int16();
-    for (const auto field : textFields) {
+    for (const auto field : fileTexts) {
         record.*field = in.text();
     }
     record.rangeCount = in.int16();
@@ -175,7 +171,7 @@ void putRecord(const PrRecord &record, AnsiBuffer &out)
 {
     out.putInteger(record.conditionCount);
     out.put(',');
-    for (const auto field : textFields) {
+    for (const auto field : fileTexts) {
         out.putText(record.*field);
         out.put(',');
     }

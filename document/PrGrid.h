@@ -9,6 +9,7 @@ public:
     virtual ~PrGrid() = default;
 
     virtual int rowCount() const = 0;
-    /// The text of a data cell; column 1 to 13, row from 1. Valid until the grid's next change or event pass.
+    /// The text of a data cell; column (ParameterColumn) and row from 1. Valid until the grid's next change or event
+    /// pass.
     virtual QStringView cellText(int column, int row) const = 0;
 };

@@ -3,27 +3,26 @@
 #include "app/IniFile.h"
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
-#include "document/ParameterColumn.h"
+#include "document/ParameterColumns.h"
 #include "runtime/AnsiText.h"
 #include "runtime/BlankText.h"
 #include "runtime/PrivateProfile.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct TextField
-{
-    int column;
-    QString PrRecord::*field;
-};
 /// What is written as it was typed; the other fields are put together from numbers.
-constexpr TextField typedFields[] = {{ParameterColumn::Number, &PrRecord::number},
-    {ParameterColumn::Name, &PrRecord::name}, {ParameterColumn::Unit, &PrRecord::unit},
-    {ParameterColumn::HelpId, &PrRecord::helpId}};
+constexpr auto typedColumns = [] {
+    constexpr auto count = std::ranges::count_if(parameterColumns, &ColumnInfo::isAsTyped);
+    std::array<ColumnInfo, count> columns{};
+    std::ranges::copy_if(parameterColumns, columns.begin(), &ColumnInfo::isAsTyped);
+    return columns;
+}();
 
 constexpr QString PrCondition::*conditionTexts[] = {&PrCondition::subject, &PrCondition::value1, &PrCondition::value2};
 
@@ -93,7 +92,7 @@ void RowCheck::check(const PrRecord &record, int row)
 {
     m_record = &record;
     m_row = row;
-    for (const TextField &typed : typedFields) {
+    for (const ColumnInfo &typed : typedColumns) {
         if (const auto fault = textFault(record.*typed.field)) {
             add(*fault, typed.column);
         }
@@ -275,7 +274,7 @@ QList<ReadBackFinding> findReadBackFaults(
 
 std::optional<CellPlace> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page)
 {
-    for (const TextField &typed : typedFields) {
+    for (const ColumnInfo &typed : typedColumns) {
         if (isMissingIn(record.*typed.field, page)) {
             return CellPlace{.row = row, .column = typed.column};
         }

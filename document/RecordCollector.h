@@ -4,8 +4,6 @@
 #include "document/TextPool.h"
 #include "runtime/RunTimeError.h"
 
-#include <QLatin1StringView>
-
 #include <optional>
 
 struct PrRecord;
@@ -22,14 +20,6 @@ public:
     std::optional<RunTimeError> collect(int row, PrRecord &record);
 
 private:
-    template <typename View>
-    void assign(QString &field, View text);
-    void collectIncrements(int row, PrRecord &record);
-    void collectFactorySetting(QStringView cell, PrRecord &record);
-    std::optional<RunTimeError> collectRanges(int row, PrRecord &record) const;
-    std::optional<RunTimeError> collectFunctionCode(int row, PrRecord &record);
-    std::optional<RunTimeError> collectConditions(int row, PrRecord &record) const;
-
     const PrGrid &m_grid;
     TextPool m_pool;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ParameterColumn.h"
 #include "document/PrRecord.h"
 
 #include <QString>
@@ -11,19 +12,14 @@
 class RecordTexts
 {
 public:
-    static constexpr int columnCount = 13;
-
     /// record must outlive the texts.
     explicit RecordTexts(const PrRecord &record);
     Q_DISABLE_COPY_MOVE(RecordTexts)
 
     /// Without a copy; valid as long as this object.
-    const std::array<QStringView, columnCount> &cells() const { return m_cells; }
+    const std::array<QStringView, ParameterColumn::Count> &cells() const { return m_cells; }
 
 private:
-    QString m_ranges;
-    QString m_functionCode;
-    QString m_conditionCount;
-    QString m_conditions;
-    std::array<QStringView, columnCount> m_cells;
+    std::array<QString, ParameterColumn::Count> m_made; ///< those that are not in the record as they are shown
+    std::array<QStringView, ParameterColumn::Count> m_cells;
 };

@@ -111,7 +111,7 @@ private:
 void packRow(Packer &out, const RecoveryGrid &grid, int row)
 {
     quint32 changed = 0;
-    for (int column = 1; column <= recoveredColumns; ++column) {
+    for (int column = 1; column <= ParameterColumn::Count; ++column) {
         out.text(grid.cellText(column, row));
         changed |= quint32(grid.isCellChanged(column, row)) << column;
     }
@@ -121,8 +121,8 @@ void packRow(Packer &out, const RecoveryGrid &grid, int row)
 RecoveredRow unpackRow(Unpacker &in)
 {
     RecoveredRow row;
-    row.texts.reserve(recoveredColumns);
-    for (int column = 1; column <= recoveredColumns; ++column) {
+    row.texts.reserve(ParameterColumn::Count);
+    for (int column = 1; column <= ParameterColumn::Count; ++column) {
         row.texts << in.text();
     }
     row.changedColumns = in.number();

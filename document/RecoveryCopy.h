@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/MachineInfo.h"
+#include "document/ParameterColumn.h"
 #include "document/PrGrid.h"
 
 #include <QByteArray>
@@ -9,8 +10,6 @@
 #include <QStringList>
 
 #include <optional>
-
-inline constexpr int recoveredColumns = 13;
 
 /// The cells of a document that is to be kept, and which of them were changed.
 class RecoveryGrid : public PrGrid
@@ -31,7 +30,7 @@ struct RecoverySource
 /// One row of a kept document.
 struct RecoveredRow
 {
-    QStringList texts; ///< of columns 1 to 13
+    QStringList texts; ///< by column, from column 1 on
     quint32 changedColumns = 0; ///< bit n stands for column n
 
     bool operator==(const RecoveredRow &) const = default;

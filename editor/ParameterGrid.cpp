@@ -3,60 +3,45 @@
 #include "app/Language.h"
 #include "app/Settings.h"
 #include "document/DocumentTables.h"
+#include "document/ParameterColumns.h"
 #include "document/RecordTexts.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double fitted = 0; // as wide as the header's text
-constexpr qint16 headerTextId = 100;
-constexpr int conditionTextLength = 100;
+constexpr qint16 rowNumbersId = 100;
 
-struct ColumnLayout
+CellType cellType(const ColumnInfo &column)
 {
-    int column;
-    CellType type;
-    Qt::Alignment alignment;
-    double width; ///< character units
-};
-
-const std::array<ColumnLayout, ParameterColumn::Count> &columnLayouts()
-{
-    const auto step = [] { return CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s}); };
-    using namespace ParameterColumn;
-    static const std::array<ColumnLayout, Count> layouts{{
-        {Number, CellType::integer(0, 1000), Qt::AlignCenter, 4},
-        {Name, CellType::text(), Qt::AlignLeft | Qt::AlignVCenter, 25},
-        {ParameterColumn::SettingRange, CellType::text(conditionTextLength), Qt::AlignLeft | Qt::AlignVCenter, 20},
-        {RangeCheck, CellType::checkBox(), Qt::AlignCenter, fitted},
-        {Min1, step(), Qt::AlignCenter, 7},
-        {Min2, step(), Qt::AlignCenter, 7},
-        {Min3, step(), Qt::AlignCenter, 7},
-        {Unit, CellType::text(), Qt::AlignCenter, 6},
-        {FactorySetting, CellType::text(), Qt::AlignCenter, fitted},
-        {HelpId, CellType::integer(0, 32767), Qt::AlignCenter, fitted},
-        {FuncCode, CellType::text(), Qt::AlignCenter, fitted},
-        {ConditionCount, CellType::integer(0, 9), Qt::AlignCenter, fitted},
-        {Condition, CellType::text(conditionTextLength), Qt::AlignLeft | Qt::AlignVCenter, 20},
-    }};
-    return layouts;
+    switch (column.kind) {
+    case ColumnKind::Text:
+        return column.limit > 0 ? CellType::text(column.limit) : CellType::text();
+    case ColumnKind::Integer:
+        return CellType::integer(0, column.limit);
+    case ColumnKind::Increment:
+        return CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s});
+    case ColumnKind::CheckBox:
+        return CellType::checkBox();
+    }
+    return {};
 }
 
-void layOutColumn(SpreadGrid &grid, const ColumnLayout &layout)
+void layOutColumn(SpreadGrid &grid, const ColumnInfo &column)
 {
-    grid.setCellType(layout.column, -1, layout.type);
-    grid.setText(layout.column, 0, ResString(headerTextId + qint16(layout.column)));
-    grid.setAlignment(layout.column, layout.alignment);
-    if (layout.width == fitted) {
-        grid.fitColumnWidth(layout.column);
+    grid.setCellType(column.column, -1, cellType(column));
+    grid.setText(column.column, 0, ResString(column.headerText));
+    grid.setAlignment(column.column, column.isCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    if (column.width > 0) {
+        grid.setWidthInCharacters(column.column, column.width);
     } else {
-        grid.setWidthInCharacters(layout.column, layout.width);
+        grid.fitColumnWidth(column.column);
     }
 }
 
@@ -82,11 +67,11 @@ void layOutParameterGrid(SpreadGrid &grid, int rows)
 {
     grid.setColumnCount(ParameterColumn::Count);
     grid.setFrozenColumns(1);
-    grid.setText(0, 0, ResString(headerTextId));
+    grid.setText(0, 0, ResString(rowNumbersId));
     grid.setAlignment(0, Qt::AlignCenter);
     grid.setWidthInCharacters(0, 4);
-    for (const ColumnLayout &layout : columnLayouts()) {
-        layOutColumn(grid, layout);
+    for (const ColumnInfo &column : parameterColumns) {
+        layOutColumn(grid, column);
     }
     applyVisibleColumns(grid);
     grid.setRowCount(rows); // last: a column that is fitted to its header need not look at them
@@ -110,6 +95,12 @@ void fillParameterGrid(SpreadGrid &grid)
 
 void resetParameterRow(SpreadGrid &grid, int row)
 {
-    constexpr QStringView texts[] = {u"", u"", u"", u"0", u"No", u"No", u"No", u"", u"", u"0", u"0000", u"0"};
-    grid.setRowTexts(row, texts);
+    std::array<QStringView, ParameterColumn::Count> texts;
+    int count = 0;
+    for (const ColumnInfo &column : parameterColumns) {
+        if (!column.newText.isNull()) {
+            texts.at(count++) = column.newText;
+        }
+    }
+    grid.setRowTexts(row, std::span(texts).first(count));
 }

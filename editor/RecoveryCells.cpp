@@ -6,8 +6,6 @@
 
 #include <array>
 
-static_assert(recoveredColumns == ParameterColumn::Count);
-
 RecoveryCells::RecoveryCells(const SpreadGrid &grid) : m_grid(grid), m_typed(grid.textBeingTyped())
 {
 }
@@ -36,7 +34,7 @@ namespace {
 
 void restoreColours(SpreadGrid &grid, int row, quint32 changedColumns)
 {
-    for (int column = 1; column <= recoveredColumns; ++column) {
+    for (int column = 1; column <= ParameterColumn::Count; ++column) {
         if ((changedColumns >> column & 1U) != 0) {
             grid.setForeColour({column, row, column, row}, QColor(changedCellColour));
         }
@@ -51,7 +49,7 @@ void restoreCells(SpreadGrid &grid, const RecoveryCopy &copy)
     int row = 0;
     for (const RecoveredRow &kept : copy.rows) {
         ++row;
-        std::array<QStringView, recoveredColumns> texts;
+        std::array<QStringView, ParameterColumn::Count> texts;
         std::copy(kept.texts.begin(), kept.texts.end(), texts.begin());
         grid.setRowTexts(row, texts);
         grid.fitRowHeight(row);

@@ -31,7 +31,7 @@ private:
 RecoveredRow row(const QString &text, quint32 changed = 0)
 {
     RecoveredRow row;
-    for (int column = 1; column <= recoveredColumns; ++column) {
+    for (int column = 1; column <= ParameterColumn::Count; ++column) {
         row.texts << text + QString::number(column);
     }
     row.changedColumns = changed;
