@@ -106,6 +106,7 @@ void SelectAllText(QLineEdit &textBox)
 
 void ShowHelp(QWidget *window, int contextId)
 {
+    HelpWindow::setFont(userFont());
     if (!HelpWindow::showTopic(HelpFilePath, contextId, window)) {
         const QString text = QDir::toNativeSeparators(HelpFilePath) + u'\n' + fileError(HelpFilePath);
         MessageBox::showExclamation(window, text, ResString(programNameText));

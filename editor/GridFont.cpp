@@ -1,7 +1,9 @@
 #include "editor/GridFont.h"
 
+#include "app/Common.h"
 #include "app/Settings.h"
 #include "platform/BusyPointer.h"
+#include "platform/HelpWindow.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
 
@@ -25,6 +27,7 @@ void chooseGridFont(SpreadGrid &grid)
         .FontBold = font.bold()};
     SaveUserFont(UserFont.FontName, UserFont.FontSize, UserFont.FontItalic, UserFont.FontBold);
     applyGridFont(grid, font);
+    HelpWindow::setFont(userFont());
 }
 
 void applyGridFont(SpreadGrid &grid, const QFont &font)

@@ -4,13 +4,31 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QScrollBar>
 #include <QSvgRenderer>
 #include <QTextCursor>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// As a marker pen does it, on a light desktop and on a dark one.
+const QColor markGround(0xff, 0xe0, 0x66);
+const QColor markText(0x1a, 0x1a, 0x1a);
+
+QTextCursor cursorAt(QTextDocument &page, TextSpan place)
+{
+    QTextCursor cursor(&page);
+    cursor.setPosition(place.start);
+    cursor.setPosition(place.start + place.length, QTextCursor::KeepAnchor);
+    return cursor;
+}
+
+} // namespace
+
 HelpBrowser::HelpBrowser(const HelpLibrary &library, QWidget *parent) : QTextBrowser(parent), m_library(library)
 {
+    connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::markPage);
 }
 
 // Qt's browser knows files and resources only; the pages are in the help file. What a page asks for is beside it, but
@@ -58,4 +76,32 @@ bool HelpBrowser::findWhileTyping(const QString &text)
     cursor.setPosition(cursor.selectionStart());
     setTextCursor(cursor);
     return findAround(text, false);
+}
+
+void HelpBrowser::markWords(const QStringList &words)
+{
+    m_words = words;
+    markPage();
+}
+
+void HelpBrowser::markPage()
+{
+    QTextCharFormat look;
+    look.setBackground(markGround);
+    look.setForeground(markText);
+    const FoldedText text(m_words.isEmpty() ? QString() : toPlainText());
+    QList<ExtraSelection> marks;
+    for (const QString &word : std::as_const(m_words)) {
+        for (const TextSpan &place : text.placesOf(word)) {
+            marks.append({cursorAt(*document(), place), look});
+        }
+    }
+    setExtraSelections(marks);
+}
+
+void HelpBrowser::showPlace(TextSpan place)
+{
+    setTextCursor(cursorAt(*document(), place));
+    QScrollBar &bar = *verticalScrollBar();
+    bar.setValue(bar.value() + cursorRect().center().y() - viewport()->height() / 2);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FoldedText.h"
+
 #include <QTextBrowser>
 
 class HelpLibrary;
@@ -20,9 +22,16 @@ public:
     /// The same from the start of the selection: for a text that is still being typed.
     bool findWhileTyping(const QString &text);
 
+    /// Marks every place on this page, and on those shown after it, that holds one of the words (folded).
+    void markWords(const QStringList &words);
+    /// Selects a place of the page's text and brings it to the middle of the view.
+    void showPlace(TextSpan place);
+
 private:
+    void markPage();
     QImage picture(const QByteArray &drawing) const;
 
     const HelpLibrary &m_library;
     QUrl m_page;
+    QStringList m_words;
 };

@@ -2,29 +2,51 @@
 
 #include "platform/HelpLibrary.h"
 
+#include <QMap>
+#include <QSet>
+#include <QTextBlock>
+#include <QTextBoundaryFinder>
 #include <QTextDocument>
 
 #include <algorithm>
 
 namespace {
 
-QString comparable(const QString &text)
+/// What a sentence has of the words that are searched for.
+struct SentenceFinding
 {
-    return text.normalized(QString::NormalizationForm_KC).toCaseFolded();
+    QSet<QString> words;
+    TextSpan first;
+};
+
+// A heading is one sentence, whatever full stops its number has.
+QList<TextSpan> sentencesOf(const QTextBlock &block)
+{
+    const QString text = block.text();
+    if (block.blockFormat().headingLevel() > 0) {
+        return {{block.position(), static_cast<int>(text.size())}};
+    }
+    QList<TextSpan> sentences;
+    QTextBoundaryFinder ends(QTextBoundaryFinder::Sentence, text);
+    for (qsizetype start = 0, end = ends.toNextBoundary(); end > start; end = ends.toNextBoundary()) {
+        sentences.append({block.position() + static_cast<int>(start), static_cast<int>(end - start)});
+        start = end;
+    }
+    return sentences;
 }
 
-// 0 when one of the words is missing.
-int occurrences(const QString &text, const QStringList &words)
+QList<TextSpan> sentencesOf(const QTextDocument &document)
 {
-    int sum = 0;
-    for (const QString &word : words) {
-        const auto count = static_cast<int>(text.count(word));
-        if (count == 0) {
-            return 0;
-        }
-        sum += count;
+    QList<TextSpan> sentences;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        sentences.append(sentencesOf(block));
     }
-    return sum;
+    return sentences;
+}
+
+QString readable(const QString &text, TextSpan sentence)
+{
+    return text.mid(sentence.start, sentence.length).remove(QChar::ObjectReplacementCharacter).simplified();
 }
 
 } // namespace
@@ -32,15 +54,46 @@ int occurrences(const QString &text, const QStringList &words)
 QList<HelpHit> HelpSearch::find(const QString &text)
 {
     readPages();
-    const QStringList words = comparable(text).split(u' ', Qt::SkipEmptyParts);
+    const QStringList words = FoldedText::words(text);
     QList<HelpHit> hits;
     for (const Page &page : m_pages) {
-        if (const int count = occurrences(page.text, words)) {
-            hits.append({page.title, page.address, count});
+        const HelpHit hit = hitOf(page, words);
+        if (hit.count > 0) {
+            hits.append(hit);
         }
     }
     std::ranges::stable_sort(hits, std::ranges::greater(), &HelpHit::count);
     return hits;
+}
+
+// Its count is 0 when one of the words is missing.
+HelpHit HelpSearch::hitOf(const Page &page, const QStringList &words)
+{
+    HelpHit hit{page.title, page.address, 0, {}};
+    QMap<qsizetype, SentenceFinding> findings; // by the sentence's number
+    for (const QString &word : words) {
+        const QList<TextSpan> places = page.folded.placesOf(word);
+        if (places.isEmpty()) {
+            return {page.title, page.address, 0, {}};
+        }
+        for (const TextSpan &place : places) {
+            const auto next = std::ranges::upper_bound(page.sentences, place.start, {}, &TextSpan::start);
+            SentenceFinding &finding = findings[next - page.sentences.begin() - 1];
+            if (finding.words.isEmpty() || place.start < finding.first.start) {
+                finding.first = place;
+            }
+            finding.words.insert(word);
+        }
+        hit.count += static_cast<int>(places.size());
+    }
+    const QSet<QString> wanted(words.begin(), words.end());
+    const bool isWhole = std::ranges::any_of(findings, [&](const auto &each) { return each.words == wanted; });
+    for (const auto [sentence, finding] : findings.asKeyValueRange()) {
+        if (!isWhole || finding.words == wanted) {
+            hit.sentences.append({readable(page.text, page.sentences.at(sentence)), finding.first});
+        }
+    }
+    return hit;
 }
 
 // Only once somebody searches: most users of a help page do not.
@@ -53,6 +106,7 @@ void HelpSearch::readPages()
         QTextDocument document;
         document.setHtml(QString::fromUtf8(m_library.data(address)));
         const QString title = document.metaInformation(QTextDocument::DocumentTitle);
-        m_pages.append({title, address, comparable(document.toPlainText())});
+        const QString text = document.toPlainText();
+        m_pages.append({title, address, text, FoldedText(text), sentencesOf(document)});
     }
 }

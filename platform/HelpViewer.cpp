@@ -1,8 +1,9 @@
 #include "platform/HelpViewer.h"
 
-#include "platform/Contrast.h"
 #include "platform/FocusFrame.h"
 #include "platform/HelpBrowser.h"
+#include "platform/HelpSearchPane.h"
+#include "platform/HelpTextBox.h"
 
 #include <QAction>
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QHelpContentWidget>
 #include <QHelpIndexWidget>
 #include <QHelpLink>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -24,27 +24,10 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Desktops that give a palette of their own often leave the colour of placeholders as it is on a light one.
-void showPlaceholder(QLineEdit &box, const QPalette &desktop)
-{
-    const QColor text = desktop.color(QPalette::Text);
-    const QColor ground = desktop.color(QPalette::Base);
-    const auto half = [](int part, int of) { return (part + of) / 2; };
-    const QColor faint(
-        half(text.red(), ground.red()), half(text.green(), ground.green()), half(text.blue(), ground.blue()));
-    QPalette own;
-    own.setColor(QPalette::PlaceholderText, readableOn(ground, faint));
-    box.setPalette(own);
-}
-
-} // namespace
-
 HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     : m_library(std::move(library))
-    , m_search(*m_library)
     , m_browser(new HelpBrowser(*m_library))
+    , m_searchPane(new HelpSearchPane(*m_library))
     , m_tabs(new QTabWidget)
 {
     setObjectName(u"helpWindow"_s);
@@ -74,6 +57,14 @@ void HelpViewer::showTopic(int contextId)
     raise();
     activateWindow();
     m_browser->setFocus();
+}
+
+void HelpViewer::useFont(const QFont &font)
+{
+    if (font != this->font()) {
+        setFont(font);
+        m_browser->setFont(font);
+    }
 }
 
 void HelpViewer::attachTo(QWidget *owner)
@@ -126,8 +117,8 @@ void HelpViewer::addFindBox(QToolBar &bar)
     auto *space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     bar.addWidget(space);
-    m_find = textBox(u"helpFind"_s, u"find"_s);
-    m_find->setMaximumWidth(260);
+    m_find = new HelpTextBox(u"helpFind"_s, m_library->label(u"find"_s));
+    m_find->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     bar.addWidget(m_find);
     connect(m_find, &QLineEdit::textEdited, m_browser, &HelpBrowser::findWhileTyping);
     const auto findNext = [this] { m_browser->findAround(m_find->text(), false); };
@@ -141,16 +132,6 @@ void HelpViewer::addFindBox(QToolBar &bar)
     });
 }
 
-void HelpViewer::changeEvent(QEvent *event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange) {
-        for (QLineEdit *box : findChildren<QLineEdit *>()) {
-            showPlaceholder(*box, palette());
-        }
-    }
-}
-
 QAction *HelpViewer::addAction(QToolBar &bar, const QString &name, const QKeySequence &key)
 {
     QAction *action = bar.addAction(m_library->label(name));
@@ -161,26 +142,14 @@ QAction *HelpViewer::addAction(QToolBar &bar, const QString &name, const QKeySeq
     return action;
 }
 
-QLineEdit *HelpViewer::textBox(const QString &name, const QString &labelKey)
-{
-    auto *box = new QLineEdit;
-    box->setObjectName(name);
-    box->setPlaceholderText(m_library->label(labelKey));
-    box->setAccessibleName(m_library->label(labelKey));
-    box->setClearButtonEnabled(true);
-    showPlaceholder(*box, palette());
-    for (QAction *action : box->findChildren<QAction *>()) {
-        action->setText(box->accessibleName()); // what it clears
-    }
-    return box;
-}
-
 void HelpViewer::buildPanes()
 {
     m_tabs->setObjectName(u"helpTabs"_s);
     m_tabs->addTab(contentsPane(), m_library->label(u"contents"_s));
     m_tabs->addTab(indexPane(), m_library->label(u"index"_s));
-    m_tabs->addTab(searchPane(), m_library->label(u"search"_s));
+    m_tabs->addTab(m_searchPane, m_library->label(u"search"_s));
+    connect(m_searchPane, &HelpSearchPane::wordsChanged, m_browser, &HelpBrowser::markWords);
+    connect(m_searchPane, &HelpSearchPane::placeChosen, this, &HelpViewer::showHit);
     auto *splitter = new QSplitter;
     splitter->addWidget(m_tabs);
     splitter->addWidget(m_browser);
@@ -189,7 +158,7 @@ void HelpViewer::buildPanes()
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
     const QList<QFrame *> panes{
-        m_browser, m_library->engine().contentWidget(), m_library->engine().indexWidget(), m_hits};
+        m_browser, m_library->engine().contentWidget(), m_library->engine().indexWidget(), &m_searchPane->hits()};
     for (QFrame *pane : panes) {
         new FocusFrame(*pane);
     }
@@ -219,23 +188,10 @@ QWidget *HelpViewer::indexPane()
         [this](const QHelpLink &document) { showPage(document.url); });
     connect(index, &QHelpIndexWidget::documentsActivated, this,
         [this](const QList<QHelpLink> &documents) { showPage(documents.first().url); });
-    QLineEdit *filter = textBox(u"helpIndexFilter"_s, u"indexFilter"_s);
+    auto *filter = new HelpTextBox(u"helpIndexFilter"_s, m_library->label(u"indexFilter"_s));
     connect(filter, &QLineEdit::textChanged, index, [index](const QString &text) { index->filterIndices(text); });
     connect(filter, &QLineEdit::returnPressed, index, &QHelpIndexWidget::activateCurrentItem);
     return boxAbove(filter, index);
-}
-
-QWidget *HelpViewer::searchPane()
-{
-    m_searchText = textBox(u"helpSearchText"_s, u"searchWords"_s);
-    m_hits = new QListWidget;
-    m_hits->setObjectName(u"helpSearchHits"_s);
-    m_hits->setAccessibleName(m_library->label(u"search"_s));
-    const auto openHit = [this](QListWidgetItem *hit) { showPage(hit->data(Qt::UserRole).toUrl()); };
-    connect(m_searchText, &QLineEdit::textChanged, this, &HelpViewer::search);
-    connect(m_hits, &QListWidget::itemClicked, this, openHit);
-    connect(m_hits, &QListWidget::itemActivated, this, openHit);
-    return boxAbove(m_searchText, m_hits);
 }
 
 QWidget *HelpViewer::boxAbove(QLineEdit *box, QWidget *list)
@@ -272,13 +228,10 @@ void HelpViewer::markInContents(const QUrl &address)
     }
 }
 
-void HelpViewer::search()
+void HelpViewer::showHit(const QUrl &page, TextSpan place)
 {
-    m_hits->clear();
-    for (const HelpHit &hit : m_search.find(m_searchText->text())) {
-        auto *item = new QListWidgetItem(hit.title, m_hits);
-        item->setData(Qt::UserRole, hit.page);
-    }
+    showPage(page);
+    m_browser->showPlace(place);
 }
 
 void HelpViewer::printPage()

@@ -1,15 +1,15 @@
 #pragma once
 
+#include "platform/FoldedText.h"
 #include "platform/HelpLibrary.h"
-#include "platform/HelpSearch.h"
 
 #include <QMainWindow>
 
 #include <memory>
 
 class HelpBrowser;
+class HelpSearchPane;
 class QLineEdit;
-class QListWidget;
 class QTabWidget;
 class QToolBar;
 
@@ -26,11 +26,10 @@ public:
 
     /// Shows the page of a context number and brings the window before the others.
     void showTopic(int contextId);
+    /// Shows texts, lists and pages in that font; a size that the user gave the pages by the wheel is given up.
+    void useFont(const QFont &font);
     /// Keeps the window usable while owner's window is a modal dialog.
     void attachTo(QWidget *owner);
-
-protected:
-    void changeEvent(QEvent *event) override;
 
 private:
     void buildToolBar();
@@ -39,23 +38,19 @@ private:
     void buildPanes();
     QWidget *contentsPane();
     QWidget *indexPane();
-    QWidget *searchPane();
 
     QAction *addAction(QToolBar &bar, const QString &name, const QKeySequence &key);
-    QLineEdit *textBox(const QString &name, const QString &labelKey);
     QWidget *boxAbove(QLineEdit *box, QWidget *list);
 
     void showPage(const QUrl &address);
     void followPage(const QUrl &address);
     void markInContents(const QUrl &address);
-    void search();
+    void showHit(const QUrl &page, TextSpan place);
     void printPage();
 
     std::unique_ptr<HelpLibrary> m_library;
-    HelpSearch m_search;
     HelpBrowser *m_browser;
+    HelpSearchPane *m_searchPane;
     QTabWidget *m_tabs;
     QLineEdit *m_find = nullptr;
-    QLineEdit *m_searchText = nullptr;
-    QListWidget *m_hits = nullptr;
 };

@@ -5,11 +5,19 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <optional>
+
+namespace {
+
+QPointer<HelpViewer> viewer;
+std::optional<QFont> viewerFont;
+
+} // namespace
+
 namespace HelpWindow {
 
 bool showTopic(const QString &helpFile, int contextId, QWidget *owner)
 {
-    static QPointer<HelpViewer> viewer;
     const QFileInfo file(helpFile);
     if (!file.isReadable()) {
         return false;
@@ -21,10 +29,21 @@ bool showTopic(const QString &helpFile, int contextId, QWidget *owner)
         }
         delete viewer;
         viewer = new HelpViewer(std::move(library));
+        if (viewerFont) {
+            viewer->useFont(*viewerFont);
+        }
     }
     viewer->attachTo(owner);
     viewer->showTopic(contextId);
     return true;
+}
+
+void setFont(const QFont &font)
+{
+    viewerFont = font;
+    if (viewer) {
+        viewer->useFont(font);
+    }
 }
 
 } // namespace HelpWindow

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QFont;
 class QWidget;
 
 /// Shows help files: contents tree, index and search, back and forward, links, printing.
@@ -11,5 +12,8 @@ namespace HelpWindow {
 /// name). An unknown context opens the contents topic. Returns false, and shows nothing, when the file is missing or
 /// unreadable.
 bool showTopic(const QString &helpFile, int contextId, QWidget *owner);
+
+/// Shows help in that font from now on, in a window that is open too.
+void setFont(const QFont &font);
 
 } // namespace HelpWindow

@@ -105,8 +105,7 @@ TEST_P(Pictures, ofTheToolkitsDialogs)
     const FileDialogSettings files{.defaultExtension = u"INV"_s,
         .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
         .filterIndex = 2,
-        .folder = path(u"."_s),
-        .fileName = u"a.inv"_s};
+        .folder = path(u"."_s)};
     saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
     saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
     saveModal(u"font"_s, [&] { chooseGridFont(grid()); });

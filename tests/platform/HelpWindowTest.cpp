@@ -198,18 +198,6 @@ TEST_F(HelpWindowTest, opensThePlaceThatTheIndexNames)
     EXPECT_EQ(browser->source().fragment(), u"addpaste"_s);
 }
 
-TEST_F(HelpWindowTest, listsTheHitsOfASearchAndOpensThem)
-{
-    show(1);
-    control<QTabWidget>(*window, u"helpTabs"_s).setCurrentIndex(2);
-    QTest::keyClicks(&control<QLineEdit>(*window, u"helpSearchText"_s), u"korvelin"_s);
-    auto &hits = control<QListWidget>(*window, u"helpSearchHits"_s);
-    ASSERT_EQ(hits.count(), 1);
-    EXPECT_EQ(hits.item(0)->text(), u"Language and settings"_s);
-    QTest::mouseClick(hits.viewport(), Qt::LeftButton, {}, hits.visualItemRect(hits.item(0)).center());
-    EXPECT_EQ(page(), u"settings.html"_s);
-}
-
 TEST_F(HelpWindowTest, findsTextOnThePageAndGoesRound)
 {
     show(50);
