@@ -2,11 +2,13 @@
 
 #include "platform/HelpLibrary.h"
 
-#include <QImage>
 #include <QPainter>
 #include <QScrollBar>
 #include <QSvgRenderer>
 #include <QTextCursor>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,8 @@ namespace {
 // As a marker pen does it, on a light desktop and on a dark one.
 const QColor markGround(0xff, 0xe0, 0x66);
 const QColor markText(0x1a, 0x1a, 0x1a);
+
+constexpr int besidePicture = 48; ///< the page's margins, and a little
 
 QTextCursor cursorAt(QTextDocument &page, TextSpan place)
 {
@@ -37,8 +41,13 @@ QVariant HelpBrowser::loadResource(int type, const QUrl &name)
 {
     if (type == QTextDocument::HtmlResource) {
         m_page = name;
+        m_pictures.clear();
     }
     const QByteArray content = m_library.data(m_page.resolved(name));
+    if (name.path().endsWith(u".png"_s)) {
+        m_pictures[name] = QImage::fromData(content);
+        return fitting(m_pictures.value(name));
+    }
     return name.path().endsWith(u".svg"_s) ? QVariant(picture(content)) : QVariant(content);
 }
 
@@ -53,6 +62,22 @@ QImage HelpBrowser::picture(const QByteArray &drawing) const
     painter.end();
     image.setDevicePixelRatio(devicePixelRatio());
     return image;
+}
+
+// Smaller where the page is narrower, so that a page need not be scrolled sideways for its pictures.
+QImage HelpBrowser::fitting(const QImage &picture) const
+{
+    const int room = std::max(1, viewport()->width() - besidePicture);
+    return picture.width() <= room ? picture : picture.scaledToWidth(room, Qt::SmoothTransformation);
+}
+
+void HelpBrowser::resizeEvent(QResizeEvent *event)
+{
+    QTextBrowser::resizeEvent(event);
+    for (const auto [name, picture] : std::as_const(m_pictures).asKeyValueRange()) {
+        document()->addResource(QTextDocument::ImageResource, name, fitting(picture));
+        document()->markContentsDirty(0, document()->characterCount());
+    }
 }
 
 bool HelpBrowser::findAround(const QString &text, bool backward)

@@ -2,6 +2,8 @@
 
 #include "platform/FoldedText.h"
 
+#include <QHash>
+#include <QImage>
 #include <QTextBrowser>
 
 class HelpLibrary;
@@ -27,11 +29,16 @@ public:
     /// Selects a place of the page's text and brings it to the middle of the view.
     void showPlace(TextSpan place);
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void markPage();
     QImage picture(const QByteArray &drawing) const;
+    QImage fitting(const QImage &picture) const;
 
     const HelpLibrary &m_library;
     QUrl m_page;
+    QHash<QUrl, QImage> m_pictures; ///< of the page's windows, in their own size
     QStringList m_words;
 };

@@ -1,6 +1,8 @@
 // Not a test of its own: makes a picture of every window in both languages, at 12 and 20 points, light and dark, in the
 // folder that TABRIX_PICTURES names, to be looked at. scripts/pictures.sh runs it.
 
+#include "app/Common.h"
+#include "app/Language.h"
 #include "app/Settings.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterCells.h"
@@ -8,16 +10,21 @@
 #include "editor/frmPrFile.h"
 #include "platform/CurrentPrinter.h"
 #include "platform/FileDialog.h"
-#include "platform/HelpWindow.h"
+#include "platform/Picture.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -45,6 +52,7 @@ protected:
     Pictures() : m_formerPalette(QApplication::palette())
     {
         QApplication::setPalette(GetParam().isDark ? darkPalette() : lightPalette());
+        QApplication::setWindowIcon(Picture::programIcon());
         setCountryCode(GetParam().isJapanese ? 81 : 1);
     }
     ~Pictures() override { QApplication::setPalette(m_formerPalette); }
@@ -103,27 +111,54 @@ TEST_P(Pictures, ofTheToolkitsDialogs)
 {
     QWidget *window = &frame();
     const FileDialogSettings files{.defaultExtension = u"INV"_s,
-        .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
+        .filter = ResString(160),
         .filterIndex = 2,
         .folder = path(u"."_s)};
     saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
     saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
     saveModal(u"font"_s, [&] { chooseGridFont(grid()); });
     saveModal(u"printerSetup"_s,
-        [&] { CurrentPrinter::showSetup(window, u"Setting"_s, u"OK"_s, u"CANCEL"_s, path(u"a.pdf"_s)); });
+        [&] { CurrentPrinter::showSetup(window, ResString(200), ResString(1), ResString(2), path(u"a.pdf"_s)); });
+}
+
+TEST_P(Pictures, ofTheMenus)
+{
+    for (const QAction *menu : frame().menuBar()->actions()) {
+        menu->menu()->popup(frame().mapToGlobal(QPoint()));
+        save(*menu->menu(), u"menu-"_s + menu->menu()->objectName());
+        menu->menu()->close();
+    }
+}
+
+TEST_P(Pictures, ofTheFindField)
+{
+    for (const QString &searched : {u"Parameter 1"_s, u"zebra"_s}) {
+        pressKey(grid(), Qt::Key_F, Qt::ControlModifier);
+        auto &field = control<QLineEdit>(editor(), u"txtFind"_s);
+        field.clear();
+        QTest::keyClicks(&field, searched);
+        save(frame(), u"find-"_s + searched.section(u' ', 0, 0));
+    }
 }
 
 TEST_P(Pictures, ofTheHelp)
 {
-    const QString file = GetParam().isJapanese ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s;
-    ASSERT_TRUE(HelpWindow::showTopic(QStringLiteral(TABRIX_HELP_FOLDER "/") + file, 1, nullptr));
-    for (QWidget *window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == u"helpWindow") {
-            save(*window, u"help"_s);
-            delete window;
-            break;
-        }
-    }
+    HelpFilePath = QStringLiteral(TABRIX_HELP_FOLDER "/") + (GetParam().isJapanese ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s);
+    ShowHelp(&frame(), 100); // in the user's font
+    const auto windows = QApplication::topLevelWidgets();
+    QWidget &help = **std::ranges::find(windows, u"helpWindow"_s, &QWidget::objectName);
+    auto &contents = control<QAbstractItemView>(help, u"helpContents"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return contents.currentIndex().isValid(); }, patience));
+    save(help, u"help"_s);
+    auto &tabs = control<QTabWidget>(help, u"helpTabs"_s);
+    tabs.setCurrentIndex(1);
+    save(help, u"helpIndex"_s);
+    tabs.setCurrentIndex(2);
+    control<QLineEdit>(help, u"helpSearchText"_s).setText(GetParam().isJapanese ? u"バックアップ"_s : u"backup"_s);
+    auto &hits = control<QListWidget>(help, u"helpSearchHits"_s);
+    QTest::mouseClick(hits.viewport(), Qt::LeftButton, {}, hits.visualItemRect(hits.item(1)).center());
+    save(help, u"helpSearch"_s);
+    delete &help;
 }
 
 INSTANTIATE_TEST_SUITE_P(, Pictures,

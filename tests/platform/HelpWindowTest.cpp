@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPrinter>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -106,6 +107,26 @@ TEST_F(HelpWindowTest, drawsThePicturesOfTheToolBarForTheScreen)
     EXPECT_EQ(image.devicePixelRatio(), browser->devicePixelRatio());
     EXPECT_NE(image, QImage(image.size(), image.format()));
     EXPECT_TRUE(image.pixelColor(0, 0).alpha() < 255);
+}
+
+TEST_F(HelpWindowTest, showsThePicturesOfWindowsAsLargeAsThePageHasRoom)
+{
+    show(1);
+    browser->setSource(browser->source().resolved(QUrl(u"frame.html"_s)));
+    const auto width = [this] {
+        const QVariant shown = browser->document()->resource(QTextDocument::ImageResource, QUrl(u"window-frame.png"_s));
+        return shown.value<QImage>().width();
+    };
+    window->resize(1100, 700);
+    const int whole = width();
+    EXPECT_GT(whole, 500);
+    EXPECT_EQ(browser->horizontalScrollBar()->maximum(), 0);
+    window->resize(640, 480);
+    EXPECT_LT(width(), whole);
+    EXPECT_GT(width(), browser->viewport()->width() * 3 / 4);
+    EXPECT_EQ(browser->horizontalScrollBar()->maximum(), 0);
+    window->resize(1100, 700);
+    EXPECT_EQ(width(), whole);
 }
 
 TEST_F(HelpWindowTest, usesTheSameWindowForTheNextTopic)
