@@ -24,6 +24,7 @@ HelpSearchPane::HelpSearchPane(const HelpLibrary &library)
     m_hits->setObjectName(u"helpSearchHits"_s);
     m_hits->setAccessibleName(library.label(u"search"_s));
     m_hits->setWordWrap(true);
+    m_hits->setSpacing(2);
     m_hits->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_hits->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_hits->setResizeMode(QListView::Adjust);

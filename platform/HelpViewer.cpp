@@ -17,18 +17,28 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int lettersOfTitles = 38; ///< room beside the page for the titles of the contents
+
+} // namespace
 
 HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     : m_library(std::move(library))
     , m_browser(new HelpBrowser(*m_library))
     , m_searchPane(new HelpSearchPane(*m_library))
     , m_tabs(new QTabWidget)
+    , m_splitter(new QSplitter)
 {
     setObjectName(u"helpWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
@@ -41,6 +51,7 @@ HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     connect(new QShortcut(QKeySequence(QKeySequence::Close), this), &QShortcut::activated, this, &QWidget::close);
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { delete this; });
     resize(QSize(1000, 740).boundedTo(screen()->availableSize() * 0.9));
+    makeRoomForTitles();
 }
 
 // The tree and the index look into the library: they have to go before it.
@@ -64,7 +75,16 @@ void HelpViewer::useFont(const QFont &font)
     if (font != this->font()) {
         setFont(font);
         m_browser->setFont(font);
+        makeRoomForTitles();
     }
+}
+
+// As many letters in any font, as far as the page keeps the greater part of the window; the tabs are seen in any case.
+void HelpViewer::makeRoomForTitles()
+{
+    const int wanted = std::min(lettersOfTitles * fontMetrics().averageCharWidth(), width() * 2 / 5);
+    const int titles = std::max(wanted, m_tabs->tabBar()->sizeHint().width());
+    m_splitter->setSizes({titles, width() - titles});
 }
 
 void HelpViewer::attachTo(QWidget *owner)
@@ -150,13 +170,11 @@ void HelpViewer::buildPanes()
     m_tabs->addTab(m_searchPane, m_library->label(u"search"_s));
     connect(m_searchPane, &HelpSearchPane::wordsChanged, m_browser, &HelpBrowser::markWords);
     connect(m_searchPane, &HelpSearchPane::placeChosen, this, &HelpViewer::showHit);
-    auto *splitter = new QSplitter;
-    splitter->addWidget(m_tabs);
-    splitter->addWidget(m_browser);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({300, 700});
-    splitter->setChildrenCollapsible(false);
-    setCentralWidget(splitter);
+    m_splitter->addWidget(m_tabs);
+    m_splitter->addWidget(m_browser);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setChildrenCollapsible(false);
+    setCentralWidget(m_splitter);
     const QList<QFrame *> panes{
         m_browser, m_library->engine().contentWidget(), m_library->engine().indexWidget(), &m_searchPane->hits()};
     for (QFrame *pane : panes) {

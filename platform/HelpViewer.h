@@ -10,6 +10,7 @@
 class HelpBrowser;
 class HelpSearchPane;
 class QLineEdit;
+class QSplitter;
 class QTabWidget;
 class QToolBar;
 
@@ -42,6 +43,7 @@ private:
     QAction *addAction(QToolBar &bar, const QString &name, const QKeySequence &key);
     QWidget *boxAbove(QLineEdit *box, QWidget *list);
 
+    void makeRoomForTitles();
     void showPage(const QUrl &address);
     void followPage(const QUrl &address);
     void markInContents(const QUrl &address);
@@ -52,5 +54,6 @@ private:
     HelpBrowser *m_browser;
     HelpSearchPane *m_searchPane;
     QTabWidget *m_tabs;
+    QSplitter *m_splitter;
     QLineEdit *m_find = nullptr;
 };

@@ -13,6 +13,7 @@
 #include <QFontDialog>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QWheelEvent>
@@ -90,6 +91,20 @@ TEST_F(GuideFont, followsTheFontThatIsChosenWhileTheGuideIsOpen)
     EXPECT_EQ(hits.item(0)->font().pointSizeF(), 24) << "the bold titles too";
     openHelp();
     EXPECT_EQ(browser().document()->defaultFont().pointSizeF(), 24);
+}
+
+TEST_F(GuideFont, findsRoomForTheTabsAndTheLabels)
+{
+    SaveUserFont(u"DejaVu Sans"_s, 20, false, false);
+    start();
+    openHelp();
+    const auto &tabs = control<QTabWidget>(*help, u"helpTabs"_s);
+    EXPECT_GE(tabs.width(), tabs.tabBar()->sizeHint().width());
+    EXPECT_GT(browser().width(), help->width() * 2 / 5) << "the page keeps its room";
+    for (const QLineEdit *box : help->findChildren<QLineEdit *>()) {
+        const int label = box->fontMetrics().horizontalAdvance(box->placeholderText());
+        EXPECT_GT(box->minimumWidth(), label) << box->objectName().toStdString();
+    }
 }
 
 TEST_F(GuideFont, leavesTheSizeThatTheWheelGaveThePages)
