@@ -9,6 +9,7 @@
 #include <QTextDocument>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -18,6 +19,20 @@ struct SentenceFinding
     QSet<QString> words;
     TextSpan first;
 };
+
+using Findings = QMap<qsizetype, SentenceFinding>; ///< by the sentence's number in the page
+
+void note(Findings &findings, const QString &word, const QList<TextSpan> &places, const QList<TextSpan> &sentences)
+{
+    for (const TextSpan &place : places) {
+        const auto next = std::ranges::upper_bound(sentences, place.start, {}, &TextSpan::start);
+        SentenceFinding &finding = findings[next - sentences.begin() - 1];
+        if (finding.words.isEmpty() || place.start < finding.first.start) {
+            finding.first = place;
+        }
+        finding.words.insert(word);
+    }
+}
 
 // A heading is one sentence, whatever full stops its number has.
 QList<TextSpan> sentencesOf(const QTextBlock &block)
@@ -70,25 +85,18 @@ QList<HelpHit> HelpSearch::find(const QString &text)
 HelpHit HelpSearch::hitOf(const Page &page, const QStringList &words)
 {
     HelpHit hit{page.title, page.address, 0, {}};
-    QMap<qsizetype, SentenceFinding> findings; // by the sentence's number
+    Findings findings;
     for (const QString &word : words) {
         const QList<TextSpan> places = page.folded.placesOf(word);
         if (places.isEmpty()) {
             return {page.title, page.address, 0, {}};
         }
-        for (const TextSpan &place : places) {
-            const auto next = std::ranges::upper_bound(page.sentences, place.start, {}, &TextSpan::start);
-            SentenceFinding &finding = findings[next - page.sentences.begin() - 1];
-            if (finding.words.isEmpty() || place.start < finding.first.start) {
-                finding.first = place;
-            }
-            finding.words.insert(word);
-        }
+        note(findings, word, places, page.sentences);
         hit.count += static_cast<int>(places.size());
     }
     const QSet<QString> wanted(words.begin(), words.end());
     const bool isWhole = std::ranges::any_of(findings, [&](const auto &each) { return each.words == wanted; });
-    for (const auto [sentence, finding] : findings.asKeyValueRange()) {
+    for (const auto [sentence, finding] : std::as_const(findings).asKeyValueRange()) {
         if (!isWhole || finding.words == wanted) {
             hit.sentences.append({readable(page.text, page.sentences.at(sentence)), finding.first});
         }

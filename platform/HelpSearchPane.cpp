@@ -71,8 +71,7 @@ QListWidgetItem *HelpSearchPane::addLine(const QString &text, const QUrl &page, 
 
 void HelpSearchPane::open(const QListWidgetItem *line)
 {
-    emit placeChosen(
-        line->data(PageRole).toUrl(), {line->data(StartRole).toInt(), line->data(LengthRole).toInt()});
+    emit placeChosen(line->data(PageRole).toUrl(), {line->data(StartRole).toInt(), line->data(LengthRole).toInt()});
 }
 
 void HelpSearchPane::changeEvent(QEvent *event)

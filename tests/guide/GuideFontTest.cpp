@@ -2,10 +2,8 @@
 
 #include "app/Language.h"
 #include "app/Settings.h"
-#include "editor/frmPrFile.h"
 #include "platform/HelpBrowser.h"
 #include "platform/HelpWindow.h"
-#include "platform/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 
@@ -114,7 +112,8 @@ TEST_F(GuideFont, leavesTheSizeThatTheWheelGaveThePages)
     openHelp();
     QWidget &page = *browser().viewport();
     const QPointF place(page.rect().center());
-    QWheelEvent wheel(place, page.mapToGlobal(place), {}, QPoint(0, 120), {}, Qt::ControlModifier, Qt::NoScrollPhase, {});
+    QWheelEvent wheel(
+        place, page.mapToGlobal(place), {}, QPoint(0, 120), {}, Qt::ControlModifier, Qt::NoScrollPhase, {});
     QApplication::sendEvent(&page, &wheel);
     const double larger = browser().document()->defaultFont().pointSizeF();
     EXPECT_GT(larger, 12);

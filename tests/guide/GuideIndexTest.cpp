@@ -1,13 +1,13 @@
 // What has no line in a menu is found in the guide's index.
 
-#include "tests/guide/GuideScenes.h"
-#include "tests/platform/HelpFile.h"
-#include "tests/support/Patience.h"
-
-#include <gtest/gtest.h>
-
 #include "platform/HelpBrowser.h"
 #include "platform/HelpWindow.h"
+#include "tests/platform/HelpFile.h"
+#include "tests/support/Controls.h"
+#include "tests/support/Patience.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -93,6 +93,5 @@ TEST_P(GuideIndex, firstStepsNameTheKeysThatHelpMost)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, GuideIndex, testing::Values("en", "ja"), [](const auto &language) {
-    return std::string(language.param);
-});
+INSTANTIATE_TEST_SUITE_P(
+    , GuideIndex, testing::Values("en", "ja"), [](const auto &language) { return std::string(language.param); });

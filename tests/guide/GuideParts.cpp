@@ -33,9 +33,9 @@ QRect inWindow(const QWidget *part, const QWidget &window)
 /// The button of a command in a tool bar.
 const QWidget *buttonOf(const QWidget &window, const QString &command)
 {
-    const auto *action = window.findChild<QAction *>(command);
+    auto *action = window.findChild<QAction *>(command);
     const auto *bar = action ? qobject_cast<const QToolBar *>(action->parent()) : nullptr;
-    return bar ? bar->widgetForAction(const_cast<QAction *>(action)) : nullptr;
+    return bar ? bar->widgetForAction(action) : nullptr;
 }
 
 QRect cellPlace(const SpreadGrid &grid, int column, int row, const QWidget &window)

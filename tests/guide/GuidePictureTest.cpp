@@ -33,8 +33,8 @@ TEST_P(GuidePicture, namesPartsThatTheWindowHas)
     ASSERT_TRUE(library);
     for (const Scene &scene : scenes()) {
         SCOPED_TRACE(scene.picture);
-        const QStringList parts
-            = namedParts(page(QLatin1StringView(scene.page)), QLatin1StringView(scene.picture) + u".png"_s);
+        const QStringList parts =
+            namedParts(page(QLatin1StringView(scene.page)), QLatin1StringView(scene.picture) + u".png"_s);
         EXPECT_GE(parts.size(), 2);
         (this->*scene.open)([&](QWidget &window) {
             for (const QString &part : parts) {
@@ -73,6 +73,5 @@ TEST_P(GuidePicture, isShownByItsPageAndFitsTheWindow)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, GuidePicture, testing::Values("en", "ja"), [](const auto &language) {
-    return std::string(language.param);
-});
+INSTANTIATE_TEST_SUITE_P(
+    , GuidePicture, testing::Values("en", "ja"), [](const auto &language) { return std::string(language.param); });

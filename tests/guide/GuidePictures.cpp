@@ -9,7 +9,8 @@
 using namespace Qt::StringLiterals;
 
 class GuidePictures : public GuideScenes
-{ };
+{
+};
 
 TEST_P(GuidePictures, areMade)
 {
@@ -28,6 +29,5 @@ TEST_P(GuidePictures, areMade)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, GuidePictures, testing::Values("en", "ja"), [](const auto &language) {
-    return std::string(language.param);
-});
+INSTANTIATE_TEST_SUITE_P(
+    , GuidePictures, testing::Values("en", "ja"), [](const auto &language) { return std::string(language.param); });

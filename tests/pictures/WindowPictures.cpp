@@ -110,10 +110,8 @@ TEST_P(Pictures, ofTheDialogs)
 TEST_P(Pictures, ofTheToolkitsDialogs)
 {
     QWidget *window = &frame();
-    const FileDialogSettings files{.defaultExtension = u"INV"_s,
-        .filter = ResString(160),
-        .filterIndex = 2,
-        .folder = path(u"."_s)};
+    const FileDialogSettings files{
+        .defaultExtension = u"INV"_s, .filter = ResString(160), .filterIndex = 2, .folder = path(u"."_s)};
     saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
     saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
     saveModal(u"font"_s, [&] { chooseGridFont(grid()); });
@@ -143,7 +141,8 @@ TEST_P(Pictures, ofTheFindField)
 
 TEST_P(Pictures, ofTheHelp)
 {
-    HelpFilePath = QStringLiteral(TABRIX_HELP_FOLDER "/") + (GetParam().isJapanese ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s);
+    HelpFilePath =
+        QStringLiteral(TABRIX_HELP_FOLDER "/") + (GetParam().isJapanese ? u"TABRIX.HLP"_s : u"TABRIXE.HLP"_s);
     ShowHelp(&frame(), 100); // in the user's font
     const auto windows = QApplication::topLevelWidgets();
     QWidget &help = **std::ranges::find(windows, u"helpWindow"_s, &QWidget::objectName);

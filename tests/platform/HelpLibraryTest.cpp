@@ -82,9 +82,8 @@ TEST_P(HelpInLanguage, namesEveryControlOfTheWindow)
 {
     const auto library = HelpLibrary::open(file);
     ASSERT_TRUE(library);
-    for (const char *key :
-        {"back", "forward", "home", "print", "find", "contents", "index", "search", "indexFilter", "searchWords",
-            "nothingFound"}) {
+    for (const char *key : {"back", "forward", "home", "print", "find", "contents", "index", "search", "indexFilter",
+             "searchWords", "nothingFound"}) {
         EXPECT_FALSE(library->label(QString::fromLatin1(key)).isEmpty()) << key;
     }
 }

@@ -37,7 +37,8 @@ void PrintTo(const FoldedPlace &place, std::ostream *out)
 }
 
 class FoldedPlaces : public testing::TestWithParam<FoldedPlace>
-{ };
+{
+};
 
 class HelpSearchWindow : public testing::Test
 {
@@ -120,7 +121,8 @@ TEST(HelpSearchTest, givesTheSentencesThatHoldAllTheWords)
     ASSERT_EQ(hits.size(), 1);
     EXPECT_EQ(hits.first().page.fileName(), u"edit.html"_s);
     ASSERT_EQ(hits.first().sentences.size(), 1);
-    EXPECT_TRUE(hits.first().sentences.first().text.startsWith(u"Esc in the table empties the clipboard and forgets"_s));
+    EXPECT_TRUE(
+        hits.first().sentences.first().text.startsWith(u"Esc in the table empties the clipboard and forgets"_s));
     EXPECT_TRUE(hits.first().sentences.first().text.endsWith(u'.'));
 }
 
@@ -158,7 +160,8 @@ TEST_F(HelpSearchWindow, marksTheWordsInThePageUntilTheyAreGone)
     ASSERT_EQ(browser().source().fileName(), u"edit.html"_s);
     EXPECT_GT(marked().count(u"copied"_s), 3);
     EXPECT_GT(marked().count(u"clipboard"_s), 3);
-    EXPECT_EQ(marked().size(), marked().filter(u"copied"_s, Qt::CaseInsensitive).size()
+    EXPECT_EQ(marked().size(),
+        marked().filter(u"copied"_s, Qt::CaseInsensitive).size()
             + marked().filter(u"clipboard"_s, Qt::CaseInsensitive).size());
     EXPECT_GT(markedPixels(), 200);
 
