@@ -12,10 +12,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The font by the names of the family and the style that it is shown in. The name that is stored may be one that the
+/// system replaces, and the dialog has no style to choose for that; where a family's upright style is not called
+/// "Normal", the dialog would choose the first of its list, which may be an oblique one.
+QFont asShown(QFont font)
+{
+    const QFontInfo shown(font);
+    font.setFamilies({shown.family()});
+    font.setStyleName(shown.styleName());
+    return font;
+}
+
+} // namespace
+
 void chooseGridFont(SpreadGrid &grid)
 {
     grid.commitEdit();
-    QFontDialog dialog(grid.gridFont(), grid.window());
+    QFontDialog dialog(asShown(grid.gridFont()), grid.window());
     dialog.setObjectName(u"dlgFont"_s);
     if (dialog.exec() != QDialog::Accepted) {
         return;

@@ -12,6 +12,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -312,6 +313,25 @@ TEST_F(GridFont, staysWhenTheDialogIsCancelled)
     });
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
     EXPECT_EQ(UserFont, before);
+}
+
+// Its upright style is called "Book" and is not the first of the list.
+TEST_F(GridFont, keepsItsStyleWhenOnlyTheSizeIsChosen)
+{
+    UserFont = {u"DejaVu Sans"_s, 12, false, false};
+    open(u"b.inv"_s, 2);
+    ModalScript script;
+    script.then([](QWidget &dialog) {
+        QLineEdit &size = *dialog.findChildren<QLineEdit *>().at(2);
+        QTest::keyClick(&size, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&size, u"17"_s);
+        QTest::keyClick(&size, Qt::Key_Return);
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
+    EXPECT_EQ(UserFont.FontName, u"DejaVu Sans"_s);
+    EXPECT_FALSE(UserFont.FontItalic);
+    EXPECT_FALSE(UserFont.FontBold);
+    EXPECT_FALSE(QFontInfo(grid().gridFont()).italic());
 }
 
 TEST_F(EditorWindow, runsCommandsByAccessKeys)
