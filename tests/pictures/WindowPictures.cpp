@@ -46,12 +46,22 @@ QString nameOf(const Look &look)
         .arg(look.isDark ? u"dark"_s : u"light"_s);
 }
 
+/// With what cannot be chosen in grey, as desktops have it.
+QPalette darkDesktop()
+{
+    QPalette dark = darkPalette();
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+        dark.setColor(QPalette::Disabled, role, QColor(127, 127, 127));
+    }
+    return dark;
+}
+
 class Pictures : public FrameTest, public testing::WithParamInterface<Look>
 {
 protected:
     Pictures() : m_formerPalette(QApplication::palette())
     {
-        QApplication::setPalette(GetParam().isDark ? darkPalette() : lightPalette());
+        QApplication::setPalette(GetParam().isDark ? darkDesktop() : lightPalette());
         QApplication::setWindowIcon(Picture::programIcon());
         setCountryCode(GetParam().isJapanese ? 81 : 1);
     }
