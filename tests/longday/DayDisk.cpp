@@ -1,10 +1,10 @@
 #include "tests/longday/DayDisk.h"
 
+#include "tests/support/MemoryDisk.h"
+
 #include <QFile>
 
-#include <sched.h>
 #include <sys/mount.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -12,36 +12,16 @@ namespace {
 
 bool hasOwnMounts = false;
 
-bool writeText(const QString &fileName, const QByteArray &text)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
-}
-
-/// As root or, where that is allowed, as root of a user space of its own.
-bool enterOwnMounts()
-{
-    if (::unshare(CLONE_NEWNS) == 0) {
-        return true;
-    }
-    const QByteArray user = QByteArray::number(::geteuid());
-    const QByteArray group = QByteArray::number(::getegid());
-    return ::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && writeText(u"/proc/self/setgroups"_s, "deny")
-        && writeText(u"/proc/self/uid_map"_s, user + ' ' + user + " 1")
-        && writeText(u"/proc/self/gid_map"_s, group + ' ' + group + " 1");
-}
-
 } // namespace
 
 void DayDisk::prepare()
 {
-    hasOwnMounts = enterOwnMounts() && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+    hasOwnMounts = MemoryDisk::prepare();
 }
 
 DayDisk::DayDisk(QString folder) : m_folder(std::move(folder))
 {
-    m_isMounted = hasOwnMounts
-        && ::mount("none", QFile::encodeName(m_folder).constData(), "tmpfs", 0, "size=512k,mode=0700") == 0;
+    m_isMounted = hasOwnMounts && MemoryDisk::mount(m_folder, "size=512k,mode=0700");
 }
 
 DayDisk::~DayDisk()
@@ -53,11 +33,7 @@ DayDisk::~DayDisk()
 
 void DayDisk::fill()
 {
-    QFile file(filler());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        qFatal("the small disk takes no file");
-    }
-    while (file.write(QByteArray(4096, 'x')) > 0) { }
+    MemoryDisk::fill(filler());
     m_isFull = true;
 }
 

@@ -1,10 +1,11 @@
 #include "tests/reliability/FaultyDisk.h"
 
+#include "tests/support/MemoryDisk.h"
+
 #include <QFile>
 
 #include <csignal>
 #include <linux/capability.h>
-#include <sched.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -25,33 +26,13 @@ bool writeText(const QString &fileName, const QByteArray &text)
     return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
 }
 
-/// Gives this process mounts of its own, as root or, where that is allowed, as root of a user space of its own.
-bool enterOwnMounts()
-{
-    if (::unshare(CLONE_NEWNS) == 0) {
-        return true;
-    }
-    const QByteArray user = QByteArray::number(::geteuid());
-    const QByteArray group = QByteArray::number(::getegid());
-    if (::unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0) {
-        return false;
-    }
-    return writeText(u"/proc/self/setgroups"_s, "deny") && writeText(u"/proc/self/uid_map"_s, user + ' ' + user + " 1")
-        && writeText(u"/proc/self/gid_map"_s, group + ' ' + group + " 1");
-}
-
-bool mountMemory(const char *place, const char *options)
-{
-    return ::mount("none", place, "tmpfs", 0, options) == 0;
-}
-
 void mountDisks(const QByteArray &content)
 {
-    if (!enterOwnMounts() || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) {
+    if (!MemoryDisk::prepare()) {
         return;
     }
-    hasSmallDisk = mountMemory(smallPlace.data(), "size=64k,mode=0777");
-    hasReadOnlyDisk = mountMemory(readOnlyPlace.data(), "size=64k,mode=0777")
+    hasSmallDisk = MemoryDisk::mount(smallPlace, "size=64k,mode=0777");
+    hasReadOnlyDisk = MemoryDisk::mount(readOnlyPlace, "size=64k,mode=0777")
         && writeText(readOnlyPlace + u"/a.inv"_s, content)
         && ::mount("none", readOnlyPlace.data(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0;
 }
@@ -85,11 +66,7 @@ QString FaultyDisk::readOnlyDisk()
 
 FaultyDisk::Filling::Filling()
 {
-    QFile filler(smallDisk() + u"/filler"_s);
-    if (!filler.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        qFatal("the small disk takes no file");
-    }
-    while (filler.write(QByteArray(4096, 'x')) > 0) { }
+    MemoryDisk::fill(smallDisk() + u"/filler"_s);
 }
 
 FaultyDisk::Filling::~Filling()
