@@ -1,7 +1,6 @@
 #include "document/FileReplacement.h"
 
 #include "document/FileBackup.h"
-#include "document/FileHost.h"
 #include "runtime/OwnFiles.h"
 #include "runtime/WholeFile.h"
 
@@ -16,16 +15,12 @@ std::optional<QString> keepEarlier(const QString &fileName, QByteArray &earlier)
     return error ? std::optional(error->reason()) : keepVersion(fileName, earlier);
 }
 
-bool wantsSaveWithoutVersion(const QString &fileName, const QString &reason, FileHost &host)
-{
-    const QString folder = QDir::toNativeSeparators(backupFolder(fileName));
-    return host.askYesNo({OwnText::SaveWithoutVersion, {folder, reason}}, fileName);
-}
-
 } // namespace
 
-std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes, Extent extent, FileHost &host)
+std::optional<FileFailure> replaceFile(
+    const QString &fileName, const NewContent &content, std::optional<FileFailure> &question)
 {
+    question.reset();
     FileKind kind = FileKind::Nothing;
     if (const auto reason = findKind(fileName, kind)) {
         return FileFailure::ofSystem(*reason); // not "no file": there may be one, and then it would be lost
@@ -33,12 +28,13 @@ std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView b
     QByteArray earlier;
     if (kind == FileKind::File) {
         const auto reason = keepEarlier(fileName, earlier);
-        if (reason && !wantsSaveWithoutVersion(fileName, *reason, host)) {
-            return FileFailure::silent();
+        if (reason && !content.mayLoseEarlier) {
+            question = {OwnText::SaveWithoutVersion, {QDir::toNativeSeparators(backupFolder(fileName)), *reason}};
+            return std::nullopt;
         }
     }
-    const auto error = writeWholeFile(fileName, bytes);
-    if (error || extent == Extent::Part) {
+    const auto error = writeWholeFile(fileName, content.bytes);
+    if (error || content.extent == Extent::Part) {
         leaveOutOfBackups(fileName, earlier);
     }
     return error ? std::optional(FileFailure::of(*error)) : std::nullopt;

@@ -5,12 +5,19 @@
 #include <QByteArrayView>
 #include <QString>
 
-class FileHost;
-
 /// What a file is to hold: a document, or what of it can be written.
 enum class Extent { Whole, Part };
 
-/// The one way in which a document's file is replaced: its earlier content is kept as a version first; where that
-/// cannot be, the user decides. The new content is on the disk when this returns nothing. What a failed save or a part
-/// leaves in the file never pushes a version out. Silent when the user did not want to save: then nothing was touched.
-std::optional<FileFailure> replaceFile(const QString &fileName, QByteArrayView bytes, Extent extent, FileHost &host);
+struct NewContent
+{
+    QByteArrayView bytes;
+    Extent extent;
+    bool mayLoseEarlier = false; ///< the user has agreed that no version is kept of what the file holds
+};
+
+/// The one way in which a document's file is replaced: its earlier content is kept as a version first. Where that
+/// cannot be, and may not be done without, question is what to ask the user, and nothing was touched. Otherwise the new
+/// content is on the disk when this returns nothing. What a failed save or a part leaves in the file never pushes a
+/// version out.
+std::optional<FileFailure> replaceFile(
+    const QString &fileName, const NewContent &content, std::optional<FileFailure> &question);

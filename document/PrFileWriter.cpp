@@ -37,32 +37,54 @@ std::optional<FileFailure> setParamater(const PrFileSource &source)
     return std::nullopt;
 }
 
-/// Replaces the file unless the user wants to keep what another program put there. That is looked for, and replaced,
-/// under a lock; while the user thinks, others may save.
-std::optional<FileFailure> replaceUnlessChanged(
-    const QString &fileName, const EncodedPrFile &encoded, const PrFileSource &source, SaveHost &host)
+/// What has to be asked before the file is replaced; nothing is touched then.
+struct Question
+{
+    std::optional<OwnText> change; ///< about what another program put there
+    std::optional<FileFailure> loss; ///< about what no version can be kept of
+};
+
+/// Looks at the file and replaces it under one lock, unless there is a question.
+std::optional<FileFailure> replaceLocked(
+    const QString &fileName, const NewContent &content, ForeignChangeGuard &guard, Question &question)
+{
+    const SaveLock lock(fileName);
+    if (lock.isTaken()) {
+        return FileFailure{OwnText::FileBeingSaved};
+    }
+    question.change = guard.find();
+    if (question.change) {
+        return std::nullopt;
+    }
+    auto failure = replaceFile(fileName, content, question.loss);
+    if (!question.loss) {
+        failure ? guard.noteLeftOver() : guard.noteWritten(content.bytes);
+    }
+    return failure;
+}
+
+/// Replaces the file as the user agrees to it. While he thinks, others may save: each answer is followed by a new look.
+std::optional<FileFailure> replaceAsAgreed(
+    const QString &fileName, NewContent content, const PrFileSource &source, SaveHost &host)
 {
     ForeignChangeGuard guard(source.docNo, fileName);
     if (source.mayReplace) {
         guard.agreeToPresent();
     }
     while (true) {
-        SaveLock lock(fileName);
-        if (lock.isTaken()) {
-            return FileFailure{OwnText::FileBeingSaved};
-        }
-        const auto change = guard.find();
-        if (!change) {
-            const Extent extent = encoded.isPart ? Extent::Part : Extent::Whole;
-            auto failure = replaceFile(fileName, encoded.bytes, extent, host);
-            failure ? guard.noteLeftOver() : guard.noteWritten(encoded.bytes);
+        Question question;
+        auto failure = replaceLocked(fileName, content, guard, question);
+        if (!question.change && !question.loss) {
             return failure;
         }
-        lock.release();
-        if (!host.askYesNo({*change}, fileName)) {
+        if (!host.askYesNo(question.change ? FileFailure{*question.change} : *question.loss, fileName)) {
             return FileFailure::silent();
         }
-        guard.agree();
+        if (question.change) {
+            guard.agree();
+        } else {
+            content.mayLoseEarlier = true;
+        }
     }
 }
 
@@ -87,7 +109,8 @@ std::optional<FileFailure> writeDocument(const QString &fileName, const PrFileSo
     if (!mayBeWritten(fileName, document, host)) {
         return FileFailure::silent();
     }
-    const auto failure = replaceUnlessChanged(fileName, encoded, source, host);
+    const Extent extent = encoded.isPart ? Extent::Part : Extent::Whole;
+    const auto failure = replaceAsAgreed(fileName, {.bytes = encoded.bytes, .extent = extent}, source, host);
     return failure ? failure : encoded.failure;
 }
 

@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -61,6 +62,13 @@ protected:
         changed.write("Y");
         changed.flush();
         EXPECT_TRUE(changed.setFileTime(time, QFileDevice::FileModificationTime));
+    }
+
+    /// Puts a file where the folder of the backups should be.
+    void keepFromKeepingVersions()
+    {
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(backupRoot()).path()));
+        EXPECT_TRUE(QFile(backupRoot()).open(QIODevice::WriteOnly | QIODevice::NewOnly));
     }
 
     const QByteArray opened =
@@ -252,6 +260,30 @@ TEST_F(KnownFiles, areNotLockedDuringAQuestion)
     host.duringQuestion = [&] { isTaken = SaveLock(file).isTaken(); };
     EXPECT_FALSE(saveGrid(file));
     EXPECT_FALSE(isTaken);
+}
+
+TEST_F(KnownFiles, areNotLockedDuringTheQuestionAboutALostVersion)
+{
+    keepFromKeepingVersions();
+    bool isTaken = true;
+    host.duringQuestion = [&] { isTaken = SaveLock(file).isTaken(); };
+    EXPECT_FALSE(saveGrid(file));
+    EXPECT_FALSE(isTaken);
+    EXPECT_EQ(host.questions.size(), 1);
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+TEST_F(KnownFiles, thatOthersChangeDuringTheQuestionAboutALostVersionAreAskedAboutAsWell)
+{
+    keepFromKeepingVersions();
+    host.duringQuestion = [&] {
+        host.answersYes = host.questions.size() == 1;
+        put("theirs");
+    };
+    EXPECT_FALSE(saveGrid(file));
+    ASSERT_EQ(host.questions.size(), 2);
+    EXPECT_EQ(host.questions.last(), changedQuestion);
+    EXPECT_EQ(contentOf(file), "theirs");
 }
 
 TEST_F(KnownFiles, areSavedWithoutALockWhereNoneCanBeMade)
