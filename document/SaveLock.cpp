@@ -4,12 +4,13 @@
 #include "runtime/OwnFiles.h"
 
 #include <QCryptographicHash>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
-#include <QThread>
+
+#include <chrono>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -31,28 +32,11 @@ QString lockPath(const QString &fileName)
     return lockFolder() + u'/' + QString::fromLatin1(hash.left(hashLength)) + u".lock"_s;
 }
 
-/// In even steps: the longer and longer ones of the lock itself would let a program wait in vain beside a busy one.
-bool lockWithin(QLockFile &lock, QDeadlineTimer deadline)
-{
-    constexpr unsigned long step = 10; // ms
-    while (!lock.tryLock(0)) {
-        if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired()) {
-            return false;
-        }
-        QThread::msleep(step);
-    }
-    return true;
-}
-
 } // namespace
 
 SaveLock::SaveLock(const QString &fileName) : m_lock(lockPath(fileName))
 {
-    constexpr qint64 longest = 3'000; // ms
-    // A program that is killed while it makes the lock leaves one without an owner's name: only its age makes that
-    // void. The lock of a living program cannot be removed, however old it is.
-    constexpr int oldAge = 1'000; // ms
-    m_lock.setStaleLockTime(oldAge);
+    constexpr auto longest = 3s;
     makeOwnFolder(lockFolder());
-    m_isTaken = !lockWithin(m_lock, QDeadlineTimer(longest)) && m_lock.error() == QLockFile::LockFailedError;
+    m_result = m_lock.lock(longest);
 }

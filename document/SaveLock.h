@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QLockFile>
+#include "runtime/ProcessLock.h"
+
 #include <QString>
 
 /// Keeps every other Tabrix of this user from replacing a file while it lives. The lock stands in the per-user data
-/// folder, not beside the file, and is void when its owner has died.
+/// folder, not beside the file, and ends with its program.
 class SaveLock
 {
 public:
@@ -13,10 +14,9 @@ public:
 
     /// Whether another program still saves the file. Where no lock can be made (the home folder is full or read-only)
     /// the save goes on without.
-    bool isTaken() const { return m_isTaken; }
-    void release() { m_lock.unlock(); }
+    bool isTaken() const { return m_result == ProcessLock::Result::Held; }
 
 private:
-    QLockFile m_lock;
-    bool m_isTaken = false;
+    ProcessLock m_lock;
+    ProcessLock::Result m_result;
 };
