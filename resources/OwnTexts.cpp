@@ -41,8 +41,8 @@ constexpr OwnTextEntry entries[] = {
         u"このまま保存すると、次に開いたとき元どおりに読み込めない箇所があります。該当箇所: %1。先頭の箇所:\n\n"
         u"%2\n\nこのまま保存しますか？"},
     {OwnText::ChangesNotKept,
-        u"The changes are neither saved nor kept for the next start. The window stays open so that they are not lost.",
-        u"変更は保存されておらず、次回起動時のための控えも作成できませんでした。変更が失われないよう、"
+        u"The changes could neither be saved nor safely kept for the next start. The window stays open so that they are not lost.",
+        u"変更を保存できず、次回起動時のための控えも確実には残せませんでした。変更が失われないよう、"
         u"ウィンドウは開いたままにします。"},
     // What would not be read back of a cell
     {OwnText::CellHasComma, u"Row %1, parameter %2, \"%3\": the text has a comma, which ends the field.",

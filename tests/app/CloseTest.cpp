@@ -126,8 +126,8 @@ protected:
 
     static QString notKept()
     {
-        return u"The changes are neither saved nor kept for the next start. The window stays open so that they are not "
-               "lost."_s;
+        return u"The changes could neither be saved nor safely kept for the next start. The window stays open so that "
+               "they are not lost."_s;
     }
     static void failToSave(ModalScript &script)
     {

@@ -191,8 +191,9 @@ TEST_F(FaultTest, aWindowThatCanNeitherSaveNorKeepItsWorkStaysOpen)
                 control<QAbstractButton>(box, u"cmdYes"_s).click();
             }) // to save although no version could be kept
             .then([](QWidget &box) { QTest::keyClick(&box, Qt::Key_Return); }) // why it could not be saved
-            .thenMessage(u"The changes are neither saved nor kept for the next start. The window stays open so that "
-                         "they are not lost."_s,
+            .thenMessage(
+                u"The changes could neither be saved nor safely kept for the next start. The window stays open "
+                "so that they are not lost."_s,
                 u"OK"_s);
         chooseMenu(u"mneFile"_s, u"mneFileExit"_s);
     }
