@@ -134,7 +134,10 @@ TEST_F(GridCommandsTest, leavesTheRowsAloneWhenAHeadingWasClicked)
     const QPoint third(grid().columnViewportPosition(2) + 10, headings->height() / 2);
     QTest::mouseClick(headings, Qt::LeftButton, {}, third);
     QTest::mouseDClick(headings, Qt::LeftButton, {}, third);
-    QTest::mouseClick(grid().findChild<QWidget *>(u"corner"_s), Qt::LeftButton);
+    QWidget *corner = grid().findChild<QWidget *>(u"corner"_s);
+    QTest::mouseClick(corner, Qt::LeftButton);
+    QTest::mouseDClick(corner, Qt::LeftButton);
+    const ModalScript noQuestion;
     edit(u"mneEditDel"_s);
     EXPECT_EQ(grid().rowCount(), 11);
     EXPECT_EQ(names().mid(2, 2), QStringList({parameter(3), parameter(5)}));
