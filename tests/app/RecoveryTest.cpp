@@ -128,6 +128,23 @@ TEST_F(Recovery, bringsACopyUpToDateWithoutBeingAsked)
     }
 }
 
+// However slow the machine is: the later a look comes, the older is the copy that it finds.
+TEST_F(Recovery, bringsACopyUpToDateAtTheThirdLookAtTheLatest)
+{
+    start();
+    RecoveryKeeper &recovery = frame().recovery();
+    recovery.setInterval(100ms);
+    typeInto(2, 1, u"first"_s);
+    ASSERT_TRUE(QTest::qWaitFor([] { return copies().size() == 1; }, patience));
+    const QByteArray first = readFile(copies().first());
+    int looks = 0;
+    QObject::connect(
+        recovery.findChild<QTimer *>(), &QTimer::timeout, [&] { looks += readFile(copies().first()) == first; });
+    typeInto(2, 1, u"second"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return readFile(copies().first()) != first; }, patience));
+    EXPECT_LE(looks, 2) << "looks that left the copy as it was";
+}
+
 TEST_F(Recovery, makesTheFirstCopyOfADocumentWhateverTheAgeOfOtherCopies)
 {
     start();
