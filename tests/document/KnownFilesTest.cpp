@@ -5,12 +5,16 @@
 #include "document/PrFile.h"
 #include "document/SaveLock.h"
 #include "tests/document/DocumentFixture.h"
+#include "tests/support/MemoryDisk.h"
 #include "tests/support/QtPrinters.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +68,21 @@ protected:
         EXPECT_TRUE(changed.setFileTime(time, QFileDevice::FileModificationTime));
     }
 
+    /// Reads a file of that name, and lets another program change it while its stamp stays the same. False when that
+    /// did not happen.
+    bool changeInTheMomentOfReading(const QString &name)
+    {
+        constexpr int attempts = 1'000; // the first nearly always does
+        const QByteArray theirs = QByteArray(opened).replace(",a,", ",b,");
+        for (int attempt = 0; attempt < attempts; ++attempt) {
+            file = put(opened, name);
+            const FileStamp before = FileStamp::of(file);
+            if (read(file) && put(theirs, name) == file && FileStamp::of(file) == before) {
+                return true;
+            }
+        }
+        return false;
+    }
     /// Puts a file where the folder of the backups should be.
     void keepFromKeepingVersions()
     {
@@ -105,6 +124,29 @@ TEST_F(KnownFiles, areAskedAboutWhenSizeAndTimeAreTheSame)
 {
     changeBehindTheTimes();
     expectQuestion(changedQuestion);
+}
+
+// A disk whose clock goes in steps shows nothing of it.
+TEST_F(KnownFiles, areAskedAboutWhenOthersChangedThemInTheVeryMomentOfReading)
+{
+    enum Outcome { Asked, NotAsked, NoSuchDisk };
+    const QString disk = path(u"disk"_s);
+    ASSERT_TRUE(QDir().mkpath(disk));
+    const pid_t program = ::fork(); // the disk is the child's own
+    if (program == 0) {
+        const bool isMounted = MemoryDisk::prepare() && MemoryDisk::mount(disk, "mode=0700", "ramfs");
+        if (!isMounted || !changeInTheMomentOfReading(u"disk/document.inv"_s)) {
+            ::_exit(NoSuchDisk);
+        }
+        ::_exit(!saveGrid(file) && host.questions == QStringList{changedQuestion} ? Asked : NotAsked);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(program, &status, 0), program);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == NoSuchDisk) {
+        GTEST_SKIP() << "this system lets tests mount no disk";
+    }
+    EXPECT_EQ(WEXITSTATUS(status), Asked);
 }
 
 TEST_F(KnownFiles, areAskedAboutWhenAnotherFileTookTheirPlace)

@@ -35,9 +35,9 @@ bool MemoryDisk::prepare()
     return enterOwnMounts() && ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
-bool MemoryDisk::mount(const QString &folder, const QByteArray &options)
+bool MemoryDisk::mount(const QString &folder, const QByteArray &options, const char *kind)
 {
-    return ::mount("none", QFile::encodeName(folder).constData(), "tmpfs", 0, options.constData()) == 0;
+    return ::mount("none", QFile::encodeName(folder).constData(), kind, 0, options.constData()) == 0;
 }
 
 void MemoryDisk::fill(const QString &fileName)
