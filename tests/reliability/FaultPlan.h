@@ -2,7 +2,9 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <cstddef>
+#include <string_view>
 
 /// What the preloaded fault library (FaultLibrary.cpp) and the test that steers it share: plain memory that outlives a
 /// killed process. No Qt here, since the library stands below everything.
@@ -59,6 +61,13 @@ inline const char *nameOf(FaultAct act)
     static constexpr std::array<const char *, 7> names = {
         "none", "fail", "fail-from-there", "short", "short-then-fail", "kill-before", "kill-after"};
     return names[static_cast<std::size_t>(act)];
+}
+
+/// Whether the struck call was a wait for the disk, on a path with that part, and the disk refused.
+inline bool wasWaitRefused(const FaultPlan &plan, std::string_view part)
+{
+    const bool isRefused = plan.fault.call == FaultCall::Fsync && plan.fault.error != 0 && plan.fault.error != EINTR;
+    return plan.struck && isRefused && std::string_view(plan.struckAt.data()).find(part) != std::string_view::npos;
 }
 
 /// The library's only entry of its own, found by dlsym(): from then on the calls of this process and of those that it

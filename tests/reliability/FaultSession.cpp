@@ -127,8 +127,12 @@ private:
     void disarm() { m_plan.armed = false; }
     void keepCopy()
     {
-        m_frame->recovery().refresh();
+        const frmPrFile *editor = fileEditor();
+        const bool isKept = editor && m_frame->recovery().keep(*editor);
         const bool wasArmed = m_plan.armed.exchange(false);
+        if (isKept && wasWaitRefused(m_plan, "/recovery/")) {
+            remark(u"a copy counts as written that the disk has not confirmed"_s);
+        }
         m_report.hasCopy = FaultDisk::isInRecovery(m_place, newName);
         m_plan.armed = wasArmed;
     }

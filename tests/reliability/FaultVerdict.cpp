@@ -45,6 +45,14 @@ bool mustPassUnseen(const Fault &fault)
         || (fault.act == FaultAct::Short && fault.call != FaultCall::Opendir);
 }
 
+/// A disk that did not confirm the document, or the version of what it replaced. The note beside the versions, which
+/// says whose they are, is only of use for tidying.
+bool mustBeTold(const FaultPlan &plan)
+{
+    const bool isNote = std::string_view(plan.struckAt.data()).find(".document") != std::string_view::npos;
+    return wasWaitRefused(plan, "/desk/") || (wasWaitRefused(plan, "/backups/") && !isNote);
+}
+
 /// A document that was recovered while its file could not be looked at asks before it replaces the file: nobody knows
 /// whether that has changed since the crash.
 bool mayAsk(Session session, const FaultPlan &plan, const std::string &message)
@@ -79,6 +87,9 @@ Faults faultsOfMessages(Session session, const FaultPlan &plan, const SessionRep
     }
     if (report.failed && report.messages.front() == '\0') {
         faults.emplace_back("failed without a word");
+    }
+    if (mustBeTold(plan) && report.messages.front() == '\0') {
+        faults.emplace_back("the disk did not confirm what was written, and nobody is told");
     }
     if (report.failed && mustPassUnseen(fault)) {
         faults.emplace_back("failed, and need not");
