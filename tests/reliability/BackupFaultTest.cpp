@@ -4,6 +4,7 @@
 #include "editor/frmPrFile.h"
 #include "tests/reliability/FaultTest.h"
 #include "tests/reliability/FaultyDisk.h"
+#include "tests/support/Patience.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -138,6 +139,38 @@ TEST_F(BackupFault, tidyingTakesRightsFromOthersAndLeavesForeignFilesAlone)
         EXPECT_FALSE(QFile::permissions(path) & others) << path.toStdString();
     }
     EXPECT_TRUE(QFile::permissions(foreign) & others);
+}
+
+TEST_F(BackupFault, tidyingFollowsNoLinksAndLeavesFoldersOfOthersAlone)
+{
+    const QString linked = path(u"elsewhere"_s);
+    const QString foreign = backupRoot() + u"/My versions"_s;
+    QStringList versions;
+    for (const QString &folder : {linked, foreign}) {
+        ASSERT_TRUE(QDir().mkpath(folder));
+        for (const int number : {1, 2}) {
+            versions << folder + u"/0000000%1 2001-01-01 12-00-00.inv"_s.arg(number);
+            ASSERT_TRUE(QFile::copy(file, versions.last()));
+        }
+        ASSERT_TRUE(QFile::setPermissions(folder, userOnly | others));
+    }
+    ASSERT_TRUE(QFile::link(linked, backupRoot() + u"/a.inv-0123456789abcdef"_s));
+    tidyBackups();
+    for (const QString &version : versions) {
+        EXPECT_TRUE(QFile::exists(version)) << version.toStdString();
+    }
+    EXPECT_TRUE(QFile::permissions(linked) & others);
+    EXPECT_TRUE(QFile::permissions(foreign) & others);
+}
+
+TEST_F(BackupFault, aStartTidies)
+{
+    const QString old = keep(file, 1, u"2001-01-01"_s);
+    const QString newest = keep(file, 2, u"2001-01-02"_s);
+    ASSERT_TRUE(QFile::exists(old));
+    start(file);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !QFile::exists(old); }, patience));
+    EXPECT_TRUE(QFile::exists(newest));
 }
 
 TEST_F(BackupFault, tidyingRemovesWhatTheDeadLeftUnfinished)

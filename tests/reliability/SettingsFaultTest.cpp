@@ -197,11 +197,12 @@ TEST_F(SettingsFault, onAFullDiskTheEarlierSettingsStay)
 {
     SaveUserFont(u"Mine"_s, 9, true, false);
     const QByteArray earlier = readFile(storeFile());
-    {
-        const FaultyDisk::SizeLimit full(0);
-        SaveUserFont(u"Other"_s, 10, false, false);
-        StoreRecentFile(u"/a.inv"_s);
-        EXPECT_EQ(readFile(storeFile()), earlier);
+    // Without any room, with room for what there is, and for a part of what is to be added
+    for (const qsizetype room : {qsizetype(0), earlier.size(), earlier.size() + 10}) {
+        const FaultyDisk::SizeLimit full{quint64(room)};
+        SaveUserFont(u"A font with a longer name"_s, 10, false, false);
+        StoreRecentFile(u"/a file with a longer name.inv"_s);
+        EXPECT_EQ(readFile(storeFile()), earlier) << room;
     }
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files), QStringList{QFileInfo(storeFile()).fileName()});
     StoreRecentFile(u"/b.inv"_s);
