@@ -1,6 +1,7 @@
 #include "app/IniFile.h"
 
 #include "runtime/AnsiText.h"
+#include "runtime/WholeFile.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -51,6 +52,16 @@ TEST_F(IniFile, refusesAMissingKeyAnEmptyValueAndTheMarkOfAMissingKey)
     EXPECT_FALSE(ReadIniString(file, u"Setup"_s, u"Quoted"_s, value));
     EXPECT_FALSE(ReadIniString(file, u"Setup"_s, u"Mark"_s, value));
     EXPECT_TRUE(ReadIniString(file, u"Setup"_s, u"Near"_s, value));
+}
+
+TEST_F(IniFile, beyondTheBoundIsAsGoodAsEmpty)
+{
+    const QString file = put("[Setup]\r\nLanguage=Japanese\r\n");
+    QString value;
+    ASSERT_TRUE(QFile::resize(file, largestFile)); // takes no room on the disk
+    EXPECT_TRUE(ReadIniString(file, u"Setup"_s, u"Language"_s, value));
+    ASSERT_TRUE(QFile::resize(file, largestFile + 1));
+    EXPECT_FALSE(ReadIniString(file, u"Setup"_s, u"Language"_s, value));
 }
 
 TEST_F(IniFile, refusesAFileThatIsNotThere)

@@ -163,6 +163,16 @@ TEST_F(BackupFault, tidyingFollowsNoLinksAndLeavesFoldersOfOthersAlone)
     EXPECT_TRUE(QFile::permissions(foreign) & others);
 }
 
+TEST_F(BackupFault, tidyingTakesNoRightsThroughALink)
+{
+    const QString shared = path(u"shared"_s);
+    ASSERT_TRUE(QDir().mkdir(shared) && QFile::setPermissions(shared, userOnly | others));
+    ASSERT_TRUE(QDir(backupRoot()).removeRecursively() && QFile::link(shared, backupRoot()));
+    tidyBackups();
+    EXPECT_TRUE(QFile::permissions(shared) & others);
+    EXPECT_TRUE(QFile::remove(backupRoot()));
+}
+
 TEST_F(BackupFault, aStartTidies)
 {
     const QString old = keep(file, 1, u"2001-01-01"_s);

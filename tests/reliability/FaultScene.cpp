@@ -38,7 +38,8 @@ std::vector<Way> failuresOf(FaultCall call)
     case FaultCall::Mkdir:
         return {{FaultAct::Fail, EIO}, {FaultAct::FailFromThere, ENOSPC}};
     case FaultCall::Opendir:
-        return {{FaultAct::Fail, EIO}, {FaultAct::FailFromThere, EACCES}, {FaultAct::Short, EIO}};
+        return {
+            {FaultAct::Fail, EIO}, {FaultAct::Fail, EINTR}, {FaultAct::FailFromThere, EACCES}, {FaultAct::Short, EIO}};
     case FaultCall::Chmod:
         return {{FaultAct::Fail, EIO}, {FaultAct::FailFromThere, EPERM}};
     case FaultCall::Lock:
