@@ -328,6 +328,17 @@ TEST_F(KnownFiles, thatOthersChangeDuringTheQuestionAboutALostVersionAreAskedAbo
     EXPECT_EQ(contentOf(file), "theirs");
 }
 
+TEST_F(KnownFiles, thatOthersChangedAreAskedAboutApartFromALostVersion)
+{
+    keepFromKeepingVersions();
+    put("theirs");
+    host.duringQuestion = [&] { host.answersYes = host.questions.size() == 1; };
+    EXPECT_FALSE(saveGrid(file));
+    ASSERT_EQ(host.questions.size(), 2);
+    EXPECT_EQ(host.questions.first(), changedQuestion);
+    EXPECT_EQ(contentOf(file), "theirs");
+}
+
 TEST_F(KnownFiles, areSavedWithoutALockWhereNoneCanBeMade)
 {
     ASSERT_TRUE(QFile::remove(file)); // no backup is to be made either
