@@ -249,6 +249,18 @@ TEST_F(RecoveryStores, followNoLinks)
 }
 
 // One who died just after he had made the lock, before there was a name in it
+TEST_F(RecoveryStores, makeNoLockThroughALink)
+{
+    const QTemporaryDir elsewhere;
+    const QString target = elsewhere.filePath(u"made"_s);
+    leaveBehind(u"20250101-1"_s, u"000001.copy"_s, "left");
+    ASSERT_TRUE(QFile::link(target, root() + u"/20250101-1.lock"_s));
+    RecoveryStore store(root());
+    EXPECT_TRUE(store.takeOver().isEmpty());
+    EXPECT_TRUE(store.leftBehind().has_value());
+    EXPECT_FALSE(QFile::exists(target));
+}
+
 TEST_F(RecoveryStores, takeOverFromADeadProgramWhoseLockIsEmpty)
 {
     leaveBehind(u"20250101-1"_s, u"000001.copy"_s, "left");
