@@ -11,6 +11,7 @@
 #include "editor/EditorFrame.h"
 #include "editor/EditorMenus.h"
 #include "editor/GridCommands.h"
+#include "editor/GridFilling.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
@@ -128,6 +129,7 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
     connect(m_grid, &SpreadGrid::undoRequested, m_commands, &GridCommands::undo);
     connect(m_grid, &SpreadGrid::redoRequested, m_commands, &GridCommands::redo);
+    connect(m_grid, &SpreadGrid::fillRequested, new GridFilling(*m_grid, m_docNo, this), &GridFilling::fill);
     connect(m_commands, &GridCommands::copied, this, [this](bool wholeRows) {
         action(u"mneEditPaste").setEnabled(true);
         m_frame.enablePasteButton(true);

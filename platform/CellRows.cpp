@@ -74,17 +74,20 @@ std::vector<CellRow> CellRows::withBlockText(
     return after;
 }
 
-std::vector<CellRow> CellRows::cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
-    const std::function<QStringView(int, int)> &emptyText)
+std::vector<CellRow> CellRows::withTexts(std::span<const CellRow> rows, int columns, int column1, int column2,
+    const std::function<QStringView(int, int)> &textOf)
 {
     std::vector<CellRow> after;
     after.reserve(rows.size());
     for (const CellRow &row : rows) {
         Texts cells = textsOf(row, columns);
+        bool same = true;
         for (int column = column1; column <= column2; ++column) {
-            cells[column] = emptyText(column, int(after.size()));
+            const QStringView text = textOf(column, int(after.size()));
+            same = same && text == cells[column];
+            cells[column] = text;
         }
-        after.push_back(rowOf(cells));
+        after.push_back(same ? row : rowOf(cells));
     }
     return after;
 }

@@ -25,9 +25,10 @@ QChar *writeCells(QChar *place, const CellRow &row, int column1, int column2);
 std::vector<CellRow> withBlockText(
     std::span<const CellRow> rows, int columns, int column1, int column2, int skippedCells, QStringView block);
 
-/// The rows after the cells of column1 to column2 took the text that emptyText gives for (column, index of the row).
-std::vector<CellRow> cleared(std::span<const CellRow> rows, int columns, int column1, int column2,
-    const std::function<QStringView(int, int)> &emptyText);
+/// The rows after the cells of column1 to column2 took the text that textOf gives for (column, index of the row), in
+/// this order. A row whose texts stay the same is not built anew.
+std::vector<CellRow> withTexts(std::span<const CellRow> rows, int columns, int column1, int column2,
+    const std::function<QStringView(int, int)> &textOf);
 
 /// The places of the rows in ascending order of the numbers in column key; rows without a number there come last. Rows
 /// that compare equal keep their order.

@@ -15,6 +15,7 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QTableView>
 #include <QTextDocument>
 #include <QToolTip>
@@ -63,6 +64,11 @@ bool isRedoKey(const QKeyEvent &event)
 {
     const QKeyCombination key = event.keyCombination();
     return key == (Qt::CTRL | Qt::Key_Y) || key == (Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+}
+
+bool isFillKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    return (key == Qt::Key_Return || key == Qt::Key_Enter) && (modifiers & ~Qt::KeypadModifier) == Qt::ControlModifier;
 }
 
 } // namespace
@@ -319,17 +325,27 @@ void SpreadDelegate::finishEdit()
     }
 }
 
+void SpreadDelegate::dropEdit()
+{
+    if (QWidget *open = std::exchange(m_editor, nullptr)) {
+        emit closeEditor(open, NoHint);
+    }
+}
+
 bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
 {
     CellEditor *open = editor();
     if (open && watched == m_editor && event->type() == QEvent::FocusOut
-        && isPressOnView(*static_cast<QFocusEvent *>(event))) {
+        && (m_keepsOpen || isPressOnView(*static_cast<QFocusEvent *>(event)))) {
         return false;
     }
     if (open && watched == m_editor && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (isRedoKey(*key)) {
             open->redoTyping();
+            return true;
+        }
+        if (isFillKey(key->key(), key->modifiers()) && runFillKey()) {
             return true;
         }
         if (key->key() != Qt::Key_Escape) {
@@ -355,7 +371,16 @@ bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifi
     }
     if (editor.isAcceptable() || !editor.isModified()) {
         finishEdit();
-        emit keyAfterEdit(key, modifiers);
+        if (!isFillKey(key, modifiers)) { // what is copied shall not replace what was just typed
+            emit keyAfterEdit(key, modifiers);
+        }
     }
     return true;
+}
+
+// A message that tells why the cells do not take the text must not let the text reach one of them.
+bool SpreadDelegate::runFillKey()
+{
+    const QScopedValueRollback kept(m_keepsOpen, true);
+    return m_runFillKey && m_runFillKey();
 }

@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 
 #include <array>
+#include <functional>
 #include <utility>
 
 class CellEditor;
@@ -36,6 +37,10 @@ public:
     CellEditor *editor() const;
     /// Ends the edit and takes what was typed, if the cell takes it.
     void finishEdit();
+    /// Ends the edit and takes nothing.
+    void dropEdit();
+    /// What Ctrl+Enter does in an editor, which stays open meanwhile; false when it shall end the edit.
+    void setFillKey(std::function<bool()> run) { m_runFillKey = std::move(run); }
 
     CellSearch &search() { return m_search; }
     /// Whether cells that hold the searched text are painted on a ground of another colour.
@@ -61,6 +66,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool runFillKey();
     bool isPressOnView(const QFocusEvent &event) const;
     bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
     struct BoxLook
@@ -88,6 +94,8 @@ private:
     const SpreadModel &m_model;
     CellSearch m_search;
     bool m_foundMarked = false;
+    std::function<bool()> m_runFillKey;
+    bool m_keepsOpen = false; ///< the editor stays open although it loses the focus
     mutable QPointer<QWidget> m_editor;
     int m_zoom = 100; ///< per cent
     mutable QColor m_selectedGround;

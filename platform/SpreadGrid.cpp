@@ -51,6 +51,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
         QKeyEvent event(QEvent::KeyPress, key, modifiers);
         keyPressEvent(&event);
     });
+    m_delegate->setFillKey([this] { return fillFromEditor(); });
     m_model->setObserver([this](const TextChange &change) { noteTexts(change); });
     connectHeaders();
     m_sizes->noteFont();

@@ -7,6 +7,7 @@
 #include <QColor>
 #include <QFont>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -49,6 +50,8 @@ public:
     void setText(int column, int row, const QString &text);
     /// Replaces the texts of a data row from column 1 on; fewer texts than columns leave the rest.
     void setRowTexts(int row, std::span<const QStringView> texts);
+    /// Gives each data cell of the block the text that textOf has for (column, row).
+    void setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf);
     /// The cells of the block joined by tabs, rows by CR LF; column 0 gives the row numbers. Column 1 to column 2 as
     /// they are, hidden ones included.
     QString blockText(const GridBlock &block) const;
@@ -140,6 +143,10 @@ public:
     /// What the user has typed into the active cell's editor so far; nothing when no edit is under way, when it changed
     /// nothing, or when the cell would not take it.
     std::optional<QString> textBeingTyped() const;
+    /// What stands in the open editor, whatever the cell takes; nothing when no edit is under way.
+    std::optional<QString> editorText() const;
+    /// Ends an edit that is under way without taking its text.
+    void dropEdit();
     /// The way back; it must be started.
     SpreadHistory &history() const { return *m_history; }
 
@@ -180,6 +187,8 @@ private:
     void openEditor(EditStart start) override;
     void openEditor(QKeyEvent &typed) override;
     void toggleActiveCheckBox() override;
+    bool toggleSelectedCheckBoxes() override;
+    bool fillFromEditor();
     void scrollToCell(int column, int row) override;
     int shownColumnFrom(int column, int steps) const override;
     int frozenWidth() const;

@@ -84,7 +84,7 @@ void SpreadHistory::noteRowCount(int newCount)
 void SpreadHistory::finish(Step &step) const
 {
     step.selectedAfter = m_selection.block();
-    if (!step.changes.changesRowCount()) {
+    if (!step.changes.changesRowCount() && !step.keepsSelection) {
         GridBlock cells = step.changes.changedCells(m_model).value_or(step.selectedAfter);
         if (cells.column1 == 1 && cells.column2 == m_model.columnCount()) {
             cells.column1 = -1;

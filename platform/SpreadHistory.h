@@ -34,6 +34,8 @@ public:
     /// Calls nest: the outermost pair makes the step. Without any difference in the end there is no step.
     void beginStep();
     void endStep();
+    /// To be called within a step: undo and redo select what the user had selected, not what was changed.
+    void keepSelection() { m_open.keepsSelection = true; }
     void noteTexts(const TextChange &change); ///< after the change
     void noteColours(const GridBlock &block); ///< before the change
     void noteRowCount(int newCount); ///< before the change
@@ -59,6 +61,7 @@ private:
         GridStep changes;
         GridBlock selectedBefore; ///< what is selected when the step was taken back
         GridBlock selectedAfter; ///< what is selected when it was made again
+        bool keepsSelection = false;
         qsizetype size = 0;
     };
 

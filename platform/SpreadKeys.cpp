@@ -52,6 +52,11 @@ const SpreadKeys::CommandKey SpreadKeys::commandKeys[] = {
     {Qt::Key_Z, Qt::ControlModifier, &SpreadKeys::undo},
     {Qt::Key_Y, Qt::ControlModifier, &SpreadKeys::redo},
     {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::redo},
+    {Qt::Key_D, Qt::ControlModifier, &SpreadKeys::fillDown},
+    {Qt::Key_R, Qt::ControlModifier, &SpreadKeys::fillRight},
+    {Qt::Key_Return, Qt::ControlModifier, &SpreadKeys::fillSelection},
+    {Qt::Key_Enter, Qt::ControlModifier, &SpreadKeys::fillSelection},
+    {Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::fillSeries},
     {Qt::Key_Plus, Qt::ControlModifier, &SpreadKeys::zoomIn},
     {Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier, &SpreadKeys::zoomIn},
     {Qt::Key_Minus, Qt::ControlModifier, &SpreadKeys::zoomOut},
@@ -115,12 +120,11 @@ bool SpreadKeys::beginTyping(QKeyEvent &event)
     if (!isText || isCommand || m_selection.activeRow() == 0) {
         return false;
     }
+    if (event.key() == Qt::Key_Space && m_grid.toggleSelectedCheckBoxes()) {
+        return true;
+    }
     const CellType &type = m_model.cellType(m_selection.activeColumn(), m_selection.activeRow());
-    if (type.kind == CellType::Kind::CheckBox) {
-        if (event.key() == Qt::Key_Space) {
-            m_grid.toggleActiveCheckBox();
-        }
-    } else if (CellInput::check(type, typed) != QValidator::Invalid) {
+    if (type.kind != CellType::Kind::CheckBox && CellInput::check(type, typed) != QValidator::Invalid) {
         m_grid.openEditor(event);
     }
     return true;
@@ -269,6 +273,26 @@ void SpreadKeys::undo()
 void SpreadKeys::redo()
 {
     emit m_grid.redoRequested();
+}
+
+void SpreadKeys::fillDown()
+{
+    emit m_grid.fillRequested(SpreadView::Fill::Down);
+}
+
+void SpreadKeys::fillRight()
+{
+    emit m_grid.fillRequested(SpreadView::Fill::Right);
+}
+
+void SpreadKeys::fillSelection()
+{
+    emit m_grid.fillRequested(SpreadView::Fill::Selection);
+}
+
+void SpreadKeys::fillSeries()
+{
+    emit m_grid.fillRequested(SpreadView::Fill::Series);
 }
 
 void SpreadKeys::zoomIn()

@@ -76,6 +76,10 @@ private:
     void paste();
     void undo();
     void redo();
+    void fillDown();
+    void fillRight();
+    void fillSelection();
+    void fillSeries();
     void zoomIn();
     void zoomOut();
     void zoomBack();

@@ -219,17 +219,23 @@ void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
     changePersistentIndexList(kept, moved);
 }
 
-void SpreadModel::clearCells(const GridBlock &block)
+void SpreadModel::setTexts(
+    const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin)
 {
     if (const auto cells = dataCells(block)) {
-        const auto isCheckBox = [&](int column, int index) {
-            return cellType(column + 1, cells->row1 + index).kind == CellType::Kind::CheckBox;
-        };
         auto changed =
-            CellRows::cleared(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1, cells->column2 - 1,
-                [&](int column, int index) { return isCheckBox(column, index) ? QStringView(u"0") : QStringView(); });
-        exchange(cells->row1, changed, cells->column1, cells->column2, Origin::User);
+            CellRows::withTexts(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1, cells->column2 - 1,
+                [&](int column, int index) { return textOf(column + 1, cells->row1 + index); });
+        exchange(cells->row1, changed, cells->column1, cells->column2, origin);
     }
+}
+
+void SpreadModel::clearCells(const GridBlock &block)
+{
+    const auto emptyText = [this](int column, int row) {
+        return cellType(column, row).kind == CellType::Kind::CheckBox ? QStringView(u"0") : QStringView();
+    };
+    setTexts(block, emptyText, Origin::User);
 }
 
 // Headers

@@ -51,6 +51,8 @@ public:
     void moveRowTexts(int row1, int row2, int target);
     /// Indexes that are kept go along with their rows. False when every row stood in its place already.
     bool sortRows(int row1, int row2, int key);
+    /// Gives each data cell of the block the text of (column, row).
+    void setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin);
     /// Empties the data cells of the block as the user's doing.
     void clearCells(const GridBlock &block);
 

@@ -9,6 +9,8 @@ class SpreadView : public QTableView
 
 public:
     enum class EditStart { GoOn, Empty };
+    /// Down, Right: from the first row or column of what is selected. Selection: one text everywhere. Series: downward.
+    enum class Fill { Down, Right, Selection, Series };
 
     using QTableView::QTableView;
 
@@ -17,6 +19,9 @@ public:
     /// Opens the active cell's editor for what was typed.
     virtual void openEditor(QKeyEvent &typed) = 0;
     virtual void toggleActiveCheckBox() = 0;
+    /// Ticks the check boxes among the selected cells, or unticks them when all of them are ticked, as the user's own
+    /// doing; boxes in hidden columns stay as they are. False when there is none.
+    virtual bool toggleSelectedCheckBoxes() = 0;
     /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
     virtual void commitEdit() = 0;
     /// Empties the selected data cells as the user's own doing. A check box becomes "0".
@@ -46,6 +51,9 @@ signals:
     /// Ctrl+Z, and Ctrl+Y or Ctrl+Shift+Z; the grid itself does nothing then.
     void undoRequested();
     void redoRequested();
+    /// Ctrl+D, Ctrl+R, Ctrl+Enter and Ctrl+Shift+D; the grid itself does nothing then. An editor is still open when
+    /// its text is to be filled in (Fill::Selection); it stays so as long as the request is dealt with.
+    void fillRequested(SpreadView::Fill way);
     /// Ctrl+Plus and Ctrl+Minus: by 1 and by -1; Ctrl+0: 0, back to 100 %. The grid itself does nothing then.
     void zoomRequested(int steps);
 };

@@ -102,6 +102,17 @@ constexpr OwnTextEntry entries[] = {
     // Grid
     {OwnText::DeleteAllRowsQuestion, u"All %1 rows of the table are selected. Delete them all?",
         u"表の %1 行がすべて選択されています。すべて削除しますか？"},
+    // Why nothing was filled
+    {OwnText::FillNotInRange, u"Row %1, \"%2\": only whole numbers from %3 to %4 fit here. Nothing was filled.",
+        u"%1 行目、「%2」: ここに入力できるのは %3 から %4 までの整数だけです。フィルは行われませんでした。"},
+    {OwnText::FillTooLong, u"Row %1, \"%2\": no more than %3 characters fit here. Nothing was filled.",
+        u"%1 行目、「%2」: ここに入力できるのは %3 文字までです。フィルは行われませんでした。"},
+    {OwnText::FillNoChoice, u"Row %1, \"%2\": only one of these fits here: %3. Nothing was filled.",
+        u"%1 行目、「%2」: ここに入力できるのは次のいずれかだけです: %3。フィルは行われませんでした。"},
+    {OwnText::FillLineBreak, u"Row %1, \"%2\": no text with a line break fits here. Nothing was filled.",
+        u"%1 行目、「%2」: 改行を含む文字列は入力できません。フィルは行われませんでした。"},
+    {OwnText::FillSeriesEnd, u"Row %1, \"%2\": the series ends before this cell. Nothing was filled.",
+        u"%1 行目、「%2」: 連続データはこのセルの手前で終わります。フィルは行われませんでした。"},
     // Printing
     {OwnText::NoPageToPrint,
         u"There is no page to print from page %1 to page %2. The last page of the parameters is %3.",

@@ -51,6 +51,12 @@ enum class OwnText : quint16 {
     CopiesNotRead, ///< %1: folder; %2: the system's description
     // Grid
     DeleteAllRowsQuestion, ///< %1: how many
+    // Why nothing was filled. %1: row, from 1; %2: the column's caption
+    FillNotInRange, ///< %3, %4: smallest and largest number
+    FillTooLong, ///< %3: most characters
+    FillNoChoice, ///< %3: what can be chosen
+    FillLineBreak,
+    FillSeriesEnd,
     // Printing
     NoPageToPrint, ///< %1, %2: first and last page of the range; %3: number of pages
     NoColumnToPrint,

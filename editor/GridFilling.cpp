@@ -1,0 +1,326 @@
+#include "editor/GridFilling.h"
+
+#include "app/Language.h"
+#include "app/Messages.h"
+#include "document/DocumentTables.h"
+#include "document/ParameterColumns.h"
+#include "editor/ClipboardRecord.h"
+#include "editor/FillLimits.h"
+#include "editor/FillSeries.h"
+#include "editor/ParameterGrid.h"
+#include "platform/MessageBox.h"
+#include "platform/RedrawOff.h"
+#include "platform/SpreadGrid.h"
+#include "platform/UndoStep.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint16 programNameId = 9;
+
+// Ranges and conditions are codes rather than numbers, and a count belongs to its conditions.
+SeriesRule seriesRule(int column)
+{
+    using namespace ParameterColumn;
+    switch (column) {
+    case ParameterColumn::SettingRange:
+    case ConditionCount:
+    case Condition:
+        return SeriesRule::RepeatsOne;
+    case FuncCode:
+        return SeriesRule::Hexadecimal;
+    default:
+        return SeriesRule::Counts;
+    }
+}
+
+/// What an added row holds in the column.
+QStringView newText(int column)
+{
+    return parameterColumns.at(size_t(column - 1)).newText;
+}
+
+} // namespace
+
+GridFilling::GridFilling(SpreadGrid &grid, int docNo, QObject *parent) : QObject(parent), m_grid(grid), m_docNo(docNo)
+{
+}
+
+void GridFilling::fill(SpreadView::Fill way)
+{
+    using Fill = SpreadView::Fill;
+    if (way != Fill::Selection) { // an open editor holds the text that is filled in
+        m_grid.commitEdit();
+    }
+    if (m_grid.activeRow() == 0) {
+        return;
+    }
+    Filling filling = way == Fill::Down ? downward()
+        : way == Fill::Right            ? rightward()
+        : way == Fill::Series           ? series()
+                                        : everywhere();
+    if (filling.columns.empty()) {
+        return;
+    }
+    adaptToCells(filling);
+    const QString refusal = firstRefusal(filling);
+    if (!refusal.isEmpty()) {
+        MessageBox::showExclamation(&m_grid, refusal, ResString(programNameId));
+        return;
+    }
+    m_grid.dropEdit();
+    write(filling);
+}
+
+// What is selected
+
+GridBlock GridFilling::selectedCells() const
+{
+    GridBlock cells = m_grid.selectedBlock();
+    cells.column1 = std::max(cells.column1, 1);
+    return cells;
+}
+
+// Whoever selects cells means what can be seen; whole rows are parameters, which belong together as a whole.
+std::vector<int> GridFilling::selectedColumns() const
+{
+    const bool wholeRows = m_grid.selectedBlock().isWholeRows();
+    const GridBlock cells = selectedCells();
+    std::vector<int> columns;
+    for (int column = cells.column1; column <= cells.column2; ++column) {
+        if (wholeRows || m_grid.isColumnShown(column)) {
+            columns.push_back(column);
+        }
+    }
+    return columns;
+}
+
+std::vector<QString> GridFilling::texts(int column, int row1, int row2) const
+{
+    std::vector<QString> texts;
+    for (int row = std::max(row1, 1); row <= row2; ++row) {
+        texts.push_back(m_grid.text(column, row));
+    }
+    return texts;
+}
+
+// An added row's text can be filled in again, also where it is none of the choices.
+CellType GridFilling::cellType(int column) const
+{
+    CellType type = m_grid.cellType(column, selectedCells().row1);
+    const QString added = newText(column).toString();
+    if (type.kind == CellType::Kind::ComboBox && !type.items.contains(added)) {
+        type.items << added;
+    }
+    return type;
+}
+
+// What cells are to hold
+
+GridFilling::Filling GridFilling::downward() const
+{
+    const GridBlock cells = selectedCells();
+    const int source = cells.row1 == cells.row2 ? cells.row1 - 1 : cells.row1;
+    Filling filling{.row1 = source + 1, .columns = {}};
+    if (source > 0) {
+        for (const int column : selectedColumns()) {
+            filling.columns[column] = Texts(size_t(cells.row2 - source), m_grid.text(column, source));
+        }
+    }
+    return filling;
+}
+
+// A row's columns are different things: there is nothing that all of them could take over from the first.
+GridFilling::Filling GridFilling::rightward() const
+{
+    const GridBlock cells = selectedCells();
+    std::vector<int> columns = selectedColumns();
+    Filling filling{.row1 = cells.row1, .columns = {}};
+    if (columns.empty() || m_grid.selectedBlock().isWholeRows()) {
+        return filling;
+    }
+    int source = columns.front();
+    if (columns.size() > 1) {
+        columns.erase(columns.begin());
+    } else {
+        do {
+            --source;
+        } while (source > 0 && !m_grid.isColumnShown(source));
+    }
+    if (source > 0) {
+        const std::vector<QString> sources = texts(source, cells.row1, cells.row2);
+        for (const int column : columns) {
+            filling.columns[column] = Texts(sources.begin(), sources.end());
+        }
+    }
+    return filling;
+}
+
+// What another program copied goes into one cell at most.
+GridFilling::Filling GridFilling::everywhere() const
+{
+    const GridBlock cells = selectedCells();
+    Filling filling{.row1 = cells.row1, .columns = {}};
+    std::optional<QString> text = m_grid.editorText();
+    if (!text) {
+        const QString copied = readClipboard();
+        if (clipboardRecord().kind != ClipboardRecord::OneCell) {
+            return filling;
+        }
+        text = copied;
+    }
+    for (const int column : selectedColumns()) {
+        filling.columns[column] = Texts(size_t(cells.row2 - cells.row1 + 1), text);
+    }
+    return filling;
+}
+
+GridFilling::Filling GridFilling::series() const
+{
+    const GridBlock cells = selectedCells();
+    Filling filling{.row1 = cells.row1, .columns = {}};
+    for (const int column : selectedColumns()) {
+        Texts texts = cells.row1 == cells.row2 ? textsFromAbove(column, cells.row1) : seriesTexts(column, cells);
+        if (!texts.empty()) {
+            filling.columns[column] = std::move(texts);
+        }
+    }
+    return filling;
+}
+
+GridFilling::Texts GridFilling::seriesTexts(int column, const GridBlock &cells) const
+{
+    std::vector<QString> given = texts(column, cells.row1, cells.row2);
+    const auto places = given.size();
+    given.resize(size_t(givenTexts(given, newText(column))));
+    if (given.empty()) {
+        return {};
+    }
+    Texts filled(given.begin(), given.end());
+    const FillSeries series(given, cellType(column), seriesRule(column));
+    for (int place = 0; filled.size() < places; ++place) {
+        filled.push_back(series.at(place));
+    }
+    return filled;
+}
+
+// The two cells above tell how it goes on; where they have no number in common, the one above alone.
+GridFilling::Texts GridFilling::textsFromAbove(int column, int row) const
+{
+    std::vector<QString> given = texts(column, row - 2, row - 1);
+    if (given.empty() || given.back().isEmpty()) {
+        return {};
+    }
+    const CellType type = cellType(column);
+    const FillSeries ofTwo(given, type, seriesRule(column));
+    if (ofTwo.counts()) {
+        return {ofTwo.at(0)};
+    }
+    return {FillSeries({given.back()}, type, seriesRule(column)).at(0)};
+}
+
+// What they take
+
+void GridFilling::adaptToCells(Filling &filling) const
+{
+    for (auto &[column, texts] : filling.columns) {
+        const CellType type = cellType(column);
+        for (int row = filling.row1; auto &text : texts) {
+            if (text && *text != m_grid.cellText(column, row)) {
+                text = filledText(type, *text);
+            }
+            ++row;
+        }
+    }
+}
+
+QString GridFilling::refusalText(int column, int row, const std::optional<QString> &text) const
+{
+    QStringList arguments{QString::number(row), m_grid.text(column, 0)};
+    if (!text) {
+        return ownText(OwnText::FillSeriesEnd, arguments);
+    }
+    const CellType type = cellType(column);
+    const auto refusal = fillRefusal(type, *text);
+    if (!refusal) {
+        return {};
+    }
+    switch (*refusal) {
+    case FillRefusal::NotInRange:
+        return ownText(OwnText::FillNotInRange,
+            arguments << QString::number(type.minimum) << QString::number(type.maximum));
+    case FillRefusal::TooLong:
+        return ownText(OwnText::FillTooLong, arguments << QString::number(type.maxLength));
+    case FillRefusal::NoChoice:
+        return ownText(OwnText::FillNoChoice,
+            arguments << (type.kind == CellType::Kind::CheckBox ? u"0, 1"_s : type.items.join(u", "_s)));
+    case FillRefusal::LineBreak:
+        break;
+    }
+    return ownText(OwnText::FillLineBreak, arguments);
+}
+
+// A text that stands in its cell already is none that is filled in.
+QString GridFilling::firstRefusal(const Filling &filling) const
+{
+    for (const auto &[column, texts] : filling.columns) {
+        const std::optional<QString> *accepted = nullptr;
+        for (int row = filling.row1; const auto &text : texts) {
+            const bool isNew = !text || m_grid.cellText(column, row) != *text;
+            if (isNew && (!accepted || text != *accepted)) {
+                const QString refusal = refusalText(column, row, text);
+                if (!refusal.isEmpty()) {
+                    return refusal;
+                }
+                accepted = &text;
+            }
+            ++row;
+        }
+    }
+    return {};
+}
+
+// The cells take it
+
+void GridFilling::write(const Filling &filling)
+{
+    const UndoStep step(m_grid.history());
+    const RedrawOff redrawOff(m_grid);
+    m_grid.history().keepSelection();
+    if (!colourChanged(filling)) {
+        return;
+    }
+    const auto &[firstColumn, texts] = *filling.columns.begin();
+    const int lastColumn = filling.columns.rbegin()->first;
+    const GridBlock block{firstColumn, filling.row1, lastColumn, filling.row1 + int(texts.size()) - 1};
+    m_grid.setTexts(block, [&](int column, int row) -> QStringView {
+        const auto found = filling.columns.find(column);
+        return found == filling.columns.end() ? m_grid.cellText(column, row)
+                                              : *found->second[size_t(row - filling.row1)];
+    });
+    DocFlags[m_docNo].changed = true;
+}
+
+// Only what becomes another text: the colour is there to find changes by.
+bool GridFilling::colourChanged(const Filling &filling)
+{
+    bool any = false;
+    for (const auto &[column, texts] : filling.columns) {
+        const auto changes = [&, column = column](const auto &text) {
+            return *text != m_grid.cellText(column, filling.row1 + int(&text - texts.data()));
+        };
+        auto begin = std::ranges::find_if(texts, changes);
+        while (begin != texts.end()) {
+            const auto end = std::find_if_not(begin, texts.end(), changes);
+            const int row1 = filling.row1 + int(begin - texts.begin());
+            const int row2 = filling.row1 + int(end - texts.begin()) - 1;
+            m_grid.setForeColour({column, row1, column, row2}, QColor(changedCellColour));
+            any = true;
+            begin = std::find_if(end, texts.end(), changes);
+        }
+    }
+    return any;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/SpreadView.h"
+
+#include <QObject>
+#include <QString>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+class SpreadGrid;
+struct CellType;
+struct GridBlock;
+
+/// Fills the selected cells of one document's parameter grid by keys. A cell takes what could have been typed there;
+/// where one does not, the user is told why and nothing is filled at all. Hidden columns stay as they are, except where
+/// whole rows are selected. A fill is one step of undo, which gives the selection back as well.
+class GridFilling : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// docNo counts from 1.
+    GridFilling(SpreadGrid &grid, int docNo, QObject *parent);
+
+    /// Down and Right copy the first row or column of the selected block over the others; of a block of one row or
+    /// column the one above or to the left. Selection puts the open editor's text, else the one cell that was copied
+    /// here, into all selected cells. Series continues each column of the block, or of one row those above it.
+    void fill(SpreadView::Fill way);
+
+private:
+    using Texts = std::vector<std::optional<QString>>; ///< nothing: there is no text for the cell
+    /// What cells are to hold: texts of some columns, from row1 on, for each column as many.
+    struct Filling
+    {
+        int row1 = 1;
+        std::map<int, Texts> columns;
+    };
+
+    Filling downward() const;
+    Filling rightward() const;
+    Filling everywhere() const;
+    Filling series() const;
+    Texts seriesTexts(int column, const GridBlock &cells) const;
+    Texts textsFromAbove(int column, int row) const;
+
+    GridBlock selectedCells() const;
+    std::vector<int> selectedColumns() const;
+    std::vector<QString> texts(int column, int row1, int row2) const;
+    CellType cellType(int column) const;
+    void adaptToCells(Filling &filling) const;
+    QString refusalText(int column, int row, const std::optional<QString> &text) const;
+    QString firstRefusal(const Filling &filling) const;
+    void write(const Filling &filling);
+    bool colourChanged(const Filling &filling);
+
+    SpreadGrid &m_grid;
+    int m_docNo;
+};
