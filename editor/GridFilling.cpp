@@ -250,8 +250,8 @@ QString GridFilling::refusalText(int column, int row, const std::optional<QStrin
     }
     switch (*refusal) {
     case FillRefusal::NotInRange:
-        return ownText(OwnText::FillNotInRange,
-            arguments << QString::number(type.minimum) << QString::number(type.maximum));
+        return ownText(
+            OwnText::FillNotInRange, arguments << QString::number(type.minimum) << QString::number(type.maximum));
     case FillRefusal::TooLong:
         return ownText(OwnText::FillTooLong, arguments << QString::number(type.maxLength));
     case FillRefusal::NoChoice:

@@ -5,6 +5,7 @@
 #include "platform/SpreadDelegate.h"
 #include "platform/SpreadGrid.h"
 #include "platform/SpreadModel.h"
+#include "platform/UndoStep.h"
 
 #include <QMetaMethod>
 
@@ -36,6 +37,8 @@ bool SpreadGrid::toggleSelectedCheckBoxes()
         return !isBox(column, row) || CellInput::isTicked(text) == ticks ? text : ticks ? u"1" : u"0";
     };
     if (boxes > 0) {
+        const UndoStep step(*m_history);
+        m_history->keepSelection();
         m_model->setTexts(*cells, textOf, SpreadModel::Origin::User);
     }
     return boxes > 0;

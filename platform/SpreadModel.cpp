@@ -219,13 +219,11 @@ void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
     changePersistentIndexList(kept, moved);
 }
 
-void SpreadModel::setTexts(
-    const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin)
+void SpreadModel::setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin)
 {
     if (const auto cells = dataCells(block)) {
-        auto changed =
-            CellRows::withTexts(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1, cells->column2 - 1,
-                [&](int column, int index) { return textOf(column + 1, cells->row1 + index); });
+        auto changed = CellRows::withTexts(rows(cells->row1, cells->row2), columnCount(), cells->column1 - 1,
+            cells->column2 - 1, [&](int column, int index) { return textOf(column + 1, cells->row1 + index); });
         exchange(cells->row1, changed, cells->column1, cells->column2, origin);
     }
 }

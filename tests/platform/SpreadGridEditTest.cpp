@@ -336,3 +336,50 @@ INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridClipboardKeys,
         ClipboardKey{Qt::Key_Z, Qt::ControlModifier, &SpreadGrid::undoRequested},
         ClipboardKey{Qt::Key_Y, Qt::ControlModifier, &SpreadGrid::redoRequested},
         ClipboardKey{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::redoRequested}));
+
+// Several cells at once
+
+TEST(SpreadGridFill, endsTheEditOfOneCellWhereNobodyFills)
+{
+    const auto grid = shownGrid();
+    grid->selectBlock({2, 3, 2, 5});
+    typeText(*grid, u"abc"_s);
+    pressKey(*grid, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(openEditor(*grid), nullptr);
+    EXPECT_EQ(grid->text(2, 3), u"abc"_s);
+    EXPECT_EQ(grid->text(2, 4), u"2.4"_s);
+    EXPECT_EQ(grid->activeRow(), 3);
+}
+
+TEST(SpreadGridFill, asksWhoeverFillsWhileTheEditorIsOpen)
+{
+    const auto grid = shownGrid();
+    std::optional<QString> typed;
+    QObject::connect(grid.get(), &SpreadGrid::fillRequested, grid.get(), [&](SpreadView::Fill way) {
+        EXPECT_EQ(way, SpreadView::Fill::Selection);
+        typed = grid->editorText();
+        grid->dropEdit();
+    });
+    grid->selectBlock({2, 3, 2, 5});
+    typeText(*grid, u"abc"_s);
+    pressKey(*grid, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(typed, u"abc"_s);
+    EXPECT_EQ(openEditor(*grid), nullptr);
+    EXPECT_EQ(grid->text(2, 3), u"2.3"_s);
+}
+
+TEST(SpreadGridFill, ticksAllSelectedBoxesInOneAct)
+{
+    const auto grid = shownGrid();
+    grid->setText(4, 2, u"1"_s);
+    grid->setText(4, 3, u"0"_s);
+    grid->setText(4, 4, u"0"_s);
+    const QSignalSpy edited(grid.get(), &SpreadGrid::cellsEdited);
+    grid->selectBlock({4, 2, 4, 4});
+    pressKey(*grid, Qt::Key_Space);
+    EXPECT_EQ(grid->blockText({4, 2, 4, 4}), u"1\r\n1\r\n1"_s);
+    ASSERT_EQ(edited.size(), 1);
+    EXPECT_EQ(edited[0][0].value<GridBlock>(), GridBlock(4, 3, 4, 4));
+    pressKey(*grid, Qt::Key_Space);
+    EXPECT_EQ(grid->blockText({4, 2, 4, 4}), u"0\r\n0\r\n0"_s);
+}
