@@ -82,6 +82,7 @@ protected:
     void addPaste();
     void addLine();
     void deleteLines();
+    void fillDown();
     void undo();
     void redo();
     void save();
@@ -296,6 +297,22 @@ void GridModelTest::deleteLines()
     }
 }
 
+// Texts of any kind fit into these columns, but those with line ends.
+void GridModelTest::fillDown()
+{
+    if (m_model.rowCount() > 0) {
+        selectFrom(upTo(8, 9), randomRowNumber(), upTo(0, 1), upTo(0, 6));
+        const GridBlock block = m_model.selection();
+        select({block.column1, block.row1, std::min(block.column2, 9), block.row2});
+        const int source = std::max(block.row1 == block.row2 ? block.row1 - 1 : block.row1, 1);
+        const QString texts = m_model.text(8, source) + m_model.text(9, source);
+        if (!texts.contains(u'\r') && !texts.contains(u'\n')) {
+            pressKey(grid(), Qt::Key_D, Qt::ControlModifier);
+            m_model.fillDown();
+        }
+    }
+}
+
 void GridModelTest::undo()
 {
     pressKey(grid(), Qt::Key_Z, Qt::ControlModifier);
@@ -346,8 +363,8 @@ void GridModelTest::step()
         {"take foreign text", &GridModelTest::takeForeignText, 1}, {"copy", &GridModelTest::copy, 6},
         {"cut", &GridModelTest::cut, 2}, {"paste", &GridModelTest::paste, 6},
         {"add-paste", &GridModelTest::addPaste, 4}, {"add a line", &GridModelTest::addLine, 3},
-        {"delete lines", &GridModelTest::deleteLines, 3}, {"undo", &GridModelTest::undo, 12},
-        {"redo", &GridModelTest::redo, 8}, {"save", &GridModelTest::save, 4}};
+        {"delete lines", &GridModelTest::deleteLines, 3}, {"fill down", &GridModelTest::fillDown, 4},
+        {"undo", &GridModelTest::undo, 12}, {"redo", &GridModelTest::redo, 8}, {"save", &GridModelTest::save, 4}};
     static constexpr int weights = [] {
         int sum = 0;
         for (const auto &entry : steps) {

@@ -345,6 +345,22 @@ void RowsModel::toggleCheckBox()
     change(m_activeColumn, m_activeRow, ticked ? u"0"_s : u"1"_s);
 }
 
+void RowsModel::fillDown()
+{
+    const Act act(*this);
+    const int source = m_selection.row1 == m_selection.row2 ? m_selection.row1 - 1 : m_selection.row1;
+    for (int row = source + 1; source > 0 && row <= m_selection.row2; ++row) {
+        for (int column = m_selection.column1; column <= m_selection.column2; ++column) {
+            if (text(column, row) != text(column, source)) {
+                at(column, row) = text(column, source);
+                m_red.at(size_t(row - 1)).at(size_t(column - 1)) = true;
+                m_changed = true;
+            }
+        }
+    }
+    m_touched = m_selection;
+}
+
 // The block that holds all changes of the act is red, with what stands between them.
 void RowsModel::change(int column, int row, const QString &text)
 {

@@ -76,6 +76,8 @@ public:
     /// An item chosen from the active cell's list.
     void choose(const QString &text);
     void toggleCheckBox();
+    /// Copies the first selected row, or the row above a single one, over the selected cells, whatever they hold.
+    void fillDown();
 
 private:
     /// The table between two acts.
