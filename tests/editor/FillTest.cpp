@@ -104,6 +104,7 @@ class Filling : public FillTest, public testing::WithParamInterface<FillCase>
 TEST_P(Filling, changesItsCellsInOneStep)
 {
     const FillCase &test = GetParam();
+    const ModalScript noMessage;
     open(12);
     put(std::max(test.selection.column1, 1), test.selection.row1, test.given);
     grid().selectBlock(test.selection);
@@ -145,6 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Down, Filling,
 
 INSTANTIATE_TEST_SUITE_P(Right, Filling,
     testing::Values(FillCase{"block", {5, 2, 7, 3}, right, {6, 2, 7, 3}, u"0.1\t0.1\r\n0.1\t0.1"_s},
+        FillCase{"a number into boxes", {3, 2, 4, 2}, right, {4, 2, 4, 2}, u"1"_s, u"7\t0"_s},
         FillCase{"rows of their own", {9, 2, 10, 3}, right, {10, 2, 10, 3}, u"2\r\n3"_s},
         FillCase{"one column from the left", {6, 2, 6, 3}, right, {6, 2, 6, 3}, u"0.1\r\n0.1"_s},
         FillCase{"the first column", {1, 2, 1, 3}, right, nothing, {}},
@@ -224,6 +226,7 @@ TEST_F(FillTest, putsTheOneCellThatWasCopiedIntoEverySelectedCell)
 TEST_F(FillTest, fillsInNothingElseThatWasCopied)
 {
     open(12);
+    const ModalScript noMessage;
     const Shown before = shown();
     copy({2, 1, 2, 2});
     grid().selectBlock({2, 8, 2, 9});
