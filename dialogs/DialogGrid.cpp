@@ -90,15 +90,22 @@ void DialogGrid::addRow()
 
 void DialogGrid::removeActiveRow()
 {
-    const int active = activeRow();
-    const int last = rowCount();
-    if (active < 1) {
-        return;
+    if (const int active = activeRow()) {
+        removeRows(active, active);
     }
-    if (active < last) {
-        moveRowTexts(active + 1, last, active);
+}
+
+void DialogGrid::removeRows(int first, int last)
+{
+    const int rows = rowCount();
+    const int column = activeColumn();
+    if (last < rows) {
+        moveRowTexts(last + 1, rows, first);
     }
-    setRowCount(last - 1);
+    setRowCount(rows - (last - first + 1));
+    if (rowCount() > 0) {
+        setActiveCell(column, std::min(first, rowCount()));
+    }
 }
 
 void DialogGrid::ensureActiveCell()
@@ -119,7 +126,23 @@ void DialogGrid::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->ignore(); // the dialog takes it
-    } else {
+    } else if (!m_rowKeys || !runRowKey(*event)) {
         SpreadGrid::keyPressEvent(event);
     }
+}
+
+/// False when the key is not one for rows.
+bool DialogGrid::runRowKey(const QKeyEvent &event)
+{
+    const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const GridBlock block = selectedBlock();
+    if (isPlain && event.key() == Qt::Key_Insert) {
+        emit rowRequested();
+        return true;
+    }
+    if (isPlain && event.key() == Qt::Key_Delete && block.isWholeRows() && rowCount() > 0) {
+        emit removalRequested(block.row1, block.row2);
+        return true;
+    }
+    return false;
 }

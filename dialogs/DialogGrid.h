@@ -33,9 +33,19 @@ public:
     void addRow();
     /// Removes the active row; the rows below it move up. Nothing happens without an active row.
     void removeActiveRow();
+    /// Removes those rows, which must be there, and selects a single cell.
+    void removeRows(int first, int last);
+
+    /// Whether Insert asks for a further row, and Delete for the removal of the rows that are selected as rows. Off at
+    /// first: Insert does nothing then, and Delete empties the cells.
+    void setRowKeys(bool on) { m_rowKeys = on; }
 
     QSize sizeHint() const override { return m_wholeSize; }
     QSize minimumSizeHint() const override;
+
+signals:
+    void rowRequested();
+    void removalRequested(int first, int last);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -44,8 +54,10 @@ protected:
 private:
     QSize sizeFor(int columnsWidth, int rows) const;
     void ensureActiveCell();
+    bool runRowKey(const QKeyEvent &event);
 
     QSize m_wholeSize;
     QSize m_smallestSize;
     bool m_shrinkable = false;
+    bool m_rowKeys = false;
 };

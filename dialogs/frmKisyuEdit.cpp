@@ -2,7 +2,10 @@
 
 #include "app/Language.h"
 #include "dialogs/DialogGrid.h"
+#include "dialogs/KeyFrame.h"
+#include "dialogs/ListButton.h"
 #include "dialogs/MachineInfoText.h"
+#include "dialogs/PlainBox.h"
 #include "dialogs/SelectAllBox.h"
 #include "dialogs/frmCap.h"
 #include "document/DocumentTables.h"
@@ -14,6 +17,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -39,14 +44,14 @@ frmKisyuEdit::frmKisyuEdit(QWidget *parent, int docNo) : EditDialog(parent, help
     m_voltage = createBox<SelectAllBox>(*createFrame(u"fraVoltage"_s), u"txtV"_s);
     m_code = createBox<SelectAllBox>(*createFrame(u"fraCode"_s), u"txtCode"_s);
     createCapacityFrame();
-    m_options = createBox<QLineEdit>(*createFrame(u"fraOption"_s), u"txtOption"_s);
+    m_options = createBox<PlainBox>(*createFrame(u"fraOption"_s), u"txtOption"_s);
     layOutFrames();
     load();
 }
 
 QGroupBox *frmKisyuEdit::createFrame(const QString &name)
 {
-    auto *frame = new QGroupBox(this);
+    auto *frame = new KeyFrame(this);
     frame->setObjectName(name);
     new QHBoxLayout(frame);
     m_frames << frame;
@@ -75,7 +80,10 @@ void frmKisyuEdit::createCapacityFrame()
     QGroupBox *frame = createFrame(u"fraCap"_s);
     m_capacities = new DialogGrid(frame);
     m_capacities->setObjectName(u"vaSpread1"_s);
+    m_capacities->setRowKeys(true);
     connect(m_capacities, &DialogGrid::cellsEdited, this, &frmKisyuEdit::setChanged);
+    connect(m_capacities, &DialogGrid::rowRequested, this, &frmKisyuEdit::addCapacity);
+    connect(m_capacities, &DialogGrid::removalRequested, this, &frmKisyuEdit::deleteCapacities);
     m_add = createButton(u"cmdAdd"_s, &frmKisyuEdit::addCapacity);
     m_delete = createButton(u"cmdDel"_s, &frmKisyuEdit::deleteCapacity);
 
@@ -90,7 +98,7 @@ void frmKisyuEdit::createCapacityFrame()
 
 QPushButton *frmKisyuEdit::createButton(const QString &name, void (frmKisyuEdit::*onClick)())
 {
-    auto *button = new QPushButton(m_frames.constLast());
+    auto *button = new ListButton(m_frames.constLast());
     button->setObjectName(name);
     connect(button, &QPushButton::clicked, this, onClick);
     return button;
@@ -166,11 +174,18 @@ void frmKisyuEdit::addCapacity()
 void frmKisyuEdit::deleteCapacity()
 {
     m_capacities->commitEdit();
-    // A machine always keeps one capacity.
-    if (m_capacities->rowCount() < 2) {
+    const int active = m_capacities->activeRow();
+    deleteCapacities(active, active);
+}
+
+// A machine always keeps one capacity.
+void frmKisyuEdit::deleteCapacities(int first, int last)
+{
+    const int most = std::min(last - first + 1, m_capacities->rowCount() - 1);
+    if (first < 1 || most < 1) {
         return;
     }
-    m_capacities->removeActiveRow();
+    m_capacities->removeRows(first, first + most - 1);
     setChanged();
 }
 

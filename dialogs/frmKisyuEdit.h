@@ -35,6 +35,7 @@ private:
     void setChanged() { m_changed = true; }
     void addCapacity();
     void deleteCapacity();
+    void deleteCapacities(int first, int last);
     QLineEdit *firstInvalidBox() const;
     void collect(MachineInfo &info) const;
     void collectCapacities(MachineInfo &info) const;

@@ -2,10 +2,12 @@
 
 #include "app/Language.h"
 #include "dialogs/DialogGrid.h"
+#include "dialogs/ListButton.h"
 #include "dialogs/ParameterHeading.h"
 #include "document/DocumentTables.h"
 #include "document/TableTexts.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -60,6 +62,7 @@ frmPrCond::frmPrCond(QWidget *parent)
     all->addLayout(m_heading);
     all->addLayout(createKinds(), 1);
     layOut(all, Resizing::ByUser);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *focused) { followFocus(focused); });
 }
 
 QLayout *frmPrCond::createKinds()
@@ -80,9 +83,10 @@ void frmPrCond::createKind(int kind)
     frame->setObjectName(elementName(u"Frame1"_s, kind));
     auto *grid = new DialogGrid(frame);
     grid->setObjectName(elementName(u"vaspdCond"_s, kind));
-    auto *add = new QPushButton(frame);
+    grid->setRowKeys(true);
+    auto *add = new ListButton(frame);
     add->setObjectName(elementName(u"cmdAdd"_s, kind));
-    auto *remove = new QPushButton(frame);
+    auto *remove = new ListButton(frame);
     remove->setObjectName(elementName(u"cmdDell"_s, kind));
 
     auto *inside = new QGridLayout(frame);
@@ -98,6 +102,9 @@ void frmPrCond::connectKind(int kind)
 {
     connect(m_kinds[kind].add, &QPushButton::clicked, this, [this, kind] { addRow(kind); });
     connect(m_kinds[kind].remove, &QPushButton::clicked, this, [this, kind] { removeRow(kind); });
+    connect(m_kinds[kind].grid, &DialogGrid::rowRequested, this, [this, kind] { addRow(kind); });
+    connect(m_kinds[kind].grid, &DialogGrid::removalRequested, this,
+        [this, kind](int first, int last) { removeRows(kind, first, last); });
 }
 
 bool frmPrCond::ShowPrCond(const QString &pr, qint16 &count, QString &condText)
@@ -122,6 +129,7 @@ void frmPrCond::load(const QString &pr, const QList<PrCondition> &conditions)
         loadGrid(kind, rows[kind]);
     }
     m_kinds[ParameterGrid].grid->setFocus();
+    giveAccessKeysTo(ParameterGrid);
     prepare(220);
 }
 
@@ -146,8 +154,11 @@ void frmPrCond::loadGrid(int kind, const QList<QStringList> &rows)
 
 void frmPrCond::addRow(int kind)
 {
-    m_kinds[kind].grid->commitEdit();
-    m_kinds[kind].grid->addRow();
+    DialogGrid &grid = *m_kinds[kind].grid;
+    grid.commitEdit();
+    grid.addRow();
+    grid.setActiveCell(1, grid.rowCount()); // a new row is there to be filled in
+    grid.setFocus();
     m_kinds[kind].remove->setEnabled(true);
 }
 
@@ -156,6 +167,31 @@ void frmPrCond::removeRow(int kind)
     m_kinds[kind].grid->commitEdit();
     m_kinds[kind].grid->removeActiveRow();
     m_kinds[kind].remove->setEnabled(m_kinds[kind].grid->rowCount() > 0);
+}
+
+void frmPrCond::removeRows(int kind, int first, int last)
+{
+    m_kinds[kind].grid->removeRows(first, last);
+    m_kinds[kind].remove->setEnabled(m_kinds[kind].grid->rowCount() > 0);
+}
+
+void frmPrCond::followFocus(const QWidget *focused)
+{
+    for (int kind = 0; kind < CondGridCount; ++kind) {
+        if (focused && m_kinds[kind].frame->isAncestorOf(focused)) {
+            giveAccessKeysTo(kind);
+        }
+    }
+}
+
+// The buttons of the three lists have the same access keys: they act on the list that was entered last.
+void frmPrCond::giveAccessKeysTo(int kind)
+{
+    for (int other = 0; other < CondGridCount; ++other) {
+        for (QPushButton *button : {m_kinds[other].add, m_kinds[other].remove}) {
+            button->setShortcut(other == kind ? QKeySequence::mnemonic(button->text()) : QKeySequence());
+        }
+    }
 }
 
 void frmPrCond::sortParameters()

@@ -42,6 +42,9 @@ private:
     void loadGrid(int kind, const QList<QStringList> &rows);
     void addRow(int kind);
     void removeRow(int kind);
+    void removeRows(int kind, int first, int last);
+    void followFocus(const QWidget *focused);
+    void giveAccessKeysTo(int kind);
     void sortParameters();
     void rebuild();
 

@@ -212,24 +212,6 @@ TEST_F(CondDialog, tabFollowsTheReadingOrder)
     });
 }
 
-TEST_F(CondDialog, theSharedAccessKeysGoFromButtonToButton)
-{
-    show(mixedText, 4, [&] {
-        QStringList visited;
-        for (int i = 0; i < 3; ++i) {
-            press(Qt::Key_A, Qt::AltModifier);
-            visited << focusedName();
-        }
-        visited.sort();
-        EXPECT_EQ(visited, (QStringList{u"cmdAdd(0)"_s, u"cmdAdd(1)"_s, u"cmdAdd(2)"_s}));
-        const int kind = focusedName().at(7).digitValue();
-        const auto before = rows(kind).size();
-        press(Qt::Key_Space);
-        EXPECT_EQ(rows(kind).size(), before + 1);
-        cancel();
-    });
-}
-
 QStringList captions(frmPrCond &dialog)
 {
     QStringList texts{dialog.windowTitle(), control<QLabel>(dialog, u"lblCount(0)"_s).text()};
