@@ -4,6 +4,8 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +14,15 @@ FindField::FindField(QWidget *parent) : QLineEdit(parent)
     setObjectName(u"txtFind"_s);
 }
 
-void FindField::showFound(bool found)
+void FindField::showCount(const CellSearch::Count &count)
 {
-    m_found = found;
+    const bool asks = !text().isEmpty();
+    m_found = !asks || count.all > 0;
+    m_count = asks ? u"%1/%2"_s.arg(count.number).arg(count.all) : QString();
+    setTextMargins(0, 0, asks ? fontMetrics().horizontalAdvance(m_count + u' ') : 0, 0);
+    setAccessibleDescription(m_count);
     colour();
+    update();
 }
 
 void FindField::colour()
@@ -38,9 +45,20 @@ void FindField::changeEvent(QEvent *event)
     }
 }
 
+void FindField::paintEvent(QPaintEvent *event)
+{
+    QLineEdit::paintEvent(event);
+    const int side =
+        style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this) + fontMetrics().averageCharWidth();
+    const QColor faint = palette().color(QPalette::Disabled, QPalette::Text);
+    QPainter painter(this);
+    painter.setPen(readableOn(palette().color(QPalette::Base), faint));
+    painter.drawText(rect().adjusted(0, 0, -side, 0), Qt::AlignRight | Qt::AlignVCenter, m_count);
+}
+
 QSize FindField::sizeHint() const
 {
-    constexpr int digits = 20;
+    constexpr int digits = 28; // a text and a count of several hundred
     return {fontMetrics().horizontalAdvance(u'0') * digits, QLineEdit::sizeHint().height()};
 }
 

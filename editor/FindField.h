@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/CellSearch.h"
+
 #include <QLineEdit>
 
-/// The small field that takes what is searched for. It stands without any label.
+/// The small field that takes what is searched for. It stands without any label, and shows at its end which of the
+/// matches has been reached: "3/17".
 class FindField : public QLineEdit
 {
     Q_OBJECT
@@ -10,8 +13,8 @@ class FindField : public QLineEdit
 public:
     explicit FindField(QWidget *parent);
 
-    /// Shows by its ground whether there is what it asks for.
-    void showFound(bool found);
+    /// Shows the count, and by its ground that there is nothing of what it asks for.
+    void showCount(const CellSearch::Count &count);
 
     QSize sizeHint() const override;
 
@@ -23,9 +26,11 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void colour();
 
     bool m_found = true;
+    QString m_count;
 };

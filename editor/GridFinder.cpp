@@ -3,7 +3,9 @@
 #include "editor/FindField.h"
 #include "platform/SpreadGrid.h"
 
+#include <QAbstractItemModel>
 #include <QEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -16,6 +18,30 @@ GridFinder::GridFinder(SpreadGrid &grid, QWidget *window)
     connect(m_field, &FindField::nextRequested, this, &GridFinder::findNext);
     connect(m_field, &FindField::previousRequested, this, &GridFinder::findPrevious);
     connect(m_field, &FindField::closeRequested, this, &GridFinder::close);
+    followGrid();
+}
+
+// Once for all that happens at a time.
+void GridFinder::followGrid()
+{
+    m_recount.setSingleShot(true);
+    connect(&m_recount, &QTimer::timeout, this, &GridFinder::showCount);
+    const auto recount = [this] {
+        if (m_field->isVisible()) {
+            m_recount.start();
+        }
+    };
+    const auto noteChange = [this, recount] {
+        m_origin.reset(); // it may have another row by now
+        recount();
+    };
+    const QAbstractItemModel *cells = m_grid.model();
+    connect(&m_grid, &SpreadGrid::cellLeft, this, recount);
+    connect(cells, &QAbstractItemModel::dataChanged, this, noteChange);
+    connect(cells, &QAbstractItemModel::rowsInserted, this, noteChange);
+    connect(cells, &QAbstractItemModel::rowsRemoved, this, noteChange);
+    connect(cells, &QAbstractItemModel::layoutChanged, this, noteChange);
+    connect(cells, &QAbstractItemModel::modelReset, this, noteChange);
 }
 
 void GridFinder::open()
@@ -28,6 +54,8 @@ void GridFinder::open()
     m_field->setFocus(Qt::ShortcutFocusReason);
     m_field->selectAll();
     m_grid.setFoundMarked(true);
+    m_origin.reset();
+    showCount();
 }
 
 void GridFinder::close()
@@ -37,11 +65,42 @@ void GridFinder::close()
     m_grid.setFocus(Qt::OtherFocusReason);
 }
 
-// What is typed further is looked for from the match that it led to so far, which may hold the longer text as well.
+// What is typed further is looked for from the same place, unless the user has moved on from the match meanwhile.
 void GridFinder::searchTyped()
 {
+    if (!m_origin || here().cell != m_reached) {
+        m_origin = here();
+    }
     m_grid.setSearchedText(m_field->text());
-    m_field->showFound(m_field->text().isEmpty() || m_grid.goToFound(0));
+    if (!m_grid.goToFoundFrom(m_origin->cell.x(), m_origin->cell.y())) {
+        returnTo(*m_origin);
+    }
+    m_reached = here().cell;
+    showCount();
+}
+
+GridFinder::Place GridFinder::here() const
+{
+    return {m_grid.selectedBlock(), {m_grid.activeColumn(), m_grid.activeRow()}, m_grid.topRow(),
+        m_grid.horizontalScrollBar()->value()};
+}
+
+void GridFinder::returnTo(const Place &place)
+{
+    if (here().cell == place.cell) {
+        return;
+    }
+    m_grid.setActiveCell(place.cell.x(), place.cell.y());
+    if (!place.block.isSingleCell()) {
+        m_grid.selectBlock(place.block);
+    }
+    m_grid.setTopRow(place.topRow);
+    m_grid.horizontalScrollBar()->setValue(place.left);
+}
+
+void GridFinder::showCount()
+{
+    m_field->showCount(m_grid.countFound());
 }
 
 void GridFinder::find(int step)
@@ -52,7 +111,7 @@ void GridFinder::find(int step)
     }
     m_grid.commitEdit();
     const bool found = m_grid.goToFound(step);
-    m_field->showFound(found);
+    showCount();
     if (!found) {
         open(); // so that the user sees why nothing happens
     }

@@ -1,5 +1,6 @@
 #include "platform/CellSearch.h"
 
+#include "platform/CellWalk.h"
 #include "platform/SpreadModel.h"
 
 #include <QTableView>
@@ -22,31 +23,28 @@ bool CellSearch::mayBeInRow(int row) const
     return m_matcher.indexIn(m_model.rowTexts(row)) >= 0;
 }
 
-// The first found column behind that one; 0 when there is none.
-int CellSearch::columnInRow(int row, int column, int step) const
-{
-    for (int at = column + step; at >= 1 && at <= m_model.columnCount(); at += step) {
-        if (isFound(at, row)) {
-            return at;
-        }
-    }
-    return 0;
-}
-
 std::optional<QPoint> CellSearch::next(QPoint from, int step) const
 {
-    const int rows = m_model.rowCount();
-    const int beforeRow = step > 0 ? 0 : m_model.columnCount() + 1;
-    if (rows == 0 || m_matcher.pattern().isEmpty()) {
+    if (m_matcher.pattern().isEmpty()) {
         return std::nullopt;
     }
-    // The row that the search begins in is looked at twice: behind the cell at first, and as a whole at the end.
-    for (int passed = 0; passed <= rows; ++passed) {
-        const int row = ((from.y() - 1 + step * passed) % rows + rows) % rows + 1;
-        const int column = mayBeInRow(row) ? columnInRow(row, passed == 0 ? from.x() : beforeRow, step) : 0;
-        if (column > 0) {
-            return QPoint(column, row);
+    return nextCell(
+        {m_model.columnCount(), m_model.rowCount()}, from, step, [this](int row) { return mayBeInRow(row); },
+        [this](int column, int row) { return isFound(column, row); });
+}
+
+CellSearch::Count CellSearch::count(QPoint cell) const
+{
+    Count count;
+    const int rows = m_matcher.pattern().isEmpty() ? 0 : m_model.rowCount();
+    for (int row = 1; row <= rows; ++row) {
+        const int columns = mayBeInRow(row) ? m_model.columnCount() : 0;
+        for (int column = 1; column <= columns; ++column) {
+            if (isFound(column, row)) {
+                ++count.all;
+                count.number = QPoint(column, row) == cell ? count.all : count.number;
+            }
         }
     }
-    return std::nullopt;
+    return count;
 }

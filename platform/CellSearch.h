@@ -14,6 +14,12 @@ class SpreadModel;
 class CellSearch
 {
 public:
+    struct Count
+    {
+        int number = 0; ///< of a cell among those that hold the text, from 1; 0 when it does not hold it
+        int all = 0;
+    };
+
     CellSearch(const QTableView &view, const SpreadModel &model) : m_view(view), m_model(model) { }
 
     /// An empty text is found nowhere.
@@ -22,9 +28,10 @@ public:
     /// The next cell (column, row) that holds the text, in reading order (step 1) or against it (step -1), around the
     /// end of the grid; the cell from comes last. Nothing when no cell holds it.
     std::optional<QPoint> next(QPoint from, int step) const;
+    /// How many cells hold the text, and which of them the cell is.
+    Count count(QPoint cell) const;
 
 private:
-    int columnInRow(int row, int column, int step) const;
     bool mayBeInRow(int row) const;
 
     const QTableView &m_view;

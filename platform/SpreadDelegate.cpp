@@ -26,6 +26,8 @@
 
 namespace {
 
+constexpr QRgb activeMatchTint = 0xffff8000;
+
 const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
 {
     return model.cellType(index.column() + 1, index.row() + 1);
@@ -97,7 +99,7 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const int row = index.row() + 1;
     const bool active = index == m_view.currentIndex();
     const bool selected = !active && option.state & QStyle::State_Selected;
-    const QColor ground = groundOf(option.palette, column, row, selected);
+    const QColor ground = groundOf(option.palette, column, row, active, selected);
     painter->fillRect(option.rect, ground);
     painter->setPen(textColour(option.palette, m_model.foreColour(column, row), ground, selected));
     const CellType::Kind kind = m_model.cellType(column, row).kind;
@@ -111,13 +113,15 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     }
 }
 
-QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool selected) const
+// The match that the search has reached stands out from the others.
+QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const
 {
     if (selected) {
         return selectedGround(palette);
     }
     const QColor usual = palette.color(QPalette::Base);
-    return m_foundMarked && m_search.isFound(column, row) ? tinted(usual, Qt::yellow) : usual;
+    const bool marked = m_foundMarked && m_search.isFound(column, row);
+    return !marked ? usual : tinted(usual, active ? QColor(activeMatchTint) : QColor(Qt::yellow));
 }
 
 // Many desktops choose their highlight for its looks: a shade on which the texts can be read.

@@ -78,7 +78,7 @@ private:
         bool operator==(const BoxLook &) const = default;
     };
 
-    QColor groundOf(const QPalette &palette, int column, int row, bool selected) const;
+    QColor groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const;
     QColor selectedGround(const QPalette &palette) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/CellSearch.h"
 #include "platform/CellType.h"
 #include "platform/GridBlock.h"
 #include "platform/SpreadView.h"
@@ -128,8 +129,12 @@ public:
     /// Whether cells that hold the searched text stand on a ground of another colour.
     void setFoundMarked(bool marked);
     /// Makes the next cell that holds the searched text the active one (step 1), or the one before (-1), around the end
-    /// of the grid; step 0: the active cell itself counts first. False when there is none.
+    /// of the grid. False when there is none.
     bool goToFound(int step);
+    /// The same for the first one from that cell on, which itself counts first.
+    bool goToFoundFrom(int column, int row);
+    /// How many cells hold the searched text, and which of them, from 1, the active one is (0: none of them).
+    CellSearch::Count countFound() const;
 
     /// The size at which every shown column and that many rows of usual height are in view.
     QSize sizeForRows(int rows) const;
@@ -195,6 +200,7 @@ private:
     void markHeaders();
     void paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part);
     void announceActiveCell();
+    bool goTo(const std::optional<QPoint> &cell);
 
     SpreadModel *m_model;
     SpreadHeader *m_columnHeader;

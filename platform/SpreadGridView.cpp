@@ -200,13 +200,25 @@ void SpreadGrid::setFoundMarked(bool marked)
 
 bool SpreadGrid::goToFound(int step)
 {
-    const int column = step == 0 ? std::max(activeColumn(), 1) - 1 : activeColumn();
-    const QPoint here(column, std::max(activeRow(), 1));
-    const auto found = m_delegate->search().next(here, step == 0 ? 1 : step);
-    if (found) {
-        setActiveCell(found->x(), found->y());
+    return goTo(m_delegate->search().next({activeColumn(), std::max(activeRow(), 1)}, step));
+}
+
+bool SpreadGrid::goToFoundFrom(int column, int row)
+{
+    return goTo(m_delegate->search().next({std::max(column, 1) - 1, std::max(row, 1)}, 1));
+}
+
+bool SpreadGrid::goTo(const std::optional<QPoint> &cell)
+{
+    if (cell) {
+        setActiveCell(cell->x(), cell->y());
     }
-    return found.has_value();
+    return cell.has_value();
+}
+
+CellSearch::Count SpreadGrid::countFound() const
+{
+    return m_delegate->search().count({activeColumn(), activeRow()});
 }
 
 // Painting
