@@ -15,6 +15,7 @@
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"
+#include "platform/MenuKey.h"
 #include "platform/MessageBox.h"
 #include "platform/PlainCaption.h"
 #include "platform/SpreadGrid.h"
@@ -97,6 +98,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     connectMenus();
     connectToolBar();
     connectKeys();
+    new MenuKey(this);
     m_toolBar->enableDocumentButtons(false);
     connect(m_statusBar, &FrameStatusBar::jumpRequested, this, &MDIfrmTabrix::jumpToParameter);
     connect(m_area, &QMdiArea::subWindowActivated, this, &MDIfrmTabrix::windowActivated);
@@ -179,16 +181,18 @@ void MDIfrmTabrix::connectToolBar()
 // Keys without a menu entry; they work wherever the focus is.
 void MDIfrmTabrix::connectKeys()
 {
-    const auto find = [this](const QKeySequence &key, void (GridFinder::*command)()) {
+    const auto on = [this](const QKeySequence &key, auto command) {
         connect(new QShortcut(key, this), &QShortcut::activated, this, [this, command] {
-            if (const frmPrFile *editor = activeEditor()) {
-                (editor->finder().*command)();
+            if (frmPrFile *editor = activeEditor()) {
+                command(*editor);
             }
         });
     };
-    find(Qt::CTRL | Qt::Key_F, &GridFinder::open);
-    find(Qt::Key_F3, &GridFinder::findNext);
-    find(Qt::SHIFT | Qt::Key_F3, &GridFinder::findPrevious);
+    on(Qt::CTRL | Qt::Key_F, [](const frmPrFile &editor) { editor.finder().open(); });
+    on(Qt::Key_F3, [](const frmPrFile &editor) { editor.finder().findNext(); });
+    on(Qt::SHIFT | Qt::Key_F3, [](const frmPrFile &editor) { editor.finder().findPrevious(); });
+    on(Qt::Key_F7, [](frmPrFile &editor) { editor.goToChanged(1); });
+    on(Qt::SHIFT | Qt::Key_F7, [](frmPrFile &editor) { editor.goToChanged(-1); });
     connect(new QShortcut(Qt::CTRL | Qt::Key_G, this), &QShortcut::activated, this, &MDIfrmTabrix::enterJumpBox);
 }
 

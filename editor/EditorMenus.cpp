@@ -10,7 +10,8 @@ using namespace SharedMenuLines;
 
 namespace {
 
-// The closing key is every child window's own, and copying, cutting and pasting are the grid's keys.
+// The closing key is every child window's own. Cutting, copying and pasting are the grid's keys and those of every text
+// box: the menu only shows them.
 constexpr MenuLine fileLines[] = {
     openLine,
     {u"mneFileClose", 12},
@@ -21,9 +22,9 @@ constexpr MenuLine fileLines[] = {
     {u"mneFilePrint", 15, Qt::CTRL | Qt::Key_P},
 };
 constexpr MenuLine editLines[] = {
-    {u"mneEditCut", 21},
-    {u"mneEditCopy", 22},
-    {u"mneEditPaste", 23},
+    {u"mneEditCut", 21, Qt::CTRL | Qt::Key_X, true},
+    {u"mneEditCopy", 22, Qt::CTRL | Qt::Key_C, true},
+    {u"mneEditPaste", 23, Qt::CTRL | Qt::Key_V, true},
     {u"mneEditAddPaste", 24},
     separatorLine,
     {u"mneEditAdd", 25},

@@ -12,6 +12,7 @@ struct MenuLine
     QStringView name; ///< the object name
     qint16 textId = 0;
     QKeyCombination shortcut = QKeyCombination::fromCombined(0); ///< 0 for none
+    bool isOthersKey = false; ///< the shortcut is shown only; what has the focus acts on it
 };
 
 inline constexpr MenuLine separatorLine{u""};

@@ -203,6 +203,13 @@ void frmPrFile::showMoved(int newRow)
     }
 }
 
+void frmPrFile::goToChanged(int step)
+{
+    m_grid->commitEdit();
+    m_grid->goToColoured(QColor(changedCellColour), step);
+    m_grid->setFocus();
+}
+
 void frmPrFile::forgetClipboard(Qt::KeyboardModifiers modifiers)
 {
     if (modifiers == Qt::ControlModifier) {

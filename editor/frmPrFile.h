@@ -29,6 +29,9 @@ public:
     QList<QMenu *> menus() const;
     GridFinder &finder() const { return *m_finder; }
 
+    /// To the next cell (step 1) or the one before (-1) that is shown as changed, around the end of the grid.
+    void goToChanged(int step);
+
     /// Copies the rows just read into the grid.
     void SetPrInfSpread();
 

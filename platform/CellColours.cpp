@@ -67,6 +67,15 @@ void CellColours::exchange(int column1, int row1, int column2, int row2, std::ve
     }
 }
 
+bool CellColours::isColoured(int row) const
+{
+    if (m_indexes.empty()) {
+        return false;
+    }
+    const auto begin = m_indexes.begin() + qptrdiff(place(0, row));
+    return std::any_of(begin, begin + m_columns, [](quint8 index) { return index != 0; });
+}
+
 QColor CellColours::colour(int column, int row) const
 {
     return m_indexes.empty() ? QColor() : m_palette[m_indexes[place(column, row)]];

@@ -18,6 +18,8 @@ public:
     std::vector<quint8> kept(int column1, int row1, int column2, int row2) const;
     /// Exchanges the colours of those cells with what was kept of them.
     void exchange(int column1, int row1, int column2, int row2, std::vector<quint8> &kept);
+    /// Whether any cell of the row has a colour.
+    bool isColoured(int row) const;
     /// Invalid where no colour is set.
     QColor colour(int column, int row) const;
 

@@ -135,6 +135,9 @@ public:
     bool goToFoundFrom(int column, int row);
     /// How many cells hold the searched text, and which of them, from 1, the active one is (0: none of them).
     CellSearch::Count countFound() const;
+    /// Makes the next shown cell in that fore colour (step 1), or the one before (-1), the active one, around the end
+    /// of the grid. False when there is none.
+    bool goToColoured(const QColor &colour, int step);
 
     /// The size at which every shown column and that many rows of usual height are in view.
     QSize sizeForRows(int rows) const;
@@ -172,6 +175,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;

@@ -2,6 +2,7 @@
 
 #include "platform/ActiveFrame.h"
 #include "platform/CellEditor.h"
+#include "platform/CellWalk.h"
 #include "platform/Contrast.h"
 #include "platform/SpreadCorner.h"
 #include "platform/SpreadDelegate.h"
@@ -20,6 +21,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleOptionViewItem>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -184,6 +186,19 @@ void SpreadGrid::scrollContentsBy(int dx, int dy)
     }
 }
 
+// Few wheels can be tilted: with Shift the usual one scrolls sideways.
+void SpreadGrid::wheelEvent(QWheelEvent *event)
+{
+    if (event->modifiers() != Qt::ShiftModifier || event->angleDelta().x() != 0) {
+        SpreadView::wheelEvent(event);
+        return;
+    }
+    QWheelEvent tilted(event->position(), event->globalPosition(), event->pixelDelta().transposed(),
+        event->angleDelta().transposed(), event->buttons(), Qt::NoModifier, event->phase(), event->inverted());
+    SpreadView::wheelEvent(&tilted);
+    event->setAccepted(tilted.isAccepted());
+}
+
 // Search
 
 void SpreadGrid::setSearchedText(const QString &text)
@@ -219,6 +234,14 @@ bool SpreadGrid::goTo(const std::optional<QPoint> &cell)
 CellSearch::Count SpreadGrid::countFound() const
 {
     return m_delegate->search().count({activeColumn(), activeRow()});
+}
+
+bool SpreadGrid::goToColoured(const QColor &colour, int step)
+{
+    return goTo(nextCell(
+        {columnCount(), rowCount()}, {activeColumn(), std::max(activeRow(), 1)}, step,
+        [this](int row) { return m_model->isColoured(row); },
+        [&](int column, int row) { return isColumnShown(column) && foreColour(column, row) == colour; }));
 }
 
 // Painting

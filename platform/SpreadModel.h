@@ -66,6 +66,8 @@ public:
     /// Exchanges the colours of the cells with what was kept of them.
     void exchangeColours(const GridBlock &cells, std::vector<quint8> &kept);
     QColor foreColour(int column, int row) const;
+    /// Whether any cell of the row, which must be inside, has a fore colour.
+    bool isColoured(int row) const { return m_colours.isColoured(row - 1); }
 
     /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.
     std::optional<GridBlock> dataCells(const GridBlock &block) const;
