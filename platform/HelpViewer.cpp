@@ -47,7 +47,7 @@ HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     buildToolBar();
     buildPanes();
     connect(m_browser, &QTextBrowser::sourceChanged, this, &HelpViewer::followPage);
-    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
+    connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &HelpViewer::leave);
     connect(new QShortcut(QKeySequence(QKeySequence::Close), this), &QShortcut::activated, this, &QWidget::close);
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { delete this; });
     resize(QSize(1000, 740).boundedTo(screen()->availableSize() * 0.9));
@@ -64,6 +64,7 @@ void HelpViewer::showTopic(int contextId)
 {
     showPage(m_library->topic(contextId));
     setWindowState(windowState() & ~Qt::WindowMinimized);
+    showFindBox(true);
     show();
     raise();
     activateWindow();
@@ -139,7 +140,7 @@ void HelpViewer::addFindBox(QToolBar &bar)
     bar.addWidget(space);
     m_find = new HelpTextBox(u"helpFind"_s, m_library->label(u"find"_s));
     m_find->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    bar.addWidget(m_find);
+    m_findPlace = bar.addWidget(m_find);
     connect(m_find, &QLineEdit::textEdited, m_browser, &HelpBrowser::findWhileTyping);
     const auto findNext = [this] { m_browser->findAround(m_find->text(), false); };
     const auto findPrevious = [this] { m_browser->findAround(m_find->text(), true); };
@@ -147,9 +148,28 @@ void HelpViewer::addFindBox(QToolBar &bar)
     connect(new QShortcut(QKeySequence::FindNext, this), &QShortcut::activated, this, findNext);
     connect(new QShortcut(QKeySequence::FindPrevious, this), &QShortcut::activated, this, findPrevious);
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, this, [this] {
+        showFindBox(true);
         m_find->setFocus();
         m_find->selectAll();
     });
+}
+
+// From the field that finds on the page back to the page, and from everywhere else out of the help.
+void HelpViewer::leave()
+{
+    if (!m_find->hasFocus()) {
+        close();
+        return;
+    }
+    showFindBox(false);
+    m_browser->setFocus();
+}
+
+// The tool bar alone would follow later, when the focus has to be there already.
+void HelpViewer::showFindBox(bool shown)
+{
+    m_findPlace->setVisible(shown);
+    m_find->setVisible(shown);
 }
 
 QAction *HelpViewer::addAction(QToolBar &bar, const QString &name, const QKeySequence &key)

@@ -48,6 +48,8 @@ private:
     void followPage(const QUrl &address);
     void markInContents(const QUrl &address);
     void showHit(const QUrl &page, TextSpan place);
+    void leave();
+    void showFindBox(bool shown);
     void printPage();
 
     std::unique_ptr<HelpLibrary> m_library;
@@ -56,4 +58,5 @@ private:
     QTabWidget *m_tabs;
     QSplitter *m_splitter;
     QLineEdit *m_find = nullptr;
+    QAction *m_findPlace = nullptr; ///< of m_find in the tool bar
 };

@@ -243,6 +243,30 @@ TEST_F(HelpWindowTest, findsTextOnThePageAndGoesRound)
     EXPECT_EQ(browser->textCursor().selectionStart(), second);
 }
 
+TEST_F(HelpWindowTest, escapeInTheFindFieldClosesTheFieldOnly)
+{
+    show(1);
+    auto &find = control<QLineEdit>(*window, u"helpFind"_s);
+    for (int time = 0; time < 2; ++time) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F, Qt::ControlModifier);
+        ASSERT_EQ(QApplication::focusWidget(), &find);
+        EXPECT_TRUE(find.isVisible());
+        QTest::keyClicks(&find, u"the"_s);
+        QTest::keyClick(&find, Qt::Key_Escape);
+        EXPECT_TRUE(window->isVisible());
+        EXPECT_EQ(QApplication::focusWidget(), browser);
+        QApplication::processEvents();
+        EXPECT_FALSE(find.isVisible());
+    }
+    const int reached = browser->textCursor().position();
+    QTest::keyClick(browser, Qt::Key_F3); // goes on all the same
+    EXPECT_NE(browser->textCursor().position(), reached);
+    show(50);
+    EXPECT_TRUE(find.isVisible()) << "each call of the help offers it";
+    QTest::keyClick(browser, Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
+}
+
 TEST_F(HelpWindowTest, printsThePage)
 {
     show(50);
