@@ -140,7 +140,8 @@ QString DocumentFlows::ShowFileDialog(const QString &title)
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,
-            .folder = folderOf(title)});
+            .folder = folderOf(title),
+            .fileName = isUntitled(title) ? QString() : QFileInfo(title).fileName()});
     keepFolder(fileName);
     return fileName;
 }

@@ -41,8 +41,8 @@ public:
     /// Writes the editor's document to fileName, without a dialog for the name.
     SaveOutcome write(frmPrFile &editor, const QString &fileName);
 
-    /// The name to save the document of that title under, or an empty text when the user cancelled. The dialog
-    /// begins in the document's own folder, where it has a file.
+    /// The name to save the document of that title under, or an empty text when the user cancelled. It begins
+    /// with the document's own folder and name, where it has a file.
     QString ShowFileDialog(const QString &title);
 
     /// Creates and shows the editor window of an untitled document with one row.

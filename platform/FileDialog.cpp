@@ -8,7 +8,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QLayout>
+#include <QLineEdit>
 #include <QListView>
 #include <QLocale>
 #include <QRegularExpression>
@@ -48,6 +50,19 @@ int placesWidth(const QWidget &places)
     return std::max(places.sizeHint().width(), entries);
 }
 
+/// Presets the name, which must not select its file in the list: Qt's own dialog takes what is selected there before
+/// what stands in the box.
+void presetName(QFileDialog &dialog, const QString &name)
+{
+    dialog.selectFile(name);
+    auto *box = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+    auto *list = dialog.findChild<QListView *>(u"listView"_s);
+    if (box && list) { // not in the desktop's own dialog
+        list->selectionModel()->clear();
+        box->selectAll();
+    }
+}
+
 QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
 {
     const QStringList filters = fileDialogFilters(settings.filter);
@@ -59,6 +74,9 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
     dialog.selectNameFilter(filters.value(settings.filterIndex - 1));
     dialog.setDefaultSuffix(settings.defaultExtension);
     dialog.setDirectory(settings.folder);
+    if (!settings.fileName.isEmpty()) {
+        presetName(dialog, settings.fileName);
+    }
     makeRoomForColumns(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};

@@ -13,6 +13,7 @@ struct FileDialogSettings
     QString filter; ///< "label|patterns|label|patterns", patterns separated by ";"
     int filterIndex = 1; ///< the preselected pair, from 1
     QString folder;
+    QString fileName = {}; ///< what the name is preset to, to be typed over; empty for nothing
 };
 
 /// The filter pairs in the form of Qt's dialog: labels shown as they stand, "*.*" matching every name.

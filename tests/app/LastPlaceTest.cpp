@@ -6,13 +6,16 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollBar>
 #include <QTest>
+#include <QTimer>
 #include <QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -99,6 +102,117 @@ TEST_F(LastPlace, dialogsBeginBesideTheActiveDocument)
     QFile::remove(path(u"far/a.inv"_s));
     QDir().rmdir(path(u"far"_s));
     EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s)) << "its folder is gone";
+}
+
+// As the dialog stands when the user begins to type: with the files of the folder listed.
+class PresetName : public LastPlace
+{
+protected:
+    void SetUp() override
+    {
+        LastPlace::SetUp();
+        start();
+        ASSERT_TRUE(open(writeFile(u"far/a.inv"_s, document(2))));
+        writeFile(u"far/b.inv"_s, document(2));
+        typeInto(2, 1, u"typed"_s);
+    }
+
+    /// Presses keys in the dialog once it lists its files and has the focus.
+    ModalScript::Answer keys(const std::function<void(QLineEdit &)> &act)
+    {
+        return [act](QWidget &dialog) {
+            auto &box = control<QLineEdit>(dialog, u"fileNameEdit"_s);
+            const auto &list = control<QListView>(dialog, u"listView"_s);
+            ASSERT_TRUE(QTest::qWaitFor(
+                [&] { return list.model()->rowCount(list.rootIndex()) >= 2 && box.hasFocus(); }, patience));
+            QApplication::processEvents();
+            // Later, because the dialog may ask a question first, which is the script's to answer too
+            QTimer::singleShot(0, &box, [act, &box] { act(box); });
+        };
+    }
+    static void typeName(QLineEdit &box, const QString &name)
+    {
+        QTest::keyClicks(&box, name);
+        EXPECT_EQ(box.text(), name);
+        QTest::keyClick(&box, Qt::Key_Return);
+    }
+    bool holdsTyped(const QString &name) { return readFile(path(name)).contains(",typed,"); }
+};
+
+TEST_F(PresetName, isTheDocumentsOwnAndReadyToBeTypedOver)
+{
+    ModalScript script;
+    script.then(keys([](QLineEdit &box) {
+        EXPECT_EQ(box.text(), u"a.inv"_s);
+        EXPECT_EQ(box.selectedText(), u"a.inv"_s);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    }));
+    chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);
+}
+
+TEST_F(PresetName, isTakenByEnterAfterTheQuestion)
+{
+    const QString question = u"a.inv already exists.\nDo you want to replace it?"_s;
+    ModalScript script;
+    script.then(keys([](QLineEdit &box) { QTest::keyClick(&box, Qt::Key_Return); }));
+    script.thenMessage(question, u"&Yes"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);
+    EXPECT_TRUE(holdsTyped(u"far/a.inv"_s));
+}
+
+TEST_F(PresetName, givesWayToANewNameWithoutAQuestion)
+{
+    ModalScript script;
+    script.then(keys([](QLineEdit &box) { typeName(box, u"other.inv"_s); }));
+    chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);
+    EXPECT_TRUE(holdsTyped(u"far/other.inv"_s));
+    EXPECT_FALSE(holdsTyped(u"far/a.inv"_s));
+    EXPECT_EQ(editor().windowTitle(), path(u"far/other.inv"_s));
+}
+
+TEST_F(PresetName, givesWayToAnotherFilesNameAfterItsQuestion)
+{
+    ModalScript script;
+    script.then(keys([](QLineEdit &box) { typeName(box, u"b.inv"_s); }));
+    script.thenMessage(u"b.inv already exists.\nDo you want to replace it?"_s, u"&Yes"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);
+    EXPECT_TRUE(holdsTyped(u"far/b.inv"_s));
+    EXPECT_FALSE(holdsTyped(u"far/a.inv"_s));
+}
+
+TEST_F(PresetName, maySimplyBeGoneOnWith)
+{
+    ModalScript script;
+    script.then(keys([](QLineEdit &box) {
+        QTest::keyClick(&box, Qt::Key_Home);
+        QTest::keyClicks(&box, u"new "_s);
+        QTest::keyClick(&box, Qt::Key_Return);
+    }));
+    chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);
+    EXPECT_TRUE(holdsTyped(u"far/new a.inv"_s));
+    EXPECT_FALSE(holdsTyped(u"far/a.inv"_s));
+}
+
+// What sets the box's text otherwise, an input aid say, does not give it the focus.
+TEST_F(PresetName, givesWayToANameThatIsPutIntoTheBox)
+{
+    chooseFile(u"mneFileSaveAs"_s, path(u"far/other.inv"_s));
+    EXPECT_TRUE(holdsTyped(u"far/other.inv"_s));
+    EXPECT_FALSE(holdsTyped(u"far/a.inv"_s));
+}
+
+TEST_F(PresetName, isEmptyForADocumentWithoutAFileAndForOpening)
+{
+    const auto empty = [](QLineEdit &box) {
+        EXPECT_EQ(box.text(), QString());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    };
+    ModalScript script;
+    script.then(keys(empty)).then(keys(empty));
+    chooseMenu(u"mneFile"_s, u"mneFileOpen"_s);
+    frmPrFile &untitled = *frame().openEditors().first();
+    QDir::setCurrent(path(u"far"_s));
+    frame().documents().SavePrFile(untitled, untitled.windowTitle()); // while another one is the active document
 }
 
 TEST_F(LastPlace, fileDialogsShowTheirColumnsWhole)
