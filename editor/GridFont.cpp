@@ -3,6 +3,7 @@
 #include "app/Common.h"
 #include "app/Settings.h"
 #include "platform/BusyPointer.h"
+#include "platform/Contrast.h"
 #include "platform/HelpWindow.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
@@ -32,6 +33,7 @@ void chooseGridFont(SpreadGrid &grid)
     grid.commitEdit();
     QFontDialog dialog(asShown(grid.gridFont()), grid.window());
     dialog.setObjectName(u"dlgFont"_s);
+    showBoxesOf(dialog);
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }

@@ -1,5 +1,7 @@
 #include "platform/Contrast.h"
 
+#include <QAbstractButton>
+
 #include <algorithm>
 #include <cmath>
 
@@ -53,6 +55,18 @@ QPalette boxPalette(QPalette palette, const QColor &background)
     const QColor frame = palette.color(QPalette::Window).darker(asTheStyleDoes);
     palette.setColor(QPalette::Window, shaded(background, frame, forFrames).lighter(asTheStyleDoes));
     return palette;
+}
+
+void showBoxesOf(QWidget &window)
+{
+    const QPalette usual = window.palette();
+    QPalette own; // nothing but the frames' colour
+    own.setColor(QPalette::Window, boxPalette(usual, usual.color(QPalette::Window)).color(QPalette::Window));
+    for (auto *button : window.findChildren<QAbstractButton *>()) {
+        if (button->inherits("QCheckBox") || button->inherits("QRadioButton")) {
+            button->setPalette(own);
+        }
+    }
 }
 
 QColor tinted(const QColor &background, const QColor &tint)

@@ -1,5 +1,6 @@
 #include "platform/CurrentPrinter.h"
 
+#include "platform/Contrast.h"
 #include "platform/PlainMessages.h"
 
 #include <QCoreApplication>
@@ -121,6 +122,7 @@ void CurrentPrinter::showSetup(
     dialog.setOptions(QAbstractPrintDialog::PrintShowPageSize | QAbstractPrintDialog::PrintCollateCopies);
     dialog.setOption(QAbstractPrintDialog::PrintToFile, toFile);
     setButtonTexts(dialog, okText, cancelText);
+    showBoxesOf(dialog);
     const bool isAccepted = dialog.exec() == QDialog::Accepted;
     if (toFile && (!isAccepted || printer().outputFileName() == preset)) {
         printer().setOutputFileName(before);

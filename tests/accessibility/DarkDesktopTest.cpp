@@ -9,11 +9,14 @@
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/FrameTest.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -49,6 +52,20 @@ QImage tickedPart(Button &button)
     const auto width = isOption ? QStyle::PM_ExclusiveIndicatorWidth : QStyle::PM_IndicatorWidth;
     const int size = button.style()->pixelMetric(width, nullptr, &button);
     return button.grab({0, (button.height() - size) / 2 - 1, size + 2, size + 2}).toImage();
+}
+
+/// Looks at the boxes and options of a window that can be ticked and are not; returns how many there are.
+int emptyBoxesSeenIn(QWidget &window)
+{
+    int boxes = 0;
+    for (auto *button : window.findChildren<QAbstractButton *>()) {
+        const bool isBox = button->inherits("QCheckBox") || button->inherits("QRadioButton");
+        if (isBox && button->isVisible() && button->isEnabled() && !button->isChecked()) {
+            EXPECT_GE(contrastIn(tickedPart(*button)), forPictures) << button->text().toStdString();
+            ++boxes;
+        }
+    }
+    return boxes;
 }
 
 } // namespace
@@ -102,6 +119,43 @@ TEST_P(OnDesktop, boxesWithoutATickInDialogsAreSeen)
     };
     openPrint(look);
     EXPECT_EQ(boxes, 2 + 2);
+}
+
+TEST_P(OnDesktop, boxesWithoutATickInTheFontDialogAreSeen)
+{
+    start(writeFile(u"a.inv"_s, document(3)));
+    int boxes = 0;
+    ModalScript script;
+    script.then([&boxes](QWidget &dialog) {
+        boxes = emptyBoxesSeenIn(dialog);
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
+    EXPECT_EQ(boxes, 2);
+}
+
+TEST_P(OnDesktop, boxesWithoutATickInThePrintersSettingAreSeen)
+{
+    start(writeFile(u"a.inv"_s, document(3)));
+    int boxes = 0;
+    ModalScript script;
+    script.then([](QWidget &print) {
+        QTimer::singleShot(0, &print, [&print] { // later, because the script answers the next dialog too
+            click(print, u"cmdSet"_s);
+            QTest::keyClick(&print, Qt::Key_Escape);
+        });
+    });
+    script.then([&boxes](QWidget &setup) {
+        for (auto *button : setup.findChildren<QPushButton *>()) {
+            if (button->text().endsWith(u">>"_s)) {
+                QTest::mouseClick(button, Qt::LeftButton); // shows the rest of the dialog
+            }
+        }
+        boxes = emptyBoxesSeenIn(setup);
+        QTest::keyClick(&setup, Qt::Key_Escape);
+    });
+    chooseMenu(u"mneFile"_s, u"mneFilePrint"_s);
+    EXPECT_GT(boxes, 2);
 }
 
 TEST_P(OnDesktop, theHelpsPlaceholdersCanBeRead)
