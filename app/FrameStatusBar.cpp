@@ -1,11 +1,12 @@
 #include "app/FrameStatusBar.h"
 
 #include "app/Common.h"
+#include "dialogs/SelectAllBox.h"
 #include "platform/PlainLabel.h"
 
-#include <QEvent>
+#include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +31,7 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     , m_countCaption(newLabel(u"lblPrcountCaption"_s, this))
     , m_lblPrcount(newLabel(u"lblPrcount"_s, this))
     , m_numberCaption(newLabel(u"lblPrCaption"_s, this))
-    , m_txtPr(new QLineEdit(this))
+    , m_txtPr(new SelectAllBox(this))
 {
     setObjectName(u"sspnlStatus"_s);
     setSizeGripEnabled(false);
@@ -40,7 +41,7 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
     m_txtPr->setFixedWidth(fontMetrics().horizontalAdvance(u"0000000000"_s));
     m_txtPr->installEventFilter(this);
     setMinimumHeight(m_txtPr->sizeHint().height() + 2 * verticalMargin);
-    connect(m_txtPr, &QLineEdit::returnPressed, this, [this] { emit jumpRequested(m_txtPr->text()); });
+    connect(m_txtPr, &QLineEdit::returnPressed, this, &FrameStatusBar::jump);
 }
 
 void FrameStatusBar::setCaptions(const QString &count, const QString &number)
@@ -59,7 +60,25 @@ void FrameStatusBar::showParameterCount(int count)
 
 void FrameStatusBar::showPrNumber(const QString &number)
 {
-    m_txtPr->setText(number);
+    m_prNumber = number;
+    restorePrNumber();
+}
+
+void FrameStatusBar::showNoDocument()
+{
+    m_lblPrcount->clear();
+    showPrNumber({});
+}
+
+void FrameStatusBar::jump()
+{
+    emit jumpRequested(m_txtPr->text());
+    restorePrNumber(); // after a miss the typed number is not the active row's
+}
+
+void FrameStatusBar::restorePrNumber()
+{
+    m_txtPr->setText(m_prNumber);
 }
 
 void FrameStatusBar::enterJumpBox()
@@ -91,10 +110,20 @@ void FrameStatusBar::placeControls()
     place(m_countCaption);
 }
 
+// What was typed and not looked for is no active row's number. A menu or another program takes the focus for a while
+// only.
 bool FrameStatusBar::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_txtPr && event->type() == QEvent::FocusIn) {
-        SelectAllText(*m_txtPr);
+    if (watched == m_txtPr && event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent *>(event)->reason();
+        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+            restorePrNumber();
+        }
+    } else if (watched == m_txtPr && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
+        restorePrNumber();
+        emit jumpGivenUp();
+        return true;
     }
     return QStatusBar::eventFilter(watched, event);
 }

@@ -101,6 +101,11 @@ MDIfrmTabrix::MDIfrmTabrix()
     new MenuKey(this);
     m_toolBar->enableDocumentButtons(false);
     connect(m_statusBar, &FrameStatusBar::jumpRequested, this, &MDIfrmTabrix::jumpToParameter);
+    connect(m_statusBar, &FrameStatusBar::jumpGivenUp, this, [this] {
+        if (const frmPrFile *editor = activeEditor()) {
+            editor->vaspdParam().setFocus();
+        }
+    });
     connect(m_area, &QMdiArea::subWindowActivated, this, &MDIfrmTabrix::windowActivated);
     connect(&m_documents, &DocumentFlows::editorCreated, this, &MDIfrmTabrix::connectEditor);
     connect(&m_documents, &DocumentFlows::documentOpened, this, [this] { m_toolBar->enableDocumentButtons(true); });
@@ -220,6 +225,7 @@ void MDIfrmTabrix::editorUnloaded()
 {
     if (openEditors().isEmpty()) {
         m_toolBar->enableDocumentButtons(false);
+        m_statusBar->showNoDocument();
         showMenus(m_menus->all());
     }
 }

@@ -209,7 +209,6 @@ void GridCommands::restore(bool (SpreadHistory::*way)())
     SpreadHistory &history = m_grid.history();
     if ((history.*way)()) {
         noteRowCount();
-        m_frame.showPrNumber(m_grid.text(ParameterColumn::Number, m_grid.activeRow()));
         DocFlags[m_docNo].changed = !history.isClean();
     }
 }

@@ -119,7 +119,8 @@ void frmPrFile::connectGrid()
 {
     connect(m_grid, &SpreadGrid::cellsEdited, this, &frmPrFile::markChanged);
     connect(m_grid, &SpreadGrid::headerDoubleClicked, m_grid, &SpreadGrid::fitColumnWidth);
-    connect(m_grid, &SpreadGrid::cellLeft, this, [this](int, int, int, int newRow) { showMoved(newRow); });
+    connect(m_grid, &SpreadGrid::cellLeft, this, &frmPrFile::showPrNumber);
+    connect(m_grid, &SpreadGrid::contentsChanged, this, &frmPrFile::showPrNumber);
     connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
     connect(m_grid, &SpreadGrid::rightClicked, this,
         [this](int, int, const QPoint &position) { m_menus->edit().popup(position); });
@@ -148,7 +149,7 @@ void frmPrFile::SetPrInfSpread()
 void frmPrFile::activate()
 {
     m_frame.showParameterCount(MachineInfos[m_docNo].Paramater);
-    m_frame.showPrNumber(m_grid->text(ParameterColumn::Number, m_grid->activeRow()));
+    showPrNumber();
     updatePaste();
     for (const int bar : {0, 1}) {
         showBarMark(bar, m_frame.isBarShown(bar));
@@ -196,10 +197,10 @@ void frmPrFile::markChanged(const GridBlock &block)
     m_grid->setForeColour(block, QColor(changedCellColour));
 }
 
-void frmPrFile::showMoved(int newRow)
+void frmPrFile::showPrNumber()
 {
-    if (newRow > 0) {
-        m_frame.showPrNumber(m_grid->text(ParameterColumn::Number, newRow));
+    if (m_frame.activeEditor() == this) {
+        m_frame.showPrNumber(m_grid->cellText(ParameterColumn::Number, m_grid->activeRow()).toString());
     }
 }
 

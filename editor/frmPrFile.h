@@ -76,7 +76,7 @@ private:
     void updatePaste();
     void toggleBar(int bar);
     void chooseColumns();
-    void showMoved(int newRow);
+    void showPrNumber();
     QAction &action(QStringView name) const;
     bool queryUnload();
     bool saveToClose();

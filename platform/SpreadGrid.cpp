@@ -52,6 +52,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
         keyPressEvent(&event);
     });
     m_delegate->setFillKey([this] { return fillFromEditor(); });
+    connect(m_model, &SpreadModel::dataChanged, this, &SpreadGrid::contentsChanged);
     m_model->setObserver([this](const TextChange &change) { noteTexts(change); });
     connectHeaders();
     m_sizes->noteFont();
@@ -75,6 +76,7 @@ void SpreadGrid::setRowCount(int rows)
     m_model->setRowCount(rows);
     m_selection->fitIntoGrid();
     m_sizes->fitRowNumberWidth();
+    emit contentsChanged();
 }
 
 int SpreadGrid::columnCount() const

@@ -29,7 +29,7 @@ struct TextChange;
 /// header row, column 0 the row numbers, -1 stands for all. A cell's text is its only value: a check box holds "0" or
 /// "1" (any number other than 0 is shown ticked). Cells outside the grid read as empty and are left alone by writing.
 ///
-/// Routines change the grid silently; only what the user does raises signals.
+/// Routines change the grid silently, but for contentsChanged(); only what the user does raises the other signals.
 class SpreadGrid : public SpreadView
 {
     Q_OBJECT
@@ -159,6 +159,9 @@ public:
     SpreadHistory &history() const { return *m_history; }
 
 signals:
+    /// Texts or looks of data cells may be others, or rows came or went, by whoever's doing; once for all that was
+    /// done while redrawing was off.
+    void contentsChanged();
     /// The user changed texts. Raised once per act, after it, with the smallest block that holds all changed cells; not
     /// when every text stayed the same.
     void cellsEdited(const GridBlock &block);

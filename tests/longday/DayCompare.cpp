@@ -116,18 +116,22 @@ QString numbers(const QJsonArray &windows)
     return list.join(u' ');
 }
 
-/// What the frame shows of the active window.
+QString activeNumber(const RowsModel &rows)
+{
+    return rows.rowCount() > 0 ? rows.text(1, rows.activeRow()) : QString();
+}
+
+/// What the frame shows of the active window; neither count nor number without one.
 QString activeDifference(const DayProgram &program, const QJsonObject &shown, const QJsonObject &window)
 {
     const auto active = std::ranges::find(program.windows, program.active, &DayWindow::number);
     if (active == program.windows.end()) {
-        return {};
+        return first({differs(u"the count"_s, shown[u"count"_s].toString(), QString()),
+            differs(u"the Pr box"_s, shown[u"pr"_s].toString(), QString())});
     }
-    const QString pr = shown[u"pr"_s].toString();
     const RowsModel::Clipboard &clipboard = program.clipboard;
     return first({differs(u"the count"_s, shown[u"count"_s].toString(), QString::number(active->rows.rowCount())),
-        program.pr.isEmpty() || program.pr.contains(pr) ? QString()
-                                                        : differs(u"the Pr box"_s, pr, program.pr.join(u"\" or \""_s)),
+        differs(u"the Pr box"_s, shown[u"pr"_s].toString(), activeNumber(active->rows)),
         differs(u"Paste's button"_s, shown[u"paste"_s].toBool(), clipboard.canPaste || program.hasAllButtons),
         differs(u"Add-paste's button"_s, shown[u"addPaste"_s].toBool(), clipboard.canAddPaste || program.hasAllButtons),
         differs(u"Paste in the menu"_s, window[u"paste"_s].toBool(), clipboard.canPaste),

@@ -29,17 +29,12 @@ void Day::click(int column, int row, bool extend)
 /// Column 4 to 7: from the next text cell by keys.
 void Day::moveTo(int column, int row)
 {
-    RowsModel &rows = window().rows;
-    const GridBlock before{rows.activeColumn(), rows.activeRow(), 0, 0};
     const bool isText = std::ranges::find(textColumns, column) != textColumns.end();
     click(isText ? column : 3, row);
     for (int step = isText ? column : 3; step < column; ++step) {
         press(u"Right"_s);
     }
-    rows.select({column, row, column, row});
-    if (before.column1 != column || before.row1 != row) {
-        program().leaveCell();
-    }
+    window().rows.select({column, row, column, row});
 }
 
 bool Day::clickCell()
@@ -79,15 +74,11 @@ bool Day::selectRows()
     RowsModel &rows = window().rows;
     const int row = upTo(1, rows.rowCount());
     const int below = std::min(rows.rowCount(), row + upTo(0, 3));
-    const bool moves = rows.activeColumn() != 1 || rows.activeRow() != row;
     click(0, row);
     for (int step = row; step < below; ++step) {
         press(u"Shift+Down"_s);
     }
     rows.select({-1, row, RowsModel::columnCount, below});
-    if (moves) {
-        program().leaveCell();
-    }
     return true;
 }
 
@@ -104,11 +95,7 @@ bool Day::selectRowsUpward()
     for (int step = last; step > first; --step) {
         press(u"Shift+Up"_s);
     }
-    const bool moves = first != last;
     rows.select({-1, first, RowsModel::columnCount, last});
-    if (moves) {
-        program().leaveCell();
-    }
     return true;
 }
 
@@ -120,7 +107,6 @@ bool Day::command(Change change)
         return false;
     }
     m_model.edit(m_front, change);
-    program().numberMayDiffer();
     return true;
 }
 
@@ -142,9 +128,6 @@ bool Day::typeText()
     say(u"\"%1\" into column %2, row %3"_s.arg(text).arg(column).arg(row));
     run({{u"do"_s, u"type"_s}, {u"text"_s, text}});
     command([&](RowsModel &rows) { rows.type(text.isEmpty() ? rows.text(column, row) : text); });
-    if (window().rows.activeRow() != row) {
-        program().leaveCell();
-    }
     return true;
 }
 
@@ -294,9 +277,6 @@ bool Day::jump()
     }
     if (row > 0) {
         rows.select({1, row, 1, row});
-        program().leaveCell();
-    } else {
-        program().pr = QStringList{number, rows.text(1, rows.activeRow())};
     }
     return true;
 }

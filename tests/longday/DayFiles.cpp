@@ -128,7 +128,6 @@ void Day::finishSave(DayWindow &window, const Save &save)
     const QString &path = save.path;
     if (save.asksBack) {
         window.goToFirstFault();
-        program().numberMayDiffer();
     }
     if (save.isDeclined || path.isEmpty()) {
         return;

@@ -88,7 +88,6 @@ void DayProgram::activate(int number)
     losesCopy();
     clipboard.canPaste = !clipboard.text.isEmpty();
     clipboard.canAddPaste = clipboard.canPaste && clipboard.copied == RowsModel::Copied::Rows;
-    leaveCell();
 }
 
 bool DayProgram::losesCopy()
@@ -98,27 +97,6 @@ bool DayProgram::losesCopy()
         clipboard.copied = RowsModel::Copied::Nothing;
     }
     return loses;
-}
-
-void DayProgram::leaveCell()
-{
-    const RowsModel &rows = activeWindow().rows;
-    if (rows.rowCount() > 0) {
-        pr = QStringList{rows.text(1, rows.activeRow())};
-    } else {
-        pr.clear();
-    }
-}
-
-void DayProgram::numberMayDiffer()
-{
-    const DayWindow *shown = window(active);
-    if (!shown || shown->rows.rowCount() == 0) {
-        pr.clear();
-    } else if (!pr.isEmpty()) {
-        const RowsModel &rows = shown->rows;
-        pr << rows.text(1, rows.activeRow());
-    }
 }
 
 // Entries beyond the stored ones keep what they show.
@@ -194,7 +172,6 @@ void DayModel::close(int number, int window)
     std::erase_if(program.windows, [window](const DayWindow &one) { return one.number == window; });
     if (program.active == window) {
         program.active = 0;
-        program.pr.clear();
     }
 }
 

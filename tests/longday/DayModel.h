@@ -58,7 +58,6 @@ struct DayProgram
     int active = 0; ///< document number
     QStringList recent; ///< shown in the frame's File menu
     QMap<QString, QByteArray> written; ///< what it left in a file last, by path
-    QStringList pr; ///< the texts that the Pr box may show
     RowsModel::Clipboard clipboard;
     QString copiedText; ///< what the last Copy or Cut here put on the clipboard
     bool hasAllButtons = false; ///< Paste's and Add-paste's, since the last open: until a window is activated
@@ -72,10 +71,6 @@ struct DayProgram
     void activate(int number);
     /// Whether the clipboard holds something else than what was copied here last; then there is no copy any more.
     bool losesCopy();
-    /// The active cell was left for one in its row.
-    void leaveCell();
-    /// A command was carried out that may have changed the active row's number under the Pr box.
-    void numberMayDiffer();
     void show(const QStringList &files);
 };
 
