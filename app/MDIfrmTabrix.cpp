@@ -204,6 +204,7 @@ void MDIfrmTabrix::connectKeys()
 void MDIfrmTabrix::connectEditor(frmPrFile *editor)
 {
     m_toolBar->enableDocumentButtons(true);
+    m_recent.repeatIn(*editor);
     connect(editor, &frmPrFile::openRequested, this, [this] { m_documents.OpenPrFile(); });
     connect(editor, &frmPrFile::openRecentRequested, this, &MDIfrmTabrix::openRecent);
     connect(editor, &frmPrFile::exitRequested, this, &QWidget::close);

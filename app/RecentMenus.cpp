@@ -7,6 +7,7 @@
 
 void RecentMenus::AddRecentFile(const QString &fileName)
 {
+    BuildRecentMenus(); // what another program has stored meanwhile is listed, too
     if (!IsRecentFile(fileName)) {
         StoreRecentFile(fileName);
     }
@@ -25,4 +26,9 @@ void RecentMenus::BuildRecentMenus()
     for (frmPrFile *editor : m_frame.openEditors()) {
         editor->showRecentFiles(files);
     }
+}
+
+void RecentMenus::repeatIn(frmPrFile &editor) const
+{
+    editor.showRecentFiles(m_frameGroup.shownFiles());
 }

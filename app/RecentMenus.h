@@ -4,6 +4,7 @@
 
 class EditorFrame;
 class RecentFileGroup;
+class frmPrFile;
 
 /// The recent-file entries of the frame's and of every editor window's File menu.
 class RecentMenus
@@ -17,6 +18,8 @@ public:
     bool IsRecentFile(const QString &fileName) const;
     /// Shows the stored files in every menu.
     void BuildRecentMenus();
+    /// Shows in a new window's menu what the frame's menu shows.
+    void repeatIn(frmPrFile &editor) const;
 
 private:
     RecentFileGroup &m_frameGroup;

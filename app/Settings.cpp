@@ -59,6 +59,19 @@ QString recentKey(int number)
     return u"RecentFile"_s + QString::number(number);
 }
 
+QStringList recentFilesIn(const QSettings &store)
+{
+    QStringList files;
+    for (int number = 1; number <= recentFileCount; ++number) {
+        files << storedText(store, recentSection, recentKey(number));
+    }
+    if (files.first().isEmpty()) {
+        return {};
+    }
+    files.removeAll(QString());
+    return files;
+}
+
 QString columnKey(std::size_t index)
 {
     return u"ListVisualState"_s + QString::number(index);
@@ -130,21 +143,16 @@ void SaveUserFont(const QString &name, float size, bool italic, bool bold)
 QStringList recentFiles()
 {
     QStringList files;
-    SettingsFile::read([&](const QSettings &store) {
-        for (int number = 1; number <= recentFileCount; ++number) {
-            files << storedText(store, recentSection, recentKey(number));
-        }
-    });
-    if (files.first().isEmpty()) {
-        return {};
-    }
-    files.removeAll(QString());
+    SettingsFile::read([&](const QSettings &store) { files = recentFilesIn(store); });
     return files;
 }
 
 void StoreRecentFile(const QString &fileName)
 {
     SettingsFile::change([&](QSettings &store) {
+        if (recentFilesIn(store).contains(fileName)) {
+            return;
+        }
         for (int number = recentFileCount - 1; number >= 1; --number) {
             const QString file = storedText(store, recentSection, recentKey(number));
             if (!file.isEmpty()) {

@@ -119,3 +119,35 @@ TEST_F(RecentFiles, areStillThereAfterARestart)
     start();
     EXPECT_EQ(shown(), QStringList(file));
 }
+
+TEST_F(RecentFiles, keepTheirOrderWhenTheCommandLineNamesAListedOne)
+{
+    const QString a = open(u"a.inv"_s);
+    const QString b = open(u"b.inv"_s);
+    start(a);
+    EXPECT_EQ(editor().windowTitle(), a);
+    EXPECT_EQ(shown(), QStringList({b, a}));
+    EXPECT_EQ(recentFiles(), QStringList({b, a}));
+}
+
+TEST_F(RecentFiles, keepTheirOrderWhenAnotherProgramHasStoredTheFileMeanwhile)
+{
+    const QString a = open(u"a.inv"_s);
+    const QString b = writeFile(u"b.inv"_s, document(2));
+    const QString c = path(u"c.inv"_s);
+    StoreRecentFile(b);
+    StoreRecentFile(c);
+    open(u"b.inv"_s);
+    EXPECT_EQ(shown(), QStringList({c, b, a}));
+    EXPECT_EQ(recentFiles(), QStringList({c, b, a}));
+}
+
+TEST_F(RecentFiles, keepTheirOrderWhenADocumentIsSavedUnderANameThatAnotherProgramHasStored)
+{
+    const QString a = open(u"a.inv"_s);
+    const QString b = path(u"b.inv"_s);
+    StoreRecentFile(b);
+    EXPECT_EQ(frame().documents().SavePrFile(editor(), b), SaveOutcome::Saved);
+    EXPECT_EQ(shown(), QStringList({b, a}));
+    EXPECT_EQ(recentFiles(), QStringList({b, a}));
+}

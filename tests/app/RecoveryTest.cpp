@@ -6,6 +6,7 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -480,3 +481,14 @@ INSTANTIATE_TEST_SUITE_P(Damages, DamagedCopy,
                 return bytes;
             }}),
     [](const auto &test) { return std::string(test.param.what); });
+
+TEST_F(Recovery, listsTheRecentFilesInTheRecoveredWindowToo)
+{
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    crash(file);
+    start();
+    ASSERT_TRUE(DocFlags[docNo()].changed);
+    QAction &entry = menuCommand(u"mneFile"_s, u"mnuRecentFile(1)"_s);
+    EXPECT_TRUE(entry.isVisible());
+    EXPECT_EQ(entry.text(), file);
+}

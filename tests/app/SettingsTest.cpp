@@ -241,6 +241,14 @@ TEST_F(SettingsTest, recentFilesAreStoredNewestFirst)
     EXPECT_EQ(recentFiles(), (QStringList{u"/data/b.inv"_s, u"/data/a.inv"_s}));
 }
 
+TEST_F(SettingsTest, aListedFileStaysWhereItIs)
+{
+    StoreRecentFile(u"/data/a.inv"_s);
+    StoreRecentFile(u"/data/b.inv"_s);
+    StoreRecentFile(u"/data/a.inv"_s);
+    EXPECT_EQ(recentFiles(), (QStringList{u"/data/b.inv"_s, u"/data/a.inv"_s}));
+}
+
 TEST_F(SettingsTest, onlyTheLastFourFilesAreRemembered)
 {
     for (const char16_t name : u"abcde"_s.toStdU16String()) {

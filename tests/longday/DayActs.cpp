@@ -99,7 +99,7 @@ bool Day::killInASave()
 {
     constexpr int longest = 15'000; // microseconds; a save takes some thousand
     if (program().active == 0 || m_disk.isFull() || !window().comesBack()
-        || !program().recent.contains(window().caption)
+        || !m_model.storedFiles().contains(window().caption)
         || m_model.replacesForeign(m_front, window(), window().caption)) {
         return false;
     }

@@ -92,9 +92,7 @@ QString windowDifference(const DayWindow &window, const QJsonObject &shown)
     const QString difference = first({differs(u"the caption"_s, shown[u"caption"_s].toString(), window.caption),
         rowDifference(window.rows, shown), selectionDifference(window.rows, shown),
         differs(u"the changed mark"_s, shown[u"changed"_s].toBool(), window.rows.isChanged()),
-        window.listsRecent
-            ? differs(u"its recent files"_s, texts(shown[u"recent"_s]).join(u" | "_s), window.recent.join(u" | "_s))
-            : QString()});
+        differs(u"its recent files"_s, texts(shown[u"recent"_s]).join(u" | "_s), window.recent.join(u" | "_s))});
     return difference.isEmpty() ? QString() : u"window %1: "_s.arg(window.number) + difference;
 }
 

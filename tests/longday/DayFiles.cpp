@@ -61,7 +61,7 @@ bool Day::open()
 bool Day::openRecent()
 {
     const QStringList &listed = program().active != 0 ? window().recent : program().recent;
-    if (listed.isEmpty() || (program().active != 0 && !window().listsRecent)) {
+    if (listed.isEmpty()) {
         return false;
     }
     const int entry = upTo(1, int(listed.size()));

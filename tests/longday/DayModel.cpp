@@ -106,7 +106,6 @@ void DayProgram::show(const QStringList &files)
     showIn(recent);
     for (DayWindow &window : windows) {
         showIn(window.recent);
-        window.listsRecent = true;
     }
 }
 
@@ -119,7 +118,7 @@ void DayModel::start(int number, const std::vector<DayCopy> &recovered)
     program.windows.push_back({program.takeSlot(), untitled(), false, RowsModel({RowsModel::Row()}), {}});
     program.show(storedFiles());
     for (const DayCopy &copy : recovered) {
-        DayWindow window{program.takeSlot(), copy.caption, copy.hasMachine, copy.rows, {}, false};
+        DayWindow window{program.takeSlot(), copy.caption, copy.hasMachine, copy.rows, program.recent};
         if (files.contains(copy.caption)) { // it is taken to know what stands there now
             window.seenPath = copy.caption;
             window.seen = files[copy.caption];
@@ -135,7 +134,8 @@ void DayModel::open(int number, const QString &path, bool hasMachine, const std:
     DayProgram &program = programs.at(size_t(number));
     const int slot = program.takeSlot();
     const auto place = std::ranges::upper_bound(program.windows, slot, {}, &DayWindow::number);
-    program.windows.insert(place, {slot, path, hasMachine, RowsModel(rows), {}, true, path, files.value(path)});
+    program.windows.insert(
+        place, {slot, path, hasMachine, RowsModel(rows), program.recent, path, files.value(path)});
     program.activate(slot);
     program.hasAllButtons = true;
     addRecent(number, path);
@@ -188,10 +188,11 @@ void DayModel::takeForeignText(int number, const QString &text)
     }
 }
 
-// A file that the menu shows already stays where it is.
+// A file that is listed already, by another program perhaps, stays where it is.
 void DayModel::addRecent(int number, const QString &path)
 {
     DayProgram &program = programs.at(size_t(number));
+    program.show(storedFiles());
     if (!program.recent.contains(path)) {
         store(path);
     }

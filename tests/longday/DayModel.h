@@ -33,7 +33,6 @@ struct DayWindow
     bool hasMachine; ///< false: made by the program at its start, without machine information
     RowsModel rows;
     QStringList recent; ///< shown in its File menu
-    bool listsRecent = true; ///< false: its menu has not been built since it was recovered
     QString seenPath = {}; ///< the file that it was opened from or saved to last
     std::optional<QByteArray> seen = {}; ///< what that held then
     std::vector<DayCopy> copies = {}; ///< any of them may come back after a kill
