@@ -33,16 +33,6 @@ constexpr qint16 openFilterId = 160;
 constexpr qint16 extensionId = 161;
 constexpr int parameterFilter = 2;
 
-/// The name that a recovered document is saved under: a relative one means the file that it meant before the crash.
-QString recoveredTitle(const RecoveryCopy &copy)
-{
-    if (copy.fileName.isEmpty()) {
-        return ResString(untitledId);
-    }
-    const bool sameFile = QFileInfo(copy.fileName).absoluteFilePath() == copy.path;
-    return sameFile ? copy.fileName : QDir::toNativeSeparators(copy.path);
-}
-
 } // namespace
 
 DocumentFlows::DocumentFlows(QMdiArea &area, EditorFrame &frame, FileHost &host)
@@ -149,20 +139,15 @@ QString DocumentFlows::ShowFileDialog(const QString &title)
 /// Where a file dialog begins: beside the document of that title, in the working folder while it has no file.
 QString DocumentFlows::folderOf(const QString &title)
 {
-    const QString folder = isUntitled(title) ? QString() : QFileInfo(title).absolutePath();
+    const QString folder = isUntitled(title) ? QString() : QFileInfo(title).path();
     return QFileInfo(folder).isDir() ? folder : QDir::currentPath();
 }
 
-// Both dialogs may begin in the working folder; so the folder that was used last becomes it. Not while a document goes
-// by a relative name, which would mean another file there.
-void DocumentFlows::keepFolder(const QString &fileName) const
+// Both dialogs may begin in the working folder; so the folder that was used last becomes it.
+void DocumentFlows::keepFolder(const QString &fileName)
 {
-    const QList<frmPrFile *> editors = openEditors();
-    const bool bound = std::ranges::any_of(editors, [](const frmPrFile *editor) {
-        return !isUntitled(editor->windowTitle()) && QFileInfo(editor->windowTitle()).isRelative();
-    });
-    if (!fileName.isEmpty() && !bound) {
-        QDir::setCurrent(QFileInfo(fileName).absolutePath());
+    if (!fileName.isEmpty()) {
+        QDir::setCurrent(QFileInfo(fileName).path());
     }
 }
 
@@ -190,11 +175,11 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
     if (copy.fileName.isEmpty()) {
         noteNoFile(slot);
     } else {
-        notePresentFile(slot, copy.path);
+        notePresentFile(slot, copy.fileName);
     }
     frmPrFile &editor = createEditor(slot);
     restoreCells(editor.vaspdParam(), copy);
-    editor.setWindowTitle(recoveredTitle(copy));
+    editor.setWindowTitle(copy.fileName.isEmpty() ? ResString(untitledId) : copy.fileName);
     DocFlags[slot].changed = true;
     showEditor(editor);
     emit documentOpened();

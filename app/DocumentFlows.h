@@ -75,7 +75,7 @@ private:
     bool postponedFor(frmPrFile &editor, std::function<void()> save);
     SaveOutcome write(frmPrFile &editor, const QString &fileName, bool mayReplace);
     static QString folderOf(const QString &title);
-    void keepFolder(const QString &fileName) const;
+    static void keepFolder(const QString &fileName);
     frmPrFile &createEditor(int slot);
     void showEditor(frmPrFile &editor);
 

@@ -136,7 +136,7 @@ void MDIfrmTabrix::load(const QString &commandLine)
     m_toolBar->loadPictures();
     m_documents.NewDocumentWindow(1);
     if (!commandLine.isEmpty()) {
-        m_documents.OpenPrFile(commandLine);
+        m_documents.OpenPrFile(absoluteFileName(commandLine));
     }
     m_recent.BuildRecentMenus();
     setWindowState(Qt::WindowMaximized); // last, so that the frame opens maximised whatever was restored

@@ -23,7 +23,8 @@ public:
     MDIfrmTabrix();
     ~MDIfrmTabrix() override;
 
-    /// The program's start-up. commandLine is one file name, quotes included; empty for none.
+    /// The program's start-up. commandLine is one file name, quotes included; empty for none. A relative one is that of
+    /// the working folder at this moment.
     void load(const QString &commandLine);
 
     void SetFrameCaptions();

@@ -3,7 +3,6 @@
 #include "runtime/AnsiText.h"
 
 #include <QCryptographicHash>
-#include <QFileInfo>
 
 #include <cstring>
 #include <limits>
@@ -132,8 +131,8 @@ RecoveredRow unpackRow(Unpacker &in)
 RecoveryCopy unpackContent(Unpacker &in)
 {
     RecoveryCopy copy;
+    in.text(); // see packRecoveryCopy()
     copy.fileName = in.text();
-    copy.path = in.text();
     for (const auto field : infoTexts) {
         copy.info.*field = in.text();
     }
@@ -154,8 +153,8 @@ QByteArray packRecoveryCopy(const RecoverySource &source)
     constexpr qsizetype usualRow = 240;
     const int rows = source.grid.rowCount();
     Packer out(rows * usualRow);
+    out.text(source.fileName); // earlier versions: as it was typed, and then its full path
     out.text(source.fileName);
-    out.text(source.fileName.isEmpty() ? QString() : QFileInfo(source.fileName).absoluteFilePath());
     for (const auto field : infoTexts) {
         out.text(source.info.*field);
     }

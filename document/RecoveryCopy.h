@@ -41,7 +41,6 @@ struct RecoveredRow
 struct RecoveryCopy
 {
     QString fileName; ///< as the window named it; empty for an untitled document
-    QString path; ///< fileName's absolute path at that time; empty for an untitled document
     MachineInfo info;
     QList<RecoveredRow> rows;
     int codePage = 0; ///< that the document is written in; a copy that does not say has the system's

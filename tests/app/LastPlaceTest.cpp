@@ -237,13 +237,14 @@ TEST_F(LastPlace, fileDialogsShowTheirColumnsWhole)
     chooseMenu(u"mneFile"_s, u"mneFileOpen"_s);
 }
 
-TEST_F(LastPlace, aDocumentWithARelativeNameIsStillSavedToItsFile)
+TEST_F(LastPlace, aDocumentOfTheCommandLineIsStillSavedToItsFile)
 {
-    writeFile(u"a.inv"_s, document(2));
+    const QString file = writeFile(u"a.inv"_s, document(2));
     start(u"a.inv"_s);
     chooseFile(u"mneFileOpen"_s, writeFile(u"far/b.inv"_s, document(2)));
     frame().makeActive(*frame().openEditors().at(1));
-    ASSERT_EQ(editor().windowTitle(), u"a.inv"_s);
+    ASSERT_EQ(editor().windowTitle(), file);
+    EXPECT_EQ(QDir::currentPath(), path(u"far"_s));
     frame().activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&frame(), patience));
     typeInto(2, 1, u"typed"_s);

@@ -8,6 +8,7 @@
 #include "tests/support/FrameTest.h"
 #include "tests/support/MenuCaptions.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -48,6 +49,39 @@ TEST_F(StartUp, opensTheCommandLineAsOneFileName)
     EXPECT_EQ(editor().windowTitle(), file);
     EXPECT_EQ(editor().tag(), u"2"_s);
     EXPECT_EQ(grid().text(2, 3), u"Parameter 3"_s);
+}
+
+TEST_F(StartUp, namesTheDocumentByTheFullPathOfARelativeName)
+{
+    const QString file = writeFile(u"a.inv"_s, document(3));
+    ASSERT_TRUE(QDir().mkpath(path(u"below"_s)));
+    for (const QString &name : {u"a.inv"_s, u"./a.inv"_s, u"below/../a.inv"_s}) {
+        start(name);
+        EXPECT_EQ(editor().windowTitle(), file) << name.toStdString();
+        EXPECT_EQ(setting(u"Recent Files/RecentFile1"_s), file) << name.toStdString();
+        EXPECT_EQ(setting(u"Recent Files/RecentFile2"_s), QString()) << name.toStdString();
+    }
+}
+
+TEST_F(StartUp, followsALinkWhereTheSystemDoes)
+{
+    ASSERT_TRUE(QDir().mkpath(path(u"far/below"_s)));
+    writeFile(u"far/a.inv"_s, document(3));
+    ASSERT_TRUE(QFile::link(path(u"far/below"_s), path(u"link"_s)));
+    start(u"link/../a.inv"_s);
+    EXPECT_EQ(editor().windowTitle(), path(u"link/../a.inv"_s));
+    EXPECT_EQ(grid().rowCount(), 3);
+}
+
+TEST_F(StartUp, namesAFileThatIsNotThereAsItWasTyped)
+{
+    ModalScript script;
+    script.then([&](QWidget &box) {
+        EXPECT_EQ(box.windowTitle(), u"b.inv"_s);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    start(u"b.inv"_s);
+    EXPECT_EQ(script.asked(), 1);
 }
 
 TEST_F(StartUp, takesQuotesOnTheCommandLineAsPartOfTheName)

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QCryptographicHash>
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +63,6 @@ TEST(RecoveryCopy, comesBackAsItWasPacked)
     const auto copy = unpackRecoveryCopy(packed(u"/tmp/a.inv"_s, rows));
     ASSERT_TRUE(copy);
     EXPECT_EQ(copy->fileName, u"/tmp/a.inv"_s);
-    EXPECT_EQ(copy->path, u"/tmp/a.inv"_s);
     EXPECT_EQ(copy->rows, rows);
     MachineInfo info = someInfo();
     info.Paramater = 3;
@@ -96,20 +94,11 @@ TEST(RecoveryCopy, holdsTextsThatNoCodePageKnows)
     EXPECT_EQ(copy->rows.first(), odd);
 }
 
-TEST(RecoveryCopy, knowsWhereARelativeNameLed)
-{
-    const auto copy = unpackRecoveryCopy(packed(u"a.inv"_s, {row(u"x"_s)}));
-    ASSERT_TRUE(copy);
-    EXPECT_EQ(copy->fileName, u"a.inv"_s);
-    EXPECT_EQ(copy->path, QDir::currentPath() + u"/a.inv"_s);
-}
-
-TEST(RecoveryCopy, givesAnUntitledDocumentNoPath)
+TEST(RecoveryCopy, givesAnUntitledDocumentNoName)
 {
     const auto copy = unpackRecoveryCopy(packed({}, {}));
     ASSERT_TRUE(copy);
     EXPECT_TRUE(copy->fileName.isEmpty());
-    EXPECT_TRUE(copy->path.isEmpty());
     EXPECT_TRUE(copy->rows.isEmpty());
 }
 

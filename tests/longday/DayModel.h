@@ -104,9 +104,10 @@ public:
     void addRecent(int program, const QString &path);
     /// The menus of a program are built again.
     void showRecent(int program) { programs.at(size_t(program)).show(storedFiles()); }
+    /// What the menus show when they are built now.
+    QStringList storedFiles() const;
 
 private:
-    QStringList storedFiles() const;
     void store(const QString &path);
 };
 

@@ -23,6 +23,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -189,6 +190,20 @@ TEST_P(ByteName, isThatOfTheRecoveredDocument)
     expectItIsOpen();
     EXPECT_EQ(grid().text(2, 1), u"Kept"_s);
     saveAndExpect(u"Saved"_s);
+}
+
+TEST_P(ByteName, isThatOfAWorkingFolderInTheFullPath)
+{
+    const QByteArray folder = bytesName() + ".d";
+    ASSERT_EQ(::mkdir(folder, 0700), 0);
+    ASSERT_EQ(::chdir(folder), 0);
+    write("a.inv", document(2));
+    start(u"a.inv"_s);
+    EXPECT_EQ(fileNameBytes(editor().windowTitle()), folder + "/a.inv");
+    stop();
+    ::unlink("a.inv");
+    QDir::setCurrent(path({}));
+    ::rmdir(folder);
 }
 
 TEST_P(ByteName, isShownInMessages)
