@@ -33,6 +33,6 @@ void SaveUserFont(const QString &name, float size, bool italic, bool bold);
 /// The stored recent files that are not empty, newest first; at most four. None when the newest entry is missing.
 QStringList recentFiles();
 
-/// Puts fileName first among the recent files; the fourth is forgotten. A name that recentFiles() gives by then, because
-/// another program has stored it, stays where it is.
+/// Puts fileName first among the recent files; the fourth is forgotten. A name that recentFiles() gives by then,
+/// because another program has stored it, stays where it is.
 void StoreRecentFile(const QString &fileName);

@@ -39,7 +39,7 @@ void chooseGridFont(SpreadGrid &grid)
     }
     const QFont font = dialog.selectedFont();
     UserFont = {.FontName = font.family(),
-        .FontSize = float(QFontInfo(font).pointSizeF()),
+        .FontSize = float(font.pointSizeF()), // as it was chosen; it is shown in whole pixels
         .FontItalic = font.italic(),
         .FontBold = font.bold()};
     SaveUserFont(UserFont.FontName, UserFont.FontSize, UserFont.FontItalic, UserFont.FontBold);

@@ -3,9 +3,9 @@
 #include <QString>
 #include <QStringList>
 
-/// What was typed behind the program's name, as one text: it may be a file name of any bytes. Where the system keeps the
-/// line as it was typed, quotes and runs of blanks are part of it; elsewhere a blank stands between two arguments. Call
-/// it when the application object has taken its own options out of argc and argv.
+/// What was typed behind the program's name, as one text: it may be a file name of any bytes. Where the system keeps
+/// the line as it was typed, quotes and runs of blanks are part of it; elsewhere a blank stands between two arguments.
+/// Call it when the application object has taken its own options out of argc and argv.
 QString commandLineText(int argc, char **argv);
 
 /// The same of a line as Windows keeps it, program name included. left: the values of the arguments that are not the

@@ -22,8 +22,8 @@ QString fileNameFromQt(const QString &name);
 /// The local file that the address means, "/" between the folders; it may hold bytes that are no UTF-8.
 QString fileNameFromUrl(const QUrl &url);
 
-/// The full path of what the name leads to from the working folder, so that it goes on meaning that; the name itself when
-/// it is a full path, or leads nowhere.
+/// The full path of what the name leads to from the working folder, so that it goes on meaning that; the name itself
+/// when it is a full path, or leads nowhere.
 QString absoluteFileName(const QString &name);
 
 /// The name as a user is shown it: U+FFFD for each byte that is no part of a character.

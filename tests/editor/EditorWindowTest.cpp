@@ -302,6 +302,34 @@ TEST_F(GridFont, isChosenStoredAndApplied)
     EXPECT_EQ(grid().gridFont().pointSizeF(), 24);
 }
 
+TEST_F(GridFont, isChosenByListAndSizeWhereTheStoredNameIsAnAlias)
+{
+    ASSERT_EQ(UserFont.FontName, u"System"_s);
+    const QString family = QFontInfo(grid().gridFont()).family();
+    ModalScript script;
+    script.then([&](QWidget &dialog) {
+        const auto lists = dialog.findChildren<QListView *>();
+        QAbstractItemView &families = *lists.at(0);
+        QAbstractItemView &styles = *lists.at(1);
+        EXPECT_EQ(families.currentIndex().data().toString(), family);
+        const QModelIndex bold =
+            styles.model()->match(styles.model()->index(0, 0), Qt::DisplayRole, u"Bold"_s).value(0);
+        ASSERT_TRUE(bold.isValid());
+        styles.scrollTo(bold);
+        QTest::mouseClick(styles.viewport(), Qt::LeftButton, {}, styles.visualRect(bold).center());
+        QLineEdit &size = *dialog.findChildren<QLineEdit *>().at(2);
+        QTest::keyClick(&size, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(&size, u"17"_s);
+        QTest::keyClick(&size, Qt::Key_Return);
+    });
+    chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
+    EXPECT_EQ(UserFont, (UserFontSettings{family, 17, false, true}));
+    const QSettings store(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontSize"_s), u"17"_s);
+    EXPECT_EQ(store.value(u"FontInf/FontBold"_s), u"True"_s);
+    EXPECT_TRUE(QFontInfo(grid().gridFont()).bold());
+}
+
 TEST_F(GridFont, staysWhenTheDialogIsCancelled)
 {
     const UserFontSettings before = UserFont;

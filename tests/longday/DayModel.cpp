@@ -134,8 +134,7 @@ void DayModel::open(int number, const QString &path, bool hasMachine, const std:
     DayProgram &program = programs.at(size_t(number));
     const int slot = program.takeSlot();
     const auto place = std::ranges::upper_bound(program.windows, slot, {}, &DayWindow::number);
-    program.windows.insert(
-        place, {slot, path, hasMachine, RowsModel(rows), program.recent, path, files.value(path)});
+    program.windows.insert(place, {slot, path, hasMachine, RowsModel(rows), program.recent, path, files.value(path)});
     program.activate(slot);
     program.hasAllButtons = true;
     addRecent(number, path);
