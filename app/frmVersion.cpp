@@ -5,6 +5,7 @@
 #include "app/Language.h"
 #include "platform/MemoryStatus.h"
 #include "platform/PlainLabel.h"
+#include "runtime/BlankText.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -22,7 +23,8 @@ constexpr int spacing = 16;
 QString iniUserText(const QString &key)
 {
     QString value;
-    return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? value.trimmed() : u" "_s;
+    return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? trimBlanks(value).toString()
+                                                                                      : u" "_s;
 }
 
 } // namespace

@@ -37,7 +37,7 @@ constexpr MenuLine editLines[] = {
 constexpr MenuLine visibleLines[] = {
     barLines[0],
     barLines[1],
-    separatorLine,
+    {u"mneVisualItem(2)"},
     {u"mneVisualItem(3)", 33},
     {u"mneVisualInf", 34},
 };

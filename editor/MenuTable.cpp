@@ -12,7 +12,7 @@ QMenu *newMenu(const MenuLine &line, QWidget *parent)
 void addMenuLine(QMenu &menu, const MenuLine &line)
 {
     if (line.textId == 0) {
-        menu.addSeparator();
+        menu.addSeparator()->setObjectName(line.name.toString());
         return;
     }
     QAction *action = menu.addAction(ResString(line.textId));

@@ -5,6 +5,7 @@
 #include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
 #include "document/RecordTexts.h"
+#include "platform/LineEnds.h"
 #include "platform/RedrawOff.h"
 #include "platform/SpreadGrid.h"
 
@@ -45,18 +46,13 @@ void layOutColumn(SpreadGrid &grid, const ColumnInfo &column)
     }
 }
 
-bool hasLineBreak(QStringView text)
-{
-    return std::ranges::any_of(text, [](QChar character) { return character == u'\n' || character == u'\r'; });
-}
-
 void fillRow(SpreadGrid &grid, int index)
 {
     const RecordTexts texts(PrRecords.at(index));
     const auto &cells = texts.cells();
     const int row = index + 1;
     grid.setRowTexts(row, cells);
-    if (std::ranges::any_of(cells, hasLineBreak)) {
+    if (std::ranges::any_of(cells, LineEnds::areIn)) {
         grid.fitRowHeight(row);
     }
 }

@@ -1,5 +1,6 @@
 #include "platform/CellText.h"
 
+#include "platform/LineEnds.h"
 #include "runtime/NumberText.h"
 
 #include <QStringList>
@@ -12,18 +13,12 @@ namespace {
 
 constexpr QChar ellipsis = u'\u2026';
 
-bool hasLineBreak(QStringView text)
-{
-    return std::ranges::any_of(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
-}
-
 /// The first lines of a text, at most that many; a line ends with CR LF, CR or LF.
 QList<QStringView> firstLines(QStringView text, qsizetype most)
 {
     QList<QStringView> lines;
     while (lines.size() < most) {
-        const auto end = std::ranges::find_if(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
-        const qsizetype length = end - text.begin();
+        const qsizetype length = LineEnds::first(text);
         lines << text.first(length);
         if (length == text.size()) {
             break;
@@ -69,7 +64,7 @@ QString shownLines(QStringView text, const QFontMetrics &metrics, const QSize &r
 QString shownCellText(QStringView text, const QFontMetrics &metrics, const QSize &room)
 {
     const int width = std::max(room.width(), 1);
-    if (hasLineBreak(text)) {
+    if (LineEnds::areIn(text)) {
         return shownLines(text, metrics, {width, room.height()});
     }
     QString shown = shownLine(text, metrics, width);

@@ -6,6 +6,7 @@
 #include "platform/CellMetrics.h"
 #include "platform/CellText.h"
 #include "platform/Contrast.h"
+#include "platform/LineEnds.h"
 #include "platform/SpreadModel.h"
 #include "platform/TextMeter.h"
 #include "platform/VisibleText.h"
@@ -41,11 +42,6 @@ QColor textColour(const QPalette &palette, const QColor &own, const QColor &grou
     const bool plain = !own.isValid() && ground == palette.color(QPalette::Base);
     return plain ? palette.color(QPalette::Text)
                  : readableOn(ground, own.isValid() ? own : palette.color(QPalette::Text));
-}
-
-bool hasLineBreak(QStringView text)
-{
-    return text.contains(u'\n') || text.contains(u'\r');
 }
 
 /// What the user can see of the view that is painted.
@@ -144,17 +140,17 @@ void SpreadDelegate::paintText(
     const QRect place = option.rect.adjusted(margin(), 0, -margin(), 0);
     const QRect window = windowOf(option);
     const QFontMetrics metrics = painter->fontMetrics();
-    if (place.height() > window.height() && VisibleText::isManyLines(text) && hasLineBreak(text)) {
+    if (place.height() > window.height() && VisibleText::isManyLines(text) && LineEnds::areIn(text)) {
         const auto lines = VisibleText::ofLines(text, place, window, metrics.lineSpacing(), alignment);
         painter->drawText(QRect(place.left(), lines.top, place.width(), place.bottom() - lines.top + 1),
             int(alignment | Qt::AlignTop) | Qt::TextExpandTabs, lines.text);
         return;
     }
     const QStringView seen = VisibleText::ofLine(text, visibleWidth(place, window), Qt::AlignLeft);
-    const bool leavesWindow = seen.size() < text.size() && place.right() > window.right() && !hasLineBreak(text);
+    const bool leavesWindow = seen.size() < text.size() && place.right() > window.right() && !LineEnds::areIn(text);
     const QString shown = leavesWindow ? seen.toString() : shownCellText(text, metrics, place.size());
     const Qt::Alignment side = leavesWindow ? Qt::AlignLeft : alignment;
-    const int flags = hasLineBreak(shown) ? Qt::TextExpandTabs : Qt::TextSingleLine;
+    const int flags = LineEnds::areIn(shown) ? Qt::TextExpandTabs : Qt::TextSingleLine;
     painter->drawText(place, int(side | Qt::AlignVCenter) | flags, shown);
 }
 

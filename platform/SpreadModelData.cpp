@@ -1,6 +1,7 @@
 // What views and accessibility read from a SpreadModel, in Qt's roles.
 
 #include "platform/CellInput.h"
+#include "platform/LineEnds.h"
 #include "platform/SpreadModel.h"
 #include "platform/VisibleText.h"
 
@@ -82,13 +83,12 @@ QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int r
 
 QStringView SpreadModel::highestText(int row) const
 {
-    const auto lineBreaks = [](QStringView text) { return text.count(u'\n') + text.count(u'\r'); };
     QStringView highest;
-    if (!isRow(row) || lineBreaks(m_rows[size_t(row - 1)].allTexts()) == 0) {
+    if (!isRow(row) || !LineEnds::areIn(m_rows[size_t(row - 1)].allTexts())) {
         return highest;
     }
     for (int column = 1; column <= columnCount(); ++column) {
-        if (lineBreaks(text(column, row)) > lineBreaks(highest)) {
+        if (LineEnds::count(text(column, row)) > LineEnds::count(highest)) {
             highest = text(column, row);
         }
     }

@@ -1,5 +1,6 @@
 #include "platform/TextMeter.h"
 
+#include "platform/LineEnds.h"
 #include "platform/VisibleText.h"
 
 #include <algorithm>
@@ -31,8 +32,7 @@ TextMeter::TextMeter(const QFont &font) : m_metrics(font)
 void TextMeter::add(QStringView text)
 {
     while (m_widest < mostPixels) {
-        const auto end = std::ranges::find_if(text, [](QChar unit) { return unit == u'\n' || unit == u'\r'; });
-        const qsizetype length = end - text.begin();
+        const qsizetype length = LineEnds::first(text);
         addLine(text.first(length));
         if (length == text.size()) {
             return;

@@ -49,6 +49,14 @@ TEST_F(AboutBox, showsTheUserOfTheSetUpFileTrimmed)
     EXPECT_EQ(shown(u"lblName"_s), u"A. Smith\nWorks"_s);
 }
 
+TEST_F(AboutBox, trimsOnlyBlanks)
+{
+    writeIni(u"files/us"_s, u"korvelin_e.ini"_s,
+        "[UserInfomation]\r\nUserName=\" \tA. Smith\xa0 \"\r\nUserCorp=\"Works \t\"\r\n");
+    start();
+    EXPECT_EQ(shown(u"lblName"_s), u"\tA. Smith\u00a0\nWorks \t"_s);
+}
+
 TEST_F(AboutBox, showsBlanksWithoutASetUpFile)
 {
     start();

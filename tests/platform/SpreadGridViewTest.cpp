@@ -144,6 +144,15 @@ TEST(SpreadGridView, makesARowAsHighAsItsLines)
     grid->setText(2, 2, u"a\r\nb\nc"_s);
     grid->fitRowHeight(2);
     EXPECT_EQ(grid->rowHeight(1), height + 2 * grid->fontMetrics().lineSpacing());
+    grid->setText(3, 2, u"a\r\nb"_s); // fewer lines, though more characters end them
+    grid->setText(2, 2, u"a\nb\nc"_s);
+    grid->fitRowHeight(2);
+    EXPECT_EQ(grid->rowHeight(1), height + 2 * grid->fontMetrics().lineSpacing());
+    grid->setText(3, 2, u"a\r\nb\r\nc"_s);
+    grid->setText(2, 2, u"a\nb\nc\nd"_s);
+    grid->fitRowHeight(2);
+    EXPECT_EQ(grid->rowHeight(1), height + 3 * grid->fontMetrics().lineSpacing());
+    grid->setText(3, 2, {});
     grid->setText(2, 2, u"a"_s);
     grid->fitRowHeight(2);
     EXPECT_EQ(grid->rowHeight(1), height);
