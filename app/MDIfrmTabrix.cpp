@@ -82,6 +82,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     , m_menus(new FrameMenus(this))
     , m_host(*this)
     , m_documents(*m_area, *this, m_host)
+    , m_marks(m_documents)
     , m_recovery(m_documents)
     , m_recent(m_menus->recentFiles(), *this)
 {
@@ -89,6 +90,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     setContextMenuPolicy(Qt::NoContextMenu); // the Visible menu shows and hides the bars
     setAcceptDrops(true);
     setGeometry(screen()->availableGeometry());
+    m_area->setActivationOrder(QMdiArea::ActivationHistoryOrder); // closing a window leads back to the one before
     m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     m_area->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(m_area);
@@ -312,6 +314,7 @@ void MDIfrmTabrix::fillWindowList(QMenu &menu)
         item->setObjectName(listed);
         item->setCheckable(true);
         item->setChecked(editor == activeEditor());
+        item->setIcon(editor->parentWidget()->windowIcon());
         connect(item, &QAction::triggered, editor, [this, editor] { makeActive(*editor); });
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ChangeMarks.h"
 #include "app/DocumentFlows.h"
 #include "app/FrameFileHost.h"
 #include "app/RecentMenus.h"
@@ -76,6 +77,7 @@ private:
     FrameMenus *m_menus;
     FrameFileHost m_host;
     DocumentFlows m_documents;
+    ChangeMarks m_marks;
     RecoveryKeeper m_recovery;
     RecentMenus m_recent;
 };

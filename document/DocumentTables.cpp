@@ -13,7 +13,28 @@ namespace {
 
 std::map<int, int> codePages; // by document number
 
+std::function<void()> &changeObserver()
+{
+    static std::function<void()> observer;
+    return observer;
+}
+
 } // namespace
+
+ChangedFlag &ChangedFlag::operator=(const ChangedFlag &other)
+{
+    const bool differs = m_changed != other.m_changed;
+    m_changed = other.m_changed;
+    if (differs && changeObserver()) {
+        changeObserver()();
+    }
+    return *this;
+}
+
+void ChangedFlag::setObserver(std::function<void()> observer)
+{
+    changeObserver() = std::move(observer);
+}
 
 int documentUpperBound()
 {

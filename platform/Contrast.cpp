@@ -48,12 +48,17 @@ QColor lineOn(const QColor &background, const QColor &colour)
     return shaded(background, colour, forLines);
 }
 
-QPalette boxPalette(QPalette palette, const QColor &background)
+QPalette boxPalette(QPalette palette, const QColor &background, const QColor &own)
 {
     constexpr double forFrames = 4; // the style softens them a little
-    constexpr int asTheStyleDoes = 140; // per cent by which frames are darker than the window
-    const QColor frame = palette.color(QPalette::Window).darker(asTheStyleDoes);
-    palette.setColor(QPalette::Window, shaded(background, frame, forFrames).lighter(asTheStyleDoes));
+    // Per cent by which the style draws frames darker than the window, and ticks darker than texts
+    constexpr int framesAreDarker = 140;
+    constexpr int ticksAreDarker = 120;
+    const QColor frame = own.isValid() ? own : palette.color(QPalette::Window).darker(framesAreDarker);
+    palette.setColor(QPalette::Window, shaded(background, frame, forFrames).lighter(framesAreDarker));
+    if (own.isValid()) {
+        palette.setColor(QPalette::Text, readableOn(background, own).lighter(ticksAreDarker));
+    }
     return palette;
 }
 

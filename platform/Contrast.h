@@ -12,8 +12,8 @@ QColor readableOn(const QColor &background, const QColor &colour);
 QColor lineOn(const QColor &background, const QColor &colour);
 
 /// The palette with which the style draws check boxes and options that can be seen on that background, unticked too:
-/// it takes the colour of their frames from the window's.
-QPalette boxPalette(QPalette palette, const QColor &background);
+/// it takes the colour of their frames from the window's. Frames and ticks have the colour own where it is valid.
+QPalette boxPalette(QPalette palette, const QColor &background, const QColor &own = {});
 
 /// Lets the boxes and options of a window of Qt's own be seen on it.
 void showBoxesOf(QWidget &window);

@@ -40,3 +40,8 @@ QIcon Picture::programIcon()
 {
     return QIcon(picturePath(u"tabrix"_s));
 }
+
+QIcon Picture::changedIcon()
+{
+    return QIcon(picturePath(u"changed"_s));
+}

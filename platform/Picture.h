@@ -12,4 +12,7 @@ QIcon icon(int first, int second = 0);
 /// The picture that the window system shows for the program.
 QIcon programIcon();
 
+/// The same with the mark of a document that has unsaved changes: a spot in the colour of changed cells.
+QIcon changedIcon();
+
 } // namespace Picture

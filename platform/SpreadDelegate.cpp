@@ -159,7 +159,8 @@ void SpreadDelegate::paintCheckBox(
 {
     const QRect place = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
-    painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, boxPicture(ticked));
+    const QPixmap &box = boxPicture(ticked, m_model.foreColour(index.column() + 1, index.row() + 1));
+    painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, box);
     QRect beside = place.adjusted(indicatorSize().width() + margin(), 0, 0, 0);
     beside.setRight(std::min(beside.right(), option.rect.right() - margin()));
     const QString &caption = typeOf(m_model, index).caption;
@@ -169,18 +170,22 @@ void SpreadDelegate::paintCheckBox(
     }
 }
 
-// The style draws each of the two once: its shades and curves cost as much as five texts.
-const QPixmap &SpreadDelegate::boxPicture(bool ticked) const
+// The style draws each of them once: its shades and curves cost as much as five texts.
+const QPixmap &SpreadDelegate::boxPicture(bool ticked, const QColor &own) const
 {
     const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF(), m_zoom};
     if (look != m_boxLook) {
         m_boxLook = look;
-        m_boxes = {drawnBox(false), drawnBox(true)};
+        m_boxes.clear();
     }
-    return m_boxes[ticked ? 1 : 0];
+    QPixmap &picture = m_boxes[{own.isValid() ? own.rgba() : QRgb(0), ticked}];
+    if (picture.isNull()) {
+        picture = drawnBox(ticked, own);
+    }
+    return picture;
 }
 
-QPixmap SpreadDelegate::drawnBox(bool ticked) const
+QPixmap SpreadDelegate::drawnBox(bool ticked, const QColor &own) const
 {
     QPixmap picture(indicatorSize() * m_view.devicePixelRatioF());
     picture.setDevicePixelRatio(m_view.devicePixelRatioF());
@@ -188,7 +193,7 @@ QPixmap SpreadDelegate::drawnBox(bool ticked) const
     QStyleOptionButton box;
     box.initFrom(&m_view);
     box.rect = QRect(QPoint(), indicatorSize());
-    box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base));
+    box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base), own);
     box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
     QPainter painter(&picture);
     m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &m_view);

@@ -2,12 +2,12 @@
 
 #include "platform/CellSearch.h"
 
+#include <QHash>
 #include <QPalette>
 #include <QPixmap>
 #include <QPointer>
 #include <QStyledItemDelegate>
 
-#include <array>
 #include <functional>
 #include <utility>
 
@@ -82,8 +82,8 @@ private:
     QColor selectedGround(const QPalette &palette) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
-    const QPixmap &boxPicture(bool ticked) const;
-    QPixmap drawnBox(bool ticked) const;
+    const QPixmap &boxPicture(bool ticked, const QColor &own) const;
+    QPixmap drawnBox(bool ticked, const QColor &own) const;
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     QSize indicatorSize() const;
@@ -101,5 +101,5 @@ private:
     mutable QColor m_selectedGround;
     mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedGround is of
     mutable BoxLook m_boxLook;
-    mutable std::array<QPixmap, 2> m_boxes; ///< unticked, ticked
+    mutable QHash<std::pair<QRgb, bool>, QPixmap> m_boxes; ///< by colour of the cell (0 for none), ticked
 };

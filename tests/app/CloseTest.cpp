@@ -260,3 +260,18 @@ TEST_P(ExitWithThreeChangedDocuments, savesDiscardsOrStopsAsAnswered)
 INSTANTIATE_TEST_SUITE_P(Replies, ExitWithThreeChangedDocuments,
     testing::Combine(testing::Values(Reply::Yes, Reply::No, Reply::Cancel),
         testing::Values(Reply::Yes, Reply::No, Reply::Cancel), testing::Values(Reply::Yes, Reply::No, Reply::Cancel)));
+
+TEST_F(Close, activatesTheWindowThatWasUsedLastBefore)
+{
+    for (const QString &name : {u"a.inv"_s, u"b.inv"_s, u"c.inv"_s}) {
+        ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(name, document(2))));
+    }
+    frame().makeActive(*frame().openEditors().at(1));
+    frame().makeActive(*frame().openEditors().at(3));
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    EXPECT_EQ(editor().windowTitle(), path(u"a.inv"_s));
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    EXPECT_EQ(editor().windowTitle(), path(u"b.inv"_s));
+    chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
+    EXPECT_EQ(editor().windowTitle(), u"No Name"_s);
+}

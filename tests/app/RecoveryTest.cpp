@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <QIcon>
+#include <QImage>
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
@@ -473,6 +475,16 @@ INSTANTIATE_TEST_SUITE_P(Damages, DamagedCopy,
                 return bytes;
             }}),
     [](const auto &test) { return std::string(test.param.what); });
+
+TEST_F(Recovery, isToldFromASavedDocumentByTheIconOfItsWindow)
+{
+    crash(writeFile(u"a.inv"_s, document(2)));
+    start();
+    const auto image = [](const frmPrFile *editor) {
+        return editor->parentWidget()->windowIcon().pixmap(QSize(32, 32), 1).toImage();
+    };
+    EXPECT_NE(image(frame().openEditors().at(1)), image(frame().openEditors().at(0)));
+}
 
 TEST_F(Recovery, listsTheRecentFilesInTheRecoveredWindowToo)
 {

@@ -41,6 +41,23 @@ TEST(SpreadGridPaint, paintsTextsInTheColourOfTheirCells)
     EXPECT_FALSE(hasColour(picture, innerRect(*grid, 1, 3), grid->palette().color(QPalette::Text)));
 }
 
+TEST(SpreadGridPaint, paintsBoxesInTheColourOfTheirCells)
+{
+    const auto grid = shownGrid();
+    const QColor darkRed(128, 0, 0);
+    grid->setActiveCell(6, 10);
+    for (const QString &text : {u"0"_s, u"1"_s}) {
+        grid->setText(4, 2, text);
+        grid->setText(4, 3, text);
+        grid->setForeColour({4, 2, 4, 2}, QColor());
+        ASSERT_FALSE(hasColour(pictureOf(*grid), innerRect(*grid, 4, 2), darkRed));
+        grid->setForeColour({4, 2, 4, 2}, darkRed);
+        const QImage picture = pictureOf(*grid);
+        EXPECT_TRUE(hasColour(picture, innerRect(*grid, 4, 2), darkRed)) << text.toStdString();
+        EXPECT_FALSE(hasColour(picture, innerRect(*grid, 4, 3), darkRed)) << text.toStdString();
+    }
+}
+
 TEST(SpreadGridPaint, marksTheSelectionAndTheActiveCell)
 {
     const auto grid = shownGrid();
