@@ -3,6 +3,7 @@
 #include "app/Language.h"
 #include "app/Messages.h"
 #include "app/Settings.h"
+#include "platform/CellType.h"
 #include "platform/HelpWindow.h"
 #include "platform/MessageBox.h"
 #include "platform/ScreenRoom.h"
@@ -71,6 +72,22 @@ QString fileError(const QString &path)
 }
 
 } // namespace
+
+QString limitText(const CellType &type)
+{
+    switch (type.kind) {
+    case CellType::Kind::Integer:
+        return ownText(OwnText::WholeNumberLimits, {QString::number(type.minimum), QString::number(type.maximum)});
+    case CellType::Kind::Float:
+        return ownText(OwnText::NumberLimits, {QString::number(type.minimum), QString::number(type.maximum)});
+    case CellType::Kind::Text:
+        return type.maxLength > 0 ? ownText(OwnText::TextLimit, {QString::number(type.maxLength)}) : QString();
+    case CellType::Kind::CheckBox:
+    case CellType::Kind::ComboBox:
+        break;
+    }
+    return {};
+}
 
 QFont userFont()
 {

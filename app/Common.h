@@ -1,9 +1,15 @@
 #pragma once
 
+#include <QString>
+
 class QDialog;
 class QFont;
 class QLineEdit;
 class QWidget;
+struct CellType;
+
+/// What a user may type into cells of that type, as a sentence; empty where everything goes.
+QString limitText(const CellType &type);
 
 /// UserFont as a Qt font; 12 points when its size cannot be shown (below 1 or above 512). A family that the system does
 /// not have is replaced by the system's choice, for Japanese text by a font with Japanese characters.

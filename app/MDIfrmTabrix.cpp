@@ -18,6 +18,7 @@
 #include "platform/MenuKey.h"
 #include "platform/MessageBox.h"
 #include "platform/PlainCaption.h"
+#include "platform/RefusedInput.h"
 #include "platform/SpreadGrid.h"
 #include "runtime/FileName.h"
 #include "runtime/NumberText.h"
@@ -127,6 +128,7 @@ void MDIfrmTabrix::load(const QString &commandLine)
     SelectLanguage();
     loadQtTexts();
     MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
+    RefusedInput::setWording(limitText);
     HelpFilePath = helpFilePath(LanguageBase);
     qint16 windowState = 0;
     LoadWindowSettings(windowState);

@@ -27,7 +27,7 @@ CellType cellType(const ColumnInfo &column)
     case ColumnKind::Integer:
         return CellType::integer(0, column.limit);
     case ColumnKind::Increment:
-        return CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s});
+        return CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s}, {}, {u"No"_s});
     case ColumnKind::CheckBox:
         return CellType::checkBox();
     }

@@ -10,7 +10,8 @@ class CellEditor
 public:
     virtual ~CellEditor() = default;
     virtual QWidget *widget() = 0;
-    /// What stands in the editor, with the line ends that the cell's text had.
+    /// What the cell is to hold: what stands in the editor, a number in its usual form, a text with the line ends that
+    /// it had.
     virtual QString text() const = 0;
     /// Whether the cell takes that text.
     virtual bool isAcceptable() const = 0;

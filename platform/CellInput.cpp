@@ -45,6 +45,18 @@ double numberOf(QString text)
     return QLocale::c().toDouble(text);
 }
 
+/// The digits and the point of a number that is not negative.
+QString plainNumber(QStringView text)
+{
+    while (text.startsWith(u'0')) {
+        text = text.sliced(1);
+    }
+    if (!text.isEmpty() && isDecimalPoint(text.back())) {
+        text.chop(1);
+    }
+    return (text.isEmpty() || isDecimalPoint(text.front()) ? u"0"_s : u""_s) + text.toString();
+}
+
 QValidator::State checkNumber(const CellType &type, const QString &text)
 {
     const bool isFloat = type.kind == CellType::Kind::Float;
@@ -82,6 +94,17 @@ QValidator::State CellInput::check(const CellType &type, const QString &text)
         break;
     }
     return QValidator::Acceptable;
+}
+
+QString CellInput::stored(const CellType &type, const QString &text)
+{
+    const bool isNumber = type.kind == CellType::Kind::Integer || type.kind == CellType::Kind::Float;
+    if (!isNumber || !hasDigit(text)) {
+        return text;
+    }
+    const bool isNegative = text.startsWith(u'-');
+    const QString number = plainNumber(QStringView(text).sliced(isNegative ? 1 : 0));
+    return isNegative && number != u"0"_s ? u'-' + number : number;
 }
 
 bool CellInput::hasLineEnd(QStringView text)

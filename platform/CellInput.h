@@ -11,6 +11,11 @@ namespace CellInput {
 /// acceptable: it empties the cell.
 QValidator::State check(const CellType &type, const QString &text);
 
+/// What the cell holds when that acceptable text was typed: a number with one digit at least before its point, no zero
+/// before these and no point without digits behind it ("007" gives "7", "1." gives "1", ".5" gives "0.5"); any other
+/// text as it is.
+QString stored(const CellType &type, const QString &text);
+
 /// Whether the text holds a line end, of whatever kind.
 bool hasLineEnd(QStringView text);
 

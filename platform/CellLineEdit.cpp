@@ -1,6 +1,7 @@
 #include "platform/CellLineEdit.h"
 
 #include "platform/CellInput.h"
+#include "platform/RefusedInput.h"
 
 #include <algorithm>
 #include <limits>
@@ -50,7 +51,7 @@ private:
 };
 
 CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent)
-    : QLineEdit(text, parent), m_original(QLineEdit::text())
+    : QLineEdit(text, parent), m_type(type), m_original(QLineEdit::text())
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);
@@ -59,4 +60,10 @@ CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *p
     const bool isLimited = type.kind == CellType::Kind::Text && type.maxLength > 0;
     setMaxLength(isLimited ? std::max(type.maxLength, int(text.size())) : std::numeric_limits<int>::max());
     setValidator(new Validator(type, this));
+    connect(this, &QLineEdit::inputRejected, this, [this] { RefusedInput::show(*this, m_type); });
+}
+
+QString CellLineEdit::text() const
+{
+    return isModified() ? CellInput::stored(m_type, QLineEdit::text()) : m_original;
 }

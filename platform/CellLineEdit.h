@@ -14,7 +14,7 @@ public:
     CellLineEdit(const CellType &type, const QString &text, QWidget *parent);
 
     QWidget *widget() override { return this; }
-    QString text() const override { return QLineEdit::text(); }
+    QString text() const override;
     bool isAcceptable() const override { return hasAcceptableInput(); }
     bool isModified() const override { return QLineEdit::text() != m_original; }
     void alignText(Qt::Alignment alignment) override { setAlignment(alignment); }
@@ -27,5 +27,6 @@ public:
 private:
     class Validator;
 
+    CellType m_type;
     QString m_original;
 };

@@ -30,6 +30,10 @@ signals:
     /// The list is closed again, whether an item was chosen or not.
     void closed();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QString m_original;
+    QStringList m_unlisted;
 };

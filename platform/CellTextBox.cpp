@@ -1,6 +1,7 @@
 #include "platform/CellTextBox.h"
 
 #include "platform/CellInput.h"
+#include "platform/RefusedInput.h"
 
 #include <QInputMethodEvent>
 #include <QMimeData>
@@ -77,6 +78,9 @@ QString CellTextBox::plainLines() const
 
 void CellTextBox::cutOverhang()
 {
+    if (text().size() > m_longest) {
+        RefusedInput::show(*this, m_type);
+    }
     QTextCursor cursor = textCursor();
     for (qsizetype over = text().size() - m_longest; over > 0 && !cursor.atStart(); over = text().size() - m_longest) {
         const QSignalBlocker quiet(this);

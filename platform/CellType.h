@@ -15,6 +15,7 @@ struct CellType
     int maxLength = 0; ///< Text: most 16-bit units that can be typed; 0 for no limit
     QString caption = {}; ///< CheckBox: the text beside the box; without one the box stands in the cell's middle
     QStringList items = {}; ///< ComboBox
+    QStringList unlisted = {}; ///< ComboBox: texts that can be typed, but do not stand in the list
     QString initial = {}; ///< the text of this cell in a row that setRowCount() adds
 
     static CellType text(int maxLength = 0) { return {.kind = Kind::Text, .maxLength = maxLength}; }
@@ -27,9 +28,9 @@ struct CellType
         return {.kind = Kind::Float, .minimum = minimum, .maximum = maximum};
     }
     static CellType checkBox(const QString &caption = {}) { return {.kind = Kind::CheckBox, .caption = caption}; }
-    static CellType comboBox(const QStringList &items, const QString &initial = {})
+    static CellType comboBox(const QStringList &items, const QString &initial = {}, const QStringList &unlisted = {})
     {
-        return {.kind = Kind::ComboBox, .items = items, .initial = initial};
+        return {.kind = Kind::ComboBox, .items = items, .unlisted = unlisted, .initial = initial};
     }
 
     bool operator==(const CellType &) const = default;

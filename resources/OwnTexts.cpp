@@ -102,6 +102,11 @@ constexpr OwnTextEntry entries[] = {
     // Grid
     {OwnText::DeleteAllRowsQuestion, u"All %1 rows of the table are selected. Delete them all?",
         u"表の %1 行がすべて選択されています。すべて削除しますか？"},
+    {OwnText::WholeNumberLimits, u"Only whole numbers from %1 to %2 can be entered here.",
+        u"ここには %1 から %2 までの整数を入力してください。"},
+    {OwnText::NumberLimits, u"Only numbers from %1 to %2 can be entered here.",
+        u"ここには %1 から %2 までの数値を入力してください。"},
+    {OwnText::TextLimit, u"No more than %1 characters can be entered here.", u"ここに入力できるのは %1 文字までです。"},
     // Why nothing was filled
     {OwnText::FillNotInRange, u"Row %1, \"%2\": only whole numbers from %3 to %4 fit here. Nothing was filled.",
         u"%1 行目、「%2」: ここに入力できるのは %3 から %4 までの整数だけです。フィルは行われませんでした。"},

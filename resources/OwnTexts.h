@@ -51,6 +51,9 @@ enum class OwnText : quint16 {
     CopiesNotRead, ///< %1: folder; %2: the system's description
     // Grid
     DeleteAllRowsQuestion, ///< %1: how many
+    WholeNumberLimits, ///< %1, %2: the smallest and the greatest
+    NumberLimits, ///< likewise
+    TextLimit, ///< %1: the most characters
     // Why nothing was filled. %1: row, from 1; %2: the column's caption
     FillNotInRange, ///< %3, %4: smallest and largest number
     FillTooLong, ///< %3: most characters

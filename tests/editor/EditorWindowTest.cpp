@@ -371,3 +371,28 @@ TEST_F(EditorWindow, runsCommandsByAccessKeys)
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_A);
     EXPECT_EQ(grid().rowCount(), 13);
 }
+
+TEST_F(EditorWindow, namesTheSeparatorBeforeTheFont)
+{
+    const QMenu &menu = menuInBar(u"mneVisual"_s);
+    EXPECT_EQ(menu.actions().at(2)->objectName(), u"mneVisualItem(2)"_s);
+    EXPECT_TRUE(menu.actions().at(2)->isSeparator());
+}
+
+TEST_F(EditorWindow, takesNoTypedIntoTheIncrementsAndSavesIt)
+{
+    for (const int column : {5, 6, 7}) {
+        grid().setColumnShown(column, true);
+        grid().setText(column, 2, u"1"_s);
+        grid().setActiveCell(column, 2);
+        grid().setFocus();
+        for (const QChar letter : u"No"_s) {
+            QTest::keyClicks(QApplication::focusWidget(), letter);
+        }
+        pressKey(*QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(grid().text(column, 2), u"No"_s);
+        EXPECT_EQ(grid().foreColour(column, 2), QColor(128, 0, 0));
+    }
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    EXPECT_TRUE(readFile(editor().windowTitle()).contains("Parameter 2,%,1,-1,-1,2,"));
+}

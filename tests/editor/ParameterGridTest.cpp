@@ -88,6 +88,7 @@ TEST_P(ParameterColumns, haveTheirHeadingsTypesAndLimits)
     EXPECT_EQ(type.caption, QString());
     if (type.kind == CellType::Kind::ComboBox) {
         EXPECT_EQ(type.items, QStringList({u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s}));
+        EXPECT_EQ(type.unlisted, QStringList(u"No"_s));
     }
 }
 

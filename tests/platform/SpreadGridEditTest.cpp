@@ -1,3 +1,5 @@
+#include "app/Common.h"
+#include "platform/RefusedInput.h"
 #include "tests/platform/SpreadGridSupport.h"
 #include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
@@ -12,6 +14,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -48,12 +51,22 @@ INSTANTIATE_TEST_SUITE_P(Cells, SpreadGridTyping,
     testing::Values(TypingCase{1, u"7"_s, u"1000"_s, u"1000"_s},
         TypingCase{1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
         TypingCase{1, u"7"_s, u"-5"_s, u"5"_s}, //
-        TypingCase{1, u"7"_s, u"0x1"_s, u"01"_s}, //
+        TypingCase{1, u"7"_s, u"0x1"_s, u"1"_s}, //
+        TypingCase{1, u"5"_s, u"007"_s, u"7"_s}, //
+        TypingCase{1, u"5"_s, u"000"_s, u"0"_s}, //
+        TypingCase{1, u"007"_s, u"07"_s, u"7"_s}, //
+        TypingCase{6, u""_s, u"1."_s, u"1"_s}, //
+        TypingCase{6, u""_s, u".5"_s, u"0.5"_s}, //
+        TypingCase{6, u""_s, u"00.50"_s, u"0.50"_s}, //
+        TypingCase{6, u""_s, u"0."_s, u"0"_s}, //
+        TypingCase{5, u"1"_s, u"No"_s, u"No"_s}, // though it is not in the list
+        TypingCase{5, u"1"_s, u"no"_s, u"No"_s}, //
+        TypingCase{5, u"1"_s, u"x"_s, u"1"_s}, //
         TypingCase{1, u"A1"_s, u"z"_s, u"A1"_s}, //
         TypingCase{1, u"A1"_s, u"12"_s, u"12"_s}, //
         TypingCase{2, u"old"_s, u"a new name"_s, u"a new name"_s}, TypingCase{3, u"old"_s, u"123456"_s, u"12345"_s},
         TypingCase{5, u"No"_s, u"0"_s, u"0.1"_s}, //
-        TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s}, TypingCase{6, u""_s, u"3600.5"_s, u"3600."_s}, // beyond the limit
+        TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s}, TypingCase{6, u""_s, u"3600.5"_s, u"3600"_s}, // beyond the limit
         TypingCase{6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
         TypingCase{6, u""_s, u"1e5"_s, u"15"_s}, //
         TypingCase{6, u""_s, u"1.2.3"_s, u"1.23"_s}));
@@ -75,6 +88,70 @@ TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
     }
     EXPECT_EQ(edited.count(), 0);
 }
+
+TEST(SpreadGridEdit, keepsANumberOfAFileThatIsTypedAgainAsItWas)
+{
+    const auto grid = shownGrid();
+    grid->setText(1, 2, u"007"_s);
+    clickCell(*grid, 1, 2);
+    pressKey(*grid, Qt::Key_F2);
+    pressKey(*grid, Qt::Key_Backspace);
+    typeText(*grid, u"7"_s);
+    pressKey(*grid, Qt::Key_Return);
+    EXPECT_EQ(grid->text(1, 2), u"007"_s);
+}
+
+TEST(SpreadGridEdit, showsNoUnlistedTextInTheList)
+{
+    const auto grid = shownGrid();
+    grid->setText(5, 2, u"1"_s);
+    clickCell(*grid, 5, 2);
+    pressKey(*grid, Qt::Key_F2);
+    auto &box = dynamic_cast<QComboBox &>(*openEditor(*grid));
+    QStringList shown;
+    for (int row = 0; row < box.count(); ++row) {
+        shown << box.itemText(row);
+    }
+    EXPECT_EQ(shown, (QStringList{u"1"_s, u"0.1"_s, u"0.01"_s}));
+}
+
+struct RefusalCase
+{
+    int column;
+    QString typed; ///< the last character is refused
+    QString tip;
+};
+
+class Refusal : public testing::TestWithParam<RefusalCase>
+{
+};
+
+TEST_P(Refusal, isShownByAMarkAndATip)
+{
+    RefusedInput::setWording(limitText);
+    const auto grid = shownGrid();
+    clickCell(*grid, GetParam().column, 2);
+    typeText(*grid, GetParam().typed.chopped(1));
+    QWidget &editor = *openEditor(*grid);
+    const QColor usual = editor.palette().color(QPalette::Base);
+    EXPECT_FALSE(QToolTip::isVisible());
+    typeText(*grid, GetParam().typed.right(1));
+    EXPECT_EQ(dynamic_cast<QLineEdit &>(editor).text(), GetParam().typed.chopped(1));
+    EXPECT_NE(editor.palette().color(QPalette::Base), usual);
+    EXPECT_EQ(editor.grab().toImage().pixelColor(1, 1), editor.palette().color(QPalette::Base));
+    EXPECT_TRUE(QToolTip::isVisible());
+    EXPECT_EQ(QToolTip::text(), GetParam().tip);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return editor.palette().color(QPalette::Base) == usual; }, patience));
+    QToolTip::hideText();
+    EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }, patience));
+    RefusedInput::setWording({});
+}
+
+INSTANTIATE_TEST_SUITE_P(Cells, Refusal,
+    testing::Values(RefusalCase{1, u"1001"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
+        RefusalCase{1, u"5x"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
+        RefusalCase{6, u"3601"_s, u"Only numbers from 0 to 3600 can be entered here."_s},
+        RefusalCase{3, u"123456"_s, u"No more than 5 characters can be entered here."_s}));
 
 TEST(SpreadGridEdit, goesOnBehindThePresentTextWithF2)
 {

@@ -18,7 +18,7 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows)
     grid->setCellType(1, -1, CellType::integer(0, 1000));
     grid->setCellType(3, -1, CellType::text(5));
     grid->setCellType(4, -1, CellType::checkBox());
-    grid->setCellType(5, -1, CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s}));
+    grid->setCellType(5, -1, CellType::comboBox({u"1"_s, u"0.1"_s, u"0.01"_s}, {}, {u"No"_s}));
     grid->setCellType(6, -1, CellType::number(0, 3600));
     grid->setRowCount(rows);
     for (int row = 1; row <= rows; ++row) {
