@@ -271,7 +271,7 @@ QString GridFilling::firstRefusal(const Filling &filling) const
         for (int row = filling.row1; const auto &text : texts) {
             const bool isNew = !text || m_grid.cellText(column, row) != *text;
             if (isNew && (!accepted || text != *accepted)) {
-                const QString refusal = refusalText(column, row, text);
+                QString refusal = refusalText(column, row, text);
                 if (!refusal.isEmpty()) {
                     return refusal;
                 }
@@ -309,8 +309,8 @@ bool GridFilling::colourChanged(const Filling &filling)
 {
     bool any = false;
     for (const auto &[column, texts] : filling.columns) {
-        const auto changes = [&, column = column](const auto &text) {
-            return *text != m_grid.cellText(column, filling.row1 + int(&text - texts.data()));
+        const auto changes = [this, &filling, column = column, first = texts.data()](const auto &text) {
+            return *text != m_grid.cellText(column, filling.row1 + int(&text - first));
         };
         auto begin = std::ranges::find_if(texts, changes);
         while (begin != texts.end()) {

@@ -125,11 +125,11 @@ TEST_P(Filling, changesItsCellsInOneStep)
     selectCell(1, 12);
     undo();
     EXPECT_EQ(shown(), before);
-    EXPECT_EQ(grid().selectedBlock(), test.target == nothing ? GridBlock(1, 12, 1, 12) : test.selection);
+    EXPECT_EQ(grid().selectedBlock(), test.target == nothing ? (GridBlock{1, 12, 1, 12}) : test.selection);
     selectCell(1, 12);
     redo();
     EXPECT_EQ(shown(), after);
-    EXPECT_EQ(grid().selectedBlock(), test.target == nothing ? GridBlock(1, 12, 1, 12) : test.selection);
+    EXPECT_EQ(grid().selectedBlock(), test.target == nothing ? (GridBlock{1, 12, 1, 12}) : test.selection);
 }
 
 INSTANTIATE_TEST_SUITE_P(Down, Filling,
@@ -184,11 +184,11 @@ TEST_F(FillTest, putsWhatIsTypedIntoEverySelectedCell)
     typeEverywhere(u"77"_s);
     EXPECT_EQ(shown().texts, expected);
     EXPECT_TRUE(grid().hasFocus());
-    EXPECT_EQ(grid().selectedBlock(), GridBlock(2, 3, 3, 5));
+    EXPECT_EQ(grid().selectedBlock(), (GridBlock{2, 3, 3, 5}));
     EXPECT_EQ(savedField(5, 4), "77");
     undo();
     EXPECT_EQ(shown().texts, before.texts);
-    EXPECT_EQ(grid().selectedBlock(), GridBlock(2, 3, 3, 5));
+    EXPECT_EQ(grid().selectedBlock(), (GridBlock{2, 3, 3, 5}));
 }
 
 TEST_F(FillTest, putsWhatStandsInAnOpenEditorIntoEverySelectedCell)

@@ -456,7 +456,7 @@ TEST(SpreadGridFill, ticksAllSelectedBoxesInOneAct)
     pressKey(*grid, Qt::Key_Space);
     EXPECT_EQ(grid->blockText({4, 2, 4, 4}), u"1\r\n1\r\n1"_s);
     ASSERT_EQ(edited.size(), 1);
-    EXPECT_EQ(edited[0][0].value<GridBlock>(), GridBlock(4, 3, 4, 4));
+    EXPECT_EQ(edited[0][0].value<GridBlock>(), (GridBlock{4, 3, 4, 4}));
     pressKey(*grid, Qt::Key_Space);
     EXPECT_EQ(grid->blockText({4, 2, 4, 4}), u"0\r\n0\r\n0"_s);
 }
