@@ -7,7 +7,10 @@ using namespace Qt::StringLiterals;
 
 QString filledText(const CellType &type, const QString &text)
 {
-    if (type.kind != CellType::Kind::CheckBox || !(text.isEmpty() || isNumeric(text))) {
+    if (type.kind != CellType::Kind::CheckBox) {
+        return CellInput::stored(type, text);
+    }
+    if (!text.isEmpty() && !isNumeric(text)) {
         return text;
     }
     return CellInput::isTicked(text) ? u"1"_s : u"0"_s;
@@ -26,7 +29,8 @@ std::optional<FillRefusal> fillRefusal(const CellType &type, const QString &text
     case Kind::CheckBox:
         return text == u"0" || text == u"1" ? std::nullopt : std::optional(FillRefusal::NoChoice);
     case Kind::ComboBox:
-        return type.items.contains(text) ? std::nullopt : std::optional(FillRefusal::NoChoice);
+        return type.items.contains(text) || type.unlisted.contains(text) ? std::nullopt
+                                                                         : std::optional(FillRefusal::NoChoice);
     case Kind::Text:
     case Kind::Integer:
     case Kind::Float:

@@ -107,15 +107,9 @@ std::vector<QString> GridFilling::texts(int column, int row1, int row2) const
     return texts;
 }
 
-// An added row's text can be filled in again, also where it is none of the choices.
 CellType GridFilling::cellType(int column) const
 {
-    CellType type = m_grid.cellType(column, selectedCells().row1);
-    const QString added = newText(column).toString();
-    if (type.kind == CellType::Kind::ComboBox && !type.items.contains(added)) {
-        type.items << added;
-    }
-    return type;
+    return m_grid.cellType(column, selectedCells().row1);
 }
 
 // What cells are to hold

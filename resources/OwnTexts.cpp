@@ -41,7 +41,9 @@ constexpr OwnTextEntry entries[] = {
         u"このまま保存すると、次に開いたとき元どおりに読み込めない箇所があります。該当箇所: %1。先頭の箇所:\n\n"
         u"%2\n\nこのまま保存しますか？"},
     {OwnText::ChangesNotKept,
-        u"The changes could neither be saved nor safely kept for the next start. The window stays open so that they are not lost.",
+        u"The changes could neither be saved nor safely kept for the next start. The window stays open so that they "
+        u"are "
+        u"not lost.",
         u"変更を保存できず、次回起動時のための控えも確実には残せませんでした。変更が失われないよう、"
         u"ウィンドウは開いたままにします。"},
     // What would not be read back of a cell

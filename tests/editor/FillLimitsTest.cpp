@@ -9,7 +9,7 @@ namespace {
 const CellType number = CellType::integer(0, 1000);
 const CellType shortText = CellType::text(3);
 const CellType box = CellType::checkBox();
-const CellType choice = CellType::comboBox({u"1"_s, u"No"_s});
+const CellType choice = CellType::comboBox({u"1"_s}, {}, {u"No"_s});
 
 } // namespace
 
@@ -46,12 +46,13 @@ INSTANTIATE_TEST_SUITE_P(Texts, FillLimits,
         LimitCase{choice, u"no"_s, FillRefusal::NoChoice}, LimitCase{box, u"1"_s, {}}, LimitCase{box, u"0"_s, {}},
         LimitCase{box, u"yes"_s, FillRefusal::NoChoice}));
 
-TEST(FilledText, ofABoxIsATick)
+TEST(FilledText, isATickOrANumberWhereTheCellHoldsOne)
 {
     EXPECT_EQ(filledText(box, u""_s), u"0"_s);
     EXPECT_EQ(filledText(box, u"0"_s), u"0"_s);
     EXPECT_EQ(filledText(box, u"5"_s), u"1"_s);
     EXPECT_EQ(filledText(box, u"yes"_s), u"yes"_s);
     EXPECT_EQ(filledText(number, u"5"_s), u"5"_s);
+    EXPECT_EQ(filledText(number, u"007"_s), u"7"_s);
     EXPECT_EQ(filledText(number, u""_s), u""_s);
 }
