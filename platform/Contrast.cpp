@@ -65,8 +65,11 @@ QPalette boxPalette(QPalette palette, const QColor &background, const QColor &ow
 void showBoxesOf(QWidget &window)
 {
     const QPalette usual = window.palette();
+    const QColor ground = usual.color(QPalette::Window);
+    const QColor page = usual.color(QPalette::Button).lighter(); // beneath tabs: the style lightens them less than that
+    const bool isDark = luminance(ground) < luminance(usual.color(QPalette::WindowText));
     QPalette own; // nothing but the frames' colour
-    own.setColor(QPalette::Window, boxPalette(usual, usual.color(QPalette::Window)).color(QPalette::Window));
+    own.setColor(QPalette::Window, boxPalette(usual, isDark ? page : ground).color(QPalette::Window));
     for (auto *button : window.findChildren<QAbstractButton *>()) {
         if (button->inherits("QCheckBox") || button->inherits("QRadioButton")) {
             button->setPalette(own);

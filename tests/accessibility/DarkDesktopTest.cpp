@@ -51,7 +51,9 @@ QImage tickedPart(Button &button)
     const bool isOption = button.inherits("QRadioButton");
     const auto width = isOption ? QStyle::PM_ExclusiveIndicatorWidth : QStyle::PM_IndicatorWidth;
     const int size = button.style()->pixelMetric(width, nullptr, &button);
-    return button.grab({0, (button.height() - size) / 2 - 1, size + 2, size + 2}).toImage();
+    // As it stands in its window: alone it would be painted on a ground of its own.
+    const QPoint place = button.mapTo(button.window(), QPoint(0, (button.height() - size) / 2 - 1));
+    return button.window()->grab({place, QSize(size + 2, size + 2)}).toImage();
 }
 
 /// Looks at the boxes and options of a window that can be ticked and are not; returns how many there are.
@@ -155,7 +157,7 @@ TEST_P(OnDesktop, boxesWithoutATickInThePrintersSettingAreSeen)
         QTest::keyClick(&setup, Qt::Key_Escape);
     });
     chooseMenu(u"mneFile"_s, u"mneFilePrint"_s);
-    EXPECT_GT(boxes, 2);
+    EXPECT_EQ(boxes, 2);
 }
 
 TEST_P(OnDesktop, theHelpsPlaceholdersCanBeRead)
