@@ -250,7 +250,8 @@ QString GridFilling::refusalText(int column, int row, const std::optional<QStrin
         return ownText(OwnText::FillTooLong, arguments << QString::number(type.maxLength));
     case FillRefusal::NoChoice:
         return ownText(OwnText::FillNoChoice,
-            arguments << (type.kind == CellType::Kind::CheckBox ? u"0, 1"_s : type.items.join(u", "_s)));
+            arguments << (type.kind == CellType::Kind::CheckBox ? u"0, 1"_s
+                                                                : (type.items + type.unlisted).join(u", "_s)));
     case FillRefusal::LineBreak:
         break;
     }

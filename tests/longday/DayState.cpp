@@ -61,7 +61,7 @@ QJsonObject windowState(const frmPrFile &editor)
     }
     const GridBlock selection = grid.selectedBlock();
     return {{u"number"_s, editor.docNo()}, {u"caption"_s, editor.windowTitle()}, {u"rows"_s, rows},
-        {u"colours"_s, colours}, {u"changed"_s, DocFlags[editor.docNo()].changed},
+        {u"colours"_s, colours}, {u"changed"_s, bool(DocFlags[editor.docNo()].changed)},
         {u"recent"_s, recentEntries(*editor.menus().constFirst())},
         {u"selection"_s, QJsonArray{selection.column1, selection.row1, selection.column2, selection.row2}},
         {u"cell"_s, QJsonArray{grid.activeColumn(), grid.activeRow()}},
