@@ -19,7 +19,7 @@ void addMenuLine(QMenu &menu, const MenuLine &line)
     action->setObjectName(line.name.toString());
     if (line.shortcut.toCombined() != 0) {
         action->setShortcut(line.shortcut);
-        action->setShortcutContext(line.isOthersKey ? Qt::WidgetShortcut : Qt::WindowShortcut);
+        action->setShortcutContext(line.keyOwner == MenuLine::Others ? Qt::WidgetShortcut : Qt::WindowShortcut);
     }
 }
 

@@ -9,10 +9,13 @@
 /// A menu, or one line of it: a command, or a separator when textId is 0.
 struct MenuLine
 {
+    /// Who acts on the shortcut: the line itself, or what has the focus, with the menu only showing the key.
+    enum KeyOwner : quint8 { Own, Others };
+
     QStringView name; ///< the object name
     qint16 textId = 0;
+    KeyOwner keyOwner = Own;
     QKeyCombination shortcut = QKeyCombination::fromCombined(0); ///< 0 for none
-    bool isOthersKey = false; ///< the shortcut is shown only; what has the focus acts on it
 };
 
 inline constexpr MenuLine separatorLine{u""};

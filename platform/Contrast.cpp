@@ -64,7 +64,7 @@ QPalette boxPalette(QPalette palette, const QColor &background, const QColor &ow
 
 void showBoxesOf(QWidget &window)
 {
-    const QPalette usual = window.palette();
+    const QPalette &usual = window.palette();
     const QColor ground = usual.color(QPalette::Window);
     const QColor page = usual.color(QPalette::Button).lighter(); // beneath tabs: the style lightens them less than that
     const bool isDark = luminance(ground) < luminance(usual.color(QPalette::WindowText));
