@@ -165,7 +165,7 @@ QString Day::difference()
         const QJsonObject look{{u"do"_s, u"look"_s}, {u"inBackground"_s, number != m_front}};
         for (int attempt = 0; attempt == 0 || (attempt < attempts && !difference.isEmpty()); ++attempt) {
             const QJsonObject shown = m_peers.at(size_t(number)).act(look, {});
-            difference = differenceAfterFocus(m_model.programs.at(size_t(number)), shown);
+            difference = differenceAfterFocus(number, shown);
         }
         if (!difference.isEmpty()) {
             difference.prepend(u"program %1: "_s.arg(number));
@@ -175,10 +175,12 @@ QString Day::difference()
 }
 
 // Whether the active window is activated once more when its frame loses the focus or gets it back depends on how the
-// window manager hands the focus on; both are fine, and from then on one holds.
-QString Day::differenceAfterFocus(DayProgram &program, const QJsonObject &shown) const
+// window manager hands the focus on; both are fine, and from then on one holds. A program in the background may hear of
+// its loss late, when others have used the clipboard meanwhile.
+QString Day::differenceAfterFocus(int number, const QJsonObject &shown)
 {
-    if (m_focusHasMoved && program.active != 0) {
+    DayProgram &program = m_model.programs.at(size_t(number));
+    if ((m_focusHasMoved || number != m_front) && program.active != 0) {
         DayProgram activated = program;
         activated.activate(program.active);
         if (differenceFrom(activated, shown).isEmpty()) {

@@ -151,7 +151,7 @@ private:
     static std::optional<QByteArray> read(const QString &path);
     static void write(const QString &path, const QByteArray &bytes);
     QString fileDifference() const;
-    QString differenceAfterFocus(DayProgram &program, const QJsonObject &shown) const;
+    QString differenceAfterFocus(int number, const QJsonObject &shown);
     void complain(const QString &words);
 
     std::mt19937 m_random;
