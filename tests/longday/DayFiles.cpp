@@ -65,7 +65,8 @@ bool Day::openRecent()
         return false;
     }
     const int entry = upTo(1, int(listed.size()));
-    const bool opened = openPath(listed.at(entry - 1), {{u"do"_s, u"recent"_s}, {u"number"_s, entry}}, {});
+    const QString path = listed.at(entry - 1); // the list is another one when the file is open
+    const bool opened = openPath(path, {{u"do"_s, u"recent"_s}, {u"number"_s, entry}}, {});
     if (opened) {
         m_model.showRecent(m_front);
     }
