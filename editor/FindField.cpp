@@ -62,6 +62,12 @@ QSize FindField::sizeHint() const
     return {fontMetrics().horizontalAdvance(u'0') * digits, QLineEdit::sizeHint().height()};
 }
 
+bool FindField::focusNextPrevChild(bool)
+{
+    emit leaveRequested();
+    return true;
+}
+
 // Enter and Escape end here: the window around the field knows them as well.
 void FindField::keyPressEvent(QKeyEvent *event)
 {

@@ -21,10 +21,12 @@ public:
 signals:
     void nextRequested();
     void previousRequested();
-    void closeRequested();
+    void closeRequested(); ///< by Escape: the search is given up
+    void leaveRequested(); ///< by Tab: the search has led where the user wants to be
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
     void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 

@@ -17,7 +17,8 @@ GridFinder::GridFinder(SpreadGrid &grid, QWidget *window)
     connect(m_field, &QLineEdit::textChanged, this, &GridFinder::searchTyped);
     connect(m_field, &FindField::nextRequested, this, &GridFinder::findNext);
     connect(m_field, &FindField::previousRequested, this, &GridFinder::findPrevious);
-    connect(m_field, &FindField::closeRequested, this, &GridFinder::close);
+    connect(m_field, &FindField::closeRequested, this, &GridFinder::giveUp);
+    connect(m_field, &FindField::leaveRequested, this, &GridFinder::close);
     followGrid();
 }
 
@@ -56,6 +57,14 @@ void GridFinder::open()
     m_grid.setFoundMarked(true);
     m_origin.reset();
     showCount();
+}
+
+void GridFinder::giveUp()
+{
+    if (m_origin && here().cell == m_reached) {
+        returnTo(*m_origin);
+    }
+    close();
 }
 
 void GridFinder::close()
@@ -111,6 +120,9 @@ void GridFinder::find(int step)
     }
     m_grid.commitEdit();
     const bool found = m_grid.goToFound(step);
+    if (found) {
+        m_origin.reset(); // the user has gone on from there
+    }
     showCount();
     if (!found) {
         open(); // so that the user sees why nothing happens

@@ -14,7 +14,7 @@ class SpreadGrid;
 
 /// Finds texts in the shown columns of an editor window's grid: as they are typed into a field over the grid's upper
 /// right corner, and from match to match, around the end of the grid. While what is typed is found nowhere, the grid
-/// stays where the search began.
+/// stays where the search began. Escape returns there, unless the user has gone on from the match; Tab stays at it.
 class GridFinder : public QObject
 {
     Q_OBJECT
@@ -47,6 +47,7 @@ private:
     void returnTo(const Place &place);
     void showCount();
     void find(int step);
+    void giveUp();
     void close();
     void place();
 

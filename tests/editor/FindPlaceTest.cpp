@@ -169,10 +169,37 @@ TEST_F(FindPlace, beginsAnewAtTheMatchFromWhichTheUserWentOn)
     EXPECT_EQ(active(), Cell(3, 20));
 }
 
-TEST_F(FindPlace, staysAtTheMatchOnEscape)
+TEST_F(FindPlace, returnsOnEscapeToWhereTheSearchBegan)
 {
+    grid().setTopRow(45);
     find(u"needle"_s);
+    ASSERT_EQ(active(), Cell(2, 120));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(active(), Cell(2, 50));
+    EXPECT_EQ(grid().topRow(), 45);
+    EXPECT_EQ(QApplication::focusWidget(), &grid());
+}
+
+TEST_F(FindPlace, staysOnEscapeWhereTheUserHasGoneOn)
+{
+    find(u"needle case"_s);
+    press(Qt::Key_Return); // to the only match
     press(Qt::Key_Escape);
     EXPECT_EQ(active(), Cell(2, 120));
-    EXPECT_EQ(QApplication::focusWidget(), &grid());
+    find(u"needle"_s);
+    grid().setActiveCell(2, 118);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(active(), Cell(2, 118));
+}
+
+TEST_F(FindPlace, staysAtTheMatchOnTab)
+{
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        grid().setActiveCell(2, 50);
+        find(u"needle"_s);
+        press(key);
+        EXPECT_EQ(active(), Cell(2, 120));
+        EXPECT_EQ(QApplication::focusWidget(), &grid());
+        EXPECT_FALSE(field().isVisible());
+    }
 }
