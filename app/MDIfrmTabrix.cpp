@@ -118,8 +118,9 @@ MDIfrmTabrix::MDIfrmTabrix()
 
 MDIfrmTabrix::~MDIfrmTabrix()
 {
-    // The editor windows use the frame to the last.
+    // The editor windows use the frame to the last, and ask the area which one is active.
     m_area->disconnect(this);
+    qDeleteAll(m_area->subWindowList());
     delete m_area;
 }
 

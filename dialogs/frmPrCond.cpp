@@ -65,6 +65,11 @@ frmPrCond::frmPrCond(QWidget *parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *focused) { followFocus(focused); });
 }
 
+frmPrCond::~frmPrCond()
+{
+    disconnect(qApp, nullptr, this, nullptr); // its own lists lose the focus when they go
+}
+
 QLayout *frmPrCond::createKinds()
 {
     auto *row = new QHBoxLayout;

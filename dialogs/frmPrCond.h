@@ -15,6 +15,7 @@ class frmPrCond : public EditDialog
 
 public:
     explicit frmPrCond(QWidget *parent = nullptr);
+    ~frmPrCond() override;
 
     /// Lets the user edit the conditions condText of parameter pr, count being the row's shown number of them. Returns
     /// true when the user pressed OK and count or text are others now; else both are left alone. When OK finds no
