@@ -88,13 +88,6 @@ void DialogGrid::addRow()
     scrollToBottom();
 }
 
-void DialogGrid::removeActiveRow()
-{
-    if (const int active = activeRow()) {
-        removeRows(active, active);
-    }
-}
-
 void DialogGrid::removeRows(int first, int last)
 {
     const int rows = rowCount();

@@ -31,9 +31,7 @@ public:
     QList<QStringList> rows() const;
     /// Adds a row with its columns' initial texts at the end and brings it into view.
     void addRow();
-    /// Removes the active row; the rows below it move up. Nothing happens without an active row.
-    void removeActiveRow();
-    /// Removes those rows, which must be there, and selects a single cell.
+    /// Removes those rows, which must be there; the rows below them move up. A single cell is selected then.
     void removeRows(int first, int last);
 
     /// Whether Insert asks for a further row, and Delete for the removal of the rows that are selected as rows. Off at

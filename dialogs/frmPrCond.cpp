@@ -170,8 +170,9 @@ void frmPrCond::addRow(int kind)
 void frmPrCond::removeRow(int kind)
 {
     m_kinds[kind].grid->commitEdit();
-    m_kinds[kind].grid->removeActiveRow();
-    m_kinds[kind].remove->setEnabled(m_kinds[kind].grid->rowCount() > 0);
+    if (const int active = m_kinds[kind].grid->activeRow()) {
+        removeRows(kind, active, active);
+    }
 }
 
 void frmPrCond::removeRows(int kind, int first, int last)

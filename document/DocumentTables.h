@@ -19,7 +19,7 @@ public:
     ~ChangedFlag() = default;
     operator bool() const { return m_changed; }
 
-    /// Called when a flag has become another; nothing for nobody.
+    /// Called when a flag has taken another value; an empty function for no observer.
     static void setObserver(std::function<void()> observer);
 
 private:

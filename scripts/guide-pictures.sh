@@ -7,12 +7,8 @@ cd "$(dirname "$0")/.."
 build=${1:-build}
 
 cmake --build "$build" --target guide_pictures
-cat >"$build/guide-screen.json" <<'SCREEN'
-{"screens": [{"name": "guide", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96,
-              "logicalBaseDpi": 96, "dpr": 1}]}
-SCREEN
 for language in en ja; do # each by itself: the toolkit's Japanese texts stay once they are loaded
-    TABRIX_GUIDE=$PWD/resources/help QT_QPA_PLATFORM="offscreen:configfile=$(realpath "$build")/guide-screen.json" \
+    TABRIX_GUIDE=$PWD/resources/help QT_QPA_PLATFORM="offscreen:configfile=$PWD/tests/pictures/screen.json" \
         "$build/guide_pictures" --gtest_brief=1 --gtest_filter="*/$language"
 done
 du -ch resources/help/*/*.png | tail -1

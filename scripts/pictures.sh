@@ -8,12 +8,8 @@ cd "$(dirname "$0")/.."
 build=${2:-build}
 
 cmake --build "$build" --target window_pictures
-cat >"$build/pictures-screen.json" <<'SCREEN'
-{"screens": [{"name": "pictures", "x": 0, "y": 0, "width": 1280, "height": 1024, "logicalDpi": 96,
-              "logicalBaseDpi": 96, "dpr": 1}]}
-SCREEN
 for language in en ja; do # each by itself: the toolkit's Japanese texts stay once they are loaded
-    TABRIX_PICTURES=$folder QT_QPA_PLATFORM="offscreen:configfile=$(realpath "$build")/pictures-screen.json" \
+    TABRIX_PICTURES=$folder QT_QPA_PLATFORM="offscreen:configfile=$PWD/tests/pictures/screen.json" \
         "$build/window_pictures" --gtest_brief=1 --gtest_filter="*/${language}_*"
 done
 echo "$(find "$folder" -name '*.png' | wc -l) pictures in $folder"

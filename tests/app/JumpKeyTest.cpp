@@ -15,10 +15,6 @@ protected:
     void SetUp() override { start(writeFile(u"a.inv"_s, document(200))); }
 
     QLineEdit &box() { return control<QLineEdit>(frame(), u"txtPr"_s); }
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
 };
 
 TEST_F(JumpKey, entersTheBoxWithItsTextSelected)

@@ -38,10 +38,6 @@ protected:
             QTest::keyClicks(QApplication::focusWidget(), character);
         }
     }
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
     void edit(const QString &command) { chooseMenu(u"mneEdit"_s, command); }
     void selectRows(int row1, int row2) { grid().selectBlock({-1, row1, 13, row2}); }
     void deleteAllRows()

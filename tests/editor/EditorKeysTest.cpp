@@ -36,10 +36,6 @@ protected:
         grid().setFocus();
     }
 
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
     Cell active() { return {grid().activeColumn(), grid().activeRow()}; }
     static void turnWheel(QWidget &widget, QPoint delta, Qt::KeyboardModifiers modifiers)
     {

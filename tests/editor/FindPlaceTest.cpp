@@ -2,7 +2,7 @@
 
 #include "editor/frmPrFile.h"
 #include "platform/SpreadGrid.h"
-#include "tests/support/FrameTest.h"
+#include "tests/editor/FindFixture.h"
 #include "tests/support/Patience.h"
 
 #include <QApplication>
@@ -12,13 +12,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-using Cell = std::pair<int, int>; // column, row
-
-} // namespace
-
-class FindPlace : public FrameTest
+class FindPlace : public FindFixture
 {
 protected:
     void SetUp() override
@@ -31,18 +25,6 @@ protected:
         grid().setFocus();
     }
 
-    QLineEdit &field() { return control<QLineEdit>(editor(), u"txtFind"_s); }
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    static void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void find(const QString &text)
-    {
-        press(Qt::Key_F, Qt::ControlModifier);
-        type(text);
-    }
-    Cell active() { return {grid().activeColumn(), grid().activeRow()}; }
     /// The count as a screen reader tells it.
     QString count() { return field().accessibleDescription(); }
     /// The count's end of the field as it is painted.
@@ -50,12 +32,6 @@ protected:
     {
         const int width = field().fontMetrics().horizontalAdvance(u"100/100"_s);
         return field().grab(field().rect().adjusted(field().width() - width, 3, -3, -3)).toImage();
-    }
-    /// The ground of a cell as it is painted: near its lower left corner, where no text and no frame stands.
-    QColor ground(int column, int row)
-    {
-        const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1));
-        return grid().viewport()->grab().toImage().pixelColor(cell.bottomLeft() + QPoint(4, -5));
     }
 };
 

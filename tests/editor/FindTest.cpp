@@ -3,7 +3,7 @@
 #include "editor/frmPrFile.h"
 #include "platform/Contrast.h"
 #include "platform/SpreadGrid.h"
-#include "tests/support/FrameTest.h"
+#include "tests/editor/FindFixture.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -15,13 +15,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-using Cell = std::pair<int, int>; // column, row
-
-} // namespace
-
-class Find : public FrameTest
+class Find : public FindFixture
 {
 protected:
     void SetUp() override
@@ -33,26 +27,6 @@ protected:
         grid().setActiveCell(1, 1);
     }
 
-    QLineEdit &field() { return control<QLineEdit>(editor(), u"txtFind"_s); }
-    /// A key for whatever has the focus, as the window system sends it.
-    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
-    }
-    static void type(const QString &text) { QTest::keyClicks(QApplication::focusWidget(), text); }
-    void find(const QString &text)
-    {
-        press(Qt::Key_F, Qt::ControlModifier);
-        type(text);
-    }
-    Cell active() { return {grid().activeColumn(), grid().activeRow()}; }
-    /// The ground of a cell as it is painted: its lower left corner, where no text and no frame stands.
-    QColor ground(int column, int row)
-    {
-        const QModelIndex index = grid().model()->index(row - 1, column - 1);
-        const QRect cell = grid().visualRect(index);
-        return grid().viewport()->grab().toImage().pixelColor(cell.bottomLeft() + QPoint(3, -4));
-    }
     /// The darkest or lightest pixel of a cell's text, whichever is farther from its ground.
     QColor ink(int column, int row)
     {

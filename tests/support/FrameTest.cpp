@@ -145,6 +145,11 @@ void FrameTest::pressKey(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers mod
     QTest::keyClick(&widget, key, modifiers);
 }
 
+void FrameTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    pressKey(*QApplication::focusWidget(), key, modifiers);
+}
+
 void FrameTest::typeInto(int column, int row, const QString &text)
 {
     if (!m_frame->isActiveWindow()) { // a message box may just have gone

@@ -49,6 +49,8 @@ protected:
     /// Types a text into a cell by keyboard and ends with Enter.
     void typeInto(int column, int row, const QString &text);
     static void pressKey(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// A key for whatever has the focus, as the window system sends it.
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
 
 private:
     QTemporaryDir m_folder;
