@@ -1,9 +1,9 @@
 #include "app/ChangeMarks.h"
 
 #include "app/DocumentFlows.h"
+#include "desktop/Picture.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/Picture.h"
 
 ChangeMarks::ChangeMarks(DocumentFlows &documents) : m_documents(documents)
 {

@@ -1,9 +1,12 @@
 #include "app/DocumentFlows.h"
 
 #include "app/EditorSaveHost.h"
-#include "app/Language.h"
+#include "app/services/Language.h"
+#include "desktop/BusyPointer.h"
+#include "desktop/FileDialog.h"
+#include "desktop/InputHold.h"
+#include "desktop/PlainCaption.h"
 #include "document/DocumentTables.h"
-#include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "document/ReadFindings.h"
 #include "document/RecoveryCopy.h"
@@ -11,11 +14,8 @@
 #include "editor/ParameterCells.h"
 #include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
-#include "platform/BusyPointer.h"
-#include "platform/FileDialog.h"
-#include "platform/InputHold.h"
-#include "platform/PlainCaption.h"
 #include "runtime/AnsiText.h"
+#include "storage/KnownFiles.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,10 +1,10 @@
 #include "app/EditorSaveHost.h"
 
-#include "app/Messages.h"
+#include "app/services/Messages.h"
 #include "editor/EditorFrame.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "app/FrameFileHost.h"
 
-#include "app/Language.h"
-#include "app/Messages.h"
-#include "platform/MessageBox.h"
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
+#include "desktop/MessageBox.h"
 
 #include <QCoreApplication>
 #include <QCursor>

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desktop/BusyPointer.h"
 #include "document/FileHost.h"
-#include "platform/BusyPointer.h"
 
 #include <QElapsedTimer>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #include "app/FrameMenus.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/SharedMenuLines.h"
 

@@ -1,8 +1,8 @@
 #include "app/FrameStatusBar.h"
 
-#include "app/Common.h"
+#include "app/services/Common.h"
+#include "desktop/PlainLabel.h"
 #include "dialogs/SelectAllBox.h"
-#include "platform/PlainLabel.h"
 
 #include <QFocusEvent>
 #include <QKeyEvent>

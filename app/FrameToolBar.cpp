@@ -1,8 +1,8 @@
 #include "app/FrameToolBar.h"
 
-#include "app/Language.h"
-#include "platform/PlainLabel.h"
-#include "platform/RibbonButton.h"
+#include "app/services/Language.h"
+#include "desktop/PlainLabel.h"
+#include "desktop/RibbonButton.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -1,6 +1,6 @@
 #include "app/QtTexts.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

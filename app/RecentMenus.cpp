@@ -1,6 +1,6 @@
 #include "app/RecentMenus.h"
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "editor/EditorFrame.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"

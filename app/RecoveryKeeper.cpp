@@ -1,12 +1,12 @@
 #include "app/RecoveryKeeper.h"
 
 #include "app/DocumentFlows.h"
-#include "app/Language.h"
+#include "app/services/Language.h"
 #include "document/DocumentTables.h"
 #include "document/RecoveryCopy.h"
 #include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/FileFailure.h"
-#include "document/RecoveryStore.h"
+#include "runtime/FileFailure.h"
+#include "storage/RecoveryStore.h"
 
 #include <QElapsedTimer>
 #include <QHash>

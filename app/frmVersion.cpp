@@ -1,10 +1,10 @@
 #include "app/frmVersion.h"
 
-#include "app/Common.h"
-#include "app/IniFile.h"
-#include "app/Language.h"
-#include "platform/MemoryStatus.h"
-#include "platform/PlainLabel.h"
+#include "app/services/Common.h"
+#include "app/services/IniFile.h"
+#include "app/services/Language.h"
+#include "desktop/MemoryStatus.h"
+#include "desktop/PlainLabel.h"
 #include "runtime/BlankText.h"
 
 #include <QGridLayout>

@@ -1,5 +1,5 @@
 #include "app/MDIfrmTabrix.h"
-#include "platform/Picture.h"
+#include "desktop/Picture.h"
 #include "runtime/CommandLine.h"
 
 #include <QApplication>

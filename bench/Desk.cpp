@@ -4,7 +4,7 @@
 #include "bench/DocumentGenerator.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 // What the editor window's commands cost on a table of the greatest size, the paint that follows included, beside
 // moving the same texts by one row within memory.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "bench/Desk.h"
 #include "bench/RatioReporter.h"
 #include "bench/Stopwatch.h"
@@ -10,7 +10,7 @@
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -3,7 +3,7 @@
 
 #include "bench/PlainPage.h"
 #include "bench/Stopwatch.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -1,6 +1,6 @@
-#include "platform/GridPrinter.h"
-#include "platform/PrintJob.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "print/GridPrinter.h"
+#include "print/PrintJob.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,6 +1,6 @@
 #include "dialogs/DialogGrid.h"
 
-#include "app/Common.h"
+#include "app/services/Common.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

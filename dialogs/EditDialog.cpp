@@ -1,11 +1,11 @@
 #include "dialogs/EditDialog.h"
 
-#include "app/Common.h"
-#include "app/Language.h"
+#include "app/services/Common.h"
+#include "app/services/Language.h"
+#include "desktop/PlainCaption.h"
+#include "desktop/ScreenRoom.h"
 #include "dialogs/ContentsArea.h"
 #include "dialogs/DialogGrid.h"
-#include "platform/PlainCaption.h"
-#include "platform/ScreenRoom.h"
 
 #include <QPushButton>
 #include <QShortcut>

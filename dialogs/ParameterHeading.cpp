@@ -1,7 +1,7 @@
 #include "dialogs/ParameterHeading.h"
 
+#include "desktop/PlainLabel.h"
 #include "dialogs/EditDialog.h"
-#include "platform/PlainLabel.h"
 
 #include <QLabel>
 

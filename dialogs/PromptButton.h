@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Contrast.h"
+#include "desktop/Contrast.h"
 
 #include <QCheckBox>
 #include <QRadioButton>

@@ -1,6 +1,6 @@
 #include "dialogs/SelectAllBox.h"
 
-#include "app/Common.h"
+#include "app/services/Common.h"
 
 #include <QFocusEvent>
 

@@ -1,6 +1,6 @@
 #include "dialogs/frmCap.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 #include "dialogs/SelectAllBox.h"
 #include "runtime/NumberText.h"
 

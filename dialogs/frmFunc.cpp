@@ -1,7 +1,7 @@
 #include "dialogs/frmFunc.h"
 
-#include "app/Common.h"
-#include "app/Language.h"
+#include "app/services/Common.h"
+#include "app/services/Language.h"
 #include "dialogs/ParameterHeading.h"
 #include "dialogs/PromptButton.h"
 #include "document/FieldText.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialogs/EditDialog.h"
-#include "dialogs/FuncCodeText.h"
+#include "document/FuncCodeText.h"
 
 class ParameterHeading;
 class QCheckBox;

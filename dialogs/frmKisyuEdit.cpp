@@ -1,14 +1,14 @@
 #include "dialogs/frmKisyuEdit.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 #include "dialogs/DialogGrid.h"
 #include "dialogs/KeyFrame.h"
 #include "dialogs/ListButton.h"
-#include "dialogs/MachineInfoText.h"
 #include "dialogs/PlainBox.h"
 #include "dialogs/SelectAllBox.h"
 #include "dialogs/frmCap.h"
 #include "document/DocumentTables.h"
+#include "document/MachineInfoText.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
 

@@ -1,6 +1,6 @@
 #include "dialogs/frmPrCond.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 #include "dialogs/DialogGrid.h"
 #include "dialogs/ListButton.h"
 #include "dialogs/ParameterHeading.h"

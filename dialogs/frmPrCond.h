@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dialogs/EditDialog.h"
-#include "dialogs/PrCondRows.h"
+#include "document/PrCondRows.h"
 
 class DialogGrid;
 class ParameterHeading;

@@ -1,8 +1,8 @@
 #include "document/DocumentTables.h"
 
-#include "document/KnownFiles.h"
 #include "document/ReadFindings.h"
 #include "runtime/AnsiText.h"
+#include "storage/KnownFiles.h"
 
 QList<DocFlag> DocFlags;
 std::map<int, MachineInfo> MachineInfos;

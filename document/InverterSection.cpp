@@ -1,9 +1,9 @@
 #include "document/InverterSection.h"
 
-#include "app/IniFile.h"
 #include "document/AnsiBuffer.h"
 #include "runtime/BlankText.h"
 #include "runtime/NumberText.h"
+#include "runtime/PrivateProfile.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +27,7 @@ private:
 
 std::optional<QString> SectionReader::untrimmed(const QString &key) const
 {
-    QString value;
-    return ReadIniString(m_profile, u"Inverter"_s, key, value) ? std::optional(value) : std::nullopt;
+    return m_profile.text(u"Inverter"_s, key);
 }
 
 std::optional<QString> SectionReader::trimmed(const QString &key) const

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/FileFailure.h"
 #include "document/MachineInfo.h"
+#include "runtime/FileFailure.h"
 
 #include <QString>
 

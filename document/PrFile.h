@@ -22,7 +22,7 @@ bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host);
 
 /// Writes the document to fileName and clears its changed flag. Returns true on FAILURE; the user has been told by
 /// then, except when fileName is empty, in which case nothing is written. An existing file's content is kept in the
-/// backups (document/FileReplacement.h) before it is replaced.
+/// backups (storage/FileReplacement.h) before it is replaced.
 ///
 /// Asks before it writes what would not be read back as it is, and before it replaces a file that another program
 /// changed since this document was read from it or saved to it. No is a failure with everything left as it was.

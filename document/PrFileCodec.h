@@ -1,8 +1,8 @@
 #pragma once
 
 #include "document/Document.h"
-#include "document/FileFailure.h"
 #include "document/ReadFindings.h"
+#include "runtime/FileFailure.h"
 
 #include <QByteArray>
 

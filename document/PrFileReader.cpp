@@ -1,10 +1,10 @@
 #include "document/DocumentTables.h"
 #include "document/FileHost.h"
-#include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "document/PrFileCodec.h"
 #include "runtime/AnsiText.h"
 #include "runtime/WholeFile.h"
+#include "storage/KnownFiles.h"
 
 using namespace Qt::StringLiterals;
 

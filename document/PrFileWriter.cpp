@@ -1,15 +1,15 @@
 #include "document/CollectPrRecords.h"
 #include "document/DocumentTables.h"
-#include "document/FileFailure.h"
-#include "document/FileReplacement.h"
-#include "document/KnownFiles.h"
 #include "document/PrFile.h"
 #include "document/PrFileCodec.h"
 #include "document/ReadBackCheck.h"
 #include "document/SaveHost.h"
-#include "document/SaveLock.h"
 #include "runtime/AnsiText.h"
+#include "runtime/FileFailure.h"
 #include "runtime/NumberText.h"
+#include "storage/FileReplacement.h"
+#include "storage/KnownFiles.h"
+#include "storage/SaveLock.h"
 
 using namespace Qt::StringLiterals;
 

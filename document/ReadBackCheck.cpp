@@ -1,6 +1,5 @@
 #include "document/ReadBackCheck.h"
 
-#include "app/IniFile.h"
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
 #include "document/ParameterColumns.h"
@@ -231,9 +230,8 @@ bool MachineCheck::comesBack(const QString &key, const QString &value) const
     AnsiBuffer written(m_page);
     written.putText(u"[%1]\r\n%2="_s.arg(section, key));
     written.putText(value);
-    QString back;
-    const bool isFound = ReadIniString(PrivateProfile(written.bytes().toByteArray(), m_page), section, key, back);
-    return isFound ? back == value : value.isEmpty();
+    const auto back = PrivateProfile(written.bytes().toByteArray(), m_page).text(section, key);
+    return back.value_or(QString()) == value;
 }
 
 ReadBackFault MachineCheck::valueFault(const QString &value) const

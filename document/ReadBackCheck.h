@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/FileFailure.h"
 #include "document/MachineInfo.h"
 #include "document/PrRecord.h"
+#include "runtime/FileFailure.h"
 
 #include <QList>
 #include <QString>

@@ -1,15 +1,15 @@
 #include "editor/CellExchange.h"
 
-#include "app/Language.h"
-#include "app/Messages.h"
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
+#include "desktop/MessageBox.h"
 #include "dialogs/frmFunc.h"
 #include "dialogs/frmPrCond.h"
 #include "document/DocumentTables.h"
 #include "document/FieldText.h"
 #include "editor/ParameterGrid.h"
-#include "platform/MessageBox.h"
-#include "platform/SpreadGrid.h"
-#include "platform/UndoStep.h"
+#include "grid/SpreadGrid.h"
+#include "grid/UndoStep.h"
 #include "runtime/NumberText.h"
 
 #include <QPointer>

@@ -1,6 +1,6 @@
 #include "editor/FillLimits.h"
 
-#include "platform/CellInput.h"
+#include "grid/cells/CellInput.h"
 #include "runtime/NumberText.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CellType.h"
+#include "grid/cells/CellType.h"
 
 #include <optional>
 

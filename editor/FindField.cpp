@@ -1,6 +1,6 @@
 #include "editor/FindField.h"
 
-#include "platform/Contrast.h"
+#include "desktop/Contrast.h"
 
 #include <QEvent>
 #include <QKeyEvent>

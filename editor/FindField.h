@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/CellSearch.h"
+#include "grid/CellSearch.h"
 
 #include <QLineEdit>
 

@@ -1,17 +1,17 @@
 #include "editor/GridFilling.h"
 
-#include "app/Language.h"
-#include "app/Messages.h"
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
+#include "desktop/MessageBox.h"
 #include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
 #include "editor/ClipboardRecord.h"
 #include "editor/FillLimits.h"
 #include "editor/FillSeries.h"
 #include "editor/ParameterGrid.h"
-#include "platform/MessageBox.h"
-#include "platform/RedrawOff.h"
-#include "platform/SpreadGrid.h"
-#include "platform/UndoStep.h"
+#include "grid/RedrawOff.h"
+#include "grid/SpreadGrid.h"
+#include "grid/UndoStep.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SpreadView.h"
+#include "grid/SpreadView.h"
 
 #include <QObject>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "editor/GridFinder.h"
 
 #include "editor/FindField.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QAbstractItemModel>
 #include <QEvent>

@@ -1,12 +1,12 @@
 #include "editor/GridFont.h"
 
-#include "app/Common.h"
-#include "app/Settings.h"
-#include "platform/BusyPointer.h"
-#include "platform/Contrast.h"
-#include "platform/HelpWindow.h"
-#include "platform/RedrawOff.h"
-#include "platform/SpreadGrid.h"
+#include "app/services/Common.h"
+#include "app/services/Settings.h"
+#include "desktop/BusyPointer.h"
+#include "desktop/Contrast.h"
+#include "grid/RedrawOff.h"
+#include "grid/SpreadGrid.h"
+#include "help/HelpWindow.h"
 
 #include <QFontDialog>
 #include <QFontInfo>

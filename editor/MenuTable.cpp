@@ -1,6 +1,6 @@
 #include "editor/MenuTable.h"
 
-#include "app/Language.h"
+#include "app/services/Language.h"
 
 QMenu *newMenu(const MenuLine &line, QWidget *parent)
 {

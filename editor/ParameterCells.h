@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/PrGrid.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 /// A spread grid's cells for the collector.
 class ParameterCells : public PrGrid

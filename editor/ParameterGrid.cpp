@@ -1,13 +1,13 @@
 #include "editor/ParameterGrid.h"
 
-#include "app/Language.h"
-#include "app/Settings.h"
+#include "app/services/Language.h"
+#include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
 #include "document/RecordTexts.h"
-#include "platform/LineEnds.h"
-#include "platform/RedrawOff.h"
-#include "platform/SpreadGrid.h"
+#include "grid/RedrawOff.h"
+#include "grid/SpreadGrid.h"
+#include "grid/cells/LineEnds.h"
 
 #include <algorithm>
 #include <array>

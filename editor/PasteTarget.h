@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/ClipboardRecord.h"
-#include "platform/GridBlock.h"
+#include "grid/cells/GridBlock.h"
 
 #include <optional>
 

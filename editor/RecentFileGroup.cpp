@@ -1,6 +1,6 @@
 #include "editor/RecentFileGroup.h"
 
-#include "platform/PlainCaption.h"
+#include "desktop/PlainCaption.h"
 
 #include <QMenu>
 

@@ -1,8 +1,8 @@
 #include "editor/RecoveryCells.h"
 
 #include "editor/ParameterGrid.h"
-#include "platform/RedrawOff.h"
-#include "platform/SpreadGrid.h"
+#include "grid/RedrawOff.h"
+#include "grid/SpreadGrid.h"
 
 #include <array>
 

@@ -1,10 +1,11 @@
 #include "editor/frmPrFile.h"
 
-#include "app/Common.h"
-#include "app/Language.h"
-#include "app/Messages.h"
-#include "dialogs/PrintCommand.h"
+#include "app/services/Common.h"
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
+#include "desktop/MessageBox.h"
 #include "dialogs/frmKisyuEdit.h"
+#include "dialogs/print/PrintCommand.h"
 #include "document/DocumentTables.h"
 #include "editor/CellExchange.h"
 #include "editor/ClipboardRecord.h"
@@ -17,10 +18,9 @@
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmVisualInf.h"
-#include "platform/MessageBox.h"
-#include "platform/SpreadGrid.h"
-#include "platform/SpreadHistory.h"
-#include "platform/SpreadZoom.h"
+#include "grid/SpreadGrid.h"
+#include "grid/SpreadHistory.h"
+#include "grid/SpreadZoom.h"
 
 #include <QAction>
 #include <QClipboard>

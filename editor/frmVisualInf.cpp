@@ -1,10 +1,10 @@
 #include "editor/frmVisualInf.h"
 
-#include "app/Common.h"
-#include "app/Language.h"
-#include "app/Settings.h"
+#include "app/services/Common.h"
+#include "app/services/Language.h"
+#include "app/services/Settings.h"
+#include "desktop/PlainLabel.h"
 #include "dialogs/DialogGrid.h"
-#include "platform/PlainLabel.h"
 
 #include <QLabel>
 #include <QVBoxLayout>

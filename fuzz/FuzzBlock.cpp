@@ -2,7 +2,7 @@
 
 #include "editor/PasteTarget.h"
 #include "fuzz/Law.h"
-#include "platform/SpreadModel.h"
+#include "grid/cells/SpreadModel.h"
 
 #include <QStringList>
 

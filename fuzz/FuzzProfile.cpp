@@ -1,8 +1,8 @@
 // Any bytes as an INI file, looked up by the index and by a plain walk over the lines.
 
-#include "app/IniFile.h"
 #include "fuzz/Law.h"
 #include "runtime/AnsiText.h"
+#include "runtime/PrivateProfile.h"
 
 #include <QList>
 
@@ -120,7 +120,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         lookUp(profile, lines, "Inverter", key, bufferSize);
         lookUp(profile, lines, section, "Name", bufferSize);
     }
-    QString value;
-    require(!ReadIniString(profile, u"Inverter"_s, u"Name"_s, value) || !value.isEmpty(), "no value is found empty");
+    require(profile.text(u"Inverter"_s, u"Name"_s) != QString(), "no value is found empty");
     return 0;
 }

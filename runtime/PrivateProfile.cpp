@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr QByteArrayView utf8Mark = "\xEF\xBB\xBF";
@@ -112,6 +114,14 @@ std::optional<QString> PrivateProfile::value(const QString &section, const QStri
 {
     const auto found = find(section, key);
     return found ? std::optional(cutText(*found, bufferSize - 1, m_page)) : std::nullopt;
+}
+
+std::optional<QString> PrivateProfile::text(const QString &section, const QString &key) const
+{
+    constexpr int bufferSize = 128;
+    const std::optional<QString> found = value(section, key, bufferSize);
+    // A file that holds this very text counts as one without the key.
+    return found && !found->isEmpty() && *found != u"GetPrivateProfieReadError"_s ? found : std::nullopt;
 }
 
 std::optional<qsizetype> PrivateProfile::valueAt(const QString &section, const QString &key) const

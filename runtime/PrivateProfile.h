@@ -25,6 +25,10 @@ public:
     /// Nothing when the section or the key is absent or the key's line has no equals sign.
     std::optional<QString> value(const QString &section, const QString &key, int bufferSize) const;
 
+    /// The text of a key, as the program's own files and its users' are read: through a buffer of 128 bytes. Nothing
+    /// when the key is absent or its value empty.
+    std::optional<QString> text(const QString &section, const QString &key) const;
+
     /// The byte, from 0, that the value begins with; nothing where value() gives nothing.
     std::optional<qsizetype> valueAt(const QString &section, const QString &key) const;
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks the floors: a file includes what stands on its own floor or below, in no loop, and the core no widget."""
+"""Checks the floors: a file includes what is on its own floor or below, in no loop, and no library a window above it."""
 
 import re
 import subprocess
@@ -7,16 +7,38 @@ import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-FLOOR_OF_FOLDER = {"resources": 0, "runtime": 0, "document": 1, "platform": 2, "dialogs": 3, "editor": 4, "app": 5}
-# Files of app/ that stand lower than the frame
-FLOOR_OF_APP_FILE = {"IniFile": 0, "Language": 2, "Messages": 2, "Settings": 2, "Common": 2}
-# Files of app/ that the core library holds
-CORE_APP_FILES = ("IniFile", "Language", "Messages", "Settings")
-# What a folder may use beside itself where the floor alone would allow more
-ONLY = {"resources": (), "runtime": (), "document": ("runtime/", "app/IniFile", "resources/OwnTexts"), "platform": ("runtime/", "resources/")}
-# The rooms of document/ that may know the global tables; whatever lies below this rim works on values.
+# What is in a folder of a folder is on the floor of the nearest one named here.
+FLOOR_OF_FOLDER = {
+    "resources": 0, "runtime": 0,
+    "storage": 1, "grid/cells": 1,
+    "document": 2, "desktop": 2,
+    "grid/editors": 3, "help": 3,
+    "grid": 4,
+    "print": 5, "app/services": 5,
+    "dialogs": 6,
+    "dialogs/print": 7,
+    "editor": 8,
+    "app": 9,
+}
+# What a folder may use beside itself where its floor alone would allow more
+ONLY = {
+    "resources": (),
+    "runtime": ("resources/OwnTexts",),
+    "storage": ("runtime/", "resources/OwnTexts"),
+    "grid/cells": ("runtime/",),
+    "document": ("runtime/", "storage/", "resources/OwnTexts"),
+    "desktop": ("runtime/", "resources/"),
+    "help": ("desktop/", "runtime/"),
+    "grid/editors": ("grid/cells/", "desktop/", "runtime/"),
+    "grid": ("grid/", "desktop/", "runtime/"),
+    "print": ("grid/", "desktop/", "runtime/"),
+}
+# The modules of Qt that a library may include
+MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_cells": ("QtCore", "QtGui")}
+# The rooms of document/ that may know the global tables; whatever is below this rim works on values.
 RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+SOURCES = re.compile(r"target_sources\((\w+) PRIVATE([^)]*)\)")
 
 
 def room(path):
@@ -24,44 +46,53 @@ def room(path):
     return str(Path(path).with_suffix(""))
 
 
-def floor(path):
-    folder, name = Path(path).parts[0], Path(path).stem
-    return FLOOR_OF_APP_FILE.get(name, 5) if folder == "app" else FLOOR_OF_FOLDER[folder]
-
-
-def is_core(path):
-    folder, name = Path(path).parts[0], Path(path).stem
-    return folder in ("runtime", "document", "resources") or (folder == "app" and name in CORE_APP_FILES)
+def folder(path):
+    """The nearest folder that has a floor, or nothing."""
+    return next((str(parent) for parent in Path(path).parents if str(parent) in FLOOR_OF_FOLDER), None)
 
 
 def is_barred(path, target):
     """Whether the file's folder is held to less than its floor allows."""
-    folder = Path(path).parts[0]
-    return folder in ONLY and folder != Path(target).parts[0] and not target.startswith(ONLY[folder] or ("-",))
+    own = folder(path)
+    return own in ONLY and folder(target) != own and not target.startswith(ONLY[own] or ("-",))
 
 
 def is_below_rim(path):
-    return Path(path).parts[0] in ("runtime", "document") and Path(path).stem not in RIM
+    return folder(path) in ("runtime", "storage", "document") and Path(path).stem not in RIM
 
 
-def qt_core_headers():
+def library_of_sources(listed):
+    """The library that each source file is compiled into."""
+    result = {}
+    for name in (name for name in listed if name.endswith("/CMakeLists.txt")):
+        for library, sources in SOURCES.findall((ROOT / name).read_text(encoding="utf-8")):
+            result.update({str(Path(name).parent / source): library for source in sources.split()})
+    return result
+
+
+def qt_headers():
     query = subprocess.run(["qmake6", "-query", "QT_INSTALL_HEADERS"], capture_output=True, text=True, check=True)
-    return {header.name for header in (Path(query.stdout.strip()) / "QtCore").iterdir()}
+    modules = {module for allowed in MODULES_OF_LIBRARY.values() for module in allowed}
+    return {module: {header.name for header in (Path(query.stdout.strip()) / module).iterdir()} for module in modules}
 
 
-def include_faults(name, text, core_headers):
+def is_of_modules(system, modules, headers):
+    module, _, header = system.rpartition("/")
+    return any(header in headers[allowed] and module in ("", allowed) for allowed in modules)
+
+
+def include_faults(name, text, library, headers):
     for own, system in INCLUDE.findall(text):
-        if own and Path(own).parts[0] in FLOOR_OF_FOLDER:
-            if floor(own) > floor(name):
-                yield f"{name}: {own} stands on a higher floor"
+        if own and folder(own):
+            if FLOOR_OF_FOLDER[folder(own)] > FLOOR_OF_FOLDER[folder(name)]:
+                yield f"{name}: {own} is on a higher floor"
             if is_barred(name, own):
                 yield f"{name}: may not use {own}"
             if own == "document/DocumentTables.h" and is_below_rim(name):
                 yield f"{name}: may not know the tables"
-        elif is_core(name) and system.startswith("Q"):
-            module, _, header = system.rpartition("/")
-            if header not in core_headers or module not in ("", "QtCore"):
-                yield f"{name}: <{system}> is not of Qt Core"
+        elif library in MODULES_OF_LIBRARY and system.startswith("Q"):
+            if not is_of_modules(system, MODULES_OF_LIBRARY[library], headers):
+                yield f"{name}: {library} may not use <{system}>"
 
 
 def find_loop(graph):
@@ -84,11 +115,14 @@ def find_loop(graph):
 
 
 def main():
-    listed = subprocess.run(["git", "ls-files", *(f"{folder}/*" for folder in FLOOR_OF_FOLDER)], cwd=ROOT,
+    listed = subprocess.run(["git", "ls-files", *(f"{name}/*" for name in FLOOR_OF_FOLDER)], cwd=ROOT,
                             capture_output=True, text=True, check=True).stdout.split("\n")
     sources = {name: (ROOT / name).read_text(encoding="utf-8") for name in listed if name.endswith((".h", ".cpp"))}
-    core_headers = qt_core_headers()
-    faults = [fault for name, text in sources.items() for fault in include_faults(name, text, core_headers)]
+    libraries = library_of_sources(listed)
+    headers = qt_headers()
+    faults = [fault for name, text in sources.items()
+              for fault in include_faults(name, text, libraries.get(name), headers)]
+    faults += [f"{name}: in no CMakeLists.txt" for name in sources if name not in libraries and Path(name).stem != "main"]
     graph = {}
     for name, text in sources.items():
         targets = {room(own) for own, _ in INCLUDE.findall(text) if own} - {room(name)}

@@ -3,6 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build}
-git ls-files -z 'runtime/*.cpp' 'document/*.cpp' 'resources/*.cpp' 'platform/*.cpp' 'dialogs/*.cpp' 'editor/*.cpp' 'app/*.cpp' |
+git ls-files -z {app,desktop,dialogs,document,editor,grid,help,print,resources,runtime,storage}/'*.cpp' |
     xargs -0 -n 4 -P "$(nproc)" clang-tidy -p "$build" --quiet
 echo "tidy: nothing found"

@@ -1,12 +1,12 @@
 // What is painted can be read, on a light desktop and on a dark one: 4.5 for texts, 3 for pictures and frames.
 
+#include "desktop/RibbonButton.h"
 #include "editor/FindField.h"
 #include "editor/ParameterCells.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/HelpWindow.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "help/HelpWindow.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"

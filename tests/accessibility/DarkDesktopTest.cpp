@@ -2,8 +2,8 @@
 
 #include "editor/ParameterCells.h"
 #include "editor/ParameterGrid.h"
-#include "platform/HelpWindow.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "help/HelpWindow.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"

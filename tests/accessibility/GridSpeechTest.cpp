@@ -3,7 +3,7 @@
 #include "editor/ParameterCells.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/support/FrameTest.h"

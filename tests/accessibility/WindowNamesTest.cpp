@@ -2,8 +2,8 @@
 
 #include "editor/FindField.h"
 #include "editor/frmPrFile.h"
-#include "platform/HelpWindow.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "help/HelpWindow.h"
 #include "runtime/Country.h"
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/dialogs/DialogDriver.h"

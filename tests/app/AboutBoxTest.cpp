@@ -1,6 +1,6 @@
 #include "app/frmVersion.h"
+#include "desktop/MemoryStatus.h"
 #include "editor/frmPrFile.h"
-#include "platform/MemoryStatus.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
 

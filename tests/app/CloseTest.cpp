@@ -1,9 +1,9 @@
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
-#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
+#include "storage/RecoveryStore.h"
 #include "tests/support/FrameTest.h"
 
 #include <QDir>

@@ -2,9 +2,9 @@
 
 #include "document/DocumentTables.h"
 #include "document/RecoveryCopy.h"
-#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "storage/RecoveryStore.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

@@ -2,7 +2,7 @@
 
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/app/LongUse.h"
 #include "tests/support/MemoryInUse.h"
 

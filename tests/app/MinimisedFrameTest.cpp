@@ -1,9 +1,9 @@
 // What a task bar does to the frame, under a window manager.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 
 #include <QAbstractButton>

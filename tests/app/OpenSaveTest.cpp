@@ -1,9 +1,9 @@
-#include "app/Settings.h"
+#include "app/services/Settings.h"
+#include "desktop/FileDialog.h"
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/FileDialog.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
 

@@ -1,5 +1,5 @@
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 
 #include <QAction>

@@ -1,6 +1,6 @@
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 
 #include <QAction>

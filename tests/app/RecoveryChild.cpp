@@ -2,7 +2,7 @@
 
 #include "app/MDIfrmTabrix.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Patience.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "document/DocumentTables.h"
-#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
+#include "storage/RecoveryStore.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

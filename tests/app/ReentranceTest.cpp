@@ -1,11 +1,11 @@
 // While a file is read or written, events run between its rows. Whatever the user does in that time begins nothing
 // inside, and nothing of it is lost.
 
+#include "desktop/InputHold.h"
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/InputHold.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

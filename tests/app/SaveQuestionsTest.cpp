@@ -1,10 +1,10 @@
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
+#include "storage/FileBackup.h"
 #include "tests/support/FrameTest.h"
 
 #include <QDir>

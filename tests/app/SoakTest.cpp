@@ -1,13 +1,13 @@
 // Random use from a seed, with everything closed again after every stretch. TABRIX_SOAK_STEPS says how many steps are
 // measured, TABRIX_SOAK_SEED which.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
+#include "desktop/InputHold.h"
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/InputHold.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/app/LongUse.h"
 #include "tests/support/MemoryInUse.h"
 

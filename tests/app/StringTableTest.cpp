@@ -1,7 +1,7 @@
 #include "resources/StringTable.h"
 
-#include "app/Language.h"
-#include "app/Messages.h"
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

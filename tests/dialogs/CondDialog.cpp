@@ -1,6 +1,6 @@
 #include "tests/dialogs/CondDialog.h"
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"
 

@@ -1,6 +1,6 @@
 // The keys of the lists in the read condition dialog.
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/CondDialog.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"

@@ -1,6 +1,6 @@
 // The rows of the three grids of the read condition dialog: added, edited, sorted and deleted.
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/CondDialog.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"

@@ -1,8 +1,8 @@
 #include "tests/dialogs/DialogDriver.h"
 
-#include "app/Language.h"
-#include "app/Settings.h"
-#include "platform/SpreadGrid.h"
+#include "app/services/Language.h"
+#include "app/services/Settings.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
 #include "tests/support/Patience.h"
 

@@ -1,7 +1,7 @@
 // Each dialog's help topic, by its Help button and by the keys for it.
 
-#include "app/Language.h"
-#include "platform/HelpBrowser.h"
+#include "app/services/Language.h"
+#include "help/HelpBrowser.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/Controls.h"

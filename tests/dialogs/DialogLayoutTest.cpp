@@ -1,8 +1,8 @@
 // What all dialogs have in common as windows: place, font, and room for every text.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "dialogs/frmFunc.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/Patience.h"

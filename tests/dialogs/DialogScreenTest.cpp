@@ -1,10 +1,10 @@
 // Every dialog on the screen that the test runs on: nothing of it is off the screen, cut or overlapped, and every text
 // has its room. Lists may scroll.
 
-#include "app/Settings.h"
-#include "platform/CurrentPrinter.h"
-#include "platform/FileDialog.h"
-#include "platform/SpreadGrid.h"
+#include "app/services/Settings.h"
+#include "desktop/FileDialog.h"
+#include "grid/SpreadGrid.h"
+#include "print/CurrentPrinter.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
 #include "tests/support/QtPrinters.h"

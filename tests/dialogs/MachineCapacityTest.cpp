@@ -1,7 +1,7 @@
 // The list of capacities and rated currents in the machine dialog.
 
 #include "dialogs/frmKisyuEdit.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/MachineDialog.h"
 #include "tests/support/Patience.h"

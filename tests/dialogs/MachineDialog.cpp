@@ -1,7 +1,7 @@
 #include "tests/dialogs/MachineDialog.h"
 
 #include "dialogs/frmKisyuEdit.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"
 

@@ -1,7 +1,7 @@
 // The keys of the machine dialog: in its list, and how its boxes are entered.
 
 #include "dialogs/frmKisyuEdit.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/MachineDialog.h"
 #include "tests/support/Controls.h"

@@ -1,9 +1,9 @@
 // The dialog of the visible columns by keyboard, and whether its captions can be read.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmVisualInf.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/support/Controls.h"
 #include "tests/support/QtPrinters.h"

@@ -1,6 +1,6 @@
 #include "dialogs/frmKisyuEdit.h"
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/MachineDialog.h"
 #include "tests/support/Controls.h"

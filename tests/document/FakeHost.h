@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Messages.h"
+#include "app/services/Messages.h"
 #include "document/SaveHost.h"
 
 #include <QStringList>

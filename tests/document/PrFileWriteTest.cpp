@@ -1,9 +1,9 @@
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
-#include "document/KnownFiles.h"
 #include "document/ParameterColumn.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
+#include "storage/FileBackup.h"
+#include "storage/KnownFiles.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/QtPrinters.h"
 

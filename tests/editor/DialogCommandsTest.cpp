@@ -1,8 +1,8 @@
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // Keys and wheels beside those of typing: what the menu shows of them, the pop-up menu, the way to changed cells.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
 #include "tests/support/FrameTest.h"
 

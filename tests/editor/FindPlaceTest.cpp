@@ -1,7 +1,7 @@
 // Where finding leads, how many matches there are, and which of them has been reached.
 
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/editor/FindFixture.h"
 #include "tests/support/Patience.h"
 

@@ -1,8 +1,8 @@
-#include "app/Settings.h"
+#include "app/services/Settings.h"
+#include "desktop/Contrast.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/Contrast.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/editor/FindFixture.h"
 
 #include <QApplication>

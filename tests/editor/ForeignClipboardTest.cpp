@@ -1,10 +1,10 @@
 // The clipboard between the program and another one, which is a process of its own.
 
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/ClipboardRecord.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

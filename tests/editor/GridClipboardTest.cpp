@@ -1,9 +1,9 @@
 // Cut, Copy and Paste of cells and rows, and what the clipboard holds.
 
+#include "desktop/RibbonButton.h"
 #include "editor/ClipboardRecord.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/editor/GridCommandsSupport.h"
 
 #include <QApplication>

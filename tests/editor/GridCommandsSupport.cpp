@@ -1,7 +1,7 @@
 #include "tests/editor/GridCommandsSupport.h"
 
 #include "document/DocumentTables.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QApplication>
 #include <QClipboard>

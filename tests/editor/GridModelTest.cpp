@@ -1,12 +1,12 @@
 // Long random days at the keyboard: whatever an engineer does in whatever order, the grid holds what plain rows of
 // texts would hold, and the file says the same.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/editor/RowsFile.h"
 #include "tests/editor/RowsModel.h"
 #include "tests/support/FrameTest.h"

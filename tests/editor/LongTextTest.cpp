@@ -1,10 +1,10 @@
 // Names of a megabyte: what is not seen is not laid out, and none of it is lost. The work is counted in characters,
 // since seconds are the machine's.
 
-#include "app/Common.h"
+#include "app/services/Common.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
-#include "platform/TextMeter.h"
+#include "grid/SpreadGrid.h"
+#include "grid/cells/TextMeter.h"
 #include "tests/support/FrameTest.h"
 
 #include <QApplication>

@@ -1,11 +1,11 @@
 #include "editor/ParameterGrid.h"
 
-#include "app/Language.h"
-#include "app/Settings.h"
+#include "app/services/Language.h"
+#include "app/services/Settings.h"
 #include "document/CollectPrRecords.h"
 #include "document/DocumentTables.h"
 #include "editor/ParameterCells.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>

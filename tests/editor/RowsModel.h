@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/GridBlock.h"
+#include "grid/cells/GridBlock.h"
 
 #include <QString>
 

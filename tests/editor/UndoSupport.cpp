@@ -1,10 +1,10 @@
 #include "tests/editor/UndoSupport.h"
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Patience.h"
 
 #include <QApplication>

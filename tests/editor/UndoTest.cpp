@@ -2,7 +2,7 @@
 
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/editor/UndoSupport.h"
 
 #include <QApplication>

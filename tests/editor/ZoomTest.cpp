@@ -1,11 +1,11 @@
 // The wheel with Ctrl, and Ctrl+0: how large the grid is shown, and that nothing else changes by it.
 
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "editor/GridFont.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/PrintedGrid.h"
 

@@ -1,9 +1,9 @@
 // The guide is shown in the font that the user has chosen, also when it is chosen while the guide is open.
 
-#include "app/Language.h"
-#include "app/Settings.h"
-#include "platform/HelpBrowser.h"
-#include "platform/HelpWindow.h"
+#include "app/services/Language.h"
+#include "app/services/Settings.h"
+#include "help/HelpBrowser.h"
+#include "help/HelpWindow.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

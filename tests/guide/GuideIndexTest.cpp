@@ -1,8 +1,8 @@
 // What has no line in a menu is found in the guide's index.
 
-#include "platform/HelpBrowser.h"
-#include "platform/HelpWindow.h"
-#include "tests/platform/HelpFile.h"
+#include "help/HelpBrowser.h"
+#include "help/HelpWindow.h"
+#include "tests/help/HelpFile.h"
 #include "tests/support/Controls.h"
 #include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"

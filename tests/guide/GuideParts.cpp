@@ -1,6 +1,6 @@
 #include "tests/guide/GuideParts.h"
 
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,10 +1,10 @@
 // The pictures of the guide stay true: every part that a page names is there, and every picture is of the window as it
 // is now. When a window has changed on purpose, scripts/guide-pictures.sh makes its pictures anew.
 
-#include "platform/HelpLibrary.h"
+#include "help/HelpLibrary.h"
 #include "tests/guide/GuideParts.h"
 #include "tests/guide/GuideScenes.h"
-#include "tests/platform/HelpFile.h"
+#include "tests/help/HelpFile.h"
 
 using namespace Qt::StringLiterals;
 

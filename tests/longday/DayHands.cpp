@@ -1,9 +1,9 @@
 #include "tests/longday/DayHands.h"
 
 #include "app/MDIfrmTabrix.h"
+#include "desktop/RibbonButton.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #include "tests/longday/DayState.h"
 
 #include "app/MDIfrmTabrix.h"
+#include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/RibbonButton.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
 
 #include <QAction>

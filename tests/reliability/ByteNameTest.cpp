@@ -1,14 +1,14 @@
 // Files whose names are no UTF-8: from the command line to the backups they are the files of just these bytes.
 
-#include "document/BackupTidying.h"
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
-#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/CommandLine.h"
 #include "runtime/FileName.h"
 #include "runtime/WholeFile.h"
+#include "storage/BackupTidying.h"
+#include "storage/FileBackup.h"
+#include "storage/RecoveryStore.h"
 #include "tests/support/FrameTest.h"
 
 #include <QApplication>

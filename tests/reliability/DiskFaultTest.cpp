@@ -1,6 +1,6 @@
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
 #include "editor/frmPrFile.h"
+#include "storage/FileBackup.h"
 #include "tests/reliability/FaultTest.h"
 #include "tests/reliability/FaultyDisk.h"
 #include "tests/support/Controls.h"

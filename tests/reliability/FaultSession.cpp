@@ -1,10 +1,10 @@
 #include "tests/reliability/FaultSession.h"
 
-#include "app/Language.h"
 #include "app/MDIfrmTabrix.h"
+#include "app/services/Language.h"
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
 #include "runtime/AnsiText.h"
 #include "runtime/Country.h"
 #include "tests/reliability/FaultDisk.h"

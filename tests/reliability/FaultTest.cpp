@@ -1,8 +1,8 @@
 #include "tests/reliability/FaultTest.h"
 
 #include "document/DocumentTables.h"
-#include "document/FileBackup.h"
 #include "editor/frmPrFile.h"
+#include "storage/FileBackup.h"
 
 #include <QApplication>
 #include <QDir>

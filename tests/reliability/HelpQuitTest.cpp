@@ -1,6 +1,6 @@
-#include "app/Language.h"
 #include "app/MDIfrmTabrix.h"
-#include "platform/HelpLibrary.h"
+#include "app/services/Language.h"
+#include "help/HelpLibrary.h"
 #include "tests/support/Controls.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "document/FileBackup.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "storage/FileBackup.h"
 #include "tests/support/FrameTest.h"
 
 #include <QDir>

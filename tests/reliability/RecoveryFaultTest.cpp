@@ -1,7 +1,7 @@
 #include "document/DocumentTables.h"
-#include "document/RecoveryStore.h"
 #include "editor/frmPrFile.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "storage/RecoveryStore.h"
 #include "tests/reliability/FaultyDisk.h"
 #include "tests/support/FrameTest.h"
 

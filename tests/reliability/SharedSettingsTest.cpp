@@ -1,4 +1,4 @@
-#include "app/Settings.h"
+#include "app/services/Settings.h"
 #include "runtime/SettingsFile.h"
 #include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"

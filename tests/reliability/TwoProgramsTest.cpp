@@ -2,7 +2,7 @@
 
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
-#include "document/SaveLock.h"
+#include "storage/SaveLock.h"
 #include "tests/document/DocumentFixture.h"
 
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
 #include "tests/support/PrintedGrid.h"
 
-#include "platform/PrintJob.h"
-#include "platform/SpreadGrid.h"
+#include "grid/SpreadGrid.h"
+#include "print/PrintJob.h"
 
 #include <QFile>
 #include <QRegularExpression>

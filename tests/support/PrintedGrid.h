@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/GridPrintOptions.h"
-#include "platform/GridPrinter.h"
+#include "print/GridPrintOptions.h"
+#include "print/GridPrinter.h"
 #include "tests/support/PdfText.h"
 
 #include <QPageLayout>

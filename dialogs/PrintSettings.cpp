@@ -1,3 +1,0 @@
-#include "dialogs/PrintSettings.h"
-
-PrintSettings SharedPrintSettings;

@@ -1,0 +1,3 @@
+#include "dialogs/print/PrintSettings.h"
+
+PrintSettings SharedPrintSettings;

@@ -1,0 +1,65 @@
+#include "grid/ActiveFrame.h"
+
+#include "grid/SpreadHeader.h"
+
+#include <QPainter>
+#include <QTableView>
+
+#include <utility>
+
+void ActiveFrame::paint(QPainter &painter)
+{
+    const bool isAroundAll = isToBeAroundAll();
+    if (std::exchange(m_isAroundAll, isAroundAll) != isAroundAll) {
+        m_view.viewport()->update(edges()); // what is painted now may be another part
+    }
+    if (isAroundAll) {
+        painter.setPen(m_view.palette().color(QPalette::Highlight));
+        painter.drawRect(m_view.viewport()->rect().adjusted(0, 0, -1, -1));
+    } else if (isCellSeen()) {
+        paintAroundCell(painter);
+    }
+}
+
+void ActiveFrame::paintAroundCell(QPainter &painter) const
+{
+    const QRect cell = m_view.visualRect(m_view.currentIndex()).adjusted(0, 0, -2, -2);
+    painter.setClipRect(room());
+    painter.setPen(m_view.palette().color(m_view.hasFocus() ? QPalette::Highlight : QPalette::Mid));
+    painter.drawRect(cell);
+    if (m_view.hasFocus()) {
+        painter.drawRect(cell.adjusted(1, 1, -1, -1));
+    }
+}
+
+/// Where the active cell can be seen: not beneath the frozen column.
+QRect ActiveFrame::room() const
+{
+    const int covered = m_view.currentIndex().column() > 0 ? m_columns.coveredWidth() : 0;
+    return m_view.viewport()->rect().adjusted(covered, 0, 0, 0);
+}
+
+bool ActiveFrame::isCellSeen() const
+{
+    const QModelIndex active = m_view.currentIndex();
+    return active.isValid() && !m_view.isColumnHidden(active.column()) && m_view.visualRect(active).intersects(room());
+}
+
+bool ActiveFrame::isToBeAroundAll() const
+{
+    return m_view.hasFocus() && !isCellSeen();
+}
+
+QRegion ActiveFrame::edges() const
+{
+    const QRect all = m_view.viewport()->rect();
+    return QRegion(all).subtracted(all.adjusted(1, 1, -1, -1));
+}
+
+// The frame around all cells must not travel with them.
+void ActiveFrame::follow(const QPoint &moved)
+{
+    if (m_isAroundAll || isToBeAroundAll()) {
+        m_view.viewport()->update(edges().united(edges().translated(moved)));
+    }
+}

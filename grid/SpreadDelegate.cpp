@@ -1,0 +1,391 @@
+#include "grid/SpreadDelegate.h"
+
+#include "desktop/Contrast.h"
+#include "grid/cells/CellInput.h"
+#include "grid/cells/CellMetrics.h"
+#include "grid/cells/CellText.h"
+#include "grid/cells/LineEnds.h"
+#include "grid/cells/SpreadModel.h"
+#include "grid/cells/TextMeter.h"
+#include "grid/cells/VisibleText.h"
+#include "grid/editors/CellEditorFactory.h"
+#include "grid/editors/CellListBox.h"
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <QTableView>
+#include <QTextDocument>
+#include <QToolTip>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr QRgb activeMatchTint = 0xffff8000;
+
+const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
+{
+    return model.cellType(index.column() + 1, index.row() + 1);
+}
+
+QColor textColour(const QPalette &palette, const QColor &own, const QColor &ground, bool selected)
+{
+    if (selected) {
+        return palette.color(QPalette::HighlightedText);
+    }
+    const bool plain = !own.isValid() && ground == palette.color(QPalette::Base);
+    return plain ? palette.color(QPalette::Text)
+                 : readableOn(ground, own.isValid() ? own : palette.color(QPalette::Text));
+}
+
+/// What the user can see of the view that is painted.
+QRect windowOf(const QStyleOptionViewItem &option)
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    return view ? view->viewport()->rect() : option.rect;
+}
+
+/// How many pixels of a place can be seen from its left edge on.
+int visibleWidth(const QRect &place, const QRect &window)
+{
+    return std::min(place.width(), window.right() - place.left() + 1);
+}
+
+// Desktops have one of the two only; without this the other would go on to the grid.
+bool isRedoKey(const QKeyEvent &event)
+{
+    const QKeyCombination key = event.keyCombination();
+    return key == (Qt::CTRL | Qt::Key_Y) || key == (Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+}
+
+bool isFillKey(int key, Qt::KeyboardModifiers modifiers)
+{
+    return (key == Qt::Key_Return || key == Qt::Key_Enter) && (modifiers & ~Qt::KeypadModifier) == Qt::ControlModifier;
+}
+
+} // namespace
+
+SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
+    : QStyledItemDelegate(&view), m_view(view), m_model(model), m_search(view, model)
+{
+}
+
+int SpreadDelegate::zoomed(int pixels) const
+{
+    return (pixels * m_zoom + 50) / 100;
+}
+
+int SpreadDelegate::margin() const
+{
+    return zoomed(CellMetrics::margin);
+}
+
+// Painting
+
+// The active cell keeps its own ground within a selected block.
+void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const int column = index.column() + 1;
+    const int row = index.row() + 1;
+    const bool active = index == m_view.currentIndex();
+    const bool selected = !active && option.state & QStyle::State_Selected;
+    const QColor ground = groundOf(option.palette, column, row, active, selected);
+    painter->fillRect(option.rect, ground);
+    painter->setPen(textColour(option.palette, m_model.foreColour(column, row), ground, selected));
+    const CellType::Kind kind = m_model.cellType(column, row).kind;
+    if (kind == CellType::Kind::CheckBox) {
+        paintCheckBox(painter, option, index);
+        return;
+    }
+    paintText(painter, option, m_model.text(column, row), m_model.alignment(column));
+    if (active && kind == CellType::Kind::ComboBox) {
+        paintArrow(painter, option, index);
+    }
+}
+
+// The match that the search has reached stands out from the others.
+QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const
+{
+    if (selected) {
+        return selectedGround(palette);
+    }
+    const QColor usual = palette.color(QPalette::Base);
+    const bool marked = m_foundMarked && m_search.isFound(column, row);
+    return !marked ? usual : tinted(usual, active ? QColor(activeMatchTint) : QColor(Qt::yellow));
+}
+
+// Many desktops choose their highlight for its looks: a shade on which the texts can be read.
+QColor SpreadDelegate::selectedGround(const QPalette &palette) const
+{
+    const std::pair looked{palette.cacheKey(), palette.currentColorGroup()};
+    if (looked != m_selectedPalette) {
+        m_selectedPalette = looked;
+        m_selectedGround = readableOn(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
+    }
+    return m_selectedGround;
+}
+
+void SpreadDelegate::paintText(
+    QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const
+{
+    if (text.isEmpty()) {
+        return;
+    }
+    const QRect place = option.rect.adjusted(margin(), 0, -margin(), 0);
+    const QRect window = windowOf(option);
+    const QFontMetrics metrics = painter->fontMetrics();
+    if (place.height() > window.height() && VisibleText::isManyLines(text) && LineEnds::areIn(text)) {
+        const auto lines = VisibleText::ofLines(text, place, window, metrics.lineSpacing(), alignment);
+        painter->drawText(QRect(place.left(), lines.top, place.width(), place.bottom() - lines.top + 1),
+            int(alignment | Qt::AlignTop) | Qt::TextExpandTabs, lines.text);
+        return;
+    }
+    const QStringView seen = VisibleText::ofLine(text, visibleWidth(place, window), Qt::AlignLeft);
+    const bool leavesWindow = seen.size() < text.size() && place.right() > window.right() && !LineEnds::areIn(text);
+    const QString shown = leavesWindow ? seen.toString() : shownCellText(text, metrics, place.size());
+    const Qt::Alignment side = leavesWindow ? Qt::AlignLeft : alignment;
+    const int flags = LineEnds::areIn(shown) ? Qt::TextExpandTabs : Qt::TextSingleLine;
+    painter->drawText(place, int(side | Qt::AlignVCenter) | flags, shown);
+}
+
+void SpreadDelegate::paintCheckBox(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QRect place = checkBoxRect(index, option.rect);
+    const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
+    const QPixmap &box = boxPicture(ticked, m_model.foreColour(index.column() + 1, index.row() + 1));
+    painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, box);
+    QRect beside = place.adjusted(indicatorSize().width() + margin(), 0, 0, 0);
+    beside.setRight(std::min(beside.right(), option.rect.right() - margin()));
+    const QString &caption = typeOf(m_model, index).caption;
+    if (!caption.isEmpty()) {
+        painter->drawText(beside, Qt::AlignVCenter | Qt::TextSingleLine,
+            shownCellText(caption, painter->fontMetrics(), beside.size()));
+    }
+}
+
+// The style draws each of them once: its shades and curves cost as much as five texts.
+const QPixmap &SpreadDelegate::boxPicture(bool ticked, const QColor &own) const
+{
+    const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF(), m_zoom};
+    if (look != m_boxLook) {
+        m_boxLook = look;
+        m_boxes.clear();
+    }
+    QPixmap &picture = m_boxes[{own.isValid() ? own.rgba() : QRgb(0), ticked}];
+    if (picture.isNull()) {
+        picture = drawnBox(ticked, own);
+    }
+    return picture;
+}
+
+QPixmap SpreadDelegate::drawnBox(bool ticked, const QColor &own) const
+{
+    QPixmap picture(indicatorSize() * m_view.devicePixelRatioF());
+    picture.setDevicePixelRatio(m_view.devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QStyleOptionButton box;
+    box.initFrom(&m_view);
+    box.rect = QRect(QPoint(), indicatorSize());
+    box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base), own);
+    box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
+    QPainter painter(&picture);
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &m_view);
+    return picture;
+}
+
+void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    QStyleOption arrow;
+    arrow.initFrom(&m_view);
+    arrow.rect = arrowRect(index, option.rect);
+    painter->fillRect(arrow.rect, option.palette.brush(QPalette::Button));
+    m_view.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, &m_view);
+}
+
+QSize SpreadDelegate::indicatorSize() const
+{
+    return {zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view)),
+        zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view))};
+}
+
+QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) const
+{
+    const CellType &type = typeOf(m_model, index);
+    if (type.kind != CellType::Kind::CheckBox) {
+        return {};
+    }
+    QSize size = indicatorSize();
+    Qt::Alignment alignment = Qt::AlignCenter;
+    if (!type.caption.isEmpty()) {
+        size.rwidth() += margin() + m_view.fontMetrics().horizontalAdvance(type.caption);
+        size.setHeight(std::max(size.height(), m_view.fontMetrics().height())); // letters are higher than a box
+        alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
+    }
+    return QStyle::alignedRect(m_view.layoutDirection(), alignment, size, cell.adjusted(margin(), 0, -margin(), 0));
+}
+
+QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) const
+{
+    if (typeOf(m_model, index).kind != CellType::Kind::ComboBox) {
+        return {};
+    }
+    const int width = std::min(cell.width() / 2, zoomed(CellMetrics::arrowWidth));
+    return cell.adjusted(cell.width() - width, 2, -2, -2);
+}
+
+QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QStringView text = m_model.text(index.column() + 1, index.row() + 1);
+    TextMeter meter(option.font);
+    meter.add(text);
+    const int extraHeight = m_zoom == 100 ? CellMetrics::extraHeight : 0; // rounding takes its part of it
+    return {meter.widest() + 2 * margin() + CellMetrics::gridLine,
+        CellMetrics::rowHeight(option.fontMetrics, text) - CellMetrics::extraHeight + extraHeight};
+}
+
+// A text that its cell cuts off is shown beside the mouse: whole, unless nobody would read all of it.
+bool SpreadDelegate::helpEvent(
+    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid()) {
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    const QSize room = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
+    const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
+    const bool isCut = isText && sizeHint(option, index).boundedTo(room) != sizeHint(option, index);
+    const QString text = VisibleText::beginning(m_model.text(index.column() + 1, index.row() + 1));
+    QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view, option.rect);
+    return true;
+}
+
+// Editing
+
+CellEditor *SpreadDelegate::editor() const
+{
+    return cellEditorOf(m_editor);
+}
+
+QWidget *SpreadDelegate::createEditor(
+    QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const
+{
+    const CellType &type = typeOf(m_model, index);
+    if (type.kind == CellType::Kind::CheckBox) {
+        return nullptr;
+    }
+    CellEditor *created = newCellEditor(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    created->alignText(m_model.alignment(index.column() + 1));
+    m_editor = created->widget();
+    m_editor->setAutoFillBackground(true);
+    m_editor->setAccessibleName(m_model.headerText(index.column() + 1));
+    if (auto *list = qobject_cast<CellListBox *>(m_editor)) {
+        auto *self = const_cast<SpreadDelegate *>(this);
+        list->view()->setAccessibleName(list->accessibleName());
+        connect(list, &CellListBox::closed, self, &SpreadDelegate::finishEdit);
+    }
+    return m_editor;
+}
+
+// The editor has its text from the beginning; what the program writes or colours meanwhile must not undo the typing.
+void SpreadDelegate::setEditorData(QWidget * /*editor*/, const QModelIndex & /*index*/) const
+{
+}
+
+void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    const CellEditor *cell = cellEditorOf(editor);
+    if (cell->isModified() && cell->isAcceptable()) {
+        model->setData(index, cell->text(), Qt::EditRole);
+    }
+}
+
+void SpreadDelegate::updateEditorGeometry(
+    QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex & /*index*/) const
+{
+    // A row may be lower than the font needs; the text that is being typed is shown whole.
+    QRect place = option.rect;
+    place.setHeight(std::max(place.height(), cellEditorOf(editor)->neededHeight()));
+    editor->setGeometry(place);
+}
+
+// The widget itself is deleted when the event that closed it is over.
+void SpreadDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
+{
+    m_editor = nullptr;
+    QStyledItemDelegate::destroyEditor(editor, index);
+}
+
+// Closing an editor delivers what is still posted to it, which may end the edit once more.
+void SpreadDelegate::finishEdit()
+{
+    if (QWidget *open = std::exchange(m_editor, nullptr)) {
+        emit commitData(open);
+        emit closeEditor(open, NoHint);
+    }
+}
+
+void SpreadDelegate::dropEdit()
+{
+    if (QWidget *open = std::exchange(m_editor, nullptr)) {
+        emit closeEditor(open, NoHint);
+    }
+}
+
+bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    CellEditor *open = editor();
+    if (open && watched == m_editor && event->type() == QEvent::FocusOut
+        && (m_keepsOpen || isPressOnView(*static_cast<QFocusEvent *>(event)))) {
+        return false;
+    }
+    if (open && watched == m_editor && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (isRedoKey(*key)) {
+            open->redoTyping();
+            return true;
+        }
+        if (isFillKey(key->key(), key->modifiers()) && runFillKey()) {
+            return true;
+        }
+        if (key->key() != Qt::Key_Escape) {
+            return keyEndsEdit(*open, key->key(), key->modifiers());
+        }
+    }
+    return QStyledItemDelegate::eventFilter(watched, event);
+}
+
+// The focus comes before the press that moves it. The edit ends in the press, which by then knows the cell that it
+// means: the end of an edit may sort the rows.
+bool SpreadDelegate::isPressOnView(const QFocusEvent &event) const
+{
+    return event.reason() == Qt::MouseFocusReason && QApplication::focusWidget() == &m_view;
+}
+
+bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers)
+{
+    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Up,
+        Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+    if (std::ranges::find(endingKeys, key) == endingKeys.end() || editor.needsKey(key)) {
+        return false;
+    }
+    if (editor.isAcceptable() || !editor.isModified()) {
+        finishEdit();
+        if (!isFillKey(key, modifiers)) { // what is copied shall not replace what was just typed
+            emit keyAfterEdit(key, modifiers);
+        }
+    }
+    return true;
+}
+
+// A message that tells why the cells do not take the text must not let the text reach one of them.
+bool SpreadDelegate::runFillKey()
+{
+    const QScopedValueRollback kept(m_keepsOpen, true);
+    return m_runFillKey && m_runFillKey();
+}

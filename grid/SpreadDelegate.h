@@ -1,0 +1,105 @@
+#pragma once
+
+#include "grid/CellSearch.h"
+
+#include <QHash>
+#include <QPalette>
+#include <QPixmap>
+#include <QPointer>
+#include <QStyledItemDelegate>
+
+#include <functional>
+#include <utility>
+
+class CellEditor;
+class QFocusEvent;
+class QTableView;
+class SpreadModel;
+
+/// Paints the cells of a spread grid and edits them in place. Check boxes and drop-down arrows are painted, there are
+/// no widgets in the grid but the one editor that is open.
+class SpreadDelegate final : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    SpreadDelegate(QTableView &view, const SpreadModel &model);
+
+    /// Draws boxes, arrows and margins at that many per cent; texts have the font that they are painted with.
+    void setZoom(int percent) { m_zoom = percent; }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+        const QModelIndex &index) override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    /// The editor that is open; nullptr without one.
+    CellEditor *editor() const;
+    /// Ends the edit and takes what was typed, if the cell takes it.
+    void finishEdit();
+    /// Ends the edit and takes nothing.
+    void dropEdit();
+    /// What Ctrl+Enter does in an editor, which stays open meanwhile; false when it shall end the edit.
+    void setFillKey(std::function<bool()> run) { m_runFillKey = std::move(run); }
+
+    CellSearch &search() { return m_search; }
+    /// Whether cells that hold the searched text are painted on a ground of another colour.
+    void setFoundMarked(bool marked) { m_foundMarked = marked; }
+
+    /// Where a cell's check box stands, with its caption; empty for other cells.
+    QRect checkBoxRect(const QModelIndex &index, const QRect &cell) const;
+    /// Where a cell's drop-down arrow stands while the cell is active; empty for other cells.
+    QRect arrowRect(const QModelIndex &index, const QRect &cell) const;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void updateEditorGeometry(
+        QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
+
+signals:
+    /// A key ended an edit; it shall do what it does in the grid.
+    void keyAfterEdit(int key, Qt::KeyboardModifiers modifiers);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool runFillKey();
+    bool isPressOnView(const QFocusEvent &event) const;
+    bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
+    struct BoxLook
+    {
+        const QStyle *style = nullptr;
+        qint64 palette = 0;
+        double pixelRatio = 0;
+        int zoom = 100;
+        bool operator==(const BoxLook &) const = default;
+    };
+
+    QColor groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const;
+    QColor selectedGround(const QPalette &palette) const;
+    void paintText(
+        QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
+    const QPixmap &boxPicture(bool ticked, const QColor &own) const;
+    QPixmap drawnBox(bool ticked, const QColor &own) const;
+    void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    QSize indicatorSize() const;
+    int zoomed(int pixels) const;
+    int margin() const;
+
+    QTableView &m_view;
+    const SpreadModel &m_model;
+    CellSearch m_search;
+    bool m_foundMarked = false;
+    std::function<bool()> m_runFillKey;
+    bool m_keepsOpen = false; ///< the editor stays open although it loses the focus
+    mutable QPointer<QWidget> m_editor;
+    int m_zoom = 100; ///< per cent
+    mutable QColor m_selectedGround;
+    mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedGround is of
+    mutable BoxLook m_boxLook;
+    mutable QHash<std::pair<QRgb, bool>, QPixmap> m_boxes; ///< by colour of the cell (0 for none), ticked
+};

@@ -1,0 +1,187 @@
+#include "grid/SpreadMouse.h"
+
+#include "grid/SpreadDelegate.h"
+#include "grid/SpreadSelection.h"
+#include "grid/SpreadView.h"
+#include "grid/editors/CellEditor.h"
+
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QTimerEvent>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int scrollInterval = 40; // milliseconds
+
+// How many cells the far corner goes on when the mouse is beyond an edge: one for each fifth of a hundred pixels.
+int stepsBeyond(int place, int first, int last)
+{
+    const int beyond = place < first ? place - first : place > last ? place - last : 0;
+    return beyond == 0 ? 0 : beyond / 20 + (beyond > 0 ? 1 : -1);
+}
+
+} // namespace
+
+SpreadMouse::SpreadMouse(SpreadView &grid, SpreadSelection &selection, SpreadDelegate &delegate)
+    : QObject(&grid), m_grid(grid), m_selection(selection), m_delegate(delegate)
+{
+    grid.viewport()->installEventFilter(this);
+}
+
+bool SpreadMouse::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        return press(*static_cast<QMouseEvent *>(event));
+    case QEvent::MouseMove:
+        return drag(*static_cast<QMouseEvent *>(event));
+    case QEvent::MouseButtonRelease:
+        return release(*static_cast<QMouseEvent *>(event));
+    case QEvent::MouseButtonDblClick:
+        return doubleClick(*static_cast<QMouseEvent *>(event));
+    case QEvent::ContextMenu:
+        return contextMenu(*static_cast<QContextMenuEvent *>(event));
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+// The end of an edit may sort the rows: the click means the cell that stood beneath the mouse until then.
+bool SpreadMouse::press(const QMouseEvent &event)
+{
+    const QPersistentModelIndex index = m_grid.indexAt(event.position().toPoint());
+    m_grid.commitEdit();
+    m_pressedGone = index != m_grid.indexAt(event.position().toPoint());
+    if (event.button() == Qt::LeftButton && index.isValid()) {
+        pressLeft(index, event);
+    } else if (event.button() == Qt::RightButton) {
+        m_menu = Menu::Pressed;
+        if (index.isValid() && !m_selection.contains(index.column() + 1, index.row() + 1)) {
+            m_selection.moveTo(index.column() + 1, index.row() + 1);
+        }
+    }
+    return true;
+}
+
+void SpreadMouse::pressLeft(const QModelIndex &index, const QMouseEvent &event)
+{
+    const QPoint place = event.position().toPoint();
+    const bool wasActive = index == m_grid.currentIndex() && !m_selection.isBlock();
+    if (event.modifiers() & Qt::ShiftModifier) {
+        m_selection.extendTo(index.column() + 1, index.row() + 1);
+    } else {
+        m_selection.moveTo(index.column() + 1, index.row() + 1);
+        m_pressedBox = isOnCheckBox(index, place) ? index : QModelIndex();
+        if (wasActive && m_delegate.arrowRect(index, m_grid.visualRect(index)).contains(place)) {
+            m_grid.openEditor(SpreadView::EditStart::GoOn);
+            return;
+        }
+    }
+    m_dragging = !m_pressedGone;
+    m_dragPlace = place;
+}
+
+bool SpreadMouse::drag(const QMouseEvent &event)
+{
+    if (!m_dragging || !(event.buttons() & Qt::LeftButton)) {
+        return false;
+    }
+    m_dragPlace = event.position().toPoint();
+    if (m_grid.viewport()->rect().contains(m_dragPlace)) {
+        m_scrollTimer.stop();
+        extendTo(m_dragPlace);
+    } else if (!m_scrollTimer.isActive()) {
+        m_scrollTimer.start(scrollInterval, this);
+    }
+    return true;
+}
+
+void SpreadMouse::extendTo(const QPoint &place)
+{
+    const QModelIndex index = m_grid.indexAt(place);
+    if (index.isValid() && QPoint(index.column() + 1, index.row() + 1) != m_selection.farCorner()) {
+        m_selection.extendTo(index.column() + 1, index.row() + 1);
+        m_grid.scrollToCell(index.column() + 1, index.row() + 1);
+    }
+}
+
+// Beyond an edge the selection grows as long as the mouse stays there.
+void SpreadMouse::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_scrollTimer.timerId()) {
+        return;
+    }
+    const QRect inside = m_grid.viewport()->rect();
+    const QPoint nearest{std::clamp(m_dragPlace.x(), inside.left(), inside.right()),
+        std::clamp(m_dragPlace.y(), inside.top(), inside.bottom())};
+    const QModelIndex index = m_grid.indexAt(nearest);
+    const QPoint edge = index.isValid() ? QPoint(index.column() + 1, index.row() + 1) : m_selection.farCorner();
+    const int column = m_grid.shownColumnFrom(edge.x(), stepsBeyond(m_dragPlace.x(), inside.left(), inside.right()));
+    const int row = edge.y() + stepsBeyond(m_dragPlace.y(), inside.top(), inside.bottom());
+    m_selection.extendTo(column, row);
+    m_grid.scrollToCell(m_selection.farCorner().x(), m_selection.farCorner().y());
+}
+
+bool SpreadMouse::release(const QMouseEvent &event)
+{
+    const QPoint place = event.position().toPoint();
+    if (event.button() == Qt::LeftButton) {
+        m_dragging = false;
+        m_scrollTimer.stop();
+        const QModelIndex index = m_grid.indexAt(place);
+        if (m_pressedBox.isValid() && index == m_pressedBox && isOnCheckBox(index, place)) {
+            m_grid.toggleActiveCheckBox();
+        }
+        m_pressedBox = QModelIndex();
+    } else if (event.button() == Qt::RightButton) {
+        const bool isShown = m_menu == Menu::Shown;
+        m_menu = isShown ? Menu::None : Menu::Shown;
+        if (!isShown) {
+            askForMenu(place);
+        }
+    }
+    return true;
+}
+
+bool SpreadMouse::doubleClick(const QMouseEvent &event)
+{
+    if (!m_pressedGone) {
+        press(event);
+    }
+    const QModelIndex index = m_grid.indexAt(event.position().toPoint());
+    if (event.button() == Qt::LeftButton && index.isValid() && !m_delegate.editor()) {
+        m_dragging = false;
+        m_grid.openEditor(SpreadView::EditStart::GoOn);
+    }
+    return true;
+}
+
+// Some desktops ask for the menu when the right button goes down, others when it comes up, and a test's mouse not at
+// all: one click raises one signal.
+bool SpreadMouse::contextMenu(const QContextMenuEvent &event)
+{
+    if (event.reason() == QContextMenuEvent::Keyboard) {
+        askForMenu(m_grid.visualRect(m_grid.currentIndex()).center());
+        return true;
+    }
+    const bool isShown = m_menu == Menu::Shown;
+    m_menu = m_menu == Menu::Pressed ? Menu::Shown : Menu::None;
+    if (!isShown) {
+        askForMenu(event.pos());
+    }
+    return true;
+}
+
+void SpreadMouse::askForMenu(const QPoint &place)
+{
+    const QModelIndex index = m_grid.indexAt(place);
+    const QModelIndex cell = index.isValid() ? index : m_grid.currentIndex();
+    emit rightClicked(cell.column() + 1, cell.row() + 1, m_grid.viewport()->mapToGlobal(place));
+}
+
+bool SpreadMouse::isOnCheckBox(const QModelIndex &index, const QPoint &place) const
+{
+    return m_delegate.checkBoxRect(index, m_grid.visualRect(index)).contains(place);
+}

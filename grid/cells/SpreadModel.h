@@ -1,0 +1,119 @@
+#pragma once
+
+#include "grid/cells/CellColours.h"
+#include "grid/cells/CellRow.h"
+#include "grid/cells/CellType.h"
+#include "grid/cells/GridBlock.h"
+#include "grid/cells/TextChange.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+/// The texts, types and colours of a spread grid. Its own routines count columns and rows from 1, as the grid does;
+/// only Qt's (those with a QModelIndex or a section) count from 0.
+class SpreadModel final : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using Observer = std::function<void(const TextChange &)>;
+    using Origin = TextChange::Origin;
+    using QAbstractTableModel::columnCount;
+    using QAbstractTableModel::rowCount;
+
+    explicit SpreadModel(QObject *parent = nullptr);
+
+    /// Called after every change of texts, whoever made it.
+    void setObserver(Observer observer) { m_observer = std::move(observer); }
+
+    void setRowCount(int rows);
+    void setColumnCount(int columns);
+
+    /// Without a copy; empty outside the data cells.
+    QStringView text(int column, int row) const;
+    /// All texts of a row, one after another, without a copy.
+    QStringView rowTexts(int row) const;
+    QString headerText(int column) const; ///< column 0: above the row numbers
+    void setHeaderText(int column, const QString &text);
+    void setText(int column, int row, const QString &text, Origin origin = Origin::Program);
+    void setRowTexts(int row, std::span<const QStringView> texts);
+    /// The rows row1 to row2, which must be inside; valid until the next change.
+    std::span<const CellRow> rows(int row1, int row2) const;
+    /// Exchanges the rows from row1 on, which must be inside, with those given.
+    void exchangeRows(int row1, std::span<CellRow> rows) { exchange(row1, rows, 1, columnCount(), Origin::Program); }
+    QString blockText(const GridBlock &block) const;
+    void setBlockText(const GridBlock &block, QStringView text);
+    void moveRowTexts(int row1, int row2, int target);
+    /// Indexes that are kept go along with their rows. False when every row stood in its place already.
+    bool sortRows(int row1, int row2, int key);
+    /// Gives each data cell of the block the text of (column, row).
+    void setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin);
+    /// Empties the data cells of the block as the user's doing.
+    void clearCells(const GridBlock &block);
+
+    void setCellType(int column, int row, const CellType &type); ///< row -1: the whole column
+    const CellType &cellType(int column, int row) const;
+    void setAlignment(int column, Qt::Alignment alignment);
+    Qt::Alignment alignment(int column) const;
+    void setForeColour(const GridBlock &block, const QColor &colour);
+    /// The colours of the cells, which must be inside, to be given back by exchangeColours().
+    std::vector<quint8> keptColours(const GridBlock &cells) const;
+    /// Exchanges the colours of the cells with what was kept of them.
+    void exchangeColours(const GridBlock &cells, std::vector<quint8> &kept);
+    QColor foreColour(int column, int row) const;
+    /// Whether any cell of the row, which must be inside, has a fore colour.
+    bool isColoured(int row) const { return m_colours.isColoured(row - 1); }
+
+    /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.
+    std::optional<GridBlock> dataCells(const GridBlock &block) const;
+
+    /// The text with the most lines in a row; empty when all have one.
+    QStringView highestText(int row) const;
+
+    /// Until the matching endBatch() views are not told of changed cells, then once. Calls nest.
+    void beginBatch() { ++m_batches; }
+    void endBatch();
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    QModelIndex cellIndex(int column, int row) const { return index(row - 1, column - 1); }
+
+private:
+    struct Column
+    {
+        CellType type;
+        QString header;
+        Qt::Alignment alignment = Qt::AlignLeft;
+    };
+
+    bool isCell(int column, int row) const;
+    QString boxName(int column, int row) const;
+    bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
+    void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
+    void tell(const TextChange &change) const;
+    void moveKeptIndexes(int row1, std::span<const size_t> order);
+    void addRows(int count);
+    void dropRows(int count);
+    CellRow initialRow() const;
+    CellRow headerRow() const;
+    qsizetype blockTextRoom(int row1, int row2) const;
+    void cellsChanged(const GridBlock &block);
+
+    std::vector<Column> m_columns;
+    std::vector<CellRow> m_rows;
+    QHash<QPair<int, int>, CellType> m_cellTypes;
+    CellColours m_colours;
+    QString m_cornerText;
+    Observer m_observer;
+    int m_batches = 0;
+    std::optional<GridBlock> m_changed;
+};

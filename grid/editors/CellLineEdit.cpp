@@ -1,0 +1,69 @@
+#include "grid/editors/CellLineEdit.h"
+
+#include "desktop/RefusedInput.h"
+#include "grid/cells/CellInput.h"
+
+#include <algorithm>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+// Takes no line end, and takes text away from anything: a text that the program has put there, or a number that got too
+// great by a pasted part, must be able to go.
+class CellLineEdit::Validator final : public QValidator
+{
+public:
+    Validator(const CellType &type, CellLineEdit *edit)
+        : QValidator(edit), m_type(type), m_last(edit->QLineEdit::text())
+    {
+        connect(edit, &QLineEdit::textChanged, this, [this](const QString &text) { m_last = text; });
+    }
+
+    State validate(QString &text, int &position) const override
+    {
+        keepOnOneLine(text, position);
+        if (m_type.kind == CellType::Kind::Text) {
+            return Acceptable;
+        }
+        const State state = CellInput::check(m_type, text);
+        const bool isLess = text.size() <= m_last.size() && CellInput::check(m_type, m_last) == Invalid;
+        return state == Invalid && isLess ? Intermediate : state;
+    }
+
+private:
+    // However a text came in, it ends at the caret and begins where the text before it no longer agrees.
+    void keepOnOneLine(QString &text, int &position) const
+    {
+        if (!CellInput::hasLineEnd(text)) {
+            return;
+        }
+        const qsizetype behind = text.size() - position;
+        const qsizetype most = std::clamp(m_last.size() - behind, qsizetype(0), qsizetype(position));
+        const auto *const begin = std::mismatch(text.cbegin(), text.cbegin() + most, m_last.cbegin()).first;
+        const qsizetype kept = begin - text.cbegin();
+        const QString line = CellInput::onOneLine(text.sliced(kept, position - kept));
+        text.replace(kept, position - kept, line);
+        position = int(kept + line.size());
+    }
+
+    CellType m_type;
+    QString m_last;
+};
+
+CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent)
+    : QLineEdit(text, parent), m_type(type), m_original(QLineEdit::text())
+{
+    setObjectName(u"cellEditor"_s);
+    setFrame(false);
+    // Without a limit of its own a cell takes more than the toolkit's usual 32,767 characters. A text from a file that
+    // is longer than the limit can be changed, but not made longer.
+    const bool isLimited = type.kind == CellType::Kind::Text && type.maxLength > 0;
+    setMaxLength(isLimited ? std::max(type.maxLength, int(text.size())) : std::numeric_limits<int>::max());
+    setValidator(new Validator(type, this));
+    connect(this, &QLineEdit::inputRejected, this, [this] { RefusedInput::show(*this, m_type); });
+}
+
+QString CellLineEdit::text() const
+{
+    return isModified() ? CellInput::stored(m_type, QLineEdit::text()) : m_original;
+}

@@ -1,0 +1,94 @@
+#include "grid/editors/CellTextBox.h"
+
+#include "desktop/RefusedInput.h"
+#include "grid/cells/CellInput.h"
+
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *parent)
+    : QPlainTextEdit(text, parent)
+    , m_type(type)
+    , m_lineEnd(text.contains("\r\n"_L1) ? u"\r\n"_s
+              : text.contains(u'\n')     ? u"\n"_s
+                                         : u"\r"_s)
+    , m_originalLines(plainLines())
+{
+    setObjectName(u"cellEditor"_s);
+    setFrameShape(QFrame::NoFrame);
+    setLineWrapMode(NoWrap);
+    setTabChangesFocus(true);
+    selectAll();
+    if (type.kind == CellType::Kind::Text && type.maxLength > 0) {
+        m_longest = std::max(qsizetype(type.maxLength), text.size());
+        connect(this, &QPlainTextEdit::textChanged, this, &CellTextBox::cutOverhang);
+    }
+}
+
+QString CellTextBox::text() const
+{
+    return plainLines().replace(u'\n', m_lineEnd);
+}
+
+bool CellTextBox::isAcceptable() const
+{
+    const bool hasOwnLimit = m_type.kind == CellType::Kind::Text;
+    return hasOwnLimit || CellInput::check(m_type, text()) == QValidator::Acceptable;
+}
+
+int CellTextBox::neededHeight() const
+{
+    constexpr int mostLines = 8;
+    const int lines = std::clamp(blockCount() + 1, 2, mostLines);
+    return lines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin());
+}
+
+bool CellTextBox::needsKey(int key) const
+{
+    static constexpr std::array endingKeys = {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Tab, Qt::Key_Backtab};
+    return std::ranges::find(endingKeys, key) == endingKeys.end();
+}
+
+void CellTextBox::insertFromMimeData(const QMimeData *source)
+{
+    textCursor().insertText(CellInput::onOneLine(source->text()));
+    ensureCursorVisible();
+}
+
+void CellTextBox::inputMethodEvent(QInputMethodEvent *event)
+{
+    QInputMethodEvent composed(event->preeditString(), event->attributes());
+    composed.setCommitString(
+        CellInput::onOneLine(event->commitString()), event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&composed);
+    event->setAccepted(composed.isAccepted());
+}
+
+// The raw text keeps the blanks that do not break, which the plain text of a document turns into common ones.
+QString CellTextBox::plainLines() const
+{
+    return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
+}
+
+void CellTextBox::cutOverhang()
+{
+    if (text().size() > m_longest) {
+        RefusedInput::show(*this, m_type);
+    }
+    QTextCursor cursor = textCursor();
+    for (qsizetype over = text().size() - m_longest; over > 0 && !cursor.atStart(); over = text().size() - m_longest) {
+        const QSignalBlocker quiet(this);
+        // A line end is one place, however many characters it has.
+        const int places = int(std::max<qsizetype>(over / m_lineEnd.size(), 1));
+        int begin = std::max(cursor.position() - places, 0);
+        begin -= begin > 0 && document()->characterAt(begin).isLowSurrogate() ? 1 : 0;
+        cursor.setPosition(begin, QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
+}

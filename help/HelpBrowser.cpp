@@ -1,0 +1,132 @@
+#include "help/HelpBrowser.h"
+
+#include "help/HelpLibrary.h"
+
+#include <QPainter>
+#include <QScrollBar>
+#include <QSvgRenderer>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// As a marker pen does it, on a light desktop and on a dark one.
+const QColor markGround(0xff, 0xe0, 0x66);
+const QColor markText(0x1a, 0x1a, 0x1a);
+
+constexpr int besidePicture = 48; ///< the page's margins, and a little
+
+QTextCursor cursorAt(QTextDocument &page, TextSpan place)
+{
+    QTextCursor cursor(&page);
+    cursor.setPosition(place.start);
+    cursor.setPosition(place.start + place.length, QTextCursor::KeepAnchor);
+    return cursor;
+}
+
+} // namespace
+
+HelpBrowser::HelpBrowser(const HelpLibrary &library, QWidget *parent) : QTextBrowser(parent), m_library(library)
+{
+    connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::markPage);
+}
+
+// Qt's browser knows files and resources only; the pages are in the help file. What a page asks for is beside it, but
+// source() still names the page before while a page is being loaded.
+QVariant HelpBrowser::loadResource(int type, const QUrl &name)
+{
+    if (type == QTextDocument::HtmlResource) {
+        m_page = name;
+        m_pictures.clear();
+    }
+    const QByteArray content = m_library.data(m_page.resolved(name));
+    if (name.path().endsWith(u".png"_s)) {
+        m_pictures[name] = QImage::fromData(content);
+        return fitting(m_pictures.value(name));
+    }
+    return name.path().endsWith(u".svg"_s) ? QVariant(picture(content)) : QVariant(content);
+}
+
+// Drawn for the screen that shows it, so that pictures are as crisp as in the tool bar.
+QImage HelpBrowser::picture(const QByteArray &drawing) const
+{
+    QSvgRenderer renderer(drawing);
+    QImage image(renderer.defaultSize() * devicePixelRatio(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    image.setDevicePixelRatio(devicePixelRatio());
+    return image;
+}
+
+// Smaller where the page is narrower, so that a page need not be scrolled sideways for its pictures.
+QImage HelpBrowser::fitting(const QImage &picture) const
+{
+    const int room = std::max(1, viewport()->width() - besidePicture);
+    return picture.width() <= room ? picture : picture.scaledToWidth(room, Qt::SmoothTransformation);
+}
+
+void HelpBrowser::resizeEvent(QResizeEvent *event)
+{
+    QTextBrowser::resizeEvent(event);
+    for (const auto [name, picture] : std::as_const(m_pictures).asKeyValueRange()) {
+        document()->addResource(QTextDocument::ImageResource, name, fitting(picture));
+        document()->markContentsDirty(0, document()->characterCount());
+    }
+}
+
+bool HelpBrowser::findAround(const QString &text, bool backward)
+{
+    const QTextDocument::FindFlags flags = backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+    if (text.isEmpty() || find(text, flags)) {
+        return !text.isEmpty();
+    }
+    const QTextCursor before = textCursor();
+    moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+    if (find(text, flags)) {
+        return true;
+    }
+    setTextCursor(before);
+    return false;
+}
+
+bool HelpBrowser::findWhileTyping(const QString &text)
+{
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionStart());
+    setTextCursor(cursor);
+    return findAround(text, false);
+}
+
+void HelpBrowser::markWords(const QStringList &words)
+{
+    m_words = words;
+    markPage();
+}
+
+void HelpBrowser::markPage()
+{
+    QTextCharFormat look;
+    look.setBackground(markGround);
+    look.setForeground(markText);
+    const FoldedText text(m_words.isEmpty() ? QString() : toPlainText());
+    QList<ExtraSelection> marks;
+    for (const QString &word : std::as_const(m_words)) {
+        for (const TextSpan &place : text.placesOf(word)) {
+            marks.append({cursorAt(*document(), place), look});
+        }
+    }
+    setExtraSelections(marks);
+}
+
+void HelpBrowser::showPlace(TextSpan place)
+{
+    setTextCursor(cursorAt(*document(), place));
+    QScrollBar &bar = *verticalScrollBar();
+    bar.setValue(bar.value() + cursorRect().center().y() - viewport()->height() / 2);
+}

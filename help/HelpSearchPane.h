@@ -1,0 +1,41 @@
+#pragma once
+
+#include "help/HelpSearch.h"
+
+#include <QWidget>
+
+class HelpTextBox;
+class QListWidget;
+class QListWidgetItem;
+
+/// Searches the guide while words are typed: lists the pages that hold them, each with the sentences that do.
+class HelpSearchPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit HelpSearchPane(const HelpLibrary &library);
+
+    QListWidget &hits() { return *m_hits; }
+
+signals:
+    /// The words to search for are others now; none when the box is empty.
+    void wordsChanged(const QStringList &words);
+    /// The user chose a page, or a sentence: the place of its first word.
+    void placeChosen(const QUrl &page, TextSpan place);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void search();
+    void listHit(const HelpHit &hit);
+    QListWidgetItem *addLine(const QString &text, const QUrl &page, TextSpan place);
+    void open(const QListWidgetItem *line);
+    void showTitlesBold();
+
+    HelpSearch m_search;
+    HelpTextBox *m_words;
+    QListWidget *m_hits;
+    QString m_nothingFound;
+};

@@ -1,0 +1,51 @@
+#include "help/HelpTextBox.h"
+
+#include "desktop/Contrast.h"
+
+#include <QAction>
+#include <QEvent>
+
+HelpTextBox::HelpTextBox(const QString &name, const QString &label)
+{
+    setObjectName(name);
+    setPlaceholderText(label);
+    setAccessibleName(label);
+    setClearButtonEnabled(true);
+    showPlaceholder();
+    makeRoomForLabel();
+    for (QAction *action : findChildren<QAction *>()) {
+        action->setText(label); // what it clears
+    }
+}
+
+void HelpTextBox::changeEvent(QEvent *event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        showPlaceholder();
+    } else if (event->type() == QEvent::FontChange) {
+        makeRoomForLabel();
+    }
+}
+
+// The box itself counts on some letters of Latin text, whatever stands within.
+void HelpTextBox::makeRoomForLabel()
+{
+    const QFontMetrics metrics(font());
+    setMinimumWidth(metrics.horizontalAdvance(placeholderText()) + 4 * metrics.averageCharWidth());
+}
+
+// Desktops that give a palette of their own often leave the colour of placeholders as it is on a light one.
+void HelpTextBox::showPlaceholder()
+{
+    const QColor text = palette().color(QPalette::Text);
+    const QColor ground = palette().color(QPalette::Base);
+    const auto half = [](int part, int of) { return (part + of) / 2; };
+    const QColor faint = readableOn(ground,
+        QColor(half(text.red(), ground.red()), half(text.green(), ground.green()), half(text.blue(), ground.blue())));
+    if (palette().color(QPalette::PlaceholderText) != faint) {
+        QPalette own;
+        own.setColor(QPalette::PlaceholderText, faint);
+        setPalette(own);
+    }
+}

@@ -1,0 +1,148 @@
+#include "print/GridPagePainter.h"
+
+#include "grid/SpreadGrid.h"
+#include "runtime/NumberText.h"
+
+#include <QPainter>
+
+namespace {
+
+constexpr QColor HeadingColour(0xe4, 0xe4, 0xe4);
+constexpr QColor HeadingLight(0xff, 0xff, 0xff);
+constexpr QColor HeadingShadow(0x80, 0x80, 0x80);
+constexpr QColor GridLineColour(0xa0, 0xa0, 0xa0);
+
+} // namespace
+
+GridPagePainter::GridPagePainter(const GridPrintLayout &layout, const GridPrintOptions &options, QPainter &painter)
+    : m_layout(layout), m_options(options), m_painter(painter)
+{
+}
+
+void GridPagePainter::paintPage(int page)
+{
+    m_painter.setFont(m_layout.text().font());
+    m_painter.setPen(Qt::black);
+    paintLines(m_options.header.lines(page), 0);
+
+    const QList<PaperColumn> columns = m_layout.columnsOn(page);
+    const PrintSpan rows = m_layout.pages().rows(page);
+    paintHeadings(columns);
+    double top = m_layout.tableTop() + m_layout.headingHeight();
+    for (int row = rows.first; row <= rows.last; ++row) {
+        paintRow(row, top, columns);
+        top += m_layout.rowHeight(row);
+    }
+
+    m_painter.setPen(Qt::black);
+    const QList<PageTextLine> footer = m_options.footer.lines(page);
+    paintLines(footer, m_layout.pageHeight() - m_layout.linesHeight(footer));
+}
+
+void GridPagePainter::paintLines(const QList<PageTextLine> &lines, double top)
+{
+    for (const PageTextLine &line : lines) {
+        const double height = m_layout.lineHeight(line);
+        const QRectF area(0, top, m_layout.pageWidth(), height);
+        m_layout.text().draw(m_painter, area, Qt::AlignLeft, line.left);
+        m_layout.text().draw(m_painter, area, Qt::AlignHCenter, line.centre);
+        m_layout.text().draw(m_painter, area, Qt::AlignRight, line.right);
+        top += height;
+    }
+}
+
+void GridPagePainter::paintHeadings(const QList<PaperColumn> &columns)
+{
+    const SpreadGrid &grid = m_layout.grid();
+    QRectF cell(0, m_layout.tableTop(), m_layout.rowNumberWidth(), m_layout.headingHeight());
+    paintHeadingCell(cell, grid.text(0, 0));
+    for (const PaperColumn &column : columns) {
+        cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
+        paintHeadingCell(cell, grid.text(column.column, 0));
+    }
+}
+
+void GridPagePainter::paintRow(int row, double top, const QList<PaperColumn> &columns)
+{
+    QRectF cell(0, top, m_layout.rowNumberWidth(), m_layout.rowHeight(row));
+    paintHeadingCell(cell, m_layout.grid().text(0, row));
+    for (const PaperColumn &column : columns) {
+        cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
+        paintCell(cell, column, row);
+    }
+}
+
+void GridPagePainter::paintHeadingCell(const QRectF &cell, const QString &text)
+{
+    m_painter.fillRect(cell, HeadingColour);
+    const double width = m_layout.lineWidth();
+    const QRectF edge = cell.adjusted(width, width, -width, -width);
+    m_painter.setPen(QPen(HeadingLight, width));
+    m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.topLeft(), edge.topRight()}));
+    m_painter.setPen(QPen(HeadingShadow, width));
+    m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.bottomRight(), edge.topRight()}));
+    paintFrame(cell);
+    m_painter.setPen(Qt::black);
+    m_layout.text().draw(m_painter, inner(cell), Qt::AlignCenter, text);
+}
+
+void GridPagePainter::paintCell(const QRectF &cell, const PaperColumn &column, int row)
+{
+    paintFrame(cell);
+    const SpreadGrid &grid = m_layout.grid();
+    m_painter.setPen(inkOf(column.column, row));
+    const QString text = grid.text(column.column, row);
+    const CellType type = grid.cellType(column.column, row);
+    if (type.kind == CellType::Kind::CheckBox) {
+        paintCheckBox(inner(cell), column.alignment, numericValue(text).value_or(0) != 0, type.caption);
+    } else {
+        m_layout.text().draw(m_painter, inner(cell), column.alignment, text);
+    }
+}
+
+void GridPagePainter::paintCheckBox(const QRectF &inner, Qt::Alignment alignment, bool ticked, const QString &caption)
+{
+    const double size = std::min(m_layout.text().ascent() * 0.9, inner.width());
+    const double left =
+        caption.isEmpty() && (alignment & Qt::AlignHCenter) ? inner.center().x() - size / 2 : inner.left();
+    const QRectF box(left, inner.center().y() - size / 2, size, size);
+    m_painter.save();
+    m_painter.setPen(QPen(m_painter.pen().color(), m_layout.lineWidth()));
+    m_painter.drawRect(box);
+    if (ticked) {
+        paintTick(box);
+    }
+    m_painter.restore();
+    const QRectF beside = inner.adjusted(size + m_layout.padding(), 0, 0, 0);
+    if (!caption.isEmpty() && beside.width() > 0) {
+        m_layout.text().draw(m_painter, beside, Qt::AlignLeft | Qt::AlignVCenter, caption);
+    }
+}
+
+void GridPagePainter::paintTick(const QRectF &box)
+{
+    const auto at = [&box](double x, double y) {
+        return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+    };
+    m_painter.setPen(QPen(m_painter.pen().color(), box.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    m_painter.drawPolyline(QPolygonF({at(0.2, 0.5), at(0.42, 0.75), at(0.8, 0.25)}));
+}
+
+void GridPagePainter::paintFrame(const QRectF &cell)
+{
+    m_painter.setPen(QPen(GridLineColour, m_layout.lineWidth()));
+    m_painter.drawRect(cell);
+}
+
+QRectF GridPagePainter::inner(const QRectF &cell) const
+{
+    return cell.adjusted(m_layout.padding(), 0, -m_layout.padding(), 0);
+}
+
+QColor GridPagePainter::inkOf(int column, int row) const
+{
+    // The screen's text colour may be white, on a dark desktop; the paper is not dark.
+    const QColor colour = m_layout.grid().foreColour(column, row);
+    const bool isDefault = !colour.isValid() || colour == m_layout.grid().palette().color(QPalette::Text);
+    return isDefault ? QColor(Qt::black) : colour;
+}

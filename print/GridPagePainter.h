@@ -1,0 +1,31 @@
+#pragma once
+
+#include "print/GridPrintLayout.h"
+
+class QPainter;
+
+/// Paints the pages of a grid's print-out.
+class GridPagePainter
+{
+public:
+    GridPagePainter(const GridPrintLayout &layout, const GridPrintOptions &options, QPainter &painter);
+
+    /// Page number from 1; the painter stands on an empty page.
+    void paintPage(int page);
+
+private:
+    void paintLines(const QList<PageTextLine> &lines, double top);
+    void paintHeadings(const QList<PaperColumn> &columns);
+    void paintRow(int row, double top, const QList<PaperColumn> &columns);
+    void paintHeadingCell(const QRectF &cell, const QString &text);
+    void paintCell(const QRectF &cell, const PaperColumn &column, int row);
+    void paintCheckBox(const QRectF &inner, Qt::Alignment alignment, bool ticked, const QString &caption);
+    void paintTick(const QRectF &box);
+    void paintFrame(const QRectF &cell);
+    QRectF inner(const QRectF &cell) const;
+    QColor inkOf(int column, int row) const;
+
+    const GridPrintLayout &m_layout;
+    const GridPrintOptions &m_options;
+    QPainter &m_painter;
+};

@@ -1,0 +1,90 @@
+#include "storage/FileBackup.h"
+
+#include "runtime/FileName.h"
+#include "runtime/WholeFile.h"
+#include "storage/DataFolder.h"
+#include "storage/VersionFolder.h"
+
+#include <QCryptographicHash>
+#include <QFileInfo>
+#include <QHash>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray sumOf(const QByteArray &content)
+{
+    return QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+}
+
+/// A file goes by one name here, whatever links lead to it.
+QString properName(const QString &fileName)
+{
+    const QFileInfo info(fileName);
+    const QString proper = info.canonicalFilePath();
+    return proper.isEmpty() ? info.absoluteFilePath() : proper; // Qt finds no file whose name is no UTF-8
+}
+
+/// The sum of what saves of this run have left half-done in files, by their proper names.
+QHash<QString, QByteArray> &leftOvers()
+{
+    static QHash<QString, QByteArray> sums;
+    return sums;
+}
+
+void noteDocument(const QString &folder, const QString &fileName)
+{
+    const QByteArray path = QFileInfo(fileName).absoluteFilePath().toUtf8();
+    const QString note = documentNote(folder);
+    FileKind kind = FileKind::Nothing;
+    if (!findOwnKind(note, kind) && kind == FileKind::Nothing) {
+        putOwnFile(note, path);
+    }
+}
+
+} // namespace
+
+QString backupRoot()
+{
+    return dataFolder() + u"/backups"_s;
+}
+
+QString backupFolder(const QString &fileName)
+{
+    constexpr int readableLength = 60;
+    constexpr int hashLength = 16;
+    const QFileInfo info(fileName);
+    const QByteArray hash =
+        QCryptographicHash::hash(info.absoluteFilePath().toUtf8(), QCryptographicHash::Sha256).toHex().left(hashLength);
+    const QString name = shownFileName(info.fileName()).left(readableLength);
+    return backupRoot() + u'/' + name + u'-' + QString::fromLatin1(hash);
+}
+
+QString documentNote(const QString &folder)
+{
+    return folder + u".document"_s;
+}
+
+std::optional<QString> keepVersion(const QString &fileName, const QByteArray &content)
+{
+    if (leftOvers().value(properName(fileName)) == sumOf(content)) {
+        return std::nullopt;
+    }
+    const VersionFolder folder(backupFolder(fileName));
+    auto reason = folder.add(content);
+    if (!reason) {
+        noteDocument(folder.path(), fileName);
+    }
+    return reason;
+}
+
+void leaveOutOfBackups(const QString &fileName, const QByteArray &earlier)
+{
+    QByteArray content;
+    FileKind kind = FileKind::Nothing;
+    if (!findKind(fileName, kind) && kind == FileKind::File && !readWholeFile(fileName, content)
+        && content != earlier) {
+        leftOvers().insert(properName(fileName), sumOf(content));
+    }
+}

@@ -1,0 +1,350 @@
+#include "storage/KnownFiles.h"
+
+#include "document/DocumentTables.h"
+#include "document/PrFile.h"
+#include "storage/FileBackup.h"
+#include "storage/SaveLock.h"
+#include "tests/document/DocumentFixture.h"
+#include "tests/support/MemoryDisk.h"
+#include "tests/support/QtPrinters.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString changedQuestion =
+    u"Another program has changed this file since it was opened or saved here. Replace it all the same?"_s;
+const QString appearedQuestion = u"There is a file of this name that was not opened or saved here. Replace it?"_s;
+
+/// A document that was read from a file.
+class KnownFiles : public DocumentFixture
+{
+protected:
+    KnownFiles()
+    {
+        file = put(opened);
+        EXPECT_TRUE(read(file));
+        grid = FakeGrid(PrRecords, 1);
+        DocFlags[docNo].changed = true;
+    }
+
+    bool saveGrid(const QString &name) { return save(name, grid); }
+    /// Expects that a save asks that and, on No, leaves all as it is.
+    void expectQuestion(const QString &question)
+    {
+        host.questions.clear();
+        host.titles.clear();
+        const QByteArray before = contentOf(file);
+        EXPECT_FALSE(saveGrid(file));
+        EXPECT_EQ(host.questions, QStringList{question});
+        EXPECT_EQ(host.titles, QStringList{file});
+        EXPECT_EQ(contentOf(file), before);
+        EXPECT_TRUE(DocFlags[docNo].changed);
+        EXPECT_FALSE(QDir(backupFolder(file)).exists());
+        EXPECT_FALSE(host.busy);
+    }
+    void expectNoQuestion()
+    {
+        EXPECT_TRUE(saveGrid(file));
+        EXPECT_TRUE(host.questions.isEmpty()) << host.questions.value(0).toStdString();
+    }
+    /// What another program does: other bytes under the same times and size.
+    void changeBehindTheTimes() const
+    {
+        QFile changed(file);
+        EXPECT_TRUE(changed.open(QIODevice::ReadWrite));
+        const QDateTime time = changed.fileTime(QFileDevice::FileModificationTime);
+        changed.seek(opened.indexOf("Name=XT") + 6);
+        changed.write("Y");
+        changed.flush();
+        EXPECT_TRUE(changed.setFileTime(time, QFileDevice::FileModificationTime));
+    }
+
+    /// Reads a file of that name, and lets another program change it while its stamp stays the same. False when that
+    /// did not happen.
+    bool changeInTheMomentOfReading(const QString &name)
+    {
+        constexpr int attempts = 1'000; // the first nearly always does
+        const QByteArray theirs = QByteArray(opened).replace(",a,", ",b,");
+        for (int attempt = 0; attempt < attempts; ++attempt) {
+            file = put(opened, name);
+            const FileStamp before = FileStamp::of(file);
+            if (read(file) && put(theirs, name) == file && FileStamp::of(file) == before) {
+                return true;
+            }
+        }
+        return false;
+    }
+    /// Puts a file where the folder of the backups should be.
+    void keepFromKeepingVersions()
+    {
+        EXPECT_TRUE(QDir().mkpath(QFileInfo(backupRoot()).path()));
+        EXPECT_TRUE(QFile(backupRoot()).open(QIODevice::WriteOnly | QIODevice::NewOnly));
+    }
+
+    const QByteArray opened =
+        "[Inverter]\r\nName=XT\r\nTypeCode=\r\nVCapacity=\r\nCode=\r\nSoftWareVersion=\r\nParamater=1\r\n"
+        "[Paramater]\r\n0,1,,a,,1,-1,-1,0,0,0,0,";
+    QString file;
+    FakeGrid grid;
+};
+
+TEST_F(KnownFiles, areReplacedWithoutAQuestionWhenNobodyTouchedThem)
+{
+    expectNoQuestion();
+    grid.rows[0][1] = u"b"_s;
+    expectNoQuestion();
+}
+
+TEST_F(KnownFiles, areAskedAboutWhenOthersChangedThem)
+{
+    put("longer: " + opened);
+    expectQuestion(changedQuestion);
+    expectQuestion(changedQuestion); // No is not Yes the next time
+}
+
+TEST_F(KnownFiles, areAskedAboutWhenOthersChangedThemAfterASave)
+{
+    expectNoQuestion();
+    DocFlags[docNo].changed = true;
+    QDir(backupFolder(file)).removeRecursively();
+    put(opened + ' ');
+    expectQuestion(changedQuestion);
+}
+
+TEST_F(KnownFiles, areAskedAboutWhenSizeAndTimeAreTheSame)
+{
+    changeBehindTheTimes();
+    expectQuestion(changedQuestion);
+}
+
+// A disk whose clock goes in steps shows nothing of it.
+TEST_F(KnownFiles, areAskedAboutWhenOthersChangedThemInTheVeryMomentOfReading)
+{
+    enum Outcome { Asked, NotAsked, NoSuchDisk };
+    const QString disk = path(u"disk"_s);
+    ASSERT_TRUE(QDir().mkpath(disk));
+    const pid_t program = ::fork(); // the disk is the child's own
+    if (program == 0) {
+        const bool isMounted = MemoryDisk::prepare() && MemoryDisk::mount(disk, "mode=0700", "ramfs");
+        if (!isMounted || !changeInTheMomentOfReading(u"disk/document.inv"_s)) {
+            ::_exit(NoSuchDisk);
+        }
+        ::_exit(!saveGrid(file) && host.questions == QStringList{changedQuestion} ? Asked : NotAsked);
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(program, &status, 0), program);
+    ASSERT_TRUE(WIFEXITED(status));
+    if (WEXITSTATUS(status) == NoSuchDisk) {
+        GTEST_SKIP() << "this system lets tests mount no disk";
+    }
+    EXPECT_EQ(WEXITSTATUS(status), Asked);
+}
+
+TEST_F(KnownFiles, areAskedAboutWhenAnotherFileTookTheirPlace)
+{
+    const QString other = put(opened + "0,2,,b,,1,-1,-1,0,0,0,0,", u"other.inv"_s);
+    ASSERT_TRUE(QFile::remove(file));
+    ASSERT_TRUE(QFile::rename(other, file));
+    expectQuestion(changedQuestion);
+}
+
+TEST_F(KnownFiles, areNotAskedAboutWhenOnlyTheTimeIsNew)
+{
+    ASSERT_TRUE(QFile::remove(file));
+    put(opened);
+    QFile touched(file);
+    ASSERT_TRUE(touched.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(touched.setFileTime(QDateTime(QDate(2030, 1, 1), QTime()), QFileDevice::FileModificationTime));
+    touched.close();
+    expectNoQuestion();
+}
+
+TEST_F(KnownFiles, areSimplyWrittenAgainWhenOthersRemovedThem)
+{
+    ASSERT_TRUE(QFile::remove(file));
+    expectNoQuestion();
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+TEST_F(KnownFiles, areReplacedOnYesWithTheOthersContentInTheBackups)
+{
+    put("theirs");
+    host.answersYes = true;
+    EXPECT_TRUE(saveGrid(file));
+    EXPECT_EQ(host.questions, QStringList{changedQuestion});
+    EXPECT_EQ(contentOf(file), opened);
+    const QDir backups(backupFolder(file));
+    ASSERT_EQ(backups.entryList(QDir::Files).size(), 1);
+    EXPECT_EQ(contentOf(backups.filePath(backups.entryList(QDir::Files).first())), "theirs");
+    host.questions.clear();
+    expectNoQuestion();
+}
+
+TEST_F(KnownFiles, areAskedAboutAgainWhenOthersChangeThemDuringTheQuestion)
+{
+    put("theirs");
+    host.answersYes = true;
+    host.duringQuestion = [this] {
+        if (host.questions.size() == 1) {
+            put("theirs again");
+        }
+    };
+    EXPECT_TRUE(saveGrid(file));
+    EXPECT_EQ(host.questions, QStringList({changedQuestion, changedQuestion}));
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+TEST_F(KnownFiles, areNotAskedAboutTwiceWhenTheFileDialogAsked)
+{
+    put("theirs");
+    EXPECT_FALSE(WritePrFile(file, {.docNo = docNo, .grid = grid, .mayReplace = true}, host));
+    EXPECT_TRUE(host.questions.isEmpty());
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+TEST_F(KnownFiles, thatAppearedAreAskedAbout)
+{
+    file = put("theirs", u"new.inv"_s);
+    expectQuestion(appearedQuestion);
+}
+
+TEST_F(KnownFiles, ofARecoveredDocumentAreTheOnesThatWereThereThen)
+{
+    put("what the crash left");
+    notePresentFile(docNo, file);
+    expectNoQuestion();
+    put("theirs");
+    DocFlags[docNo].changed = true;
+    QDir(backupFolder(file)).removeRecursively();
+    expectQuestion(changedQuestion);
+}
+
+TEST_F(KnownFiles, ofARecoveredDocumentMayHaveAppearedSince)
+{
+    ASSERT_TRUE(QFile::remove(file));
+    notePresentFile(docNo, file);
+    put("theirs");
+    expectQuestion(appearedQuestion);
+}
+
+TEST_F(KnownFiles, areTheSameByALinkAndByAnotherPath)
+{
+    ASSERT_TRUE(QFile::link(file, path(u"link.inv"_s)));
+    file = path(u"./link.inv"_s);
+    expectNoQuestion();
+    put("theirs");
+    DocFlags[docNo].changed = true;
+    QDir(backupFolder(file)).removeRecursively();
+    expectQuestion(changedQuestion);
+}
+
+TEST_F(KnownFiles, thatAnotherWindowSavedAreNotAskedAbout)
+{
+    constexpr qint16 other = 2;
+    growDocumentTables(other);
+    ASSERT_FALSE(ReadPrFile(file, other, host));
+    grid.rows[0][1] = u"saved by the other window"_s;
+    ASSERT_FALSE(WritePrFile(file, {.docNo = other, .grid = grid}, host));
+    grid.rows[0][1] = u"whichever is saved last wins"_s;
+    expectNoQuestion();
+    EXPECT_TRUE(contentOf(file).contains("whichever"));
+}
+
+TEST_F(KnownFiles, thatOthersChangedAreAskedAboutAlthoughAnotherWindowHasSeenThat)
+{
+    constexpr qint16 other = 2;
+    growDocumentTables(other);
+    put(QByteArray(opened).replace(",a,", ",theirs,"));
+    ASSERT_FALSE(ReadPrFile(file, other, host));
+    expectQuestion(changedQuestion);
+}
+
+TEST_F(KnownFiles, thatAnotherTabrixIsSavingAreNotTouched)
+{
+    {
+        const SaveLock others(file);
+        EXPECT_FALSE(saveGrid(file));
+    }
+    EXPECT_EQ(host.messages, QStringList{u"Another Tabrix is saving this file at this moment. Try again later."_s});
+    EXPECT_EQ(contentOf(file), opened);
+    EXPECT_TRUE(DocFlags[docNo].changed);
+    EXPECT_FALSE(host.busy);
+    expectNoQuestion();
+}
+
+TEST_F(KnownFiles, areSavedWhenAProgramWasKilledWhileItMadeItsLock)
+{
+    QStringList locks;
+    const QDir folder(path(u"data/Tabrix/locks"_s));
+    {
+        const SaveLock others(file);
+        locks = folder.entryList(QDir::Files);
+    }
+    ASSERT_EQ(locks.size(), 1);
+    put({}, u"data/Tabrix/locks/"_s + locks.first()); // made, but not written yet
+    expectNoQuestion();
+    EXPECT_TRUE(host.messages.isEmpty());
+}
+
+TEST_F(KnownFiles, areNotLockedDuringAQuestion)
+{
+    put("theirs");
+    bool isTaken = true;
+    host.duringQuestion = [&] { isTaken = SaveLock(file).isTaken(); };
+    EXPECT_FALSE(saveGrid(file));
+    EXPECT_FALSE(isTaken);
+}
+
+TEST_F(KnownFiles, areNotLockedDuringTheQuestionAboutALostVersion)
+{
+    keepFromKeepingVersions();
+    bool isTaken = true;
+    host.duringQuestion = [&] { isTaken = SaveLock(file).isTaken(); };
+    EXPECT_FALSE(saveGrid(file));
+    EXPECT_FALSE(isTaken);
+    EXPECT_EQ(host.questions.size(), 1);
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+TEST_F(KnownFiles, thatOthersChangeDuringTheQuestionAboutALostVersionAreAskedAboutAsWell)
+{
+    keepFromKeepingVersions();
+    host.duringQuestion = [&] {
+        host.answersYes = host.questions.size() == 1;
+        put("theirs");
+    };
+    EXPECT_FALSE(saveGrid(file));
+    ASSERT_EQ(host.questions.size(), 2);
+    EXPECT_EQ(host.questions.last(), changedQuestion);
+    EXPECT_EQ(contentOf(file), "theirs");
+}
+
+TEST_F(KnownFiles, thatOthersChangedAreAskedAboutApartFromALostVersion)
+{
+    keepFromKeepingVersions();
+    put("theirs");
+    host.duringQuestion = [&] { host.answersYes = host.questions.size() == 1; };
+    EXPECT_FALSE(saveGrid(file));
+    ASSERT_EQ(host.questions.size(), 2);
+    EXPECT_EQ(host.questions.first(), changedQuestion);
+    EXPECT_EQ(contentOf(file), "theirs");
+}
+
+TEST_F(KnownFiles, areSavedWithoutALockWhereNoneCanBeMade)
+{
+    ASSERT_TRUE(QFile::remove(file)); // no backup is to be made either
+    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    expectNoQuestion();
+    EXPECT_EQ(contentOf(file), opened);
+}
+
+} // namespace
