@@ -10,7 +10,7 @@ packages=(
     libqt6svg6 libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-ipafont-gothic
     # test, measure and check
     git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick dbus-daemon dbus-bin at-spi2-core
-    openbox libxcb1-dev
+    openbox libxcb1-dev libxcb-xkb-dev
     clang clang-format clang-tidy libclang-rt-14-dev python3
     # package, and check the package
     dpkg-dev file librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps

@@ -17,6 +17,8 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -211,6 +213,11 @@ TEST_P(LabelledControl, isCalledAsItsLabel)
 }
 
 INSTANTIATE_TEST_SUITE_P(, LabelledControl,
-    testing::Values(Labelled{openKisyuEdit, "txtV", "Voltage Code:"}, Labelled{openKisyuEdit, "vaSpread1", "Capacity:"},
-        Labelled{openPrCond, "vaspdCond(0)", "Pr Condition"}, Labelled{openPrCond, "vaspdCond(2)", "Option Cond."},
-        Labelled{openVisibleColumns, "vaspdVisualInf", "Display row:"}, Labelled{openPrint, "txtPage(0)", "Page to"}));
+    testing::ValuesIn(std::vector<Labelled>{
+        {openKisyuEdit, "txtV", "Voltage Code:"},
+        {openKisyuEdit, "vaSpread1", "Capacity:"},
+        {openPrCond, "vaspdCond(0)", "Pr Condition"},
+        {openPrCond, "vaspdCond(2)", "Option Cond."},
+        {openVisibleColumns, "vaspdVisualInf", "Display row:"},
+        {openPrint, "txtPage(0)", "Page to"},
+    }));

@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -109,10 +111,14 @@ TEST_P(Again, leavesNothingBehind)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cycles, Again,
-    testing::Values(Cycle{"openBroken", &Cycles::openBroken, 100}, Cycle{"openMissing", &Cycles::openMissing, 100},
-        Cycle{"openWithoutSection", &Cycles::openWithoutSection, 100},
-        Cycle{"failBetweenTwoDocuments", &Cycles::failBetweenTwoDocuments, 20},
-        Cycle{"editAndTakeBack", &Cycles::editAndTakeBack, 20}, Cycle{"save", &Cycles::save, 20}),
+    testing::ValuesIn(std::vector<Cycle>{
+        {"openBroken", &Cycles::openBroken, 100},
+        {"openMissing", &Cycles::openMissing, 100},
+        {"openWithoutSection", &Cycles::openWithoutSection, 100},
+        {"failBetweenTwoDocuments", &Cycles::failBetweenTwoDocuments, 20},
+        {"editAndTakeBack", &Cycles::editAndTakeBack, 20},
+        {"save", &Cycles::save, 20},
+    }),
     [](const auto &test) { return std::string(test.param.name); });
 
 } // namespace

@@ -16,6 +16,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 class FrameWindow : public FrameTest
@@ -152,17 +154,19 @@ TEST_P(ToolTips, showWhileTheMouseIsOverTheButton)
 }
 
 INSTANTIATE_TEST_SUITE_P(Buttons, ToolTips,
-    testing::Values(Tip{u"ssrbnOpen"_s, u"File open"_s, u"ファイルを開きます"_s},
-        Tip{u"ssrbnSave"_s, u"File save"_s, u"ファイルの上書き保存をします"_s},
-        Tip{u"ssrbnPrint"_s, u"Print"_s, u"現在表示中のファイルを印刷します"_s},
-        Tip{u"ssrbnEdit(0)"_s, u"Cut"_s, u"選択している文字を切り取り、ｸﾘｯﾌﾟﾎﾞｰﾄﾞに貼り付けます"_s},
-        Tip{u"ssrbnEdit(1)"_s, u"Copy"_s, u"選択している文字をｺﾋﾟｰし、ｸﾘｯﾌﾟﾎﾞｰﾄﾞに貼り付けます"_s},
-        Tip{u"ssrbnEdit(2)"_s, u"Paste"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞから文字を表に貼り付けます"_s},
-        Tip{u"ssrbnEdit(3)"_s, u"Add line and Paste"_s, u"行を挿入し、ｸﾘｯﾌﾟﾎﾞｰﾄﾞから文字を貼り付けます"_s},
-        Tip{u"ssrbnEdit(4)"_s, u"Add line"_s, u"現在選択している行の前に空白行を挿入します"_s},
-        Tip{u"ssrbnEdit(5)"_s, u"Delete line"_s, u"現在選択している行を削除します"_s},
-        Tip{u"ssrbnEdit(6)"_s, u"Functional list code inf."_s, u"機能ﾘｽﾄｺｰﾄﾞ編集パネルを表示します"_s},
-        Tip{u"ssrbnEdit(7)"_s, u"Machine inf."_s, u"機種情報パネルを表示します"_s}));
+    testing::ValuesIn(std::vector<Tip>{
+        {u"ssrbnOpen"_s, u"File open"_s, u"ファイルを開きます"_s},
+        {u"ssrbnSave"_s, u"File save"_s, u"ファイルの上書き保存をします"_s},
+        {u"ssrbnPrint"_s, u"Print"_s, u"現在表示中のファイルを印刷します"_s},
+        {u"ssrbnEdit(0)"_s, u"Cut"_s, u"選択している文字を切り取り、ｸﾘｯﾌﾟﾎﾞｰﾄﾞに貼り付けます"_s},
+        {u"ssrbnEdit(1)"_s, u"Copy"_s, u"選択している文字をｺﾋﾟｰし、ｸﾘｯﾌﾟﾎﾞｰﾄﾞに貼り付けます"_s},
+        {u"ssrbnEdit(2)"_s, u"Paste"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞから文字を表に貼り付けます"_s},
+        {u"ssrbnEdit(3)"_s, u"Add line and Paste"_s, u"行を挿入し、ｸﾘｯﾌﾟﾎﾞｰﾄﾞから文字を貼り付けます"_s},
+        {u"ssrbnEdit(4)"_s, u"Add line"_s, u"現在選択している行の前に空白行を挿入します"_s},
+        {u"ssrbnEdit(5)"_s, u"Delete line"_s, u"現在選択している行を削除します"_s},
+        {u"ssrbnEdit(6)"_s, u"Functional list code inf."_s, u"機能ﾘｽﾄｺｰﾄﾞ編集パネルを表示します"_s},
+        {u"ssrbnEdit(7)"_s, u"Machine inf."_s, u"機種情報パネルを表示します"_s},
+    }));
 
 TEST_F(FrameWindow, endsATipWhenTheMouseMovesOverTheToolBar)
 {
@@ -311,10 +315,13 @@ TEST_P(Tiles, coverTheArea)
 }
 
 INSTANTIATE_TEST_SUITE_P(Windows, Tiles,
-    testing::Values(TileCase{0, {}}, TileCase{1, {QRect(0, 0, 100, 90)}},
-        TileCase{2, {QRect(0, 0, 100, 45), QRect(0, 45, 100, 45)}},
-        TileCase{3, {QRect(0, 0, 100, 30), QRect(0, 30, 100, 30), QRect(0, 60, 100, 30)}},
-        TileCase{4, {QRect(0, 0, 50, 45), QRect(0, 45, 50, 45), QRect(50, 0, 50, 45), QRect(50, 45, 50, 45)}},
-        TileCase{5,
+    testing::ValuesIn(std::vector<TileCase>{
+        {0, {}},
+        {1, {QRect(0, 0, 100, 90)}},
+        {2, {QRect(0, 0, 100, 45), QRect(0, 45, 100, 45)}},
+        {3, {QRect(0, 0, 100, 30), QRect(0, 30, 100, 30), QRect(0, 60, 100, 30)}},
+        {4, {QRect(0, 0, 50, 45), QRect(0, 45, 50, 45), QRect(50, 0, 50, 45), QRect(50, 45, 50, 45)}},
+        {5,
             {QRect(0, 0, 50, 45), QRect(0, 45, 50, 45), QRect(50, 0, 50, 30), QRect(50, 30, 50, 30),
-                QRect(50, 60, 50, 30)}}));
+                QRect(50, 60, 50, 30)}},
+    }));

@@ -10,6 +10,8 @@
 #include <QMdiSubWindow>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 /// The box that shows the active row's parameter number. In row r of the document stands the number 100 + r.
@@ -156,15 +158,16 @@ TEST_P(PrBoxCommands, leaveTheActiveRowsNumberInTheBox)
 }
 
 INSTANTIATE_TEST_SUITE_P(Edit, PrBoxCommands,
-    testing::Values(Act{"add", [](PrBox &test) { PrBoxCommands::of(test).edit(u"mneEditAdd"_s); }},
-        Act{"delete", [](PrBox &test) { PrBoxCommands::of(test).edit(u"mneEditDel"_s); }},
-        Act{"cut",
+    testing::ValuesIn(std::vector<Act>{
+        {"add", [](PrBox &test) { PrBoxCommands::of(test).edit(u"mneEditAdd"_s); }},
+        {"delete", [](PrBox &test) { PrBoxCommands::of(test).edit(u"mneEditDel"_s); }},
+        {"cut",
             [](PrBox &box) {
                 PrBoxCommands &test = PrBoxCommands::of(box);
                 test.selectRows(7, 7);
                 test.edit(u"mneEditCut"_s);
             }},
-        Act{"paste of rows",
+        {"paste of rows",
             [](PrBox &box) {
                 PrBoxCommands &test = PrBoxCommands::of(box);
                 test.selectRows(3, 4);
@@ -172,7 +175,7 @@ INSTANTIATE_TEST_SUITE_P(Edit, PrBoxCommands,
                 test.selectRows(7, 7);
                 test.edit(u"mneEditPaste"_s);
             }},
-        Act{"insertion of rows",
+        {"insertion of rows",
             [](PrBox &box) {
                 PrBoxCommands &test = PrBoxCommands::of(box);
                 test.selectRows(3, 4);
@@ -180,17 +183,19 @@ INSTANTIATE_TEST_SUITE_P(Edit, PrBoxCommands,
                 test.selectRows(7, 7);
                 test.edit(u"mneEditAddPaste"_s);
             }},
-        Act{"paste into the cell",
+        {"paste into the cell",
             [](PrBox &box) {
                 PrBoxCommands &test = PrBoxCommands::of(box);
                 QApplication::clipboard()->setText(u"55"_s);
                 test.grid().setActiveCell(1, 7);
                 PrBoxCommands::press(Qt::Key_V, Qt::ControlModifier);
             }},
-        Act{"Delete key", [](PrBox &box) {
+        {"Delete key",
+            [](PrBox &box) {
                 PrBoxCommands::of(box).grid().setActiveCell(1, 7);
                 PrBoxCommands::press(Qt::Key_Delete);
-            }}));
+            }},
+    }));
 
 TEST_F(PrBox, showsATypedNumberThatKeepsItsRowActive)
 {

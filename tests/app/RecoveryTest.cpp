@@ -18,6 +18,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -464,16 +465,18 @@ TEST_P(DamagedCopy, hindersNeitherTheStartNorTheOthers)
 }
 
 INSTANTIATE_TEST_SUITE_P(Damages, DamagedCopy,
-    testing::Values(Damage{"empty", [](const QByteArray &) { return QByteArray(); }},
-        Damage{"cut", [](const QByteArray &whole) { return whole.left(whole.size() / 2); }},
-        Damage{"foreign", [](const QByteArray &) { return QByteArray("[Inverter]\r\n"); }},
-        Damage{"longer", [](const QByteArray &whole) -> QByteArray { return whole + whole; }},
-        Damage{"flipped",
+    testing::ValuesIn(std::vector<Damage>{
+        {"empty", [](const QByteArray &) { return QByteArray(); }},
+        {"cut", [](const QByteArray &whole) { return whole.left(whole.size() / 2); }},
+        {"foreign", [](const QByteArray &) { return QByteArray("[Inverter]\r\n"); }},
+        {"longer", [](const QByteArray &whole) -> QByteArray { return whole + whole; }},
+        {"flipped",
             [](const QByteArray &whole) {
                 QByteArray bytes = whole;
                 bytes[bytes.size() - 5] = char(bytes[bytes.size() - 5] ^ 1);
                 return bytes;
-            }}),
+            }},
+    }),
     [](const auto &test) { return std::string(test.param.what); });
 
 TEST_F(Recovery, isToldFromASavedDocumentByTheIconOfItsWindow)

@@ -15,6 +15,8 @@
 #include <QSettings>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 class StartUp : public FrameTest
@@ -181,15 +183,17 @@ TEST_P(FrameCaptions, areOfTheLanguage)
 }
 
 INSTANTIATE_TEST_SUITE_P(Menus, FrameCaptions,
-    testing::Values(MenuCaption{u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
-        MenuCaption{u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
-        MenuCaption{u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
-        MenuCaption{u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
-        MenuCaption{u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
-        MenuCaption{u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
-        MenuCaption{u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
-        MenuCaption{u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
-        MenuCaption{u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
-        MenuCaption{u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
-        MenuCaption{u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
-        MenuCaption{u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s}));
+    testing::ValuesIn(std::vector<MenuCaption>{
+        {u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
+        {u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
+        {u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
+        {u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
+        {u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
+        {u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
+        {u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
+        {u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
+        {u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
+        {u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
+        {u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
+        {u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s},
+    }));

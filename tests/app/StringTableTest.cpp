@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <set>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -136,28 +137,30 @@ TEST_P(OddText, standsAsUsersKnowIt)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OddText,
-    testing::Values(TextCase{2, u"CANCEL"_s, u"\uff77\uff6c\uff9d\uff7e\uff99"_s},
-        TextCase{8, u"Parameter File Editer"_s,
-            u"\uff8a\uff9f\uff97\uff92\uff70\uff80\uff8c\uff67\uff72\uff99\u7de8\u96c6"_s},
-        TextCase{9, u"Tabrix"_s, u"Tabrix"_s},
-        TextCase{50, u"File open"_s, u"\u30d5\u30a1\u30a4\u30eb\u3092\u958b\u304d\u307e\u3059"_s},
-        TextCase{71, u"Parameter Count:"_s, u"\uff8a\uff9f\uff97\uff92\uff70\uff80\u6570 :"_s},
-        TextCase{83, u"Abailable Memory:"_s, u"\u4f7f\u7528\u53ef\u80fd\u30e1\u30e2\u30ea:"_s},
-        TextCase{114, u"It is different the selection range."_s,
+    testing::ValuesIn(std::vector<TextCase>{
+        {2, u"CANCEL"_s, u"\uff77\uff6c\uff9d\uff7e\uff99"_s},
+        {8, u"Parameter File Editer"_s, u"\uff8a\uff9f\uff97\uff92\uff70\uff80\uff8c\uff67\uff72\uff99\u7de8\u96c6"_s},
+        {9, u"Tabrix"_s, u"Tabrix"_s},
+        {50, u"File open"_s, u"\u30d5\u30a1\u30a4\u30eb\u3092\u958b\u304d\u307e\u3059"_s},
+        {71, u"Parameter Count:"_s, u"\uff8a\uff9f\uff97\uff92\uff70\uff80\u6570 :"_s},
+        {83, u"Abailable Memory:"_s, u"\u4f7f\u7528\u53ef\u80fd\u30e1\u30e2\u30ea:"_s},
+        {114, u"It is different the selection range."_s,
             u"\u9078\u629e\u7bc4\u56f2\u304c\u9055\u3044\u307e\u3059\u3002"_s},
-        TextCase{119, u"Machine Infomation"_s, u"\u6a5f\u7a2e\u60c5\u5831\u7de8\u96c6"_s},
-        TextCase{126, u"&Pulg_in Option:"_s, u"\u5185\u8535\uff75\uff8c\uff9f\uff7c\uff6e\uff9d(&P):"_s},
-        TextCase{160, u"All files(*.*)|*.*|Parameter files(*.inv;*.ine)|*.inv;*.ine"_s,
+        {119, u"Machine Infomation"_s, u"\u6a5f\u7a2e\u60c5\u5831\u7de8\u96c6"_s},
+        {126, u"&Pulg_in Option:"_s, u"\u5185\u8535\uff75\uff8c\uff9f\uff7c\uff6e\uff9d(&P):"_s},
+        {160, u"All files(*.*)|*.*|Parameter files(*.inv;*.ine)|*.inv;*.ine"_s,
             u"\u5168\u3066\u306e\uff8c\uff67\uff72\uff99(*.*)|*.*|"
             u"\uff8a\uff9f\uff97\uff92\uff70\uff80\uff8c\uff67\uff72\uff99(*.inv;*.ine)|*.inv;*.ine"_s},
-        TextCase{190, u"Printer devise:"_s, u"\u4f7f\u7528\u3059\u308b\uff8c\uff9f\uff98\uff9d\uff80:"_s},
-        TextCase{201, u"Stop Printintg..."_s,
+        {190, u"Printer devise:"_s, u"\u4f7f\u7528\u3059\u308b\uff8c\uff9f\uff98\uff9d\uff80:"_s},
+        {201, u"Stop Printintg..."_s,
             u"\u5370\u5237\u3092\u3084\u3081\u308b\u3068\u304d\u306f\u3001\u3008Cancel\u3009"
             u"\u30dc\u30bf\u30f3\u3092\u30af\u30ea\u30c3\u30af\u3057\u3066\u304f\u3060\u3055\u3044\u3002"_s},
-        TextCase{210, u"|1 is update.\nSave?"_s,
+        {210, u"|1 is update.\nSave?"_s,
             u"|1 \u306f\u7de8\u96c6\u3055\u308c\u3066\u3044\u307e\u3059\u3002\n "
             u"\u5909\u66f4\u3092\u4fdd\u5b58\u3057\u307e\u3059\u304b\uff1f"_s},
-        TextCase{250, u" "_s, u" "_s}, TextCase{256, u"Positio&n control"_s, u"\u4f4d\u7f6e\u5236\u5fa1(&N)"_s}));
+        {250, u" "_s, u" "_s},
+        {256, u"Positio&n control"_s, u"\u4f4d\u7f6e\u5236\u5fa1(&N)"_s},
+    }));
 
 namespace {
 

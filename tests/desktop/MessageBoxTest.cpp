@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using MessageBox::Answer;
@@ -163,8 +164,12 @@ TEST_P(MessageBoxKey, answersTheQuestion)
 }
 
 INSTANTIATE_TEST_SUITE_P(Keys, MessageBoxKey,
-    testing::Values(KeyCase{Qt::Key_Return, Answer::Yes}, KeyCase{Qt::Key_Escape, Answer::Cancel},
-        KeyCase{Qt::Key_Y, Answer::Yes}, KeyCase{Qt::Key_N, Answer::No}));
+    testing::ValuesIn(std::vector<KeyCase>{
+        {Qt::Key_Return, Answer::Yes},
+        {Qt::Key_Escape, Answer::Cancel},
+        {Qt::Key_Y, Answer::Yes},
+        {Qt::Key_N, Answer::No},
+    }));
 
 TEST_P(MessageBoxClick, answersTheQuestion)
 {
@@ -174,8 +179,11 @@ TEST_P(MessageBoxClick, answersTheQuestion)
 }
 
 INSTANTIATE_TEST_SUITE_P(Buttons, MessageBoxClick,
-    testing::Values(ClickCase{u"cmdYes"_s, Answer::Yes}, ClickCase{u"cmdNo"_s, Answer::No},
-        ClickCase{u"cmdCancel"_s, Answer::Cancel}));
+    testing::ValuesIn(std::vector<ClickCase>{
+        {u"cmdYes"_s, Answer::Yes},
+        {u"cmdNo"_s, Answer::No},
+        {u"cmdCancel"_s, Answer::Cancel},
+    }));
 
 namespace {
 

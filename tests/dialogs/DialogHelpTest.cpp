@@ -13,6 +13,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -64,8 +66,11 @@ TEST_P(DialogHelp, showsTheDialogsTopicAndLeavesTheDialogOpen)
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, DialogHelp,
-    testing::Combine(testing::Values(HelpTopic{openFunc, u"funccode.html"_s},
-                         HelpTopic{openPrCond, u"conditions.html"_s}, HelpTopic{openKisyuEdit, u"machine.html"_s}),
+    testing::Combine(testing::ValuesIn(std::vector<HelpTopic>{
+                         {openFunc, u"funccode.html"_s},
+                         {openPrCond, u"conditions.html"_s},
+                         {openKisyuEdit, u"machine.html"_s},
+                     }),
         testing::Values([](QDialog &dialog) { click(dialog, u"cmdHelp"_s); }, [](QDialog &) { press(Qt::Key_F1); },
             [](QDialog &) { press(Qt::Key_H, Qt::AltModifier); })));
 

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 TEST_F(MachineDialog, tabLeavesTheListAndShiftTabReturns)
@@ -135,5 +137,8 @@ TEST_P(MachineOptions, keepTheirTextUnselectedWhenEnteredByKeys)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, MachineOptions,
-    testing::Values(Entry{u"cmdDel"_s, Qt::Key_Tab, Qt::NoModifier},
-        Entry{u"cmdOK"_s, Qt::Key_Backtab, Qt::ShiftModifier}, Entry{u"txtV"_s, Qt::Key_P, Qt::AltModifier}));
+    testing::ValuesIn(std::vector<Entry>{
+        {u"cmdDel"_s, Qt::Key_Tab, Qt::NoModifier},
+        {u"cmdOK"_s, Qt::Key_Backtab, Qt::ShiftModifier},
+        {u"txtV"_s, Qt::Key_P, Qt::AltModifier},
+    }));

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -86,9 +88,14 @@ TEST_P(CapRefusal, keepsTheDialogOpenAndEntersTheBox)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, CapRefusal,
-    testing::Values(Refused{u""_s, u""_s, capacityName}, Refused{u""_s, u"5"_s, capacityName},
-        Refused{u"kW"_s, u"5"_s, capacityName}, Refused{u"5kW"_s, u"x"_s, capacityName},
-        Refused{u"5"_s, u""_s, currentName}, Refused{u"5"_s, u"1.2.3"_s, currentName}));
+    testing::ValuesIn(std::vector<Refused>{
+        {u""_s, u""_s, capacityName},
+        {u""_s, u"5"_s, capacityName},
+        {u"kW"_s, u"5"_s, capacityName},
+        {u"5kW"_s, u"x"_s, capacityName},
+        {u"5"_s, u""_s, currentName},
+        {u"5"_s, u"1.2.3"_s, currentName},
+    }));
 
 TEST_F(CapDialog, okAfterARefusalIsTaken)
 {

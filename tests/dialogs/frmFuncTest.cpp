@@ -12,6 +12,7 @@
 #include <QPushButton>
 
 #include <random>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -165,18 +166,38 @@ TEST_P(FuncAccessKey, ticksTheBox)
 }
 
 INSTANTIATE_TEST_SUITE_P(Normal, FuncAccessKey,
-    testing::Values(AccessKey{normalFile, Qt::Key_T, 0}, AccessKey{normalFile, Qt::Key_F, 1},
-        AccessKey{normalFile, Qt::Key_D, 2}, AccessKey{normalFile, Qt::Key_P, 3}, AccessKey{normalFile, Qt::Key_M, 4},
-        AccessKey{normalFile, Qt::Key_B, 5}, AccessKey{normalFile, Qt::Key_A, 6}, AccessKey{normalFile, Qt::Key_G, 7},
-        AccessKey{normalFile, Qt::Key_I, 8}, AccessKey{normalFile, Qt::Key_L, 9}, AccessKey{normalFile, Qt::Key_O, 10},
-        AccessKey{normalFile, Qt::Key_R, 11}));
+    testing::ValuesIn(std::vector<AccessKey>{
+        {normalFile, Qt::Key_T, 0},
+        {normalFile, Qt::Key_F, 1},
+        {normalFile, Qt::Key_D, 2},
+        {normalFile, Qt::Key_P, 3},
+        {normalFile, Qt::Key_M, 4},
+        {normalFile, Qt::Key_B, 5},
+        {normalFile, Qt::Key_A, 6},
+        {normalFile, Qt::Key_G, 7},
+        {normalFile, Qt::Key_I, 8},
+        {normalFile, Qt::Key_L, 9},
+        {normalFile, Qt::Key_O, 10},
+        {normalFile, Qt::Key_R, 11},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Kqm3, FuncAccessKey,
-    testing::Values(AccessKey{kqm3File, Qt::Key_T, 0}, AccessKey{kqm3File, Qt::Key_S, 1},
-        AccessKey{kqm3File, Qt::Key_D, 2}, AccessKey{kqm3File, Qt::Key_P, 3}, AccessKey{kqm3File, Qt::Key_M, 4},
-        AccessKey{kqm3File, Qt::Key_B, 5}, AccessKey{kqm3File, Qt::Key_A, 6}, AccessKey{kqm3File, Qt::Key_V, 7},
-        AccessKey{kqm3File, Qt::Key_L, 9}, AccessKey{kqm3File, Qt::Key_O, 10}, AccessKey{kqm3File, Qt::Key_R, 11},
-        AccessKey{kqm3File, Qt::Key_E, 12}, AccessKey{kqm3File, Qt::Key_Q, 13}, AccessKey{kqm3File, Qt::Key_N, 14}));
+    testing::ValuesIn(std::vector<AccessKey>{
+        {kqm3File, Qt::Key_T, 0},
+        {kqm3File, Qt::Key_S, 1},
+        {kqm3File, Qt::Key_D, 2},
+        {kqm3File, Qt::Key_P, 3},
+        {kqm3File, Qt::Key_M, 4},
+        {kqm3File, Qt::Key_B, 5},
+        {kqm3File, Qt::Key_A, 6},
+        {kqm3File, Qt::Key_V, 7},
+        {kqm3File, Qt::Key_L, 9},
+        {kqm3File, Qt::Key_O, 10},
+        {kqm3File, Qt::Key_R, 11},
+        {kqm3File, Qt::Key_E, 12},
+        {kqm3File, Qt::Key_Q, 13},
+        {kqm3File, Qt::Key_N, 14},
+    }));
 
 TEST_F(FuncDialog, enterDoesNotOvertakeAnAccessKey)
 {
@@ -327,22 +348,24 @@ const QStringList japaneseWindow{
     u"機能ﾘｽﾄｺｰﾄﾞ編集"_s, u"機能:"_s, u"機能ﾘｽﾄｺｰﾄﾞ:"_s, u"OK"_s, u"ｷｬﾝｾﾙ"_s, u"ﾍﾙﾌﾟ(&H)"_s};
 
 INSTANTIATE_TEST_SUITE_P(Languages, FuncCaptions,
-    testing::Values(Captions{useEnglish, normalFile, englishWindow,
-                        {u"Motor &Torque"_s, u"&Freq. setting"_s, u"Acc/&Dec"_s, u"&Protect"_s, u"&Monitor"_s,
-                            u"&Brake"_s, u"Terminal &Alloc"_s, u"Ma&gnetic flux vector"_s, u"&Intelligent"_s,
-                            u"Ca&libration"_s, u"&Option"_s, u"Special &running"_s, u""_s, u""_s, u""_s}},
-        Captions{useEnglish, kqm3File, englishWindow,
+    testing::ValuesIn(std::vector<Captions>{
+        {useEnglish, normalFile, englishWindow,
+            {u"Motor &Torque"_s, u"&Freq. setting"_s, u"Acc/&Dec"_s, u"&Protect"_s, u"&Monitor"_s, u"&Brake"_s,
+                u"Terminal &Alloc"_s, u"Ma&gnetic flux vector"_s, u"&Intelligent"_s, u"Ca&libration"_s, u"&Option"_s,
+                u"Special &running"_s, u""_s, u""_s, u""_s}},
+        {useEnglish, kqm3File, englishWindow,
             {u"Mo&tor"_s, u"&Speed setting"_s, u"Acc/&Dec"_s, u"&Protect"_s, u"&Monitor"_s, u"&Brake"_s,
                 u"Terminal &Alloc"_s, u"&V/F control"_s, u""_s, u"Ca&libration"_s, u"&Option"_s, u"Special &running"_s,
                 u"Sp&eed control"_s, u"Tor&que control"_s, u"Positio&n control"_s}},
-        Captions{useJapanese, normalFile, japaneseWindow,
+        {useJapanese, normalFile, japaneseWindow,
             {u"ﾓｰﾀﾄﾙｸ(&T)"_s, u"周波数設定(&F)"_s, u"加減速(&D)"_s, u"保護(&P)"_s, u"ﾓﾆﾀ(&M)"_s, u"制動(&B)"_s,
                 u"端子割付(&A)"_s, u"磁束ﾍﾞｸﾄﾙ(&G)"_s, u"ｲﾝﾃﾘｼﾞｪﾝﾄ(&I)"_s, u"校正(&L)"_s, u"ｵﾌﾟｼｮﾝ(&O)"_s,
                 u"特殊運転(&R)"_s, u""_s, u""_s, u""_s}},
-        Captions{useJapanese, kqm3File, japaneseWindow,
+        {useJapanese, kqm3File, japaneseWindow,
             {u"ﾓｰﾀ(&T)"_s, u"速度設定(&S)"_s, u"加減速(&D)"_s, u"保護(&P)"_s, u"ﾓﾆﾀ(&M)"_s, u"制動(&B)"_s,
                 u"端子割付(&A)"_s, u"V/F制御(&V)"_s, u""_s, u"校正(&L)"_s, u"ｵﾌﾟｼｮﾝ(&O)"_s, u"特殊運転(&R)"_s,
-                u"速度制御(&E)"_s, u"ﾄﾙｸ制御(&Q)"_s, u"位置制御(&N)"_s}}));
+                u"速度制御(&E)"_s, u"ﾄﾙｸ制御(&Q)"_s, u"位置制御(&N)"_s}},
+    }));
 
 TEST_F(FuncDialog, manyCodesOpenAndComeBackAsTheBoxesSay)
 {

@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -127,10 +129,14 @@ TEST_P(MachineRefusal, entersTheFirstInvalidBoxAndStaysOpen)
 }
 
 INSTANTIATE_TEST_SUITE_P(Boxes, MachineRefusal,
-    testing::Values(Invalid{u""_s, u"1A"_s, u"200"_s, u"txtKisyuName"_s},
-        Invalid{u"   "_s, u""_s, u""_s, u"txtKisyuName"_s}, Invalid{u"N"_s, u"1G"_s, u"200"_s, u"txtCode"_s},
-        Invalid{u"N"_s, u""_s, u"x"_s, u"txtCode"_s}, Invalid{u"N"_s, u"1A"_s, u""_s, u"txtV"_s},
-        Invalid{u"N"_s, u"1A"_s, u"2A"_s, u"txtV"_s}));
+    testing::ValuesIn(std::vector<Invalid>{
+        {u""_s, u"1A"_s, u"200"_s, u"txtKisyuName"_s},
+        {u"   "_s, u""_s, u""_s, u"txtKisyuName"_s},
+        {u"N"_s, u"1G"_s, u"200"_s, u"txtCode"_s},
+        {u"N"_s, u""_s, u"x"_s, u"txtCode"_s},
+        {u"N"_s, u"1A"_s, u""_s, u"txtV"_s},
+        {u"N"_s, u"1A"_s, u"2A"_s, u"txtV"_s},
+    }));
 
 TEST_F(MachineDialog, anInvalidBoxRefusesOkWithoutAnEditToo)
 {
@@ -220,8 +226,13 @@ TEST_P(MachineFrameKey, entersTheFramesBox)
 }
 
 INSTANTIATE_TEST_SUITE_P(Frames, MachineFrameKey,
-    testing::Values(FrameKey{Qt::Key_T, u"txtKisyuName"_s}, FrameKey{Qt::Key_V, u"txtV"_s},
-        FrameKey{Qt::Key_M, u"txtCode"_s}, FrameKey{Qt::Key_C, u"vaSpread1"_s}, FrameKey{Qt::Key_P, u"txtOption"_s}));
+    testing::ValuesIn(std::vector<FrameKey>{
+        {Qt::Key_T, u"txtKisyuName"_s},
+        {Qt::Key_V, u"txtV"_s},
+        {Qt::Key_M, u"txtCode"_s},
+        {Qt::Key_C, u"vaSpread1"_s},
+        {Qt::Key_P, u"txtOption"_s},
+    }));
 
 TEST_F(MachineDialog, tabFollowsTheReadingOrder)
 {

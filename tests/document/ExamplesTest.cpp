@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -67,8 +68,11 @@ TEST_P(Example, saysHowManyRowsItHas)
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Example,
-    testing::Values(ExampleFile{"XT200.INV", 1252, 429}, ExampleFile{"KQM3V.INV", 932, 360},
-        ExampleFile{"three-rows.inv", 1252, 3}));
+    testing::ValuesIn(std::vector<ExampleFile>{
+        {"XT200.INV", 1252, 429},
+        {"KQM3V.INV", 932, 360},
+        {"three-rows.inv", 1252, 3},
+    }));
 
 TEST_P(FullSizeExample, numbersItsParametersUpwardsWithGaps)
 {

@@ -11,6 +11,8 @@
 
 #include <QLocale>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,19 +33,41 @@ TEST_P(NormalizedNumber, isTheShortestFormWithAPoint)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, NormalizedNumber,
-    testing::Values(TextCase{u"1,5"_s, u"1.5"_s}, TextCase{u"1.5"_s, u"1.5"_s}, TextCase{u"abc"_s, u"0"_s},
-        TextCase{u""_s, u"0"_s}, TextCase{u"007"_s, u"7"_s}, TextCase{u"0"_s, u"0"_s}, TextCase{u"-0"_s, u"0"_s},
-        TextCase{u"00"_s, u"0"_s}, TextCase{u"-5"_s, u"-5"_s}, TextCase{u"+5"_s, u"5"_s}, TextCase{u"1.50"_s, u"1.5"_s},
-        TextCase{u"1.0"_s, u"1"_s}, TextCase{u"5."_s, u"5"_s}, TextCase{u".5"_s, u"0.5"_s},
-        TextCase{u"-.5"_s, u"-0.5"_s}, TextCase{u"0.0"_s, u"0"_s}, TextCase{u"0.001"_s, u"0.001"_s},
-        TextCase{u"0.0001"_s, u"0.0001"_s}, TextCase{u"0.00001"_s, u"1E-05"_s}, TextCase{u"-0.00012"_s, u"-0.00012"_s},
-        TextCase{u"12abc"_s, u"12"_s}, TextCase{u" 12 "_s, u"12"_s}, TextCase{u"1,234,5"_s, u"1.234"_s},
-        TextCase{u"1.2.3"_s, u"1.2"_s}, TextCase{u"1e3"_s, u"1000"_s},
-        TextCase{u"123456789012345"_s, u"123456789012345"_s},
-        TextCase{u"1234567890123456"_s, u"1.23456789012346E+15"_s},
-        TextCase{u"0.1234567890123456"_s, u"0.123456789012346"_s}, TextCase{u"1e400"_s, u"1e400"_s},
-        TextCase{u"-1,5e400x"_s, u"-1.5e400"_s}, TextCase{u"\r1e400"_s, u"1e400"_s}, TextCase{u"1e400-7"_s, u"1e400"_s},
-        TextCase{u"1.2e400.5"_s, u"1.2e400"_s}));
+    testing::ValuesIn(std::vector<TextCase>{
+        {u"1,5"_s, u"1.5"_s},
+        {u"1.5"_s, u"1.5"_s},
+        {u"abc"_s, u"0"_s},
+        {u""_s, u"0"_s},
+        {u"007"_s, u"7"_s},
+        {u"0"_s, u"0"_s},
+        {u"-0"_s, u"0"_s},
+        {u"00"_s, u"0"_s},
+        {u"-5"_s, u"-5"_s},
+        {u"+5"_s, u"5"_s},
+        {u"1.50"_s, u"1.5"_s},
+        {u"1.0"_s, u"1"_s},
+        {u"5."_s, u"5"_s},
+        {u".5"_s, u"0.5"_s},
+        {u"-.5"_s, u"-0.5"_s},
+        {u"0.0"_s, u"0"_s},
+        {u"0.001"_s, u"0.001"_s},
+        {u"0.0001"_s, u"0.0001"_s},
+        {u"0.00001"_s, u"1E-05"_s},
+        {u"-0.00012"_s, u"-0.00012"_s},
+        {u"12abc"_s, u"12"_s},
+        {u" 12 "_s, u"12"_s},
+        {u"1,234,5"_s, u"1.234"_s},
+        {u"1.2.3"_s, u"1.2"_s},
+        {u"1e3"_s, u"1000"_s},
+        {u"123456789012345"_s, u"123456789012345"_s},
+        {u"1234567890123456"_s, u"1.23456789012346E+15"_s},
+        {u"0.1234567890123456"_s, u"0.123456789012346"_s},
+        {u"1e400"_s, u"1e400"_s},
+        {u"-1,5e400x"_s, u"-1.5e400"_s},
+        {u"\r1e400"_s, u"1e400"_s},
+        {u"1e400-7"_s, u"1e400"_s},
+        {u"1.2e400.5"_s, u"1.2e400"_s},
+    }));
 
 TEST(NumberTexts, keepThePointWhereTheSystemHasAComma)
 {
@@ -92,18 +116,30 @@ TEST_P(RangeText, givesItsRangesAndTheirText)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, RangeText,
-    testing::Values(RangeCase{u"0-400,9999"_s, {range(0, 400), range(9999, 0)}, u"0-400,9999"_s},
-        RangeCase{u"5-"_s, {range(5, -1)}, u"5-"_s}, RangeCase{u"5"_s, {range(5, 0)}, u"5"_s},
-        RangeCase{u"0"_s, {range(0, 0)}, u"0"_s}, RangeCase{u"0-0.1"_s, {range(0, 0.1F)}, u"0-0.1"_s},
-        RangeCase{u"400-0"_s, {range(400, 0)}, u"400"_s}, RangeCase{u"5-5"_s, {range(5, 5)}, u"5"_s},
-        RangeCase{u"1,"_s, {range(1, 0), range(0, 0)}, u"1,0"_s},
-        RangeCase{u","_s, {range(0, 0), range(0, 0)}, u"0,0"_s}, RangeCase{u" 1 - 2 "_s, {range(1, 2)}, u"1-2"_s},
-        RangeCase{u"a-b"_s, {range(0, 0)}, u"0"_s}, RangeCase{u"-5"_s, {range(0, 5)}, u"0-5"_s},
-        RangeCase{u"-"_s, {range(0, -1)}, u"0-"_s}, RangeCase{u"1-2-3"_s, {range(23, 0)}, u"23"_s},
-        RangeCase{u"1-2-"_s, {range(2, 0)}, u"2"_s}, RangeCase{u"1-2-,3"_s, {range(2, 0), range(3, 0)}, u"2,3"_s},
-        RangeCase{u"1-2-3-4"_s, {range(23, 4)}, u"23"_s}, RangeCase{u"1--2"_s, {range(2, 0)}, u"2"_s},
-        RangeCase{u"5-, 6-7"_s, {range(5, -1), range(6, 7)}, u"5-,6-7"_s}, RangeCase{u" "_s, {range(0, 0)}, u"0"_s},
-        RangeCase{u"1e3-2e3"_s, {range(1000, 2000)}, u"1000-2000"_s}, RangeCase{u"5- "_s, {range(5, 0)}, u"5"_s}));
+    testing::ValuesIn(std::vector<RangeCase>{
+        {u"0-400,9999"_s, {range(0, 400), range(9999, 0)}, u"0-400,9999"_s},
+        {u"5-"_s, {range(5, -1)}, u"5-"_s},
+        {u"5"_s, {range(5, 0)}, u"5"_s},
+        {u"0"_s, {range(0, 0)}, u"0"_s},
+        {u"0-0.1"_s, {range(0, 0.1F)}, u"0-0.1"_s},
+        {u"400-0"_s, {range(400, 0)}, u"400"_s},
+        {u"5-5"_s, {range(5, 5)}, u"5"_s},
+        {u"1,"_s, {range(1, 0), range(0, 0)}, u"1,0"_s},
+        {u","_s, {range(0, 0), range(0, 0)}, u"0,0"_s},
+        {u" 1 - 2 "_s, {range(1, 2)}, u"1-2"_s},
+        {u"a-b"_s, {range(0, 0)}, u"0"_s},
+        {u"-5"_s, {range(0, 5)}, u"0-5"_s},
+        {u"-"_s, {range(0, -1)}, u"0-"_s},
+        {u"1-2-3"_s, {range(23, 0)}, u"23"_s},
+        {u"1-2-"_s, {range(2, 0)}, u"2"_s},
+        {u"1-2-,3"_s, {range(2, 0), range(3, 0)}, u"2,3"_s},
+        {u"1-2-3-4"_s, {range(23, 4)}, u"23"_s},
+        {u"1--2"_s, {range(2, 0)}, u"2"_s},
+        {u"5-, 6-7"_s, {range(5, -1), range(6, 7)}, u"5-,6-7"_s},
+        {u" "_s, {range(0, 0)}, u"0"_s},
+        {u"1e3-2e3"_s, {range(1000, 2000)}, u"1000-2000"_s},
+        {u"5- "_s, {range(5, 0)}, u"5"_s},
+    }));
 
 TEST(RangeTexts, thatAreEmptyLeaveTheRangesAlone)
 {
@@ -163,24 +199,35 @@ TEST_P(CollectedCell, becomesItsField)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cells, CollectedCell,
-    testing::Values(CellCase{1, u"A1 "_s, &PrRecord::number, u"A1 "_s},
-        CellCase{2, u" Name"_s, &PrRecord::name, u" Name"_s}, CellCase{4, u"1"_s, &PrRecord::rangeCheck, u"1"_s},
-        CellCase{4, u"0"_s, &PrRecord::rangeCheck, u"0"_s}, CellCase{4, u"-1"_s, &PrRecord::rangeCheck, u"1"_s},
-        CellCase{4, u"a,b"_s, &PrRecord::rangeCheck, u"0"_s}, CellCase{8, u"min-1"_s, &PrRecord::unit, u"min-1"_s},
-        CellCase{9, u"1,5"_s, &PrRecord::factorySetting, u"1.5"_s},
-        CellCase{10, u"01079"_s, &PrRecord::helpId, u"01079"_s},
-        CellCase{11, u"FFFF"_s, &PrRecord::functionCode, u"-1"_s},
-        CellCase{11, u"0003"_s, &PrRecord::functionCode, u"3"_s},
-        CellCase{11, u"8000"_s, &PrRecord::functionCode, u"-32768"_s},
-        CellCase{11, u"7fff"_s, &PrRecord::functionCode, u"32767"_s},
-        CellCase{11, u"xyz"_s, &PrRecord::functionCode, u"0"_s}));
+    testing::ValuesIn(std::vector<CellCase>{
+        {1, u"A1 "_s, &PrRecord::number, u"A1 "_s},
+        {2, u" Name"_s, &PrRecord::name, u" Name"_s},
+        {4, u"1"_s, &PrRecord::rangeCheck, u"1"_s},
+        {4, u"0"_s, &PrRecord::rangeCheck, u"0"_s},
+        {4, u"-1"_s, &PrRecord::rangeCheck, u"1"_s},
+        {4, u"a,b"_s, &PrRecord::rangeCheck, u"0"_s},
+        {8, u"min-1"_s, &PrRecord::unit, u"min-1"_s},
+        {9, u"1,5"_s, &PrRecord::factorySetting, u"1.5"_s},
+        {10, u"01079"_s, &PrRecord::helpId, u"01079"_s},
+        {11, u"FFFF"_s, &PrRecord::functionCode, u"-1"_s},
+        {11, u"0003"_s, &PrRecord::functionCode, u"3"_s},
+        {11, u"8000"_s, &PrRecord::functionCode, u"-32768"_s},
+        {11, u"7fff"_s, &PrRecord::functionCode, u"32767"_s},
+        {11, u"xyz"_s, &PrRecord::functionCode, u"0"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Increments, CollectedCell,
-    testing::Values(CellCase{5, u"0.1"_s, &PrRecord::min1, u"0.1"_s}, CellCase{5, u"No"_s, &PrRecord::min1, u"1"_s},
-        CellCase{5, u"0.10"_s, &PrRecord::min1, u"1"_s}, CellCase{6, u"0.01"_s, &PrRecord::min2, u"0.01"_s},
-        CellCase{6, u"No"_s, &PrRecord::min2, u"-1"_s}, CellCase{6, u"1 "_s, &PrRecord::min2, u"-1"_s},
-        CellCase{7, u"0.001"_s, &PrRecord::min3, u"0.001"_s}, CellCase{7, u"2"_s, &PrRecord::min3, u"-1"_s},
-        CellCase{7, u"1"_s, &PrRecord::min3, u"1"_s}));
+    testing::ValuesIn(std::vector<CellCase>{
+        {5, u"0.1"_s, &PrRecord::min1, u"0.1"_s},
+        {5, u"No"_s, &PrRecord::min1, u"1"_s},
+        {5, u"0.10"_s, &PrRecord::min1, u"1"_s},
+        {6, u"0.01"_s, &PrRecord::min2, u"0.01"_s},
+        {6, u"No"_s, &PrRecord::min2, u"-1"_s},
+        {6, u"1 "_s, &PrRecord::min2, u"-1"_s},
+        {7, u"0.001"_s, &PrRecord::min3, u"0.001"_s},
+        {7, u"2"_s, &PrRecord::min3, u"-1"_s},
+        {7, u"1"_s, &PrRecord::min3, u"1"_s},
+    }));
 
 TEST(Collecting, countsTheConditionsItself)
 {

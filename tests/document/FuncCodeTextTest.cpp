@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -27,18 +29,21 @@ TEST_P(ModelOfPath, isTheNameUpToItsFirstPointInCapitals)
 }
 
 INSTANTIATE_TEST_SUITE_P(Paths, ModelOfPath,
-    testing::Values(PathCase{u"C:\\data\\kqm3xyz.inv"_s, u"KQM3XYZ"_s, FunctionLabels::Kqm3},
-        PathCase{u"/home/user/kqm3xyz.inv"_s, u"KQM3XYZ"_s, FunctionLabels::Kqm3},
-        PathCase{u"KQM3"_s, u"KQM3"_s, FunctionLabels::Kqm3},
-        PathCase{u"Kqm3.a.b.inv"_s, u"KQM3"_s, FunctionLabels::Kqm3},
-        PathCase{u"C:\\KQM3\\xt200.inv"_s, u"XT200"_s, FunctionLabels::Normal},
-        PathCase{u"/KQM3/xt200.inv"_s, u"XT200"_s, FunctionLabels::Normal},
-        PathCase{u"abc.KQM3.inv"_s, u"ABC"_s, FunctionLabels::Normal},
-        PathCase{u"xkqm3.inv"_s, u"XKQM3"_s, FunctionLabels::Normal},
-        PathCase{u"kqm.3inv"_s, u"KQM"_s, FunctionLabels::Normal},
-        PathCase{u"No Name"_s, u"NO NAME"_s, FunctionLabels::Normal},
-        PathCase{u".kqm3"_s, u""_s, FunctionLabels::Normal}, PathCase{u"C:\\kqm3\\"_s, u""_s, FunctionLabels::Normal},
-        PathCase{u""_s, u""_s, FunctionLabels::Normal}));
+    testing::ValuesIn(std::vector<PathCase>{
+        {u"C:\\data\\kqm3xyz.inv"_s, u"KQM3XYZ"_s, FunctionLabels::Kqm3},
+        {u"/home/user/kqm3xyz.inv"_s, u"KQM3XYZ"_s, FunctionLabels::Kqm3},
+        {u"KQM3"_s, u"KQM3"_s, FunctionLabels::Kqm3},
+        {u"Kqm3.a.b.inv"_s, u"KQM3"_s, FunctionLabels::Kqm3},
+        {u"C:\\KQM3\\xt200.inv"_s, u"XT200"_s, FunctionLabels::Normal},
+        {u"/KQM3/xt200.inv"_s, u"XT200"_s, FunctionLabels::Normal},
+        {u"abc.KQM3.inv"_s, u"ABC"_s, FunctionLabels::Normal},
+        {u"xkqm3.inv"_s, u"XKQM3"_s, FunctionLabels::Normal},
+        {u"kqm.3inv"_s, u"KQM"_s, FunctionLabels::Normal},
+        {u"No Name"_s, u"NO NAME"_s, FunctionLabels::Normal},
+        {u".kqm3"_s, u""_s, FunctionLabels::Normal},
+        {u"C:\\kqm3\\"_s, u""_s, FunctionLabels::Normal},
+        {u""_s, u""_s, FunctionLabels::Normal},
+    }));
 
 struct CodeCase
 {
@@ -56,9 +61,16 @@ TEST_P(CodeText, hasFourHexadecimalDigits)
 }
 
 INSTANTIATE_TEST_SUITE_P(Codes, CodeText,
-    testing::Values(CodeCase{0, u"0000"_s}, CodeCase{5, u"0005"_s}, CodeCase{10, u"000A"_s}, CodeCase{0xFF, u"00FF"_s},
-        CodeCase{0x7000, u"7000"_s}, CodeCase{-1, u"FFFF"_s}, CodeCase{-32768, u"8000"_s},
-        CodeCase{-32767, u"8001"_s}));
+    testing::ValuesIn(std::vector<CodeCase>{
+        {0, u"0000"_s},
+        {5, u"0005"_s},
+        {10, u"000A"_s},
+        {0xFF, u"00FF"_s},
+        {0x7000, u"7000"_s},
+        {-1, u"FFFF"_s},
+        {-32768, u"8000"_s},
+        {-32767, u"8001"_s},
+    }));
 
 // What the two sets offer, bit by bit: the boxes that a user sees.
 constexpr char normalSet[] = "111111111111000";

@@ -10,6 +10,8 @@
 #include "tests/support/MemoryInUse.h"
 #include "tests/support/QtPrinters.h"
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -60,15 +62,23 @@ TEST_P(LongTexts, areConvertedInProportionToTheirLength)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, LongTexts,
-    testing::Values(LongText{"a long subject, then dashes", u"-"_s, u"0"_s, u"="_s},
-        LongText{"no subject, then relations", u"="_s, u"1"_s, u"x"_s},
-        LongText{"a subject that never comes", u"=x"_s, u"1"_s, {}},
-        LongText{"a number too large, again and again", u"/9"_s, u"9"_s, {}},
-        LongText{"items of the worst length", QString(300, u'1') + u"=x"_s.repeated(150) + u','},
-        LongText{"conditions", u"79=1-3,"_s}, LongText{"ranges", u"0-1,"_s}, LongText{"dashes", u"-"_s},
-        LongText{"commas", u","_s}, LongText{"blanks", u" "_s}, LongText{"digits", u"7"_s},
-        LongText{"lines", u"a=b\r\n"_s}, LongText{"sections", u"[a]\n"_s}, LongText{"brackets", u"[\n"_s},
-        LongText{"quotes", u"\""_s}));
+    testing::ValuesIn(std::vector<LongText>{
+        {"a long subject, then dashes", u"-"_s, u"0"_s, u"="_s},
+        {"no subject, then relations", u"="_s, u"1"_s, u"x"_s},
+        {"a subject that never comes", u"=x"_s, u"1"_s, {}},
+        {"a number too large, again and again", u"/9"_s, u"9"_s, {}},
+        {"items of the worst length", QString(300, u'1') + u"=x"_s.repeated(150) + u','},
+        {"conditions", u"79=1-3,"_s},
+        {"ranges", u"0-1,"_s},
+        {"dashes", u"-"_s},
+        {"commas", u","_s},
+        {"blanks", u" "_s},
+        {"digits", u"7"_s},
+        {"lines", u"a=b\r\n"_s},
+        {"sections", u"[a]\n"_s},
+        {"brackets", u"[\n"_s},
+        {"quotes", u"\""_s},
+    }));
 
 namespace {
 
@@ -104,9 +114,11 @@ TEST_P(ClaimingRow, takesMemoryForWhatIsThere)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ClaimingRow,
-    testing::Values(Claim{"ranges", "0,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n"},
-        Claim{"conditions", "32767,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n"},
-        Claim{"both", "32767,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n"}));
+    testing::ValuesIn(std::vector<Claim>{
+        {"ranges", "0,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n"},
+        {"conditions", "32767,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n"},
+        {"both", "32767,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n"},
+    }));
 
 namespace {
 

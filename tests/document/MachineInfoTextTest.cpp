@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -24,9 +26,14 @@ TEST_P(OptionsOfText, dropEmptyPieces)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OptionsOfText,
-    testing::Values(OptionCase{u""_s, {u"xx"_s}}, OptionCase{u"  "_s, {u"xx"_s}}, OptionCase{u",,"_s, {u"xx"_s}},
-        OptionCase{u"A"_s, {u"A"_s}}, OptionCase{u",A,,B,"_s, {u"A"_s, u"B"_s}},
-        OptionCase{u"A, B"_s, {u"A"_s, u" B"_s}}));
+    testing::ValuesIn(std::vector<OptionCase>{
+        {u""_s, {u"xx"_s}},
+        {u"  "_s, {u"xx"_s}},
+        {u",,"_s, {u"xx"_s}},
+        {u"A"_s, {u"A"_s}},
+        {u",A,,B,"_s, {u"A"_s, u"B"_s}},
+        {u"A, B"_s, {u"A"_s, u" B"_s}},
+    }));
 
 class TextOfOptions : public testing::TestWithParam<OptionCase>
 {
@@ -38,9 +45,14 @@ TEST_P(TextOfOptions, joinsThemUnlessTheyStandForNone)
 }
 
 INSTANTIATE_TEST_SUITE_P(Lists, TextOfOptions,
-    testing::Values(OptionCase{u""_s, {}}, OptionCase{u""_s, {u"xx"_s}}, OptionCase{u""_s, {u"xx"_s, u"A"_s}},
-        OptionCase{u"A,xx"_s, {u"A"_s, u"xx"_s}}, OptionCase{u"XX"_s, {u"XX"_s}},
-        OptionCase{u"A,B,C"_s, {u"A"_s, u"B"_s, u"C"_s}}));
+    testing::ValuesIn(std::vector<OptionCase>{
+        {u""_s, {}},
+        {u""_s, {u"xx"_s}},
+        {u""_s, {u"xx"_s, u"A"_s}},
+        {u"A,xx"_s, {u"A"_s, u"xx"_s}},
+        {u"XX"_s, {u"XX"_s}},
+        {u"A,B,C"_s, {u"A"_s, u"B"_s, u"C"_s}},
+    }));
 
 TEST(MachineCode, isHexadecimal)
 {
@@ -68,9 +80,13 @@ TEST_P(StoredCapacity, isNormalisedWhenBothAreNumbers)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, StoredCapacity,
-    testing::Values(CapacityCase{{u"0.40"_s, u" 2,5 "_s}, CapacityTexts{u"0.4"_s, u"2.5"_s}},
-        CapacityCase{{u"007"_s, u"12"_s}, CapacityTexts{u"7"_s, u"12"_s}}, CapacityCase{{u"1"_s, u""_s}, std::nullopt},
-        CapacityCase{{u""_s, u"1"_s}, std::nullopt}, CapacityCase{{u"1kW"_s, u"1"_s}, std::nullopt},
-        CapacityCase{{u"1"_s, u"x"_s}, std::nullopt}));
+    testing::ValuesIn(std::vector<CapacityCase>{
+        {{u"0.40"_s, u" 2,5 "_s}, CapacityTexts{u"0.4"_s, u"2.5"_s}},
+        {{u"007"_s, u"12"_s}, CapacityTexts{u"7"_s, u"12"_s}},
+        {{u"1"_s, u""_s}, std::nullopt},
+        {{u""_s, u"1"_s}, std::nullopt},
+        {{u"1kW"_s, u"1"_s}, std::nullopt},
+        {{u"1"_s, u"x"_s}, std::nullopt},
+    }));
 
 } // namespace

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -54,24 +56,26 @@ const PrCondRows mixed{QList<QStringList>{{u"79"_s, u"="_s, u"1"_s, u"3"_s}, {u"
     QList<QStringList>{{u"="_s, u"PU"_s}}, QList<QStringList>{{u"<>"_s, u"A1"_s}}};
 
 INSTANTIATE_TEST_SUITE_P(Rows, RowsToText,
-    testing::Values(RowsCase{"nothing", {}, 0, u""_s},
-        RowsCase{"options, parameters, modes", mixed, 4, u"OP/A1,79=1-3,10/5,MODE=1"_s},
-        RowsCase{"no number", parameters({{u""_s, u"="_s, u"1"_s, u""_s}}), 0, u""_s},
-        RowsCase{"a blank number", parameters({{u"  "_s, u"="_s, u"1"_s, u""_s}}), 0, u""_s},
-        RowsCase{"no value", parameters({{u"79"_s, u"="_s, u""_s, u"5"_s}}), 0, u""_s},
-        RowsCase{"a value that is no number", parameters({{u"79"_s, u"="_s, u"A"_s, u""_s}}), 0, u""_s},
-        RowsCase{"an upper value that is no number", parameters({{u"79"_s, u"="_s, u"1"_s, u"A"_s}}), 1, u"79=1"_s},
-        RowsCase{"a dropped row among others",
+    testing::ValuesIn(std::vector<RowsCase>{
+        {"nothing", {}, 0, u""_s},
+        {"options, parameters, modes", mixed, 4, u"OP/A1,79=1-3,10/5,MODE=1"_s},
+        {"no number", parameters({{u""_s, u"="_s, u"1"_s, u""_s}}), 0, u""_s},
+        {"a blank number", parameters({{u"  "_s, u"="_s, u"1"_s, u""_s}}), 0, u""_s},
+        {"no value", parameters({{u"79"_s, u"="_s, u""_s, u"5"_s}}), 0, u""_s},
+        {"a value that is no number", parameters({{u"79"_s, u"="_s, u"A"_s, u""_s}}), 0, u""_s},
+        {"an upper value that is no number", parameters({{u"79"_s, u"="_s, u"1"_s, u"A"_s}}), 1, u"79=1"_s},
+        {"a dropped row among others",
             parameters(
                 {{u"1"_s, u"="_s, u"1"_s, u""_s}, {u"2"_s, u"="_s, u""_s, u""_s}, {u"3"_s, u"<>"_s, u"3"_s, u""_s}}),
             2, u"1=1,3/3"_s},
-        RowsCase{"a range in the grid's order", parameters({{u"160"_s, u"<>"_s, u"9"_s, u"3"_s}}), 1, u"160/9-3"_s},
-        RowsCase{"an untouched mode", modeRows({{u"="_s, u"EXT"_s}}), 1, u"MODE=0"_s},
-        RowsCase{"an empty mode", modeRows({{u""_s, u""_s}}), 1, u"MODE=0"_s},
-        RowsCase{"the last mode", modeRows({{u"<>"_s, u"SP"_s}}), 1, u"MODE/7"_s},
-        RowsCase{"a mode number without a name", modeRows({{u"="_s, u"9"_s}}), 1, u"MODE=9"_s},
-        RowsCase{"no option", options({{u"="_s, u""_s}, {u"="_s, u"  "_s}}), 0, u""_s},
-        RowsCase{"an option as typed", options({{u"="_s, u" A-1,B "_s}}), 1, u"OP= A-1,B "_s}),
+        {"a range in the grid's order", parameters({{u"160"_s, u"<>"_s, u"9"_s, u"3"_s}}), 1, u"160/9-3"_s},
+        {"an untouched mode", modeRows({{u"="_s, u"EXT"_s}}), 1, u"MODE=0"_s},
+        {"an empty mode", modeRows({{u""_s, u""_s}}), 1, u"MODE=0"_s},
+        {"the last mode", modeRows({{u"<>"_s, u"SP"_s}}), 1, u"MODE/7"_s},
+        {"a mode number without a name", modeRows({{u"="_s, u"9"_s}}), 1, u"MODE=9"_s},
+        {"no option", options({{u"="_s, u""_s}, {u"="_s, u"  "_s}}), 0, u""_s},
+        {"an option as typed", options({{u"="_s, u" A-1,B "_s}}), 1, u"OP= A-1,B "_s},
+    }),
     [](const auto &parameter) { return "case" + std::to_string(parameter.index); });
 
 TEST(ConditionsToRows, areDealtOutInTheirOrder)
@@ -102,7 +106,13 @@ TEST_P(ModeCell, showsTheNameOfTheNumber)
 }
 
 INSTANTIATE_TEST_SUITE_P(Numbers, ModeCell,
-    testing::Values(ModeCase{u"0"_s, u"EXT"_s}, ModeCase{u"5"_s, u"PU+EXT"_s}, ModeCase{u"07"_s, u"SP"_s},
-        ModeCase{u"2.0"_s, u"EXT JOG"_s}, ModeCase{u"8"_s, u"8"_s}, ModeCase{u"99999"_s, u"99999"_s}));
+    testing::ValuesIn(std::vector<ModeCase>{
+        {u"0"_s, u"EXT"_s},
+        {u"5"_s, u"PU+EXT"_s},
+        {u"07"_s, u"SP"_s},
+        {u"2.0"_s, u"EXT JOG"_s},
+        {u"8"_s, u"8"_s},
+        {u"99999"_s, u"99999"_s},
+    }));
 
 } // namespace

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -34,42 +36,74 @@ TEST_P(ConditionText, givesItsValidConditions)
 }
 
 INSTANTIATE_TEST_SUITE_P(Grammar, ConditionText,
-    testing::Values(ParseCase{u"79=1"_s, {{u"79"_s, 0, u"1"_s, {}}}}, ParseCase{u"79/1"_s, {{u"79"_s, 1, u"1"_s, {}}}},
-        ParseCase{u"160=1-3"_s, {{u"160"_s, 2, u"1"_s, u"3"_s}}},
-        ParseCase{u"10/5-7"_s, {{u"10"_s, 3, u"5"_s, u"7"_s}}}, ParseCase{u"MODE=1"_s, {{u"MODE"_s, 0, u"1"_s, {}}}},
-        ParseCase{u"MODE/0"_s, {{u"MODE"_s, 1, u"0"_s, {}}}}, ParseCase{u"OP=A1"_s, {{u"OP"_s, 0, u"A1"_s, {}}}},
-        ParseCase{u"OP/A1,79=1-3,10/5,MODE=1"_s,
+    testing::ValuesIn(std::vector<ParseCase>{
+        {u"79=1"_s, {{u"79"_s, 0, u"1"_s, {}}}},
+        {u"79/1"_s, {{u"79"_s, 1, u"1"_s, {}}}},
+        {u"160=1-3"_s, {{u"160"_s, 2, u"1"_s, u"3"_s}}},
+        {u"10/5-7"_s, {{u"10"_s, 3, u"5"_s, u"7"_s}}},
+        {u"MODE=1"_s, {{u"MODE"_s, 0, u"1"_s, {}}}},
+        {u"MODE/0"_s, {{u"MODE"_s, 1, u"0"_s, {}}}},
+        {u"OP=A1"_s, {{u"OP"_s, 0, u"A1"_s, {}}}},
+        {u"OP/A1,79=1-3,10/5,MODE=1"_s,
             {{u"OP"_s, 1, u"A1"_s, {}}, {u"79"_s, 2, u"1"_s, u"3"_s}, {u"10"_s, 1, u"5"_s, {}},
-                {u"MODE"_s, 0, u"1"_s, {}}}}));
+                {u"MODE"_s, 0, u"1"_s, {}}}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Commas, ConditionText,
-    testing::Values(ParseCase{u""_s, {}}, ParseCase{u"   "_s, {}}, ParseCase{u","_s, {}},
-        ParseCase{u"79=1,"_s, {{u"79"_s, 0, u"1"_s, {}}}},
-        ParseCase{u"79=1,,MODE=2"_s, {{u"79"_s, 0, u"1"_s, {}}, {u"MODE"_s, 0, u"2"_s, {}}}}));
+    testing::ValuesIn(std::vector<ParseCase>{
+        {u""_s, {}},
+        {u"   "_s, {}},
+        {u","_s, {}},
+        {u"79=1,"_s, {{u"79"_s, 0, u"1"_s, {}}}},
+        {u"79=1,,MODE=2"_s, {{u"79"_s, 0, u"1"_s, {}}, {u"MODE"_s, 0, u"2"_s, {}}}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Dropped, ConditionText,
-    testing::Values(ParseCase{u"X=1"_s, {}}, ParseCase{u"mode=1"_s, {}}, ParseCase{u" MODE=1"_s, {}},
-        ParseCase{u"Op=A"_s, {}}, ParseCase{u"MODE=A"_s, {}}, ParseCase{u"79=A"_s, {}}, ParseCase{u"79="_s, {}},
-        ParseCase{u"OP="_s, {}}, ParseCase{u"=5"_s, {}}, ParseCase{u"79"_s, {}}, ParseCase{u"79=1-"_s, {}},
-        ParseCase{u"79=1-x"_s, {}}, ParseCase{u"79=1d5"_s, {}}, ParseCase{u"79=1.5.2"_s, {}},
-        ParseCase{u"79=1 2"_s, {}}, ParseCase{u"79=-"_s, {}}, ParseCase{u"X=1,79=2"_s, {{u"79"_s, 0, u"2"_s, {}}}}));
+    testing::ValuesIn(std::vector<ParseCase>{
+        {u"X=1"_s, {}},
+        {u"mode=1"_s, {}},
+        {u" MODE=1"_s, {}},
+        {u"Op=A"_s, {}},
+        {u"MODE=A"_s, {}},
+        {u"79=A"_s, {}},
+        {u"79="_s, {}},
+        {u"OP="_s, {}},
+        {u"=5"_s, {}},
+        {u"79"_s, {}},
+        {u"79=1-"_s, {}},
+        {u"79=1-x"_s, {}},
+        {u"79=1d5"_s, {}},
+        {u"79=1.5.2"_s, {}},
+        {u"79=1 2"_s, {}},
+        {u"79=-"_s, {}},
+        {u"X=1,79=2"_s, {{u"79"_s, 0, u"2"_s, {}}}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(OddItems, ConditionText,
-    testing::Values(ParseCase{u"79/1=2"_s, {{u"79"_s, 0, u"12"_s, {}}}},
-        ParseCase{u"79=1/2"_s, {{u"79"_s, 1, u"12"_s, {}}}}, ParseCase{u"79=1-3/"_s, {{u"79"_s, 3, u"1"_s, u"3"_s}}},
-        ParseCase{u"79=-1"_s, {{u"79"_s, 2, u""_s, u"1"_s}}}, ParseCase{u"79 = 1"_s, {{u"79"_s, 0, u"1"_s, {}}}},
-        ParseCase{u" 79 / 1 -3 "_s, {{u"79"_s, 3, u"1"_s, u"3"_s}}},
-        ParseCase{u"OP=A-1"_s, {{u"OP"_s, 0, u"A1"_s, {}}}}, ParseCase{u"MODE=-1"_s, {{u"MODE"_s, 0, u"1"_s, {}}}},
-        ParseCase{u"7-9=1"_s, {{u"79"_s, 0, u"1"_s, {}}}}, ParseCase{u"79=1-2-3"_s, {{u"79"_s, 2, u"2"_s, u"3"_s}}},
-        ParseCase{u"OP= A 1 "_s, {{u"OP"_s, 0, u"A 1"_s, {}}}}, ParseCase{u"79=&H1A"_s, {{u"79"_s, 0, u"&H1A"_s, {}}}},
-        ParseCase{u"79=\u30001"_s, {{u"79"_s, 0, u"\u30001"_s, {}}}}));
+    testing::ValuesIn(std::vector<ParseCase>{
+        {u"79/1=2"_s, {{u"79"_s, 0, u"12"_s, {}}}},
+        {u"79=1/2"_s, {{u"79"_s, 1, u"12"_s, {}}}},
+        {u"79=1-3/"_s, {{u"79"_s, 3, u"1"_s, u"3"_s}}},
+        {u"79=-1"_s, {{u"79"_s, 2, u""_s, u"1"_s}}},
+        {u"79 = 1"_s, {{u"79"_s, 0, u"1"_s, {}}}},
+        {u" 79 / 1 -3 "_s, {{u"79"_s, 3, u"1"_s, u"3"_s}}},
+        {u"OP=A-1"_s, {{u"OP"_s, 0, u"A1"_s, {}}}},
+        {u"MODE=-1"_s, {{u"MODE"_s, 0, u"1"_s, {}}}},
+        {u"7-9=1"_s, {{u"79"_s, 0, u"1"_s, {}}}},
+        {u"79=1-2-3"_s, {{u"79"_s, 2, u"2"_s, u"3"_s}}},
+        {u"OP= A 1 "_s, {{u"OP"_s, 0, u"A 1"_s, {}}}},
+        {u"79=&H1A"_s, {{u"79"_s, 0, u"&H1A"_s, {}}}},
+        {u"79=\u30001"_s, {{u"79"_s, 0, u"\u30001"_s, {}}}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(TextOrder, ConditionText,
-    testing::Values(ParseCase{u"160=3-1"_s, {{u"160"_s, 2, u"1"_s, u"3"_s}}},
-        ParseCase{u"160=9-10"_s, {{u"160"_s, 2, u"10"_s, u"9"_s}}},
-        ParseCase{u"160=1-1"_s, {{u"160"_s, 2, u"1"_s, u"1"_s}}},
-        // The order is that of the untrimmed text: a blank sorts before any digit.
-        ParseCase{u"160=1- 3"_s, {{u"160"_s, 2, u"3"_s, u"1"_s}}}));
+    testing::ValuesIn(std::vector<ParseCase>{
+        {u"160=3-1"_s, {{u"160"_s, 2, u"1"_s, u"3"_s}}},
+        {u"160=9-10"_s, {{u"160"_s, 2, u"10"_s, u"9"_s}}},
+        {u"160=1-1"_s, {{u"160"_s, 2, u"1"_s, u"1"_s}}},
+        // The order is that of the untrimmed text: a space sorts before any digit.
+        {u"160=1- 3"_s, {{u"160"_s, 2, u"3"_s, u"1"_s}}},
+    }));
 
 class SharedConditions : public testing::Test
 {

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -112,16 +114,17 @@ TEST_P(BrokenFile, saysWhatIsWrongAndWhere)
 const int rowLength = int(firstRow.size());
 
 INSTANTIATE_TEST_SUITE_P(Files, BrokenFile,
-    testing::Values(Broken{"count of the section", fileOf(firstRow, "x"), OwnText::TypeMismatch,
-                        {0, 0, usualSection.size() + 10}, 0},
-        Broken{"condition count", fileOf(firstRow + "99999,", "2"), OwnText::Overflow, {2, 1, rowLength}, 2},
-        Broken{"end in a row", fileOf(firstRow + "0,1,2,n", "2"), OwnText::InputPastEnd, {2, 5, rowLength + 7}, 2},
-        Broken{"negative range count", fileOf("0,1,2,n,u,1,-1,-1,0,0,0,-2,\r\n", "1"), OwnText::SubscriptOutOfRange,
+    testing::ValuesIn(std::vector<Broken>{
+        {"count of the section", fileOf(firstRow, "x"), OwnText::TypeMismatch, {0, 0, usualSection.size() + 10}, 0},
+        {"condition count", fileOf(firstRow + "99999,", "2"), OwnText::Overflow, {2, 1, rowLength}, 2},
+        {"end in a row", fileOf(firstRow + "0,1,2,n", "2"), OwnText::InputPastEnd, {2, 5, rowLength + 7}, 2},
+        {"negative range count", fileOf("0,1,2,n,u,1,-1,-1,0,0,0,-2,\r\n", "1"), OwnText::SubscriptOutOfRange,
             {1, 12, 24}, 1},
-        Broken{"kind of a condition", fileOf("1,1,2,n,u,1,-1,-1,0,0,0,0,79,999,1\r\n", "1"), OwnText::Overflow,
-            {1, 14, 29}, 1},
-        Broken{"two rows too many", fileOf(firstRow + firstRow + firstRow, "1"), OwnText::SubscriptOutOfRange,
-            {3, 0, 2 * rowLength}, 2}),
+        {"kind of a condition", fileOf("1,1,2,n,u,1,-1,-1,0,0,0,0,79,999,1\r\n", "1"), OwnText::Overflow, {1, 14, 29},
+            1},
+        {"two rows too many", fileOf(firstRow + firstRow + firstRow, "1"), OwnText::SubscriptOutOfRange,
+            {3, 0, 2 * rowLength}, 2},
+    }),
     [](const auto &tested) { return QByteArray(tested.param.what).replace(' ', '_').toStdString(); });
 
 TEST(PrFileCodec, isSilentWithoutTheRowsLine)

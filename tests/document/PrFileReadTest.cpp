@@ -7,6 +7,8 @@
 
 #include <QDir>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -66,10 +68,16 @@ TEST_P(ParameterSectionLine, mustStandExactlySo)
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, ParameterSectionLine,
-    testing::Values(SectionLine{"[Paramater]\r\n", true}, SectionLine{"[Paramater]\n", true},
-        SectionLine{"x\r\n\r\n[Paramater]\r\n", true}, SectionLine{"[paramater]\r\n", false},
-        SectionLine{" [Paramater]\r\n", false}, SectionLine{"[Paramater] \r\n", false},
-        SectionLine{"[Parameter]\r\n", false}, SectionLine{"", false}));
+    testing::ValuesIn(std::vector<SectionLine>{
+        {"[Paramater]\r\n", true},
+        {"[Paramater]\n", true},
+        {"x\r\n\r\n[Paramater]\r\n", true},
+        {"[paramater]\r\n", false},
+        {" [Paramater]\r\n", false},
+        {"[Paramater] \r\n", false},
+        {"[Parameter]\r\n", false},
+        {"", false},
+    }));
 
 TEST_F(Reading, endsWellWhenTheFileEndsBehindTheSectionLine)
 {
@@ -132,14 +140,21 @@ TEST_P(ParamaterValue, isA16BitNumberOfRows)
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, ParamaterValue,
-    testing::Values(ParamaterCase{"1.5", "", u""_s, 2}, ParamaterCase{"1e2", "", u""_s, 100},
-        ParamaterCase{"many", "", u"Type mismatch"_s, 77}, ParamaterCase{"3 rows", "", u"Type mismatch"_s, 77},
-        ParamaterCase{"32768", "", u"Overflow"_s, 77}, ParamaterCase{"-1", "", u"Subscript out of range"_s, -1},
-        ParamaterCase{"-1", plainRow, u"Subscript out of range"_s, -1}, ParamaterCase{"-0.4", plainRow, u""_s, 0},
-        ParamaterCase{"-0.6", "", u"Subscript out of range"_s, -1},
-        ParamaterCase{"-2", "", u"Subscript out of range"_s, -2},
-        ParamaterCase{"-32768", "", u"Subscript out of range"_s, -32768}, ParamaterCase{"", "", u""_s, 77},
-        ParamaterCase{"32767", plainRow, u""_s, 32767}));
+    testing::ValuesIn(std::vector<ParamaterCase>{
+        {"1.5", "", u""_s, 2},
+        {"1e2", "", u""_s, 100},
+        {"many", "", u"Type mismatch"_s, 77},
+        {"3 rows", "", u"Type mismatch"_s, 77},
+        {"32768", "", u"Overflow"_s, 77},
+        {"-1", "", u"Subscript out of range"_s, -1},
+        {"-1", plainRow, u"Subscript out of range"_s, -1},
+        {"-0.4", plainRow, u""_s, 0},
+        {"-0.6", "", u"Subscript out of range"_s, -1},
+        {"-2", "", u"Subscript out of range"_s, -2},
+        {"-32768", "", u"Subscript out of range"_s, -32768},
+        {"", "", u""_s, 77},
+        {"32767", plainRow, u""_s, 32767},
+    }));
 
 TEST_F(Reading, hasNotReadWhatStandsBehindABadParamater)
 {
@@ -212,11 +227,21 @@ TEST_P(TextField, isReadByTheFieldRules)
 }
 
 INSTANTIATE_TEST_SUITE_P(Fields, TextField,
-    testing::Values(FieldCase{"", u""_s}, FieldCase{"a", u"a"_s}, FieldCase{"  a b  ", u"a b"_s},
-        FieldCase{"   ", u""_s}, FieldCase{"\"a,b\"", u"a,b"_s}, FieldCase{"  \" a \" ", u" a "_s},
-        FieldCase{"\"\"", u""_s}, FieldCase{"\"a\r\nb\"", u"a\r\nb"_s}, FieldCase{"a\"b\"", u"a\"b\""_s},
-        FieldCase{"\"a\"  ", u"a"_s}, FieldCase{"\ta", u"\ta"_s}, FieldCase{"a\rb", u"a\rb"_s},
-        FieldCase{"a much longer text than is shared", u"a much longer text than is shared"_s}));
+    testing::ValuesIn(std::vector<FieldCase>{
+        {"", u""_s},
+        {"a", u"a"_s},
+        {"  a b  ", u"a b"_s},
+        {"   ", u""_s},
+        {"\"a,b\"", u"a,b"_s},
+        {"  \" a \" ", u" a "_s},
+        {"\"\"", u""_s},
+        {"\"a\r\nb\"", u"a\r\nb"_s},
+        {"a\"b\"", u"a\"b\""_s},
+        {"\"a\"  ", u"a"_s},
+        {"\ta", u"\ta"_s},
+        {"a\rb", u"a\rb"_s},
+        {"a much longer text than is shared", u"a much longer text than is shared"_s},
+    }));
 
 TEST_F(Reading, takesACommaInANameAsTheEndOfTheField)
 {
@@ -273,18 +298,21 @@ TEST_P(BadRow, endsInItsErrorWithTheEarlierRowsRead)
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, BadRow,
-    testing::Values(BadRows{"0", u"Input past end of file"_s}, BadRows{"0,1,2,n", u"Input past end of file"_s},
-        BadRows{"\r\n", u"Input past end of file"_s},
-        BadRows{"0,1,2,n,u,1,-1,-1,0,0,0,1,0", u"Input past end of file"_s},
-        BadRows{"0,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n", u"Input past end of file"_s},
-        BadRows{"32767,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Input past end of file"_s},
-        BadRows{"1,1,2,n,u,1,-1,-1,0,0,0,0,79,2,1\r\n", u"Input past end of file"_s},
-        BadRows{"0,1,2,n,u,1,-1,-1,0,0,0,-1,0,1\r\n", u"Subscript out of range"_s},
-        BadRows{"-1,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Subscript out of range"_s},
-        BadRows{"40000,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Overflow"_s},
-        BadRows{"0,1,2,n,u,1,-1,-1,0,0,0,1,0,1e39\r\n", u"Overflow"_s},
-        BadRows{"1,1,2,n,u,1,-1,-1,0,0,0,0,79,256,1\r\n", u"Overflow"_s},
-        BadRows{"1,1,2,n,u,1,-1,-1,0,0,0,0,79,-1,1\r\n", u"Overflow"_s}));
+    testing::ValuesIn(std::vector<BadRows>{
+        {"0", u"Input past end of file"_s},
+        {"0,1,2,n", u"Input past end of file"_s},
+        {"\r\n", u"Input past end of file"_s},
+        {"0,1,2,n,u,1,-1,-1,0,0,0,1,0", u"Input past end of file"_s},
+        {"0,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n", u"Input past end of file"_s},
+        {"32767,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Input past end of file"_s},
+        {"1,1,2,n,u,1,-1,-1,0,0,0,0,79,2,1\r\n", u"Input past end of file"_s},
+        {"0,1,2,n,u,1,-1,-1,0,0,0,-1,0,1\r\n", u"Subscript out of range"_s},
+        {"-1,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Subscript out of range"_s},
+        {"40000,1,2,n,u,1,-1,-1,0,0,0,0,79,0,1\r\n", u"Overflow"_s},
+        {"0,1,2,n,u,1,-1,-1,0,0,0,1,0,1e39\r\n", u"Overflow"_s},
+        {"1,1,2,n,u,1,-1,-1,0,0,0,0,79,256,1\r\n", u"Overflow"_s},
+        {"1,1,2,n,u,1,-1,-1,0,0,0,0,79,-1,1\r\n", u"Overflow"_s},
+    }));
 
 TEST_F(Reading, takesAnExtraLineEndForTheBeginningOfARow)
 {

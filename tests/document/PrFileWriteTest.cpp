@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -209,9 +211,11 @@ TEST_P(WritingFault, isToldAndLeavesTheDocumentChanged)
 }
 
 INSTANTIATE_TEST_SUITE_P(Targets, WritingFault,
-    testing::Values(FaultyTarget{u"/dev/full"_s, u"No space left on device"_s},
-        FaultyTarget{u"/"_s, u"Is a directory"_s},
-        FaultyTarget{u"/nowhere/at all.inv"_s, u"No such file or directory"_s}));
+    testing::ValuesIn(std::vector<FaultyTarget>{
+        {u"/dev/full"_s, u"No space left on device"_s},
+        {u"/"_s, u"Is a directory"_s},
+        {u"/nowhere/at all.inv"_s, u"No such file or directory"_s},
+    }));
 
 TEST_F(Writing, runsEventsUnderTheBusyPointer)
 {

@@ -9,6 +9,7 @@
 #include "tests/support/QtPrinters.h"
 
 #include <ostream>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -92,17 +93,24 @@ TEST_P(SpoiledCell, isAskedAbout)
 
 using namespace ParameterColumn;
 INSTANTIATE_TEST_SUITE_P(Cells, SpoiledCell,
-    testing::Values(CellCase{Name, u"Torque, boost"_s, ReadBackFault::Comma},
-        CellCase{Unit, u","_s, ReadBackFault::Comma}, CellCase{Number, u"1,2"_s, ReadBackFault::Comma},
-        CellCase{HelpId, u"a\nb"_s, ReadBackFault::LineEnd}, CellCase{Name, u"a\r\nb"_s, ReadBackFault::LineEnd},
-        CellCase{Name, u"a\r\n"_s, ReadBackFault::LineEnd}, CellCase{Name, u"\""_s, ReadBackFault::LeadingQuote},
-        CellCase{Name, u"\"quoted\""_s, ReadBackFault::LeadingQuote},
-        CellCase{Name, u"\"a,b\""_s, ReadBackFault::LeadingQuote},
-        CellCase{Name, u"  \"a"_s, ReadBackFault::LeadingQuote}, CellCase{Unit, u" %"_s, ReadBackFault::EdgeBlanks},
-        CellCase{Unit, u"% "_s, ReadBackFault::EdgeBlanks}, CellCase{Unit, u" "_s, ReadBackFault::EdgeBlanks},
-        CellCase{Condition, u"OP=a\nb"_s, ReadBackFault::LineEnd},
-        CellCase{Condition, u"79=1,OP=\"a"_s, ReadBackFault::LeadingQuote},
-        CellCase{ParameterColumn::SettingRange, u"0-12345678"_s, ReadBackFault::BoundDigits}));
+    testing::ValuesIn(std::vector<CellCase>{
+        {Name, u"Torque, boost"_s, ReadBackFault::Comma},
+        {Unit, u","_s, ReadBackFault::Comma},
+        {Number, u"1,2"_s, ReadBackFault::Comma},
+        {HelpId, u"a\nb"_s, ReadBackFault::LineEnd},
+        {Name, u"a\r\nb"_s, ReadBackFault::LineEnd},
+        {Name, u"a\r\n"_s, ReadBackFault::LineEnd},
+        {Name, u"\""_s, ReadBackFault::LeadingQuote},
+        {Name, u"\"quoted\""_s, ReadBackFault::LeadingQuote},
+        {Name, u"\"a,b\""_s, ReadBackFault::LeadingQuote},
+        {Name, u"  \"a"_s, ReadBackFault::LeadingQuote},
+        {Unit, u" %"_s, ReadBackFault::EdgeBlanks},
+        {Unit, u"% "_s, ReadBackFault::EdgeBlanks},
+        {Unit, u" "_s, ReadBackFault::EdgeBlanks},
+        {Condition, u"OP=a\nb"_s, ReadBackFault::LineEnd},
+        {Condition, u"79=1,OP=\"a"_s, ReadBackFault::LeadingQuote},
+        {ParameterColumn::SettingRange, u"0-12345678"_s, ReadBackFault::BoundDigits},
+    }));
 
 TEST_F(ReadBack, asksAboutABoundThatTheGridWouldTakeForARange)
 {

@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 /// The dialogs as the editor window opens them: what reaches them from the active row, and what comes back.
@@ -98,8 +100,12 @@ TEST_P(CodeTexts, areReadAsHexadecimalUpToAnotherCharacter)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cells, CodeTexts,
-    testing::Values(CodeText{{}, u"0000"_s, {}}, CodeText{u"12G4"_s, u"0012"_s, u"12G4"_s},
-        CodeText{u"7000"_s, u"7000"_s, u"0000"_s}, CodeText{u"8001"_s, u"8001"_s, u"0001"_s}));
+    testing::ValuesIn(std::vector<CodeText>{
+        {{}, u"0000"_s, {}},
+        {u"12G4"_s, u"0012"_s, u"12G4"_s},
+        {u"7000"_s, u"7000"_s, u"0000"_s},
+        {u"8001"_s, u"8001"_s, u"0001"_s},
+    }));
 
 TEST_F(DialogCommands, reportACodeBeyondSixteenBits)
 {

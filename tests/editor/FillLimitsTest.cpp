@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,16 +37,29 @@ TEST_P(FillLimits, areThoseOfTyping)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, FillLimits,
-    testing::Values(LimitCase{number, u"0"_s, {}}, LimitCase{number, u"1000"_s, {}}, LimitCase{number, u""_s, {}},
-        LimitCase{number, u"1001"_s, FillRefusal::NotInRange}, LimitCase{number, u"-1"_s, FillRefusal::NotInRange},
-        LimitCase{number, u"x"_s, FillRefusal::NotInRange}, LimitCase{number, u"1.5"_s, FillRefusal::NotInRange},
-        LimitCase{CellType::number(1, 2), u"1.5"_s, {}},
-        LimitCase{CellType::number(1, 2), u"0.5"_s, FillRefusal::NotInRange}, LimitCase{shortText, u"abc"_s, {}},
-        LimitCase{shortText, u"abcd"_s, FillRefusal::TooLong}, LimitCase{CellType::text(), u"abcd"_s, {}},
-        LimitCase{CellType::text(), u"a\nb"_s, FillRefusal::LineBreak}, LimitCase{choice, u"No"_s, {}},
-        LimitCase{choice, u"1"_s, {}}, LimitCase{choice, u""_s, {}}, LimitCase{choice, u"2"_s, FillRefusal::NoChoice},
-        LimitCase{choice, u"no"_s, FillRefusal::NoChoice}, LimitCase{box, u"1"_s, {}}, LimitCase{box, u"0"_s, {}},
-        LimitCase{box, u"yes"_s, FillRefusal::NoChoice}));
+    testing::ValuesIn(std::vector<LimitCase>{
+        {number, u"0"_s, {}},
+        {number, u"1000"_s, {}},
+        {number, u""_s, {}},
+        {number, u"1001"_s, FillRefusal::NotInRange},
+        {number, u"-1"_s, FillRefusal::NotInRange},
+        {number, u"x"_s, FillRefusal::NotInRange},
+        {number, u"1.5"_s, FillRefusal::NotInRange},
+        {CellType::number(1, 2), u"1.5"_s, {}},
+        {CellType::number(1, 2), u"0.5"_s, FillRefusal::NotInRange},
+        {shortText, u"abc"_s, {}},
+        {shortText, u"abcd"_s, FillRefusal::TooLong},
+        {CellType::text(), u"abcd"_s, {}},
+        {CellType::text(), u"a\nb"_s, FillRefusal::LineBreak},
+        {choice, u"No"_s, {}},
+        {choice, u"1"_s, {}},
+        {choice, u""_s, {}},
+        {choice, u"2"_s, FillRefusal::NoChoice},
+        {choice, u"no"_s, FillRefusal::NoChoice},
+        {box, u"1"_s, {}},
+        {box, u"0"_s, {}},
+        {box, u"yes"_s, FillRefusal::NoChoice},
+    }));
 
 TEST(FilledText, isATickOrANumberWhereTheCellHoldsOne)
 {

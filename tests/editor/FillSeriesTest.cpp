@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,44 +49,70 @@ TEST_P(Series, goesOn)
 }
 
 INSTANTIATE_TEST_SUITE_P(Numbers, Series,
-    testing::Values(SeriesCase{u"10|20"_s, u"30|40|50"_s}, SeriesCase{u"10|20|30"_s, u"40|50"_s},
-        SeriesCase{u"7"_s, u"8|9|10"_s}, SeriesCase{u"5|5"_s, u"5|5"_s}, SeriesCase{u"30|20"_s, u"10|0|-10"_s},
-        SeriesCase{u"-2|-1"_s, u"0|1"_s}, SeriesCase{u"-5"_s, u"-4"_s}, SeriesCase{u"0.1|0.2"_s, u"0.3|0.4"_s},
-        SeriesCase{u"0.8|0.9"_s, u"1.0|1.1"_s}, SeriesCase{u"0.5"_s, u"1.5|2.5"_s},
-        SeriesCase{u"1|1.5"_s, u"2|2.5|3"_s}, SeriesCase{u"1.50|1.75"_s, u"2.00|2.25"_s},
-        SeriesCase{u".5|1"_s, u"1.5|2"_s}, SeriesCase{u"0.02|0.01"_s, u"0.00|-0.01"_s},
-        SeriesCase{u"99|100"_s, u"101"_s}, SeriesCase{u"007"_s, u"008|009|010"_s},
-        SeriesCase{u"007"_s, u"8|9"_s, SeriesRule::Counts, integer},
-        SeriesCase{u"9999999999999"_s, u"10000000000000"_s}));
+    testing::ValuesIn(std::vector<SeriesCase>{
+        {u"10|20"_s, u"30|40|50"_s},
+        {u"10|20|30"_s, u"40|50"_s},
+        {u"7"_s, u"8|9|10"_s},
+        {u"5|5"_s, u"5|5"_s},
+        {u"30|20"_s, u"10|0|-10"_s},
+        {u"-2|-1"_s, u"0|1"_s},
+        {u"-5"_s, u"-4"_s},
+        {u"0.1|0.2"_s, u"0.3|0.4"_s},
+        {u"0.8|0.9"_s, u"1.0|1.1"_s},
+        {u"0.5"_s, u"1.5|2.5"_s},
+        {u"1|1.5"_s, u"2|2.5|3"_s},
+        {u"1.50|1.75"_s, u"2.00|2.25"_s},
+        {u".5|1"_s, u"1.5|2"_s},
+        {u"0.02|0.01"_s, u"0.00|-0.01"_s},
+        {u"99|100"_s, u"101"_s},
+        {u"007"_s, u"008|009|010"_s},
+        {u"007"_s, u"8|9"_s, SeriesRule::Counts, integer},
+        {u"9999999999999"_s, u"10000000000000"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(NumbersBehindTexts, Series,
-    testing::Values(SeriesCase{u"Pr 1"_s, u"Pr 2|Pr 3"_s}, SeriesCase{u"P9"_s, u"P10|P11"_s},
-        SeriesCase{u"No. 08|No. 09"_s, u"No. 10|No. 11"_s}, SeriesCase{u"A3|A5"_s, u"A7|A9"_s},
-        SeriesCase{u"第1"_s, u"第2"_s}, SeriesCase{u"P2|P1"_s, u"P0|the end|the end"_s},
-        SeriesCase{u"Ver 1.9"_s, u"Ver 1.10"_s}, SeriesCase{u"0-0.8|0-0.9"_s, u"0-1.0"_s},
-        SeriesCase{u"A-5"_s, u"A-6"_s}, SeriesCase{u"a\n1"_s, u"a\n2"_s}));
+    testing::ValuesIn(std::vector<SeriesCase>{
+        {u"Pr 1"_s, u"Pr 2|Pr 3"_s},
+        {u"P9"_s, u"P10|P11"_s},
+        {u"No. 08|No. 09"_s, u"No. 10|No. 11"_s},
+        {u"A3|A5"_s, u"A7|A9"_s},
+        {u"第1"_s, u"第2"_s},
+        {u"P2|P1"_s, u"P0|the end|the end"_s},
+        {u"Ver 1.9"_s, u"Ver 1.10"_s},
+        {u"0-0.8|0-0.9"_s, u"0-1.0"_s},
+        {u"A-5"_s, u"A-6"_s},
+        {u"a\n1"_s, u"a\n2"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Others, Series,
-    testing::Values(SeriesCase{u"Hz"_s, u"Hz|Hz"_s}, SeriesCase{u"A|B"_s, u"A|B|A|B"_s},
-        SeriesCase{u"1|2|4"_s, u"1|2|4|1"_s}, SeriesCase{u"P1|Q2"_s, u"P1|Q2|P1"_s}, SeriesCase{u"1|x"_s, u"1|x|1"_s},
-        SeriesCase{u"12345678901234"_s, u"12345678901234"_s},
-        SeriesCase{u"9000000000000|0.5"_s, u"9000000000000|0.5"_s}, SeriesCase{u"１"_s, u"１|１"_s},
-        SeriesCase{u"0-100"_s, u"0-100|0-100"_s, SeriesRule::RepeatsOne},
-        SeriesCase{u"0-10|0-20"_s, u"0-30"_s, SeriesRule::RepeatsOne},
-        SeriesCase{u"1"_s, u"1|1"_s, SeriesRule::Counts, CellType::checkBox()},
-        SeriesCase{u"1|0.1"_s, u"1|0.1|1"_s, SeriesRule::Counts, CellType::comboBox({u"1"_s, u"0.1"_s})},
-        SeriesCase{{}, u"the end"_s}));
+    testing::ValuesIn(std::vector<SeriesCase>{
+        {u"Hz"_s, u"Hz|Hz"_s},
+        {u"A|B"_s, u"A|B|A|B"_s},
+        {u"1|2|4"_s, u"1|2|4|1"_s},
+        {u"P1|Q2"_s, u"P1|Q2|P1"_s},
+        {u"1|x"_s, u"1|x|1"_s},
+        {u"12345678901234"_s, u"12345678901234"_s},
+        {u"9000000000000|0.5"_s, u"9000000000000|0.5"_s},
+        {u"１"_s, u"１|１"_s},
+        {u"0-100"_s, u"0-100|0-100"_s, SeriesRule::RepeatsOne},
+        {u"0-10|0-20"_s, u"0-30"_s, SeriesRule::RepeatsOne},
+        {u"1"_s, u"1|1"_s, SeriesRule::Counts, CellType::checkBox()},
+        {u"1|0.1"_s, u"1|0.1|1"_s, SeriesRule::Counts, CellType::comboBox({u"1"_s, u"0.1"_s})},
+        {{}, u"the end"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Codes, Series,
-    testing::Values(SeriesCase{u"0009"_s, u"000A|000B"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"0010|0020"_s, u"0030"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"00fe"_s, u"00FF|0100"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"A"_s, u"000B"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"FFFE"_s, u"FFFF|the end"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"0001|0000"_s, u"the end"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"00G1"_s, u"00G1"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"0x1A"_s, u"0x1A"_s, SeriesRule::Hexadecimal},
-        SeriesCase{u"00010"_s, u"00010"_s, SeriesRule::Hexadecimal}));
+    testing::ValuesIn(std::vector<SeriesCase>{
+        {u"0009"_s, u"000A|000B"_s, SeriesRule::Hexadecimal},
+        {u"0010|0020"_s, u"0030"_s, SeriesRule::Hexadecimal},
+        {u"00fe"_s, u"00FF|0100"_s, SeriesRule::Hexadecimal},
+        {u"A"_s, u"000B"_s, SeriesRule::Hexadecimal},
+        {u"FFFE"_s, u"FFFF|the end"_s, SeriesRule::Hexadecimal},
+        {u"0001|0000"_s, u"the end"_s, SeriesRule::Hexadecimal},
+        {u"00G1"_s, u"00G1"_s, SeriesRule::Hexadecimal},
+        {u"0x1A"_s, u"0x1A"_s, SeriesRule::Hexadecimal},
+        {u"00010"_s, u"00010"_s, SeriesRule::Hexadecimal},
+    }));
 
 TEST(Series, countsThroughTheLargestFile)
 {
@@ -111,7 +139,18 @@ TEST_P(GivenTexts, standAboveTheFirstThatIsFree)
 }
 
 INSTANTIATE_TEST_SUITE_P(Columns, GivenTexts,
-    testing::Values(GivenCase{u"10|20||"_s, 2}, GivenCase{u"10|||"_s, 1}, GivenCase{u"1|2|3|"_s, 3},
-        GivenCase{u"1|2|9|9"_s, 2}, GivenCase{u"1"_s, 1}, GivenCase{u"||"_s, 0}, GivenCase{u"|2|3"_s, 0},
-        GivenCase{{}, 0}, GivenCase{u"10|0|0"_s, 1, u"0"_s}, GivenCase{u"0|0|0"_s, 1, u"0"_s},
-        GivenCase{u"0|10|0"_s, 2, u"0"_s}, GivenCase{u"000A|0000"_s, 1, u"0000"_s}, GivenCase{u"10||30"_s, 1}));
+    testing::ValuesIn(std::vector<GivenCase>{
+        {u"10|20||"_s, 2},
+        {u"10|||"_s, 1},
+        {u"1|2|3|"_s, 3},
+        {u"1|2|9|9"_s, 2},
+        {u"1"_s, 1},
+        {u"||"_s, 0},
+        {u"|2|3"_s, 0},
+        {{}, 0},
+        {u"10|0|0"_s, 1, u"0"_s},
+        {u"0|0|0"_s, 1, u"0"_s},
+        {u"0|10|0"_s, 2, u"0"_s},
+        {u"000A|0000"_s, 1, u"0000"_s},
+        {u"10||30"_s, 1},
+    }));

@@ -11,6 +11,8 @@
 #include <QLineEdit>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -133,45 +135,53 @@ TEST_P(Filling, changesItsCellsInOneStep)
 }
 
 INSTANTIATE_TEST_SUITE_P(Down, Filling,
-    testing::Values(FillCase{"column", {10, 2, 10, 5}, down, {10, 3, 10, 5}, u"1002\r\n1002\r\n1002"_s},
-        FillCase{"block", {1, 2, 2, 4}, down, {1, 3, 2, 4}, u"2\tParameter 2\r\n2\tParameter 2"_s},
-        FillCase{"increments that are no choice", {5, 1, 6, 2}, down, {5, 2, 6, 2}, u"1\tNo"_s, u"1\tNo"_s},
-        FillCase{"boxes", {4, 1, 4, 3}, down, {4, 2, 4, 3}, u"0\r\n0"_s, u"0"_s},
-        FillCase{"empty text", {2, 1, 2, 2}, down, {2, 2, 2, 2}, u""_s, u"\t"_s},
-        FillCase{"whole rows", {-1, 2, 13, 3}, down, {1, 3, 13, 3},
+    testing::ValuesIn(std::vector<FillCase>{
+        {"column", {10, 2, 10, 5}, down, {10, 3, 10, 5}, u"1002\r\n1002\r\n1002"_s},
+        {"block", {1, 2, 2, 4}, down, {1, 3, 2, 4}, u"2\tParameter 2\r\n2\tParameter 2"_s},
+        {"increments that are no choice", {5, 1, 6, 2}, down, {5, 2, 6, 2}, u"1\tNo"_s, u"1\tNo"_s},
+        {"boxes", {4, 1, 4, 3}, down, {4, 2, 4, 3}, u"0\r\n0"_s, u"0"_s},
+        {"empty text", {2, 1, 2, 2}, down, {2, 2, 2, 2}, u""_s, u"\t"_s},
+        {"whole rows", {-1, 2, 13, 3}, down, {1, 3, 13, 3},
             u"2\tParameter 2\t0-30\t1\t0.1\tNo\tNo\t%\t2\t1002\t0003\t1\t79=1"_s},
-        FillCase{"one row from above", {2, 5, 3, 5}, down, {2, 5, 3, 5}, u"Parameter 4\t0-30"_s},
-        FillCase{"the first row", {2, 1, 3, 1}, down, nothing, {}},
-        FillCase{"equal texts", {5, 1, 8, 12}, down, nothing, {}}));
+        {"one row from above", {2, 5, 3, 5}, down, {2, 5, 3, 5}, u"Parameter 4\t0-30"_s},
+        {"the first row", {2, 1, 3, 1}, down, nothing, {}},
+        {"equal texts", {5, 1, 8, 12}, down, nothing, {}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Right, Filling,
-    testing::Values(FillCase{"block", {5, 2, 7, 3}, right, {6, 2, 7, 3}, u"0.1\t0.1\r\n0.1\t0.1"_s},
-        FillCase{"a number into boxes", {3, 2, 4, 2}, right, {4, 2, 4, 2}, u"1"_s, u"7\t0"_s},
-        FillCase{"rows of their own", {9, 2, 10, 3}, right, {10, 2, 10, 3}, u"2\r\n3"_s},
-        FillCase{"one column from the left", {6, 2, 6, 3}, right, {6, 2, 6, 3}, u"0.1\r\n0.1"_s},
-        FillCase{"the first column", {1, 2, 1, 3}, right, nothing, {}},
-        FillCase{"whole rows", {-1, 1, 13, 2}, right, nothing, {}}));
+    testing::ValuesIn(std::vector<FillCase>{
+        {"block", {5, 2, 7, 3}, right, {6, 2, 7, 3}, u"0.1\t0.1\r\n0.1\t0.1"_s},
+        {"a number into boxes", {3, 2, 4, 2}, right, {4, 2, 4, 2}, u"1"_s, u"7\t0"_s},
+        {"rows of their own", {9, 2, 10, 3}, right, {10, 2, 10, 3}, u"2\r\n3"_s},
+        {"one column from the left", {6, 2, 6, 3}, right, {6, 2, 6, 3}, u"0.1\r\n0.1"_s},
+        {"the first column", {1, 2, 1, 3}, right, nothing, {}},
+        {"whole rows", {-1, 1, 13, 2}, right, nothing, {}},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Series, Filling,
-    testing::Values(FillCase{"numbers", {1, 1, 1, 4}, series, {1, 3, 1, 4}, u"30\r\n40"_s, u"10\r\n20\r\n\r\n"_s},
-        FillCase{"filled cells", {1, 1, 1, 4}, series, {1, 3, 1, 4}, u"30\r\n40"_s, u"10\r\n20"_s},
-        FillCase{"names", {2, 1, 2, 3}, series, {2, 2, 2, 3}, u"Speed 10\r\nSpeed 11"_s, u"Speed 9\r\n\r\n"_s},
-        FillCase{"codes", {11, 1, 11, 3}, series, {11, 2, 11, 3}, u"000A\r\n000B"_s, u"0009\r\n0000\r\n0000"_s},
-        FillCase{"each column by itself", {9, 1, 10, 3}, series, {9, 3, 10, 3}, u"0.3\t7"_s, u"0.1\t5\r\n0.2\t6"_s},
-        FillCase{"a range", {3, 1, 3, 3}, series, {3, 2, 3, 3}, u"0-9\r\n0-9"_s, u"0-9\r\n\r\n"_s},
-        FillCase{"increments", {5, 1, 5, 4}, series, {5, 3, 5, 4}, u"1\r\n0.01"_s, u"1\r\n0.01\r\nNo\r\nNo"_s},
-        FillCase{"one row from those above", {1, 12, 1, 12}, series, nothing, {}},
-        FillCase{"one row with another number", {1, 12, 1, 12}, series, {1, 12, 1, 12}, u"12"_s, u"500"_s},
-        FillCase{"one row from the one above", {2, 3, 2, 3}, series, {2, 3, 2, 3}, u"Parameter 3"_s, u"x"_s},
-        FillCase{"the first row", {1, 1, 1, 1}, series, nothing, {}},
-        FillCase{"nothing above", {1, 1, 1, 3}, series, nothing, {}, u"\r\n5"_s}));
+    testing::ValuesIn(std::vector<FillCase>{
+        {"numbers", {1, 1, 1, 4}, series, {1, 3, 1, 4}, u"30\r\n40"_s, u"10\r\n20\r\n\r\n"_s},
+        {"filled cells", {1, 1, 1, 4}, series, {1, 3, 1, 4}, u"30\r\n40"_s, u"10\r\n20"_s},
+        {"names", {2, 1, 2, 3}, series, {2, 2, 2, 3}, u"Speed 10\r\nSpeed 11"_s, u"Speed 9\r\n\r\n"_s},
+        {"codes", {11, 1, 11, 3}, series, {11, 2, 11, 3}, u"000A\r\n000B"_s, u"0009\r\n0000\r\n0000"_s},
+        {"each column by itself", {9, 1, 10, 3}, series, {9, 3, 10, 3}, u"0.3\t7"_s, u"0.1\t5\r\n0.2\t6"_s},
+        {"a range", {3, 1, 3, 3}, series, {3, 2, 3, 3}, u"0-9\r\n0-9"_s, u"0-9\r\n\r\n"_s},
+        {"increments", {5, 1, 5, 4}, series, {5, 3, 5, 4}, u"1\r\n0.01"_s, u"1\r\n0.01\r\nNo\r\nNo"_s},
+        {"one row from those above", {1, 12, 1, 12}, series, nothing, {}},
+        {"one row with another number", {1, 12, 1, 12}, series, {1, 12, 1, 12}, u"12"_s, u"500"_s},
+        {"one row from the one above", {2, 3, 2, 3}, series, {2, 3, 2, 3}, u"Parameter 3"_s, u"x"_s},
+        {"the first row", {1, 1, 1, 1}, series, nothing, {}},
+        {"nothing above", {1, 1, 1, 3}, series, nothing, {}, u"\r\n5"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Boxes, Filling,
-    testing::Values(FillCase{"all ticked", {4, 2, 4, 5}, space, {4, 2, 4, 5}, u"0\r\n0\r\n0\r\n0"_s},
-        FillCase{"none ticked", {4, 2, 4, 3}, space, {4, 2, 4, 3}, u"1\r\n1"_s, u"0\r\n0"_s},
-        FillCase{"one ticked", {4, 2, 4, 4}, space, {4, 3, 4, 4}, u"1\r\n1"_s, u"1\r\n0\r\n0"_s},
-        FillCase{"whole rows", {-1, 2, 13, 3}, space, {4, 2, 4, 3}, u"0\r\n0"_s},
-        FillCase{"with other cells", {3, 2, 5, 3}, space, {4, 2, 4, 3}, u"0\r\n0"_s}));
+    testing::ValuesIn(std::vector<FillCase>{
+        {"all ticked", {4, 2, 4, 5}, space, {4, 2, 4, 5}, u"0\r\n0\r\n0\r\n0"_s},
+        {"none ticked", {4, 2, 4, 3}, space, {4, 2, 4, 3}, u"1\r\n1"_s, u"0\r\n0"_s},
+        {"one ticked", {4, 2, 4, 4}, space, {4, 3, 4, 4}, u"1\r\n1"_s, u"1\r\n0\r\n0"_s},
+        {"whole rows", {-1, 2, 13, 3}, space, {4, 2, 4, 3}, u"0\r\n0"_s},
+        {"with other cells", {3, 2, 5, 3}, space, {4, 2, 4, 3}, u"0\r\n0"_s},
+    }));
 
 // What is typed, what is copied
 
@@ -312,22 +322,24 @@ TEST_P(RefusedFilling, tellsWhyAndChangesNothing)
 }
 
 INSTANTIATE_TEST_SUITE_P(Fills, RefusedFilling,
-    testing::Values(RefusedFill{"beyond the largest number", {1, 1, 1, 4}, series, u"980\r\n990"_s,
-                        u"Row 4, \"Pr\": only whole numbers from 0 to 1000 fit here. Nothing was filled."_s},
-        RefusedFill{"below the smallest number", {1, 1, 1, 3}, series, u"1\r\n0\r\n7"_s,
+    testing::ValuesIn(std::vector<RefusedFill>{
+        {"beyond the largest number", {1, 1, 1, 4}, series, u"980\r\n990"_s,
+            u"Row 4, \"Pr\": only whole numbers from 0 to 1000 fit here. Nothing was filled."_s},
+        {"below the smallest number", {1, 1, 1, 3}, series, u"1\r\n0\r\n7"_s,
             u"Row 3, \"Pr\": only whole numbers from 0 to 1000 fit here. Nothing was filled."_s},
-        RefusedFill{"a text into numbers", {9, 2, 10, 3}, right, u"x\t1\r\n1\t1"_s,
+        {"a text into numbers", {9, 2, 10, 3}, right, u"x\t1\r\n1\t1"_s,
             u"Row 2, \"Help ID\": only whole numbers from 0 to 32767 fit here. Nothing was filled."_s},
-        RefusedFill{"a text into boxes", {3, 2, 4, 2}, right, u"0-5"_s,
+        {"a text into boxes", {3, 2, 4, 2}, right, u"0-5"_s,
             u"Row 2, \"Range Check\": only one of these fits here: 0, 1. Nothing was filled."_s},
-        RefusedFill{"a step that is no choice", {5, 2, 5, 3}, down, u"0.5"_s,
+        {"a step that is no choice", {5, 2, 5, 3}, down, u"0.5"_s,
             u"Row 3, \"Min1\": only one of these fits here: 1, 0.1, 0.01, 0.001, No. Nothing was filled."_s},
-        RefusedFill{"a text that is too long", {2, 2, 3, 2}, right, QString(101, u'x'),
+        {"a text that is too long", {2, 2, 3, 2}, right, QString(101, u'x'),
             u"Row 2, \"Setting Range\": no more than 100 characters fit here. Nothing was filled."_s},
-        RefusedFill{"a line break", {8, 1, 9, 2}, down, u"a\u2028b"_s,
+        {"a line break", {8, 1, 9, 2}, down, u"a\u2028b"_s,
             u"Row 2, \"Unit\": no text with a line break fits here. Nothing was filled."_s},
-        RefusedFill{"a code of five digits", {11, 1, 11, 3}, series, u"FFFE\r\n0000\r\n0000"_s,
-            u"Row 3, \"Func. Code\": the series ends before this cell. Nothing was filled."_s}));
+        {"a code of five digits", {11, 1, 11, 3}, series, u"FFFE\r\n0000\r\n0000"_s,
+            u"Row 3, \"Func. Code\": the series ends before this cell. Nothing was filled."_s},
+    }));
 
 TEST_F(FillTest, whatDoesNotFitEverywhereStaysInTheEditor)
 {

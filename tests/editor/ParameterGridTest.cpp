@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 class ParameterGrid : public testing::Test
@@ -93,19 +95,21 @@ TEST_P(ParameterColumns, haveTheirHeadingsTypesAndLimits)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ParameterColumns,
-    testing::Values(ColumnCase{1, u"Pr"_s, u"Pr"_s, CellType::Kind::Integer, 0, 1000, 0},
-        ColumnCase{2, u"Name"_s, u"名称"_s, CellType::Kind::Text, 0, 0, 0},
-        ColumnCase{3, u"Setting Range"_s, u"設定範囲"_s, CellType::Kind::Text, 0, 0, 100},
-        ColumnCase{4, u"Range Check"_s, u"範囲ﾁｪｯｸ"_s, CellType::Kind::CheckBox, 0, 0, 0},
-        ColumnCase{5, u"Min1"_s, u"最小1"_s, CellType::Kind::ComboBox, 0, 0, 0},
-        ColumnCase{6, u"Min2"_s, u"最小2"_s, CellType::Kind::ComboBox, 0, 0, 0},
-        ColumnCase{7, u"Min3"_s, u"最小3"_s, CellType::Kind::ComboBox, 0, 0, 0},
-        ColumnCase{8, u"Unit"_s, u"単位"_s, CellType::Kind::Text, 0, 0, 0},
-        ColumnCase{9, u"Factory Setting"_s, u"工場出荷"_s, CellType::Kind::Text, 0, 0, 0},
-        ColumnCase{10, u"Help ID"_s, u"ﾍﾙﾌﾟID"_s, CellType::Kind::Integer, 0, 32767, 0},
-        ColumnCase{11, u"Func. Code"_s, u"機能ﾘｽﾄ"_s, CellType::Kind::Text, 0, 0, 0},
-        ColumnCase{12, u"Condition cnt."_s, u"条件数"_s, CellType::Kind::Integer, 0, 9, 0},
-        ColumnCase{13, u"Pr Read Condition"_s, u"読出不可条件"_s, CellType::Kind::Text, 0, 0, 100}));
+    testing::ValuesIn(std::vector<ColumnCase>{
+        {1, u"Pr"_s, u"Pr"_s, CellType::Kind::Integer, 0, 1000, 0},
+        {2, u"Name"_s, u"名称"_s, CellType::Kind::Text, 0, 0, 0},
+        {3, u"Setting Range"_s, u"設定範囲"_s, CellType::Kind::Text, 0, 0, 100},
+        {4, u"Range Check"_s, u"範囲ﾁｪｯｸ"_s, CellType::Kind::CheckBox, 0, 0, 0},
+        {5, u"Min1"_s, u"最小1"_s, CellType::Kind::ComboBox, 0, 0, 0},
+        {6, u"Min2"_s, u"最小2"_s, CellType::Kind::ComboBox, 0, 0, 0},
+        {7, u"Min3"_s, u"最小3"_s, CellType::Kind::ComboBox, 0, 0, 0},
+        {8, u"Unit"_s, u"単位"_s, CellType::Kind::Text, 0, 0, 0},
+        {9, u"Factory Setting"_s, u"工場出荷"_s, CellType::Kind::Text, 0, 0, 0},
+        {10, u"Help ID"_s, u"ﾍﾙﾌﾟID"_s, CellType::Kind::Integer, 0, 32767, 0},
+        {11, u"Func. Code"_s, u"機能ﾘｽﾄ"_s, CellType::Kind::Text, 0, 0, 0},
+        {12, u"Condition cnt."_s, u"条件数"_s, CellType::Kind::Integer, 0, 9, 0},
+        {13, u"Pr Read Condition"_s, u"読出不可条件"_s, CellType::Kind::Text, 0, 0, 100},
+    }));
 
 TEST_F(ParameterGrid, showsEveryFieldInItsColumn)
 {
@@ -147,9 +151,17 @@ TEST_P(FunctionCodes, areShownAsFourDigits)
 }
 
 INSTANTIATE_TEST_SUITE_P(Stored, FunctionCodes,
-    testing::Values(CodeCase{u"0"_s, u"0000"_s}, CodeCase{u"10"_s, u"000A"_s}, CodeCase{u"-1"_s, u"FFFF"_s},
-        CodeCase{u"65535"_s, u"FFFF"_s}, CodeCase{u"-32768"_s, u"8000"_s}, CodeCase{u"32767"_s, u"7FFF"_s},
-        CodeCase{u""_s, u"0000"_s}, CodeCase{u"65536"_s, u"0000"_s}, CodeCase{u"1e300"_s, u"8000"_s}));
+    testing::ValuesIn(std::vector<CodeCase>{
+        {u"0"_s, u"0000"_s},
+        {u"10"_s, u"000A"_s},
+        {u"-1"_s, u"FFFF"_s},
+        {u"65535"_s, u"FFFF"_s},
+        {u"-32768"_s, u"8000"_s},
+        {u"32767"_s, u"7FFF"_s},
+        {u""_s, u"0000"_s},
+        {u"65536"_s, u"0000"_s},
+        {u"1e300"_s, u"8000"_s},
+    }));
 
 TEST_F(ParameterGrid, showsTextsThatCouldNotBeTyped)
 {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <vector>
 
 struct ShapeCase
 {
@@ -20,13 +21,15 @@ TEST_P(CopiedShape, remembersKindWidthAndHeight)
 }
 
 INSTANTIATE_TEST_SUITE_P(Selections, CopiedShape,
-    testing::Values(ShapeCase{{3, 5, 3, 5}, {ClipboardRecord::OneCell, 0, 0}},
-        ShapeCase{{3, 5, 4, 5}, {ClipboardRecord::Block, 1, 0}},
-        ShapeCase{{3, 5, 3, 9}, {ClipboardRecord::Block, 0, 4}},
-        ShapeCase{{1, 1, 13, 2}, {ClipboardRecord::Block, 12, 1}},
-        ShapeCase{{-1, 3, 13, 3}, {ClipboardRecord::WholeRows, 0, 0}},
-        ShapeCase{{-1, 3, 13, 5}, {ClipboardRecord::WholeRows, 0, 2}},
-        ShapeCase{{-1, 1, 13, 32767}, {ClipboardRecord::WholeRows, 0, 32766}}));
+    testing::ValuesIn(std::vector<ShapeCase>{
+        {{3, 5, 3, 5}, {ClipboardRecord::OneCell, 0, 0}},
+        {{3, 5, 4, 5}, {ClipboardRecord::Block, 1, 0}},
+        {{3, 5, 3, 9}, {ClipboardRecord::Block, 0, 4}},
+        {{1, 1, 13, 2}, {ClipboardRecord::Block, 12, 1}},
+        {{-1, 3, 13, 3}, {ClipboardRecord::WholeRows, 0, 0}},
+        {{-1, 3, 13, 5}, {ClipboardRecord::WholeRows, 0, 2}},
+        {{-1, 1, 13, 32767}, {ClipboardRecord::WholeRows, 0, 32766}},
+    }));
 
 struct TargetCase
 {
@@ -47,14 +50,16 @@ TEST_P(BlockPasteTarget, isCutAtTheEdgeAndRefusesAnotherSize)
 }
 
 INSTANTIATE_TEST_SUITE_P(Selections, BlockPasteTarget,
-    testing::Values(TargetCase{{ClipboardRecord::Block, 1, 2}, {2, 3, 2, 3}, GridBlock{2, 3, 3, 5}},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {13, 3, 13, 3}, GridBlock{13, 3, 13, 5}},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {13, 19, 13, 19}, GridBlock{13, 19, 13, 20}},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {2, 3, 3, 5}, GridBlock{2, 3, 3, 5}},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {2, 3, 3, 4}, std::nullopt},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {2, 3, 4, 5}, std::nullopt},
-        TargetCase{{ClipboardRecord::Block, 1, 2}, {2, 3, 2, 4}, std::nullopt},
-        TargetCase{{ClipboardRecord::Block, 12, 2}, {-1, 3, 13, 5}, std::nullopt}));
+    testing::ValuesIn(std::vector<TargetCase>{
+        {{ClipboardRecord::Block, 1, 2}, {2, 3, 2, 3}, GridBlock{2, 3, 3, 5}},
+        {{ClipboardRecord::Block, 1, 2}, {13, 3, 13, 3}, GridBlock{13, 3, 13, 5}},
+        {{ClipboardRecord::Block, 1, 2}, {13, 19, 13, 19}, GridBlock{13, 19, 13, 20}},
+        {{ClipboardRecord::Block, 1, 2}, {2, 3, 3, 5}, GridBlock{2, 3, 3, 5}},
+        {{ClipboardRecord::Block, 1, 2}, {2, 3, 3, 4}, std::nullopt},
+        {{ClipboardRecord::Block, 1, 2}, {2, 3, 4, 5}, std::nullopt},
+        {{ClipboardRecord::Block, 1, 2}, {2, 3, 2, 4}, std::nullopt},
+        {{ClipboardRecord::Block, 12, 2}, {-1, 3, 13, 5}, std::nullopt},
+    }));
 
 TEST(RowsPasteTarget, isCutAtTheLastRow)
 {

@@ -11,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 // Acts
@@ -52,13 +54,23 @@ TEST_P(UndoEachAct, takesItBackInOneStepAndMakesItAgain)
 }
 
 INSTANTIATE_TEST_SUITE_P(Acts, UndoEachAct,
-    testing::Values(Act{"typing", &UndoTest::type}, Act{"Delete key", &UndoTest::pressDelete},
-        Act{"Cut", &UndoTest::cut}, Act{"Paste of a foreign text", &UndoTest::pasteForeignText},
-        Act{"Paste of a block", &UndoTest::pasteBlock}, Act{"Paste of rows", &UndoTest::pasteRows},
-        Act{"Add Paste", &UndoTest::addPaste}, Act{"Add", &UndoTest::addLine}, Act{"Delete", &UndoTest::deleteLines},
-        Act{"Delete of the last rows", &UndoTest::deleteLastLines}, Act{"check box by key", &UndoTest::toggleByKey},
-        Act{"check box by mouse", &UndoTest::toggleByMouse}, Act{"choice from a list", &UndoTest::chooseFromList},
-        Act{"functional list code", &UndoTest::editFuncCode}, Act{"read conditions", &UndoTest::editConditions}));
+    testing::ValuesIn(std::vector<Act>{
+        {"typing", &UndoTest::type},
+        {"Delete key", &UndoTest::pressDelete},
+        {"Cut", &UndoTest::cut},
+        {"Paste of a foreign text", &UndoTest::pasteForeignText},
+        {"Paste of a block", &UndoTest::pasteBlock},
+        {"Paste of rows", &UndoTest::pasteRows},
+        {"Add Paste", &UndoTest::addPaste},
+        {"Add", &UndoTest::addLine},
+        {"Delete", &UndoTest::deleteLines},
+        {"Delete of the last rows", &UndoTest::deleteLastLines},
+        {"check box by key", &UndoTest::toggleByKey},
+        {"check box by mouse", &UndoTest::toggleByMouse},
+        {"choice from a list", &UndoTest::chooseFromList},
+        {"functional list code", &UndoTest::editFuncCode},
+        {"read conditions", &UndoTest::editConditions},
+    }));
 
 // What is selected and seen
 
@@ -94,14 +106,16 @@ TEST_P(UndoPlace, isSelectedAndScrolledIntoView)
 }
 
 INSTANTIATE_TEST_SUITE_P(Acts, UndoPlace,
-    testing::Values(Place{{"typing", &UndoTest::type}, {2, 5, 2, 5}, {2, 5, 2, 5}},
-        Place{{"Delete key", &UndoTest::pressDelete}, {2, 3, 4, 5}, {2, 3, 4, 5}},
-        Place{{"Paste of a block", &UndoTest::pasteBlock}, {2, 7, 4, 10}, {2, 7, 4, 10}},
-        Place{{"Paste of rows", &UndoTest::pasteRows}, {-1, 6, 13, 8}, {-1, 6, 13, 8}},
-        Place{{"Add", &UndoTest::addLine}, {3, 4, 3, 4}, {3, 4, 3, 4}},
-        Place{{"Delete", &UndoTest::deleteLines}, {-1, 3, 13, 5}, {1, 3, 1, 3}},
-        Place{{"functional list code", &UndoTest::editFuncCode}, {11, 3, 11, 3}, {11, 3, 11, 3}},
-        Place{{"read conditions", &UndoTest::editConditions}, {12, 3, 13, 3}, {12, 3, 13, 3}}));
+    testing::ValuesIn(std::vector<Place>{
+        {{"typing", &UndoTest::type}, {2, 5, 2, 5}, {2, 5, 2, 5}},
+        {{"Delete key", &UndoTest::pressDelete}, {2, 3, 4, 5}, {2, 3, 4, 5}},
+        {{"Paste of a block", &UndoTest::pasteBlock}, {2, 7, 4, 10}, {2, 7, 4, 10}},
+        {{"Paste of rows", &UndoTest::pasteRows}, {-1, 6, 13, 8}, {-1, 6, 13, 8}},
+        {{"Add", &UndoTest::addLine}, {3, 4, 3, 4}, {3, 4, 3, 4}},
+        {{"Delete", &UndoTest::deleteLines}, {-1, 3, 13, 5}, {1, 3, 1, 3}},
+        {{"functional list code", &UndoTest::editFuncCode}, {11, 3, 11, 3}, {11, 3, 11, 3}},
+        {{"read conditions", &UndoTest::editConditions}, {12, 3, 13, 3}, {12, 3, 13, 3}},
+    }));
 
 TEST_F(UndoTest, showsTheNumberThatCameBack)
 {

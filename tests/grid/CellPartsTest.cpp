@@ -14,6 +14,7 @@
 
 #include <array>
 #include <cmath>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -101,13 +102,18 @@ TEST_P(BlockTextRows, areTakenApart)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, BlockTextRows,
-    testing::Values(BlockCase{u""_s, {{u""_s}}, false}, BlockCase{u"a"_s, {{u"a"_s}}, false},
-        BlockCase{u"a\tb"_s, {{u"a"_s, u"b"_s}}, false}, BlockCase{u"\t\t"_s, {{u""_s, u""_s, u""_s}}, false},
-        BlockCase{u"a\r\nb"_s, {{u"a"_s}, {u"b"_s}}, false}, BlockCase{u"a\nb\n"_s, {{u"a"_s}, {u"b"_s}}, true},
-        BlockCase{u"a\rb\r\n"_s, {{u"a"_s}, {u"b"_s}}, true},
-        BlockCase{u"a\r\n\r\nb"_s, {{u"a"_s}, {u""_s}, {u"b"_s}}, false},
-        BlockCase{u"\n\r"_s, {{u""_s}, {u""_s}}, true},
-        BlockCase{u"a\tb\r\nc\t"_s, {{u"a"_s, u"b"_s}, {u"c"_s, u""_s}}, false}));
+    testing::ValuesIn(std::vector<BlockCase>{
+        {u""_s, {{u""_s}}, false},
+        {u"a"_s, {{u"a"_s}}, false},
+        {u"a\tb"_s, {{u"a"_s, u"b"_s}}, false},
+        {u"\t\t"_s, {{u""_s, u""_s, u""_s}}, false},
+        {u"a\r\nb"_s, {{u"a"_s}, {u"b"_s}}, false},
+        {u"a\nb\n"_s, {{u"a"_s}, {u"b"_s}}, true},
+        {u"a\rb\r\n"_s, {{u"a"_s}, {u"b"_s}}, true},
+        {u"a\r\n\r\nb"_s, {{u"a"_s}, {u""_s}, {u"b"_s}}, false},
+        {u"\n\r"_s, {{u""_s}, {u""_s}}, true},
+        {u"a\tb\r\nc\t"_s, {{u"a"_s, u"b"_s}, {u"c"_s, u""_s}}, false},
+    }));
 
 TEST(CellRows, readsAnEmptyLastCellOfAColumnBack)
 {
@@ -150,9 +156,16 @@ TEST_P(OnOneLine, standsWhatIsPastedAndComposed)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, OnOneLine,
-    testing::Values(LineCase{u""_s, u""_s}, LineCase{u"a\tb"_s, u"a\tb"_s}, LineCase{u"a\r\n"_s, u"a"_s},
-        LineCase{u"a\n\n"_s, u"a"_s}, LineCase{u"\r\n"_s, u""_s}, LineCase{u"a\r\nb\rc\nd"_s, u"a b c d"_s},
-        LineCase{u"\na"_s, u" a"_s}, LineCase{u"a\u2028b\u2029c\u2029"_s, u"a b c"_s}));
+    testing::ValuesIn(std::vector<LineCase>{
+        {u""_s, u""_s},
+        {u"a\tb"_s, u"a\tb"_s},
+        {u"a\r\n"_s, u"a"_s},
+        {u"a\n\n"_s, u"a"_s},
+        {u"\r\n"_s, u""_s},
+        {u"a\r\nb\rc\nd"_s, u"a b c d"_s},
+        {u"\na"_s, u" a"_s},
+        {u"a\u2028b\u2029c\u2029"_s, u"a b c"_s},
+    }));
 
 // Typing
 
@@ -174,27 +187,29 @@ TEST_P(CellInputCheck, knowsWhatACellTakes)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, CellInputCheck,
-    testing::Values(InputCase{CellType::integer(0, 9), u""_s, QValidator::Acceptable},
-        InputCase{CellType::integer(0, 9), u"9"_s, QValidator::Acceptable},
-        InputCase{CellType::integer(0, 9), u"10"_s, QValidator::Invalid},
-        InputCase{CellType::integer(0, 9), u"-"_s, QValidator::Invalid},
-        InputCase{CellType::integer(0, 9), u"1.0"_s, QValidator::Invalid},
-        InputCase{CellType::integer(0, 9), u"０"_s, QValidator::Invalid},
-        InputCase{CellType::integer(0, 9), u"99999999999999999999"_s, QValidator::Invalid},
-        InputCase{CellType::integer(0, 32767), u"032767"_s, QValidator::Acceptable},
-        InputCase{CellType::integer(0, 32767), u"32768"_s, QValidator::Invalid},
-        InputCase{CellType::integer(5, 20), u"1"_s, QValidator::Intermediate},
-        InputCase{CellType::integer(-20, 20), u"-"_s, QValidator::Intermediate},
-        InputCase{CellType::integer(-20, 20), u"-20"_s, QValidator::Acceptable},
-        InputCase{CellType::integer(-20, 20), u"-21"_s, QValidator::Invalid},
-        InputCase{CellType::number(0, 3600), u"3600"_s, QValidator::Acceptable},
-        InputCase{CellType::number(0, 3600), u"3600.1"_s, QValidator::Invalid},
-        InputCase{CellType::number(0, 3600), u"."_s, QValidator::Intermediate},
-        InputCase{CellType::number(0, 3600), u".5"_s, QValidator::Acceptable},
-        InputCase{CellType::number(0, 3600), u"1.5.1"_s, QValidator::Invalid},
-        InputCase{CellType::text(3), u"abc"_s, QValidator::Acceptable},
-        InputCase{CellType::text(3), u"abcd"_s, QValidator::Invalid},
-        InputCase{CellType::text(), u"any length"_s, QValidator::Acceptable}));
+    testing::ValuesIn(std::vector<InputCase>{
+        {CellType::integer(0, 9), u""_s, QValidator::Acceptable},
+        {CellType::integer(0, 9), u"9"_s, QValidator::Acceptable},
+        {CellType::integer(0, 9), u"10"_s, QValidator::Invalid},
+        {CellType::integer(0, 9), u"-"_s, QValidator::Invalid},
+        {CellType::integer(0, 9), u"1.0"_s, QValidator::Invalid},
+        {CellType::integer(0, 9), u"０"_s, QValidator::Invalid},
+        {CellType::integer(0, 9), u"99999999999999999999"_s, QValidator::Invalid},
+        {CellType::integer(0, 32767), u"032767"_s, QValidator::Acceptable},
+        {CellType::integer(0, 32767), u"32768"_s, QValidator::Invalid},
+        {CellType::integer(5, 20), u"1"_s, QValidator::Intermediate},
+        {CellType::integer(-20, 20), u"-"_s, QValidator::Intermediate},
+        {CellType::integer(-20, 20), u"-20"_s, QValidator::Acceptable},
+        {CellType::integer(-20, 20), u"-21"_s, QValidator::Invalid},
+        {CellType::number(0, 3600), u"3600"_s, QValidator::Acceptable},
+        {CellType::number(0, 3600), u"3600.1"_s, QValidator::Invalid},
+        {CellType::number(0, 3600), u"."_s, QValidator::Intermediate},
+        {CellType::number(0, 3600), u".5"_s, QValidator::Acceptable},
+        {CellType::number(0, 3600), u"1.5.1"_s, QValidator::Invalid},
+        {CellType::text(3), u"abc"_s, QValidator::Acceptable},
+        {CellType::text(3), u"abcd"_s, QValidator::Invalid},
+        {CellType::text(), u"any length"_s, QValidator::Acceptable},
+    }));
 
 TEST(CellInput, ticksEveryNumberOtherThanZero)
 {

@@ -7,6 +7,7 @@
 #include <QFont>
 
 #include <cmath>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -42,12 +43,17 @@ TEST_P(CellText, showsWhereItIsCut)
 }
 
 INSTANTIATE_TEST_SUITE_P(, CellText,
-    testing::Values(CutText{u"speed"_s, u"speed"_s, u"speed"_s},
-        CutText{u"speed limit"_s, u"speed\u2026"_s, u"speed\u2026"_s},
-        CutText{u"99,9999"_s, u"99,9999"_s, u"99,9999"_s}, CutText{u"99,9999"_s, u"###"_s, u"###"_s},
-        CutText{u"-12.5"_s, u"##"_s, u"##"_s}, CutText{u"1234567"_s, u"i"_s, u"#"_s},
-        CutText{u"0-100,200"_s, u"0-1\u2026"_s, u"0-1\u2026"_s}, CutText{u""_s, u""_s, u""_s},
-        CutText{u"one\r\ntwo"_s, u"one\u2026"_s, u"one\u2026"_s}));
+    testing::ValuesIn(std::vector<CutText>{
+        {u"speed"_s, u"speed"_s, u"speed"_s},
+        {u"speed limit"_s, u"speed\u2026"_s, u"speed\u2026"_s},
+        {u"99,9999"_s, u"99,9999"_s, u"99,9999"_s},
+        {u"99,9999"_s, u"###"_s, u"###"_s},
+        {u"-12.5"_s, u"##"_s, u"##"_s},
+        {u"1234567"_s, u"i"_s, u"#"_s},
+        {u"0-100,200"_s, u"0-1\u2026"_s, u"0-1\u2026"_s},
+        {u""_s, u""_s, u""_s},
+        {u"one\r\ntwo"_s, u"one\u2026"_s, u"one\u2026"_s},
+    }));
 
 TEST(CellTextLines, areShownAsFarAsTheyFit)
 {

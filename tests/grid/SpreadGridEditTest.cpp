@@ -16,6 +16,8 @@
 #include <QScrollBar>
 #include <QToolTip>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 // Typing
@@ -48,28 +50,32 @@ TEST_P(SpreadGridTyping, takesWhatTheCellTypeTakes)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cells, SpreadGridTyping,
-    testing::Values(TypingCase{1, u"7"_s, u"1000"_s, u"1000"_s},
-        TypingCase{1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
-        TypingCase{1, u"7"_s, u"-5"_s, u"5"_s}, //
-        TypingCase{1, u"7"_s, u"0x1"_s, u"1"_s}, //
-        TypingCase{1, u"5"_s, u"007"_s, u"7"_s}, //
-        TypingCase{1, u"5"_s, u"000"_s, u"0"_s}, //
-        TypingCase{1, u"007"_s, u"07"_s, u"7"_s}, //
-        TypingCase{6, u""_s, u"1."_s, u"1"_s}, //
-        TypingCase{6, u""_s, u".5"_s, u"0.5"_s}, //
-        TypingCase{6, u""_s, u"00.50"_s, u"0.50"_s}, //
-        TypingCase{6, u""_s, u"0."_s, u"0"_s}, //
-        TypingCase{5, u"1"_s, u"No"_s, u"No"_s}, // though it is not in the list
-        TypingCase{5, u"1"_s, u"no"_s, u"No"_s}, //
-        TypingCase{5, u"1"_s, u"x"_s, u"1"_s}, //
-        TypingCase{1, u"A1"_s, u"z"_s, u"A1"_s}, //
-        TypingCase{1, u"A1"_s, u"12"_s, u"12"_s}, //
-        TypingCase{2, u"old"_s, u"a new name"_s, u"a new name"_s}, TypingCase{3, u"old"_s, u"123456"_s, u"12345"_s},
-        TypingCase{5, u"No"_s, u"0"_s, u"0.1"_s}, //
-        TypingCase{5, u"No"_s, u"0.01"_s, u"0.01"_s}, TypingCase{6, u""_s, u"3600.5"_s, u"3600"_s}, // beyond the limit
-        TypingCase{6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
-        TypingCase{6, u""_s, u"1e5"_s, u"15"_s}, //
-        TypingCase{6, u""_s, u"1.2.3"_s, u"1.23"_s}));
+    testing::ValuesIn(std::vector<TypingCase>{
+        {1, u"7"_s, u"1000"_s, u"1000"_s},
+        {1, u"7"_s, u"1001"_s, u"100"_s}, // the last 1 is refused
+        {1, u"7"_s, u"-5"_s, u"5"_s},
+        {1, u"7"_s, u"0x1"_s, u"1"_s},
+        {1, u"5"_s, u"007"_s, u"7"_s},
+        {1, u"5"_s, u"000"_s, u"0"_s},
+        {1, u"007"_s, u"07"_s, u"7"_s},
+        {6, u""_s, u"1."_s, u"1"_s},
+        {6, u""_s, u".5"_s, u"0.5"_s},
+        {6, u""_s, u"00.50"_s, u"0.50"_s},
+        {6, u""_s, u"0."_s, u"0"_s},
+        {5, u"1"_s, u"No"_s, u"No"_s}, // though it is not in the list
+        {5, u"1"_s, u"no"_s, u"No"_s},
+        {5, u"1"_s, u"x"_s, u"1"_s},
+        {1, u"A1"_s, u"z"_s, u"A1"_s},
+        {1, u"A1"_s, u"12"_s, u"12"_s},
+        {2, u"old"_s, u"a new name"_s, u"a new name"_s},
+        {3, u"old"_s, u"123456"_s, u"12345"_s},
+        {5, u"No"_s, u"0"_s, u"0.1"_s},
+        {5, u"No"_s, u"0.01"_s, u"0.01"_s},
+        {6, u""_s, u"3600.5"_s, u"3600"_s}, // beyond the limit
+        {6, u""_s, u"1.50"_s, u"1.50"_s}, // as it was typed
+        {6, u""_s, u"1e5"_s, u"15"_s},
+        {6, u""_s, u"1.2.3"_s, u"1.23"_s},
+    }));
 
 TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
 {
@@ -148,10 +154,12 @@ TEST_P(Refusal, isShownByAMarkAndATip)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cells, Refusal,
-    testing::Values(RefusalCase{1, u"1001"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
-        RefusalCase{1, u"5x"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
-        RefusalCase{6, u"3601"_s, u"Only numbers from 0 to 3600 can be entered here."_s},
-        RefusalCase{3, u"123456"_s, u"No more than 5 characters can be entered here."_s}));
+    testing::ValuesIn(std::vector<RefusalCase>{
+        {1, u"1001"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
+        {1, u"5x"_s, u"Only whole numbers from 0 to 1000 can be entered here."_s},
+        {6, u"3601"_s, u"Only numbers from 0 to 3600 can be entered here."_s},
+        {3, u"123456"_s, u"No more than 5 characters can be entered here."_s},
+    }));
 
 TEST(SpreadGridEdit, goesOnBehindThePresentTextWithF2)
 {
@@ -404,15 +412,17 @@ TEST_P(SpreadGridClipboardKeys, askForTheCommand)
 }
 
 INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridClipboardKeys,
-    testing::Values(ClipboardKey{Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
-        ClipboardKey{Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
-        ClipboardKey{Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
-        ClipboardKey{Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
-        ClipboardKey{Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
-        ClipboardKey{Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested},
-        ClipboardKey{Qt::Key_Z, Qt::ControlModifier, &SpreadGrid::undoRequested},
-        ClipboardKey{Qt::Key_Y, Qt::ControlModifier, &SpreadGrid::redoRequested},
-        ClipboardKey{Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::redoRequested}));
+    testing::ValuesIn(std::vector<ClipboardKey>{
+        {Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
+        {Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
+        {Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
+        {Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
+        {Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
+        {Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested},
+        {Qt::Key_Z, Qt::ControlModifier, &SpreadGrid::undoRequested},
+        {Qt::Key_Y, Qt::ControlModifier, &SpreadGrid::redoRequested},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::redoRequested},
+    }));
 
 // Several cells at once
 

@@ -13,6 +13,8 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -93,8 +95,11 @@ TEST_P(SpreadGridLineEnd, isNotAddedToATextOfSeveralLines)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ways, SpreadGridLineEnd,
-    testing::Values(InsertionWay{"paste", pasteIntoEditor}, InsertionWay{"drop", dropIntoEditor},
-        InsertionWay{"input method", composeIntoEditor}));
+    testing::ValuesIn(std::vector<InsertionWay>{
+        {"paste", pasteIntoEditor},
+        {"drop", dropIntoEditor},
+        {"input method", composeIntoEditor},
+    }));
 
 TEST(SpreadGridLineEnds, leaveNoBlankInTheMiddleOfAText)
 {

@@ -10,6 +10,8 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 // Keys
@@ -45,20 +47,34 @@ constexpr auto shift = Qt::ShiftModifier;
 constexpr auto ctrl = Qt::ControlModifier;
 
 INSTANTIATE_TEST_SUITE_P(Keys, SpreadGridKeys,
-    testing::Values(KeyCase{3, 3, Qt::Key_Down, plain, {3, 4, 3, 4}}, KeyCase{3, 3, Qt::Key_Up, plain, {3, 2, 3, 2}},
-        KeyCase{3, 1, Qt::Key_Up, plain, {3, 1, 3, 1}}, KeyCase{3, 3, Qt::Key_Left, plain, {1, 3, 1, 3}},
-        KeyCase{1, 3, Qt::Key_Right, plain, {3, 3, 3, 3}}, KeyCase{6, 3, Qt::Key_Right, plain, {6, 3, 6, 3}},
-        KeyCase{6, 3, Qt::Key_Tab, plain, {1, 4, 1, 4}}, KeyCase{1, 4, Qt::Key_Backtab, shift, {6, 3, 6, 3}},
-        KeyCase{3, 3, Qt::Key_Return, plain, {3, 4, 3, 4}},
-        KeyCase{3, 3, Qt::Key_Enter, shift | Qt::KeypadModifier, {3, 2, 3, 2}},
-        KeyCase{3, 20, Qt::Key_Return, plain, {3, 20, 3, 20}}, KeyCase{5, 3, Qt::Key_Home, plain, {1, 3, 1, 3}},
-        KeyCase{3, 3, Qt::Key_End, plain, {6, 3, 6, 3}}, KeyCase{5, 3, Qt::Key_Home, ctrl, {1, 1, 1, 1}},
-        KeyCase{3, 3, Qt::Key_End, ctrl, {6, 20, 6, 20}}, KeyCase{1, 1, Qt::Key_Down, ctrl, {1, 5, 1, 5}},
-        KeyCase{1, 5, Qt::Key_Down, ctrl, {1, 9, 1, 9}}, KeyCase{1, 9, Qt::Key_Down, ctrl, {1, 20, 1, 20}},
-        KeyCase{1, 9, Qt::Key_Up, ctrl, {1, 5, 1, 5}}, KeyCase{1, 3, Qt::Key_Right, ctrl, {3, 3, 3, 3}},
-        KeyCase{3, 3, Qt::Key_Down, shift, {3, 3, 3, 4}}, KeyCase{3, 3, Qt::Key_Left, shift, {1, 3, 3, 3}},
-        KeyCase{3, 3, Qt::Key_End, shift | ctrl, {3, 3, 6, 20}}, KeyCase{3, 3, Qt::Key_Space, ctrl, {3, 1, 3, 20}},
-        KeyCase{3, 3, Qt::Key_Space, shift, {-1, 3, 6, 3}}, KeyCase{3, 3, Qt::Key_A, ctrl, {-1, 1, 6, 20}}));
+    testing::ValuesIn(std::vector<KeyCase>{
+        {3, 3, Qt::Key_Down, plain, {3, 4, 3, 4}},
+        {3, 3, Qt::Key_Up, plain, {3, 2, 3, 2}},
+        {3, 1, Qt::Key_Up, plain, {3, 1, 3, 1}},
+        {3, 3, Qt::Key_Left, plain, {1, 3, 1, 3}},
+        {1, 3, Qt::Key_Right, plain, {3, 3, 3, 3}},
+        {6, 3, Qt::Key_Right, plain, {6, 3, 6, 3}},
+        {6, 3, Qt::Key_Tab, plain, {1, 4, 1, 4}},
+        {1, 4, Qt::Key_Backtab, shift, {6, 3, 6, 3}},
+        {3, 3, Qt::Key_Return, plain, {3, 4, 3, 4}},
+        {3, 3, Qt::Key_Enter, shift | Qt::KeypadModifier, {3, 2, 3, 2}},
+        {3, 20, Qt::Key_Return, plain, {3, 20, 3, 20}},
+        {5, 3, Qt::Key_Home, plain, {1, 3, 1, 3}},
+        {3, 3, Qt::Key_End, plain, {6, 3, 6, 3}},
+        {5, 3, Qt::Key_Home, ctrl, {1, 1, 1, 1}},
+        {3, 3, Qt::Key_End, ctrl, {6, 20, 6, 20}},
+        {1, 1, Qt::Key_Down, ctrl, {1, 5, 1, 5}},
+        {1, 5, Qt::Key_Down, ctrl, {1, 9, 1, 9}},
+        {1, 9, Qt::Key_Down, ctrl, {1, 20, 1, 20}},
+        {1, 9, Qt::Key_Up, ctrl, {1, 5, 1, 5}},
+        {1, 3, Qt::Key_Right, ctrl, {3, 3, 3, 3}},
+        {3, 3, Qt::Key_Down, shift, {3, 3, 3, 4}},
+        {3, 3, Qt::Key_Left, shift, {1, 3, 3, 3}},
+        {3, 3, Qt::Key_End, shift | ctrl, {3, 3, 6, 20}},
+        {3, 3, Qt::Key_Space, ctrl, {3, 1, 3, 20}},
+        {3, 3, Qt::Key_Space, shift, {-1, 3, 6, 3}},
+        {3, 3, Qt::Key_A, ctrl, {-1, 1, 6, 20}},
+    }));
 
 TEST(SpreadGridSelect, keepsTheActiveCellWhereAnExtensionBegan)
 {

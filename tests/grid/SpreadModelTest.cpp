@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <random>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -282,11 +283,18 @@ TEST_P(SpreadModelBlockText, joinsCellsByTabsAndRowsByLineEnds)
 }
 
 INSTANTIATE_TEST_SUITE_P(Blocks, SpreadModelBlockText,
-    testing::Values(BlockTextCase{{1, 1, 2, 2}, u"a\tb\r\nc\td"_s}, BlockTextCase{{2, 1, 2, 1}, u"b"_s},
-        BlockTextCase{{0, 1, 2, 2}, u"1\ta\tb\r\n2\tc\td"_s}, BlockTextCase{{0, 0, 2, 1}, u"No\tA\tB\r\n1\ta\tb"_s},
-        BlockTextCase{{0, 1, 0, 2}, u"1\r\n2"_s}, BlockTextCase{{-1, -1, -1, -1}, u"a\tb\r\nc\td"_s},
-        BlockTextCase{{-1, 2, 2, 2}, u"c\td"_s}, BlockTextCase{{2, 2, 9, 9}, u"d"_s},
-        BlockTextCase{{3, 1, 4, 1}, u""_s}, BlockTextCase{{1, 3, 2, 4}, u""_s}));
+    testing::ValuesIn(std::vector<BlockTextCase>{
+        {{1, 1, 2, 2}, u"a\tb\r\nc\td"_s},
+        {{2, 1, 2, 1}, u"b"_s},
+        {{0, 1, 2, 2}, u"1\ta\tb\r\n2\tc\td"_s},
+        {{0, 0, 2, 1}, u"No\tA\tB\r\n1\ta\tb"_s},
+        {{0, 1, 0, 2}, u"1\r\n2"_s},
+        {{-1, -1, -1, -1}, u"a\tb\r\nc\td"_s},
+        {{-1, 2, 2, 2}, u"c\td"_s},
+        {{2, 2, 9, 9}, u"d"_s},
+        {{3, 1, 4, 1}, u""_s},
+        {{1, 3, 2, 4}, u""_s},
+    }));
 
 TEST(SpreadModel, dropsWhatOverhangsABlock)
 {

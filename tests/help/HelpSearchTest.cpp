@@ -20,6 +20,8 @@
 #include <QTabWidget>
 #include <QTest>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -106,11 +108,14 @@ TEST_P(FoldedPlaces, areThoseOfTheTextItself)
 }
 
 INSTANTIATE_TEST_SUITE_P(, FoldedPlaces,
-    testing::Values(FoldedPlace{u"Copy and Paste"_s, u"PASTE"_s, u"Paste"_s},
-        FoldedPlace{u"次にｸﾘｯﾌﾟﾎﾞｰﾄﾞへ"_s, u"クリップボード"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s},
-        FoldedPlace{u"次にクリップボードへ"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s, u"クリップボード"_s},
-        FoldedPlace{u"ｶﾞﾗｽのﾎﾞｰﾄﾞ"_s, u"ボード"_s, u"ﾎﾞｰﾄﾞ"_s},
-        FoldedPlace{u"Ｃｔｒｌ＋Ｆ"_s, u"ctrl+f"_s, u"Ｃｔｒｌ＋Ｆ"_s}, FoldedPlace{u"a file"_s, u"zebra"_s, {}}));
+    testing::ValuesIn(std::vector<FoldedPlace>{
+        {u"Copy and Paste"_s, u"PASTE"_s, u"Paste"_s},
+        {u"次にｸﾘｯﾌﾟﾎﾞｰﾄﾞへ"_s, u"クリップボード"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s},
+        {u"次にクリップボードへ"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s, u"クリップボード"_s},
+        {u"ｶﾞﾗｽのﾎﾞｰﾄﾞ"_s, u"ボード"_s, u"ﾎﾞｰﾄﾞ"_s},
+        {u"Ｃｔｒｌ＋Ｆ"_s, u"ctrl+f"_s, u"Ｃｔｒｌ＋Ｆ"_s},
+        {u"a file"_s, u"zebra"_s, {}},
+    }));
 
 TEST(HelpSearchTest, givesTheSentencesThatHoldAllTheWords)
 {

@@ -28,6 +28,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -171,8 +173,16 @@ TEST_P(Pictures, ofTheHelp)
 }
 
 INSTANTIATE_TEST_SUITE_P(, Pictures,
-    testing::Values(Look{false, 12, false}, Look{false, 12, true}, Look{false, 20, false}, Look{false, 20, true},
-        Look{true, 12, false}, Look{true, 12, true}, Look{true, 20, false}, Look{true, 20, true}),
+    testing::ValuesIn(std::vector<Look>{
+        {false, 12, false},
+        {false, 12, true},
+        {false, 20, false},
+        {false, 20, true},
+        {true, 12, false},
+        {true, 12, true},
+        {true, 20, false},
+        {true, 20, true},
+    }),
     [](const auto &look) { return nameOf(look.param).replace(u'-', u'_').toStdString(); });
 
 } // namespace

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -157,7 +158,11 @@ TEST_P(GridPrintEdge, showsTheRightMostColumn)
 }
 
 INSTANTIATE_TEST_SUITE_P(Papers, GridPrintEdge,
-    testing::Values(Paper{QPageLayout::Portrait, 1200}, Paper{QPageLayout::Landscape, 1200},
-        Paper{QPageLayout::Portrait, 96}, Paper{QPageLayout::Landscape, 300}));
+    testing::ValuesIn(std::vector<Paper>{
+        {QPageLayout::Portrait, 1200},
+        {QPageLayout::Landscape, 1200},
+        {QPageLayout::Portrait, 96},
+        {QPageLayout::Landscape, 300},
+    }));
 
 } // namespace

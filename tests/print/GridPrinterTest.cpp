@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -275,8 +276,15 @@ TEST_P(GridPrintRange, keepsTheNumbersOfItsPages)
 }
 
 INSTANTIATE_TEST_SUITE_P(Ranges, GridPrintRange,
-    testing::Values(PrintedRange{2, 4, {2, 3, 4}}, PrintedRange{3, 3, {3}}, PrintedRange{0, 0, {1}},
-        PrintedRange{0, 2, {1, 2}}, PrintedRange{2, 0, {2}}, PrintedRange{4, 2, {}}, PrintedRange{500, 900, {}}));
+    testing::ValuesIn(std::vector<PrintedRange>{
+        {2, 4, {2, 3, 4}},
+        {3, 3, {3}},
+        {0, 0, {1}},
+        {0, 2, {1, 2}},
+        {2, 0, {2}},
+        {4, 2, {}},
+        {500, 900, {}},
+    }));
 
 TEST_F(GridPrint, endsARangeWithTheLastPage)
 {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <vector>
 
 static void PrintTo(const PrintSpan &span, std::ostream *out)
 {
@@ -28,9 +29,15 @@ TEST_P(SpansThatFit, holdAllItemsInOrder)
 }
 
 INSTANTIATE_TEST_SUITE_P(RoomOfTen, SpansThatFit,
-    testing::Values(FitCase{{}, {}}, FitCase{{10}, {{1, 1}}}, FitCase{{11}, {{1, 1}}}, FitCase{{5, 5}, {{1, 2}}},
-        FitCase{{5, 5.1}, {{1, 1}, {2, 2}}}, FitCase{{1, 20, 1}, {{1, 1}, {2, 2}, {3, 3}}},
-        FitCase{{4, 4, 4, 4, 4}, {{1, 2}, {3, 4}, {5, 5}}}));
+    testing::ValuesIn(std::vector<FitCase>{
+        {{}, {}},
+        {{10}, {{1, 1}}},
+        {{11}, {{1, 1}}},
+        {{5, 5}, {{1, 2}}},
+        {{5, 5.1}, {{1, 1}, {2, 2}}},
+        {{1, 20, 1}, {{1, 1}, {2, 2}, {3, 3}}},
+        {{4, 4, 4, 4, 4}, {{1, 2}, {3, 4}, {5, 5}}},
+    }));
 
 struct RangeCase
 {
@@ -55,9 +62,19 @@ TEST_P(PagesInRange, areThoseThatExist)
 const PrintSpan none;
 
 INSTANTIATE_TEST_SUITE_P(OfEight, PagesInRange,
-    testing::Values(RangeCase{2, 4, {2, 4}}, RangeCase{3, 3, {3, 3}}, RangeCase{1, 8, {1, 8}}, RangeCase{0, 0, {1, 1}},
-        RangeCase{0, 3, {1, 3}}, RangeCase{5, 0, {5, 5}}, RangeCase{-4, -2, {1, 1}}, RangeCase{6, 32767, {6, 8}},
-        RangeCase{5, 3, none}, RangeCase{9, 12, none}, RangeCase{9, 0, none}));
+    testing::ValuesIn(std::vector<RangeCase>{
+        {2, 4, {2, 4}},
+        {3, 3, {3, 3}},
+        {1, 8, {1, 8}},
+        {0, 0, {1, 1}},
+        {0, 3, {1, 3}},
+        {5, 0, {5, 5}},
+        {-4, -2, {1, 1}},
+        {6, 32767, {6, 8}},
+        {5, 3, none},
+        {9, 12, none},
+        {9, 0, none},
+    }));
 
 TEST(PagesInRange, areNoneWithoutPages)
 {

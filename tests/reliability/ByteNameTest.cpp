@@ -25,6 +25,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -219,7 +220,9 @@ TEST_P(ByteName, isShownInMessages)
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, ByteName,
-    testing::Values(ByteNameCase{"Latin1", "caf\xe9.inv", u"caf\ufffd.inv"_s},
-        ByteNameCase{"ShiftJis", "\x95\x5c\x8e\xa6.inv", u"\ufffd\\\ufffd\ufffd.inv"_s},
-        ByteNameCase{"CutUtf8", "a\xe8\xa1.ine", u"a\ufffd\ufffd.ine"_s}),
+    testing::ValuesIn(std::vector<ByteNameCase>{
+        {"Latin1", "caf\xe9.inv", u"caf\ufffd.inv"_s},
+        {"ShiftJis", "\x95\x5c\x8e\xa6.inv", u"\ufffd\\\ufffd\ufffd.inv"_s},
+        {"CutUtf8", "a\xe8\xa1.ine", u"a\ufffd\ufffd.ine"_s},
+    }),
     [](const auto &test) { return std::string(test.param.what); });

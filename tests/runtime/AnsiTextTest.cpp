@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QTemporaryDir>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -175,17 +177,20 @@ TEST_P(PageOfBytes, isGuessedOnlyWhereThePreferredOneDoesNotFit)
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, PageOfBytes,
-    testing::Values(BytesFromElsewhere{"ascii", "plain", 1252, 1252}, BytesFromElsewhere{"nothing", "", 1252, 1252},
-        BytesFromElsewhere{"western", "caf\xE9 \x80", 1252, 1252},
-        BytesFromElsewhere{"japaneseThatFitsWestern", "\x93\x8A", 1252, 1252},
-        BytesFromElsewhere{"japanese", "\x93\x8A\x83\x81\x81\x5B", 1252, 932},
-        BytesFromElsewhere{"japaneseAndKana", "\x81\x40\xB1\xB2", 1252, 932},
-        BytesFromElsewhere{"neither", "\x81\x40\x81 ", 1252, 1252},
-        BytesFromElsewhere{"pairThatComesBackAsAnother", "\x81\x40\x87\x90", 1252, 1252},
-        BytesFromElsewhere{"pairCutInHalf", "\x81\x40\x81", 1252, 1252},
-        BytesFromElsewhere{"noPairs", "\xB1\x81", 1252, 1252},
-        BytesFromElsewhere{"westernOnAJapaneseDesktop", "caf\xE9", 932, 932},
-        BytesFromElsewhere{"japaneseAtHome", "\x81\x40", 932, 932}),
+    testing::ValuesIn(std::vector<BytesFromElsewhere>{
+        {"ascii", "plain", 1252, 1252},
+        {"nothing", "", 1252, 1252},
+        {"western", "caf\xE9 \x80", 1252, 1252},
+        {"japaneseThatFitsWestern", "\x93\x8A", 1252, 1252},
+        {"japanese", "\x93\x8A\x83\x81\x81\x5B", 1252, 932},
+        {"japaneseAndKana", "\x81\x40\xB1\xB2", 1252, 932},
+        {"neither", "\x81\x40\x81 ", 1252, 1252},
+        {"pairThatComesBackAsAnother", "\x81\x40\x87\x90", 1252, 1252},
+        {"pairCutInHalf", "\x81\x40\x81", 1252, 1252},
+        {"noPairs", "\xB1\x81", 1252, 1252},
+        {"westernOnAJapaneseDesktop", "caf\xE9", 932, 932},
+        {"japaneseAtHome", "\x81\x40", 932, 932},
+    }),
     [](const auto &tested) { return tested.param.what; });
 
 TEST(CodePage, countsTheBytesThatItCouldNotDecode)

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QUrl>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -57,16 +59,20 @@ TEST_P(FileName, comesThroughAnAddress)
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, FileName,
-    testing::Values(Name{"Ascii", "a b%20.inv", u"a b%20.inv"_s},
-        Name{"Utf8", "t\xc3\xa9st-\xe8\xa1\xa8.inv", u"tést-表.inv"_s},
-        Name{"BeyondTheFirstPlane", "\xf0\x9f\x98\x80.inv", u"\U0001F600.inv"_s},
-        Name{"Latin1", "caf\xe9.inv", u"caf\ufffd.inv"_s},
-        Name{"ShiftJis", "\x95\x5c\x8e\xa6.inv", u"\ufffd\\\ufffd\ufffd.inv"_s},
-        Name{"CutUtf8", "a\xe8\xa1", u"a\ufffd\ufffd"_s}, Name{"CutUtf8InTheMiddle", "a\xe8\xa1z", u"a\ufffd\ufffdz"_s},
-        Name{"OverlongUtf8", "\xc0\xaf", u"\ufffd\ufffd"_s}, Name{"Surrogate", "\xed\xa0\x80", u"\ufffd\ufffd\ufffd"_s},
-        Name{"NoFirstByte", "\xff\xfe\x80", u"\ufffd\ufffd\ufffd"_s},
-        Name{"ByteOrderMark", "a\xef\xbb\xbfz", u"a\ufeffz"_s},
-        Name{"APrivateCharacterOfOurs", "\xf4\x8f\xbb\xa9.inv", u"\ufffd\ufffd\ufffd\ufffd.inv"_s}),
+    testing::ValuesIn(std::vector<Name>{
+        {"Ascii", "a b%20.inv", u"a b%20.inv"_s},
+        {"Utf8", "t\xc3\xa9st-\xe8\xa1\xa8.inv", u"tést-表.inv"_s},
+        {"BeyondTheFirstPlane", "\xf0\x9f\x98\x80.inv", u"\U0001F600.inv"_s},
+        {"Latin1", "caf\xe9.inv", u"caf\ufffd.inv"_s},
+        {"ShiftJis", "\x95\x5c\x8e\xa6.inv", u"\ufffd\\\ufffd\ufffd.inv"_s},
+        {"CutUtf8", "a\xe8\xa1", u"a\ufffd\ufffd"_s},
+        {"CutUtf8InTheMiddle", "a\xe8\xa1z", u"a\ufffd\ufffdz"_s},
+        {"OverlongUtf8", "\xc0\xaf", u"\ufffd\ufffd"_s},
+        {"Surrogate", "\xed\xa0\x80", u"\ufffd\ufffd\ufffd"_s},
+        {"NoFirstByte", "\xff\xfe\x80", u"\ufffd\ufffd\ufffd"_s},
+        {"ByteOrderMark", "a\xef\xbb\xbfz", u"a\ufeffz"_s},
+        {"APrivateCharacterOfOurs", "\xf4\x8f\xbb\xa9.inv", u"\ufffd\ufffd\ufffd\ufffd.inv"_s},
+    }),
     [](const auto &test) { return std::string(test.param.what); });
 
 TEST(FileNames, ofQtAreOurs)

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -33,44 +34,107 @@ TEST_P(NumericText, hasItsValueOrIsNoNumber)
 constexpr auto none = std::nullopt;
 
 INSTANTIATE_TEST_SUITE_P(Plain, NumericText,
-    testing::Values(NumericCase{u""_s, none}, NumericCase{u" "_s, none}, NumericCase{u"0"_s, 0}, NumericCase{u"1"_s, 1},
-        NumericCase{u"-1"_s, -1}, NumericCase{u"+1"_s, 1}, NumericCase{u"--1"_s, none}, NumericCase{u"++1"_s, none},
-        NumericCase{u"+-1"_s, -1}, NumericCase{u"-"_s, none}, NumericCase{u"."_s, none}, NumericCase{u"1."_s, 1},
-        NumericCase{u".5"_s, 0.5}, NumericCase{u"-.5"_s, -0.5}, NumericCase{u"1.5"_s, 1.5}, NumericCase{u"007"_s, 7},
-        NumericCase{u"-0"_s, 0}, NumericCase{u"1.2.3"_s, none}, NumericCase{u"1/2"_s, none},
-        NumericCase{u"1:30"_s, none}, NumericCase{u"123456789012345678"_s, 123456789012345678.0}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u""_s, none},
+        {u" "_s, none},
+        {u"0"_s, 0},
+        {u"1"_s, 1},
+        {u"-1"_s, -1},
+        {u"+1"_s, 1},
+        {u"--1"_s, none},
+        {u"++1"_s, none},
+        {u"+-1"_s, -1},
+        {u"-"_s, none},
+        {u"."_s, none},
+        {u"1."_s, 1},
+        {u".5"_s, 0.5},
+        {u"-.5"_s, -0.5},
+        {u"1.5"_s, 1.5},
+        {u"007"_s, 7},
+        {u"-0"_s, 0},
+        {u"1.2.3"_s, none},
+        {u"1/2"_s, none},
+        {u"1:30"_s, none},
+        {u"123456789012345678"_s, 123456789012345678.0},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Separators, NumericText,
-    testing::Values(NumericCase{u"1,5"_s, 15}, NumericCase{u"1,234"_s, 1234}, NumericCase{u",5"_s, none},
-        NumericCase{u"5,"_s, 5}, NumericCase{u"1.5,0"_s, none}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"1,5"_s, 15},
+        {u"1,234"_s, 1234},
+        {u",5"_s, none},
+        {u"5,"_s, 5},
+        {u"1.5,0"_s, none},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Exponents, NumericText,
-    testing::Values(NumericCase{u"1e5"_s, 1e5}, NumericCase{u"1E+5"_s, 1e5}, NumericCase{u"1e-5"_s, 1e-5},
-        NumericCase{u"1d5"_s, none}, NumericCase{u"1e"_s, none}, NumericCase{u"1e+"_s, none},
-        NumericCase{u"e5"_s, none}, NumericCase{u"1e400"_s, none}, NumericCase{u"1e-400"_s, 0},
-        NumericCase{u"1e99999999999"_s, none}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"1e5"_s, 1e5},
+        {u"1E+5"_s, 1e5},
+        {u"1e-5"_s, 1e-5},
+        {u"1d5"_s, none},
+        {u"1e"_s, none},
+        {u"1e+"_s, none},
+        {u"e5"_s, none},
+        {u"1e400"_s, none},
+        {u"1e-400"_s, 0},
+        {u"1e99999999999"_s, none},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Blanks, NumericText,
-    testing::Values(NumericCase{u"  7  "_s, 7}, NumericCase{u"\t7"_s, 7}, NumericCase{u"7\n"_s, 7},
-        NumericCase{u"7 8"_s, none}, NumericCase{u"- 5"_s, -5}, NumericCase{u"\u30001"_s, 1},
-        NumericCase{u"\u00A01"_s, 1}, NumericCase{u"\uFF11"_s, none}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"  7  "_s, 7},
+        {u"\t7"_s, 7},
+        {u"7\n"_s, 7},
+        {u"7 8"_s, none},
+        {u"- 5"_s, -5},
+        {u"\u30001"_s, 1},
+        {u"\u00A01"_s, 1},
+        {u"\uFF11"_s, none},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Accounting, NumericText,
-    testing::Values(NumericCase{u"5-"_s, -5}, NumericCase{u"5 -"_s, -5}, NumericCase{u"5+"_s, 5},
-        NumericCase{u"-5-"_s, none}, NumericCase{u"(5)"_s, -5}, NumericCase{u"(-5)"_s, -5}, NumericCase{u"(5"_s, none},
-        NumericCase{u"5)"_s, none}, NumericCase{u"$5"_s, 5}, NumericCase{u"5$"_s, 5}, NumericCase{u"-$5"_s, -5},
-        NumericCase{u"\\5"_s, none}, NumericCase{u"5%"_s, none}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"5-"_s, -5},
+        {u"5 -"_s, -5},
+        {u"5+"_s, 5},
+        {u"-5-"_s, none},
+        {u"(5)"_s, -5},
+        {u"(-5)"_s, -5},
+        {u"(5"_s, none},
+        {u"5)"_s, none},
+        {u"$5"_s, 5},
+        {u"5$"_s, 5},
+        {u"-$5"_s, -5},
+        {u"\\5"_s, none},
+        {u"5%"_s, none},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Radix, NumericText,
-    testing::Values(NumericCase{u"&H1A"_s, 26}, NumericCase{u"&h1a"_s, 26}, NumericCase{u"&H"_s, none},
-        NumericCase{u"&"_s, none}, NumericCase{u"&H1G"_s, none}, NumericCase{u"&HFFFF"_s, 65535},
-        NumericCase{u"&HFFFFFFFF"_s, none}, NumericCase{u"&O17"_s, 15}, NumericCase{u"&O18"_s, none},
-        NumericCase{u"0x1A"_s, none}, NumericCase{u"1A"_s, none}, NumericCase{u"-&H1A"_s, 26},
-        NumericCase{u" &H1A "_s, 26}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"&H1A"_s, 26},
+        {u"&h1a"_s, 26},
+        {u"&H"_s, none},
+        {u"&"_s, none},
+        {u"&H1G"_s, none},
+        {u"&HFFFF"_s, 65535},
+        {u"&HFFFFFFFF"_s, none},
+        {u"&O17"_s, 15},
+        {u"&O18"_s, none},
+        {u"0x1A"_s, none},
+        {u"1A"_s, none},
+        {u"-&H1A"_s, 26},
+        {u" &H1A "_s, 26},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Words, NumericText,
-    testing::Values(NumericCase{u"abc"_s, none}, NumericCase{u"5abc"_s, none}, NumericCase{u"Inf"_s, none},
-        NumericCase{u"NaN"_s, none}, NumericCase{u"True"_s, none}));
+    testing::ValuesIn(std::vector<NumericCase>{
+        {u"abc"_s, none},
+        {u"5abc"_s, none},
+        {u"Inf"_s, none},
+        {u"NaN"_s, none},
+        {u"True"_s, none},
+    }));
 
 TEST(NumericTextInJapan, takesTheYenSignAndNotTheDollar)
 {
@@ -168,14 +232,31 @@ TEST_P(LeadingNumber, isTheLongestNumberAtTheBeginning)
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumber,
-    testing::Values(LeadingCase{u""_s, 0}, LeadingCase{u"abc"_s, 0}, LeadingCase{u"-"_s, 0}, LeadingCase{u"."_s, 0},
-        LeadingCase{u"007"_s, 7}, LeadingCase{u"  12 34"_s, 12}, LeadingCase{u"-1.5x"_s, -1.5}, LeadingCase{u"+3"_s, 3},
-        LeadingCase{u".25"_s, 0.25}, LeadingCase{u"5."_s, 5}, LeadingCase{u"1.2.3"_s, 1.2}, LeadingCase{u"1e3"_s, 1000},
-        LeadingCase{u"1E-2z"_s, 0.01}, LeadingCase{u"1e"_s, 1}, LeadingCase{u"1e+"_s, 1}, LeadingCase{u"1d5"_s, 1},
-        LeadingCase{u"0.1"_s, 0.1}, LeadingCase{u"123456.789012345"_s, 123456.789012345},
-        LeadingCase{u"1234567890.12345678"_s, 1234567890.12345678},
-        LeadingCase{u"0.0000000000000000000000012345678901234567890"_s, 1.2345678901234567890e-24},
-        LeadingCase{u"1e400"_s, HUGE_VAL}, LeadingCase{u"-1e400"_s, -HUGE_VAL}, LeadingCase{u"1e-400"_s, 0}));
+    testing::ValuesIn(std::vector<LeadingCase>{
+        {u""_s, 0},
+        {u"abc"_s, 0},
+        {u"-"_s, 0},
+        {u"."_s, 0},
+        {u"007"_s, 7},
+        {u"  12 34"_s, 12},
+        {u"-1.5x"_s, -1.5},
+        {u"+3"_s, 3},
+        {u".25"_s, 0.25},
+        {u"5."_s, 5},
+        {u"1.2.3"_s, 1.2},
+        {u"1e3"_s, 1000},
+        {u"1E-2z"_s, 0.01},
+        {u"1e"_s, 1},
+        {u"1e+"_s, 1},
+        {u"1d5"_s, 1},
+        {u"0.1"_s, 0.1},
+        {u"123456.789012345"_s, 123456.789012345},
+        {u"1234567890.12345678"_s, 1234567890.12345678},
+        {u"0.0000000000000000000000012345678901234567890"_s, 1.2345678901234567890e-24},
+        {u"1e400"_s, HUGE_VAL},
+        {u"-1e400"_s, -HUGE_VAL},
+        {u"1e-400"_s, 0},
+    }));
 
 struct FormatCase
 {
@@ -193,14 +274,33 @@ TEST_P(SingleFormat, hasAtMostSevenDigits)
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, SingleFormat,
-    testing::Values(FormatCase{0, u"0"_s}, FormatCase{-0.0, u"0"_s}, FormatCase{1, u"1"_s}, FormatCase{-1, u"-1"_s},
-        FormatCase{0.1, u"0.1"_s}, FormatCase{-0.25, u"-0.25"_s}, FormatCase{30, u"30"_s}, FormatCase{9999, u"9999"_s},
-        FormatCase{0.01, u"0.01"_s}, FormatCase{0.001, u"0.001"_s}, FormatCase{0.0001, u"0.0001"_s},
-        FormatCase{1e-05, u"1E-05"_s}, FormatCase{0.000123, u"0.000123"_s}, FormatCase{0.333333333, u"0.3333333"_s},
-        FormatCase{6553.5, u"6553.5"_s}, FormatCase{1234.5678, u"1234.568"_s}, FormatCase{1234567, u"1234567"_s},
-        FormatCase{9999999, u"9999999"_s}, FormatCase{3412452.5, u"3412453"_s}, FormatCase{10000000, u"1E+07"_s},
-        FormatCase{12345678, u"1.234568E+07"_s}, FormatCase{1e20, u"1E+20"_s}, FormatCase{3.4e38, u"3.4E+38"_s},
-        FormatCase{-3.4e38, u"-3.4E+38"_s}, FormatCase{1e-38, u"9.999999E-39"_s}));
+    testing::ValuesIn(std::vector<FormatCase>{
+        {0, u"0"_s},
+        {-0.0, u"0"_s},
+        {1, u"1"_s},
+        {-1, u"-1"_s},
+        {0.1, u"0.1"_s},
+        {-0.25, u"-0.25"_s},
+        {30, u"30"_s},
+        {9999, u"9999"_s},
+        {0.01, u"0.01"_s},
+        {0.001, u"0.001"_s},
+        {0.0001, u"0.0001"_s},
+        {1e-05, u"1E-05"_s},
+        {0.000123, u"0.000123"_s},
+        {0.333333333, u"0.3333333"_s},
+        {6553.5, u"6553.5"_s},
+        {1234.5678, u"1234.568"_s},
+        {1234567, u"1234567"_s},
+        {9999999, u"9999999"_s},
+        {3412452.5, u"3412453"_s},
+        {10000000, u"1E+07"_s},
+        {12345678, u"1.234568E+07"_s},
+        {1e20, u"1E+20"_s},
+        {3.4e38, u"3.4E+38"_s},
+        {-3.4e38, u"-3.4E+38"_s},
+        {1e-38, u"9.999999E-39"_s},
+    }));
 
 class DoubleFormat : public testing::TestWithParam<FormatCase>
 {
@@ -212,11 +312,21 @@ TEST_P(DoubleFormat, hasAtMostFifteenDigits)
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, DoubleFormat,
-    testing::Values(FormatCase{0, u"0"_s}, FormatCase{-0.0, u"0"_s}, FormatCase{1.5, u"1.5"_s},
-        FormatCase{0.30000000000000004, u"0.3"_s}, FormatCase{1e14, u"100000000000000"_s}, FormatCase{1e15, u"1E+15"_s},
-        FormatCase{123456789012345, u"123456789012345"_s}, FormatCase{1234567890123456, u"1.23456789012346E+15"_s},
-        FormatCase{5741211940908185, u"5.74121194090819E+15"_s}, FormatCase{0.0001, u"0.0001"_s},
-        FormatCase{1e-05, u"1E-05"_s}, FormatCase{1.0 / 3, u"0.333333333333333"_s}, FormatCase{1e100, u"1E+100"_s},
-        FormatCase{999999999999999.5, u"1E+15"_s}));
+    testing::ValuesIn(std::vector<FormatCase>{
+        {0, u"0"_s},
+        {-0.0, u"0"_s},
+        {1.5, u"1.5"_s},
+        {0.30000000000000004, u"0.3"_s},
+        {1e14, u"100000000000000"_s},
+        {1e15, u"1E+15"_s},
+        {123456789012345, u"123456789012345"_s},
+        {1234567890123456, u"1.23456789012346E+15"_s},
+        {5741211940908185, u"5.74121194090819E+15"_s},
+        {0.0001, u"0.0001"_s},
+        {1e-05, u"1E-05"_s},
+        {1.0 / 3, u"0.333333333333333"_s},
+        {1e100, u"1E+100"_s},
+        {999999999999999.5, u"1E+15"_s},
+    }));
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -44,45 +46,50 @@ TEST_P(ProfileLookUp, findsWhatTheSystemCallFinds)
 constexpr auto absent = std::nullopt;
 
 INSTANTIATE_TEST_SUITE_P(SectionsAndKeys, ProfileLookUp,
-    testing::Values(ProfileCase{"plain", "[Inverter]\r\nName=a\r\n", u"a"_s},
-        ProfileCase{"other case", "[INVERTER]\r\nNAME=a\r\n", u"a"_s},
-        ProfileCase{"blanks inside the brackets", "[ Inverter ]\r\nName=a\r\n", u"a"_s},
-        ProfileCase{"blanks before the brackets", "  [Inverter]\r\nName=a\r\n", u"a"_s},
-        ProfileCase{"text after the bracket", "[Inverter]x\r\nName=a\r\n", u"a"_s},
-        ProfileCase{"no closing bracket", "[Inverter\r\nName=a\r\n", absent},
-        ProfileCase{"key twice", "[Inverter]\r\nName=a\r\nName=b\r\n", u"a"_s},
-        ProfileCase{"key twice, first without a value", "[Inverter]\r\nName=\r\nName=b\r\n", u""_s},
-        ProfileCase{"key twice, first without equals sign", "[Inverter]\r\nName\r\nName=b\r\n", absent},
-        ProfileCase{"section twice", "[Inverter]\r\nCode=a\r\n[Inverter]\r\nName=b\r\n", absent},
-        ProfileCase{"key in another section", "[Other]\r\nName=b\r\n[Inverter]\r\nCode=a\r\n", absent},
-        ProfileCase{"key before any section", "Name=b\r\n[Inverter]\r\n", absent},
-        ProfileCase{"no section", "Name=b\r\n", absent}, ProfileCase{"empty file", "", absent},
-        ProfileCase{"section line only", "[Inverter]", absent},
-        ProfileCase{"no line end at the end", "[Inverter]\nName=a", u"a"_s},
-        ProfileCase{"line begins with a semicolon", "[Inverter]\r\n;Name=a\r\n", absent},
-        ProfileCase{"byte-order mark", "\xEF\xBB\xBF[Inverter]\r\nName=a\r\n", u"a"_s}));
+    testing::ValuesIn(std::vector<ProfileCase>{
+        {"plain", "[Inverter]\r\nName=a\r\n", u"a"_s},
+        {"other case", "[INVERTER]\r\nNAME=a\r\n", u"a"_s},
+        {"blanks inside the brackets", "[ Inverter ]\r\nName=a\r\n", u"a"_s},
+        {"blanks before the brackets", "  [Inverter]\r\nName=a\r\n", u"a"_s},
+        {"text after the bracket", "[Inverter]x\r\nName=a\r\n", u"a"_s},
+        {"no closing bracket", "[Inverter\r\nName=a\r\n", absent},
+        {"key twice", "[Inverter]\r\nName=a\r\nName=b\r\n", u"a"_s},
+        {"key twice, first without a value", "[Inverter]\r\nName=\r\nName=b\r\n", u""_s},
+        {"key twice, first without equals sign", "[Inverter]\r\nName\r\nName=b\r\n", absent},
+        {"section twice", "[Inverter]\r\nCode=a\r\n[Inverter]\r\nName=b\r\n", absent},
+        {"key in another section", "[Other]\r\nName=b\r\n[Inverter]\r\nCode=a\r\n", absent},
+        {"key before any section", "Name=b\r\n[Inverter]\r\n", absent},
+        {"no section", "Name=b\r\n", absent},
+        {"empty file", "", absent},
+        {"section line only", "[Inverter]", absent},
+        {"no line end at the end", "[Inverter]\nName=a", u"a"_s},
+        {"line begins with a semicolon", "[Inverter]\r\n;Name=a\r\n", absent},
+        {"byte-order mark", "\xEF\xBB\xBF[Inverter]\r\nName=a\r\n", u"a"_s},
+    }));
 
 INSTANTIATE_TEST_SUITE_P(Values, ProfileLookUp,
-    testing::Values(ProfileCase{"blanks around", "[Inverter]\r\n  Name =  a b  \r\n", u"a b"_s},
-        ProfileCase{"tabs and form feeds around", "[Inverter]\r\n\tName\v=\f a\t\r\n", u"a"_s},
-        ProfileCase{"no-break blank stays",
+    testing::ValuesIn(std::vector<ProfileCase>{
+        {"blanks around", "[Inverter]\r\n  Name =  a b  \r\n", u"a b"_s},
+        {"tabs and form feeds around", "[Inverter]\r\n\tName\v=\f a\t\r\n", u"a"_s},
+        {"no-break blank stays",
             "[Inverter]\r\nName=\xA0"
             "a\r\n",
             u"\u00A0a"_s},
-        ProfileCase{"double quotes", "[Inverter]\r\nName=\" a \"\r\n", u" a "_s},
-        ProfileCase{"single quotes", "[Inverter]\r\nName=' a '\r\n", u" a "_s},
-        ProfileCase{"unlike quotes", "[Inverter]\r\nName=\"a'\r\n", u"\"a'"_s},
-        ProfileCase{"one quote", "[Inverter]\r\nName=\"a\r\n", u"\"a"_s},
-        ProfileCase{"a quote alone", "[Inverter]\r\nName=\"\r\n", u"\""_s},
-        ProfileCase{"empty quotes", "[Inverter]\r\nName=\"\"\r\n", u""_s},
-        ProfileCase{"no value", "[Inverter]\r\nName=\r\n", u""_s},
-        ProfileCase{"no equals sign", "[Inverter]\r\nName\r\n", absent},
-        ProfileCase{"two equals signs", "[Inverter]\r\nName=a=b\r\n", u"a=b"_s},
-        ProfileCase{"semicolon", "[Inverter]\r\nName=a ; note\r\n", u"a ; note"_s},
-        ProfileCase{"LF line ends", "[Inverter]\nName=a\n", u"a"_s},
-        ProfileCase{"CR line ends", "[Inverter]\rName=a\r", u"a"_s},
-        ProfileCase{"NUL in the value", QByteArray("[Inverter]\r\nName=ab\0cd\r\n", 25), u"ab"_s},
-        ProfileCase{"end-of-file mark", "[Inverter]\r\nName=a\x1A\r\n", u"a"_s}));
+        {"double quotes", "[Inverter]\r\nName=\" a \"\r\n", u" a "_s},
+        {"single quotes", "[Inverter]\r\nName=' a '\r\n", u" a "_s},
+        {"unlike quotes", "[Inverter]\r\nName=\"a'\r\n", u"\"a'"_s},
+        {"one quote", "[Inverter]\r\nName=\"a\r\n", u"\"a"_s},
+        {"a quote alone", "[Inverter]\r\nName=\"\r\n", u"\""_s},
+        {"empty quotes", "[Inverter]\r\nName=\"\"\r\n", u""_s},
+        {"no value", "[Inverter]\r\nName=\r\n", u""_s},
+        {"no equals sign", "[Inverter]\r\nName\r\n", absent},
+        {"two equals signs", "[Inverter]\r\nName=a=b\r\n", u"a=b"_s},
+        {"semicolon", "[Inverter]\r\nName=a ; note\r\n", u"a ; note"_s},
+        {"LF line ends", "[Inverter]\nName=a\n", u"a"_s},
+        {"CR line ends", "[Inverter]\rName=a\r", u"a"_s},
+        {"NUL in the value", QByteArray("[Inverter]\r\nName=ab\0cd\r\n", 25), u"ab"_s},
+        {"end-of-file mark", "[Inverter]\r\nName=a\x1A\r\n", u"a"_s},
+    }));
 
 QByteArray nameOf(const QByteArray &value)
 {

@@ -11,6 +11,7 @@
 
 #include <optional>
 #include <ostream>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -93,21 +94,23 @@ TEST_P(LanguageChoice, followsTheSetUpFileElseTheCountry)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, LanguageChoice,
-    testing::Values(LanguageCase{"JapanWithoutFiles", japan, {}, {}, JapaneseBase},
-        LanguageCase{"ElsewhereWithoutFiles", elsewhere, {}, {}, EnglishBase},
-        LanguageCase{"JapanItsFileSaysEnglish", japan, "English", {}, EnglishBase},
-        LanguageCase{"JapanItsFileGoesBeforeTheEnglishOne", japan, "Japanese", "English", JapaneseBase},
-        LanguageCase{"JapanFallsBackToTheEnglishFile", japan, {}, "English", EnglishBase},
-        LanguageCase{"JapanEnglishFileSaysJapanese", japan, {}, "Japanese", JapaneseBase},
-        LanguageCase{"JapanEnglishFileSaysNothing", japan, {}, "", JapaneseBase},
-        LanguageCase{"JapanUnusableFileDoesNotFallBack", japan, "", "English", JapaneseBase},
-        LanguageCase{"ElsewhereFileSaysJapanese", elsewhere, {}, "Japanese", JapaneseBase},
-        LanguageCase{"ElsewhereNeverReadsTheJapaneseFile", elsewhere, "Japanese", {}, EnglishBase},
-        LanguageCase{"LowerCaseIsUnknownElsewhere", elsewhere, {}, "japanese", EnglishBase},
-        LanguageCase{"LowerCaseIsUnknownInJapan", japan, "english", {}, JapaneseBase},
-        LanguageCase{"AnotherWordIsUnknown", elsewhere, {}, "German", EnglishBase},
-        LanguageCase{"EmptyValueIsUnknown", elsewhere, {}, "", EnglishBase},
-        LanguageCase{"TheMarkOfAMissingKeyIsUnknown", japan, "GetPrivateProfieReadError", {}, JapaneseBase}),
+    testing::ValuesIn(std::vector<LanguageCase>{
+        {"JapanWithoutFiles", japan, {}, {}, JapaneseBase},
+        {"ElsewhereWithoutFiles", elsewhere, {}, {}, EnglishBase},
+        {"JapanItsFileSaysEnglish", japan, "English", {}, EnglishBase},
+        {"JapanItsFileGoesBeforeTheEnglishOne", japan, "Japanese", "English", JapaneseBase},
+        {"JapanFallsBackToTheEnglishFile", japan, {}, "English", EnglishBase},
+        {"JapanEnglishFileSaysJapanese", japan, {}, "Japanese", JapaneseBase},
+        {"JapanEnglishFileSaysNothing", japan, {}, "", JapaneseBase},
+        {"JapanUnusableFileDoesNotFallBack", japan, "", "English", JapaneseBase},
+        {"ElsewhereFileSaysJapanese", elsewhere, {}, "Japanese", JapaneseBase},
+        {"ElsewhereNeverReadsTheJapaneseFile", elsewhere, "Japanese", {}, EnglishBase},
+        {"LowerCaseIsUnknownElsewhere", elsewhere, {}, "japanese", EnglishBase},
+        {"LowerCaseIsUnknownInJapan", japan, "english", {}, JapaneseBase},
+        {"AnotherWordIsUnknown", elsewhere, {}, "German", EnglishBase},
+        {"EmptyValueIsUnknown", elsewhere, {}, "", EnglishBase},
+        {"TheMarkOfAMissingKeyIsUnknown", japan, "GetPrivateProfieReadError", {}, JapaneseBase},
+    }),
     [](const auto &given) { return given.param.name; });
 
 TEST(Language, aFolderInTheSetUpFilesPlaceIsNoFile)
@@ -171,13 +174,22 @@ TEST_P(Search, givesThePositionFromOne)
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, Search,
-    testing::Values(SearchCase{u"abcABC"_s, u"B"_s, 1, 1, 2}, SearchCase{u"abcABC"_s, u"B"_s, 1, 0, 5},
-        SearchCase{u"abcABC"_s, u"b"_s, 3, 1, 5}, SearchCase{u"abcABC"_s, u"b"_s, 3, 0, 0},
-        SearchCase{u"abc"_s, u"x"_s, 1, 1, 0}, SearchCase{u"abc"_s, u"abcd"_s, 1, 1, 0},
-        SearchCase{u"abc"_s, u"c"_s, 3, 1, 3}, SearchCase{u"abc"_s, u"a"_s, 4, 1, 0},
-        SearchCase{u"abc"_s, u"a"_s, 0, 1, 0}, SearchCase{u"abc"_s, u""_s, 2, 1, 2}, SearchCase{u""_s, u"a"_s, 1, 1, 0},
-        SearchCase{u""_s, u""_s, 1, 1, 0}, SearchCase{u"\u00c4\uff71"_s, u"\u00e4"_s, 1, 1, 1},
-        SearchCase{u"\uff71\u30a2"_s, u"\u30a2"_s, 1, 1, 2}));
+    testing::ValuesIn(std::vector<SearchCase>{
+        {u"abcABC"_s, u"B"_s, 1, 1, 2},
+        {u"abcABC"_s, u"B"_s, 1, 0, 5},
+        {u"abcABC"_s, u"b"_s, 3, 1, 5},
+        {u"abcABC"_s, u"b"_s, 3, 0, 0},
+        {u"abc"_s, u"x"_s, 1, 1, 0},
+        {u"abc"_s, u"abcd"_s, 1, 1, 0},
+        {u"abc"_s, u"c"_s, 3, 1, 3},
+        {u"abc"_s, u"a"_s, 4, 1, 0},
+        {u"abc"_s, u"a"_s, 0, 1, 0},
+        {u"abc"_s, u""_s, 2, 1, 2},
+        {u""_s, u"a"_s, 1, 1, 0},
+        {u""_s, u""_s, 1, 1, 0},
+        {u"\u00c4\uff71"_s, u"\u00e4"_s, 1, 1, 1},
+        {u"\uff71\u30a2"_s, u"\u30a2"_s, 1, 1, 2},
+    }));
 
 TEST(InStrNoCase, regardsNoCaseUnlessAsked)
 {

@@ -32,6 +32,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -435,8 +436,12 @@ TEST_P(PdfName, isTheDocuments)
 }
 
 INSTANTIATE_TEST_SUITE_P(Titles, PdfName,
-    testing::Values(PdfNameCase{u"/a/b.inv"_s, u"/a/b.pdf"_s}, PdfNameCase{u"/a/b.c.ine"_s, u"/a/b.c.pdf"_s},
-        PdfNameCase{u"/a/b"_s, u"/a/b.pdf"_s}, PdfNameCase{u"No Name"_s, u"~/No Name.pdf"_s},
-        PdfNameCase{u"無題"_s, u"~/無題.pdf"_s}));
+    testing::ValuesIn(std::vector<PdfNameCase>{
+        {u"/a/b.inv"_s, u"/a/b.pdf"_s},
+        {u"/a/b.c.ine"_s, u"/a/b.c.pdf"_s},
+        {u"/a/b"_s, u"/a/b.pdf"_s},
+        {u"No Name"_s, u"~/No Name.pdf"_s},
+        {u"無題"_s, u"~/無題.pdf"_s},
+    }));
 
 } // namespace

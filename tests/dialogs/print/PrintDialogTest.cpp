@@ -24,6 +24,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -113,17 +115,21 @@ TEST_P(PrintDialogTexts, followTheLanguage)
 }
 
 INSTANTIATE_TEST_SUITE_P(Controls, PrintDialogTexts,
-    testing::Values(TextCase{u"Label2"_s, u"Printer devise:"_s, u"使用するﾌﾟﾘﾝﾀ:"_s},
-        TextCase{u"chkPrint(0)"_s, u"Machine &Info"_s, u"機種情報印刷(&I)"_s},
-        TextCase{u"chkPrint(1)"_s, u"&Parameter"_s, u"ﾊﾟﾗﾒｰﾀ印刷(&P)"_s},
-        TextCase{u"Frame1"_s, u"Print range selected"_s, u"印刷範囲の選択"_s},
-        TextCase{u"optPrint(0)"_s, u"&All"_s, u"すべて(&A)"_s},
-        TextCase{u"optPrint(1)"_s, u"S&elected point"_s, u"選択した部分(&E)"_s},
-        TextCase{u"optPrint(2)"_s, u"&Display parameter"_s, u"表示ﾊﾟﾗﾒｰﾀ(&D)"_s},
-        TextCase{u"optPrint(3)"_s, u"Pa&ge"_s, u"ﾍﾟｰｼﾞ指定(&G)"_s},
-        TextCase{u"lblPage(0)"_s, u"Page to"_s, u"ﾍﾟｰｼﾞから"_s}, TextCase{u"lblPage(1)"_s, u"Page"_s, u"ﾍﾟｰｼﾞまで"_s},
-        TextCase{u"cmdSet"_s, u"&Setting"_s, u"設定(&S)"_s}, TextCase{u"cmdOK"_s, u"OK"_s, u"OK"_s},
-        TextCase{u"cmdCancel"_s, u"CANCEL"_s, u"ｷｬﾝｾﾙ"_s}));
+    testing::ValuesIn(std::vector<TextCase>{
+        {u"Label2"_s, u"Printer devise:"_s, u"使用するﾌﾟﾘﾝﾀ:"_s},
+        {u"chkPrint(0)"_s, u"Machine &Info"_s, u"機種情報印刷(&I)"_s},
+        {u"chkPrint(1)"_s, u"&Parameter"_s, u"ﾊﾟﾗﾒｰﾀ印刷(&P)"_s},
+        {u"Frame1"_s, u"Print range selected"_s, u"印刷範囲の選択"_s},
+        {u"optPrint(0)"_s, u"&All"_s, u"すべて(&A)"_s},
+        {u"optPrint(1)"_s, u"S&elected point"_s, u"選択した部分(&E)"_s},
+        {u"optPrint(2)"_s, u"&Display parameter"_s, u"表示ﾊﾟﾗﾒｰﾀ(&D)"_s},
+        {u"optPrint(3)"_s, u"Pa&ge"_s, u"ﾍﾟｰｼﾞ指定(&G)"_s},
+        {u"lblPage(0)"_s, u"Page to"_s, u"ﾍﾟｰｼﾞから"_s},
+        {u"lblPage(1)"_s, u"Page"_s, u"ﾍﾟｰｼﾞまで"_s},
+        {u"cmdSet"_s, u"&Setting"_s, u"設定(&S)"_s},
+        {u"cmdOK"_s, u"OK"_s, u"OK"_s},
+        {u"cmdCancel"_s, u"CANCEL"_s, u"ｷｬﾝｾﾙ"_s},
+    }));
 
 TEST_F(PrintDialog, carriesTheEditorWindowsCaption)
 {
@@ -244,9 +250,14 @@ TEST_P(PrintDialogPages, areStoredAsNumbers)
 }
 
 INSTANTIATE_TEST_SUITE_P(Typed, PrintDialogPages,
-    testing::Values(PagesCase{u""_s, u""_s, 0, 0}, PagesCase{u"2"_s, u"5"_s, 2, 5}, PagesCase{u"7"_s, u"3"_s, 7, 3},
-        PagesCase{u"x"_s, u" 4p"_s, 0, 4}, PagesCase{u"-1"_s, u"2.5"_s, -1, 2},
-        PagesCase{u"32768"_s, u"99999999999"_s, 32767, 32767}));
+    testing::ValuesIn(std::vector<PagesCase>{
+        {u""_s, u""_s, 0, 0},
+        {u"2"_s, u"5"_s, 2, 5},
+        {u"7"_s, u"3"_s, 7, 3},
+        {u"x"_s, u" 4p"_s, 0, 4},
+        {u"-1"_s, u"2.5"_s, -1, 2},
+        {u"32768"_s, u"99999999999"_s, 32767, 32767},
+    }));
 
 TEST_F(PrintDialog, changesNothingOnCancel)
 {
