@@ -4,15 +4,15 @@
 #include "app/services/Messages.h"
 #include "desktop/MessageBox.h"
 #include "document/DocumentTables.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/EditorFrame.h"
 #include "editor/ParameterGrid.h"
-#include "editor/PasteTarget.h"
 #include "grid/RedrawOff.h"
 #include "grid/SpreadGrid.h"
 #include "grid/SpreadHistory.h"
 #include "grid/UndoStep.h"
 #include "grid/cells/CellInput.h"
+#include "grid/cells/PasteTarget.h"
 #include "runtime/RunTimeError.h"
 
 #include <algorithm>

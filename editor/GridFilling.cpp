@@ -5,7 +5,7 @@
 #include "desktop/MessageBox.h"
 #include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/FillLimits.h"
 #include "editor/FillSeries.h"
 #include "editor/ParameterGrid.h"

@@ -8,7 +8,7 @@
 #include "dialogs/print/PrintCommand.h"
 #include "document/DocumentTables.h"
 #include "editor/CellExchange.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/EditorFrame.h"
 #include "editor/EditorMenus.h"
 #include "editor/GridCommands.h"

@@ -1,7 +1,7 @@
 // Any text on the clipboard, pasted into any selection, after any copy.
 
-#include "editor/PasteTarget.h"
 #include "fuzz/Law.h"
+#include "grid/cells/PasteTarget.h"
 #include "grid/cells/SpreadModel.h"
 
 #include <QStringList>

@@ -2,7 +2,7 @@
 
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"

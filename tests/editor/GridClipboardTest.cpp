@@ -1,7 +1,7 @@
 // Cut, Copy and Paste of cells and rows, and what the clipboard holds.
 
 #include "desktop/RibbonButton.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/editor/GridCommandsSupport.h"

@@ -3,7 +3,7 @@
 #include "app/services/Language.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/AnsiText.h"

@@ -1,12 +1,12 @@
-#include "editor/ClipboardRecord.h"
+#include "editor/Clipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 
 namespace {
 
-/// The text that the record tells of. Its owner does not matter: desktops have programs that go on offering a text in
-/// the place of the one that copied it.
+/// The text that the record describes. Who offers it does not matter: some desktops run a program that takes over the
+/// clipboard from the program that copied the text.
 QString &recordedText()
 {
     static QString text;
@@ -23,7 +23,7 @@ ClipboardRecord &clipboardRecord()
 
 void fillClipboard(const QString &text, const ClipboardRecord &shape)
 {
-    // First, because whoever hears of the change reads the clipboard at once.
+    // Before the clipboard changes: whoever is notified of that reads it at once.
     recordedText() = text;
     clipboardRecord() = shape;
     QGuiApplication::clipboard()->setText(text);

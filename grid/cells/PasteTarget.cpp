@@ -1,4 +1,4 @@
-#include "editor/PasteTarget.h"
+#include "grid/cells/PasteTarget.h"
 
 #include <algorithm>
 
