@@ -1,7 +1,7 @@
 #include "app/FrameStatusBar.h"
 
 #include "app/services/Common.h"
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "dialogs/SelectAllBox.h"
 
 #include <QFocusEvent>

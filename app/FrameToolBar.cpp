@@ -1,7 +1,7 @@
 #include "app/FrameToolBar.h"
 
 #include "app/services/Language.h"
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "desktop/RibbonButton.h"
 
 #include <QApplication>

@@ -4,7 +4,7 @@
 #include "app/services/IniFile.h"
 #include "app/services/Language.h"
 #include "desktop/MemoryStatus.h"
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "runtime/BlankText.h"
 
 #include <QGridLayout>

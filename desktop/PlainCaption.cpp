@@ -3,6 +3,7 @@
 #include "runtime/FileName.h"
 
 #include <QFontMetrics>
+#include <QLabel>
 #include <QTextBoundaryFinder>
 
 using namespace Qt::StringLiterals;
@@ -64,4 +65,12 @@ QString breakable(const QString &wholeText, const QFontMetrics &metrics)
         begin = end;
     }
     return result;
+}
+
+QLabel *newPlainLabel(const QString &name, QWidget *parent)
+{
+    auto *label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    return label;
 }

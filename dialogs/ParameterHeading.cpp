@@ -1,6 +1,6 @@
 #include "dialogs/ParameterHeading.h"
 
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "dialogs/EditDialog.h"
 
 #include <QLabel>

@@ -3,7 +3,7 @@
 #include "app/services/Common.h"
 #include "app/services/Language.h"
 #include "app/services/Settings.h"
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "dialogs/DialogGrid.h"
 
 #include <QLabel>

@@ -1,6 +1,21 @@
 #include "print/PdfFile.h"
 
+#include "runtime/FileName.h"
+
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+QString pdfFileName(const QString &title)
+{
+    // Qt writes PDF files itself and cannot use names that are not UTF-8.
+    const QFileInfo document(shownFileName(title));
+    const bool isUsable = document.isAbsolute() && shownFileName(QFileInfo(title).path()) == QFileInfo(title).path();
+    const QString folder = isUsable ? document.absolutePath() : QDir::homePath();
+    return folder + u'/' + document.completeBaseName() + u".pdf"_s;
+}
 
 PdfFile::PdfFile(const QString &fileName, const QPageLayout &layout) : m_file(fileName), m_writer(&m_file)
 {

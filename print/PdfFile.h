@@ -3,6 +3,10 @@
 #include <QPdfWriter>
 #include <QSaveFile>
 
+/// The PDF file that a document is printed into unless the user names another: of the document's name, in its folder.
+/// title is the editor window's caption.
+QString pdfFileName(const QString &title);
+
 /// A PDF file to print into. The file of that name is replaced when everything has been written, not before: an error
 /// or a cancelled print-out leaves it as it was (unless its folder takes no new files: then it is written in place).
 class PdfFile

@@ -1,6 +1,6 @@
 #include "print/PrintAbortBox.h"
 
-#include "desktop/PlainLabel.h"
+#include "desktop/PlainCaption.h"
 #include "desktop/ScreenRoom.h"
 
 #include <QCoreApplication>

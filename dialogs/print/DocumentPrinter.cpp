@@ -2,7 +2,6 @@
 
 #include "app/services/Messages.h"
 #include "desktop/MessageBox.h"
-#include "dialogs/print/GridPrintChoice.h"
 #include "dialogs/print/MachineInfoPrinter.h"
 #include "dialogs/print/PrintSettings.h"
 #include "print/GridPrinter.h"

@@ -5,10 +5,10 @@
 #include "desktop/PlainCaption.h"
 #include "desktop/PlainMessages.h"
 #include "dialogs/print/DocumentPrinter.h"
-#include "dialogs/print/PdfName.h"
 #include "dialogs/print/PrintSettings.h"
 #include "dialogs/print/frmPrint.h"
 #include "print/CurrentPrinter.h"
+#include "print/PdfFile.h"
 
 #include <QFileDialog>
 #include <QFileInfo>

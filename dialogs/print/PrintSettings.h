@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QtGlobal>
+#include "print/GridPrintOptions.h"
 
 #include <array>
 
-/// What to print, as the print dialog was last confirmed. Kept for the whole run, so that a later print-out without
-/// the dialog prints the same.
+class SpreadGrid;
+
+/// What to print, as the print dialog was last confirmed. It is kept until the program ends, so that a later print-out
+/// without the dialog prints the same.
 struct PrintSettings
 {
     std::array<qint16, 2> flags{}; ///< 1 = print: [0] the machine information, [1] the parameters
@@ -17,3 +19,7 @@ struct PrintSettings
 };
 
 extern PrintSettings SharedPrintSettings;
+
+/// How the grid of a document is printed with these settings. The block is the one that is selected now; title is the
+/// editor window's caption.
+GridPrintOptions gridPrintOptions(const SpreadGrid &grid, const PrintSettings &settings, const QString &title);

@@ -3,10 +3,10 @@
 #include "app/services/Common.h"
 #include "app/services/Language.h"
 #include "dialogs/PromptButton.h"
-#include "dialogs/print/PdfName.h"
 #include "dialogs/print/PrintSettings.h"
 #include "grid/SpreadGrid.h"
 #include "print/CurrentPrinter.h"
+#include "print/PdfFile.h"
 #include "runtime/NumberText.h"
 
 #include <QGroupBox>
