@@ -5,39 +5,25 @@
 #include "desktop/MessageBox.h"
 
 #include <QCoreApplication>
-#include <QCursor>
-#include <QGuiApplication>
 
 namespace {
 
 constexpr qint16 programNameId = 9;
 
-/// The ordinary pointer, also over an hourglass, for as long as this object lives.
-class OrdinaryPointer
-{
-public:
-    OrdinaryPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~OrdinaryPointer() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(OrdinaryPointer)
-};
-
 } // namespace
 
 void FrameFileHost::showMessage(const QString &text)
 {
-    const OrdinaryPointer pointer;
     MessageBox::showPlain(&m_frame, text, ResString(programNameId));
 }
 
 void FrameFileHost::showFailure(const FileFailure &failure, const QString &title)
 {
-    const OrdinaryPointer pointer;
     MessageBox::showExclamation(&m_frame, failureText(failure), title);
 }
 
 bool FrameFileHost::askYesNo(const FileFailure &question, const QString &title)
 {
-    const OrdinaryPointer pointer;
     return MessageBox::askYesNo(&m_frame, failureText(question), title);
 }
 

@@ -130,7 +130,7 @@ void MDIfrmTabrix::load(const QString &commandLine)
     loadQtTexts();
     MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
     RefusedInput::setWording(limitText);
-    HelpFilePath = helpFilePath(LanguageBase);
+    HelpFilePath = helpFileOf(LanguageBase);
     qint16 windowState = 0;
     LoadWindowSettings(windowState);
     // Never minimised, not even before it is shown: a window manager may take a window for an icon from then on.

@@ -27,7 +27,6 @@ void DialogGrid::layOut(const QList<Column> &columns, int visibleRows)
         setWidthInCharacters(number, column.width);
     }
     fitRowHeight(0);
-    horizontalHeader()->setHighlightSections(false); // bold headings need more width than their columns have
     int widest = 0;
     for (int column = 0; column < columnCount(); ++column) {
         widest = std::max(widest, columnWidth(column));

@@ -109,7 +109,7 @@ QString setupIniPath(qint32 languageBase)
     return JoinPath(programFolder() + QDir::toNativeSeparators(files.iniFolder), files.iniFile);
 }
 
-QString helpFilePath(qint32 languageBase)
+QString helpFileOf(qint32 languageBase)
 {
     return JoinPath(programFolder(), languageFiles(languageBase).helpFile);
 }

@@ -29,8 +29,8 @@ qint32 ReadIniLanguage(const QString &iniPath);
 /// The set-up INI file that belongs to a language, whether it exists or not.
 QString setupIniPath(qint32 languageBase);
 
-/// HelpFilePath for a language.
-QString helpFilePath(qint32 languageBase);
+/// The full path of a language's help file, whether it exists or not.
+QString helpFileOf(qint32 languageBase);
 
 /// The user-interface text of identifier id (1 to 256, with gaps) in the language chosen. pairs are taken two by two:
 /// a placeholder and its value, e.g. ResString(210, {u"|1"_s, title}). Every occurrence of the placeholder is replaced

@@ -135,10 +135,10 @@ TEST(Language, helpFileLiesInTheProgramFolder)
 {
     setProgramFolder(u"/opt/tabrix"_s);
     const QString separator(QDir::separator());
-    EXPECT_EQ(helpFilePath(JapaneseBase), u"/opt/tabrix"_s + separator + u"TABRIX.HLP"_s);
-    EXPECT_EQ(helpFilePath(EnglishBase), u"/opt/tabrix"_s + separator + u"TABRIXE.HLP"_s);
+    EXPECT_EQ(helpFileOf(JapaneseBase), u"/opt/tabrix"_s + separator + u"TABRIX.HLP"_s);
+    EXPECT_EQ(helpFileOf(EnglishBase), u"/opt/tabrix"_s + separator + u"TABRIXE.HLP"_s);
     setProgramFolder(u"/opt/tabrix"_s + separator);
-    EXPECT_EQ(helpFilePath(EnglishBase), u"/opt/tabrix"_s + separator + u"TABRIXE.HLP"_s);
+    EXPECT_EQ(helpFileOf(EnglishBase), u"/opt/tabrix"_s + separator + u"TABRIXE.HLP"_s);
     setProgramFolder({});
 }
 
