@@ -49,9 +49,9 @@ GridFilling::GridFilling(SpreadGrid &grid, int docNo, QObject *parent) : QObject
 {
 }
 
-void GridFilling::fill(SpreadView::Fill way)
+void GridFilling::fill(SpreadGrid::Fill way)
 {
-    using Fill = SpreadView::Fill;
+    using Fill = SpreadGrid::Fill;
     if (way != Fill::Selection) { // an open editor holds the text that is filled in
         m_grid.commitEdit();
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/SpreadView.h"
+#include "grid/SpreadGrid.h"
 
 #include <QObject>
 #include <QString>
@@ -9,7 +9,6 @@
 #include <optional>
 #include <vector>
 
-class SpreadGrid;
 struct CellType;
 struct GridBlock;
 
@@ -27,7 +26,7 @@ public:
     /// Down and Right copy the first row or column of the selected block over the others; of a block of one row or
     /// column the one above or to the left. Selection puts the open editor's text, else the one cell that was copied
     /// here, into all selected cells. Series continues each column of the block, or of one row those above it.
-    void fill(SpreadView::Fill way);
+    void fill(SpreadGrid::Fill way);
 
 private:
     using Texts = std::vector<std::optional<QString>>; ///< nothing: there is no text for the cell

@@ -1,95 +1,83 @@
 #include "grid/SpreadGrid.h"
 
-#include "grid/ActiveFrame.h"
-#include "grid/SpreadCorner.h"
+#include "grid/HeadingMouse.h"
+#include "grid/MoveKeys.h"
 #include "grid/SpreadDelegate.h"
 #include "grid/SpreadHeader.h"
 #include "grid/SpreadHistory.h"
-#include "grid/SpreadKeys.h"
 #include "grid/SpreadMouse.h"
 #include "grid/SpreadSelection.h"
-#include "grid/SpreadSizes.h"
 #include "grid/UndoStep.h"
 #include "grid/cells/CellInput.h"
+#include "grid/cells/CellWalk.h"
 #include "grid/cells/SpreadModel.h"
 #include "grid/cells/TextChange.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
-#include <QScrollBar>
+#include <QMetaMethod>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
+const SpreadGrid::CommandKey SpreadGrid::commandKeys[] = {
+    {Qt::Key_F2, Qt::NoModifier, &SpreadGrid::editActive},
+    {Qt::Key_Down, Qt::AltModifier, &SpreadGrid::editActive},
+    {Qt::Key_Backspace, Qt::NoModifier, &SpreadGrid::editEmpty},
+    {Qt::Key_Delete, Qt::NoModifier, &SpreadGrid::clearSelectedCells},
+    {Qt::Key_Space, Qt::ControlModifier, &SpreadGrid::selectWholeColumns},
+    {Qt::Key_Space, Qt::ShiftModifier, &SpreadGrid::selectWholeRows},
+    {Qt::Key_A, Qt::ControlModifier, &SpreadGrid::selectAll},
+    {Qt::Key_C, Qt::ControlModifier, &SpreadGrid::copyRequested},
+    {Qt::Key_Insert, Qt::ControlModifier, &SpreadGrid::copyRequested},
+    {Qt::Key_X, Qt::ControlModifier, &SpreadGrid::cutRequested},
+    {Qt::Key_Delete, Qt::ShiftModifier, &SpreadGrid::cutRequested},
+    {Qt::Key_V, Qt::ControlModifier, &SpreadGrid::pasteRequested},
+    {Qt::Key_Insert, Qt::ShiftModifier, &SpreadGrid::pasteRequested},
+    {Qt::Key_Z, Qt::ControlModifier, &SpreadGrid::undoRequested},
+    {Qt::Key_Y, Qt::ControlModifier, &SpreadGrid::redoRequested},
+    {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::redoRequested},
+    {Qt::Key_D, Qt::ControlModifier, &SpreadGrid::requestFill<Fill::Down>},
+    {Qt::Key_R, Qt::ControlModifier, &SpreadGrid::requestFill<Fill::Right>},
+    {Qt::Key_Return, Qt::ControlModifier, &SpreadGrid::requestFill<Fill::Selection>},
+    {Qt::Key_Enter, Qt::ControlModifier, &SpreadGrid::requestFill<Fill::Selection>},
+    {Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::requestFill<Fill::Series>},
+    {Qt::Key_Plus, Qt::ControlModifier, &SpreadGrid::requestZoom<1>},
+    {Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier, &SpreadGrid::requestZoom<1>},
+    {Qt::Key_Minus, Qt::ControlModifier, &SpreadGrid::requestZoom<-1>},
+    {Qt::Key_0, Qt::ControlModifier, &SpreadGrid::requestZoom<0>},
+};
+
 SpreadGrid::SpreadGrid(QWidget *parent)
     : SpreadView(parent)
-    , m_model(new SpreadModel(this))
-    , m_columnHeader(new SpreadHeader(Qt::Horizontal, this))
-    , m_rowHeader(new SpreadHeader(Qt::Vertical, this))
-    , m_activeFrame(std::make_unique<ActiveFrame>(*this, *m_columnHeader))
+    , m_history(new SpreadHistory(*this, sheet(), selection()))
+    , m_moveKeys(std::make_unique<MoveKeys>(*this, sheet(), selection()))
 {
-    setHorizontalHeader(m_columnHeader);
-    setVerticalHeader(m_rowHeader);
-    setModel(m_model);
-    setSelectionMode(ContiguousSelection);
-    setEditTriggers(AnyKeyPressed);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerItem);
-    setAutoScroll(false);
-    setWordWrap(false);
-    m_selection = new SpreadSelection(*this, *m_model);
-    m_history = new SpreadHistory(*this, *m_model, *m_selection);
-    m_delegate = new SpreadDelegate(*this, *m_model);
-    setItemDelegate(m_delegate);
-    m_sizes = new SpreadSizes(*this, *m_model, *m_columnHeader, *m_rowHeader, *m_delegate);
-    connect(m_selection, &SpreadSelection::changed, this, &SpreadGrid::markHeaders);
-    m_keys = std::make_unique<SpreadKeys>(*this, *m_model, *m_selection);
-    const auto *mouse = new SpreadMouse(*this, *m_selection, *m_delegate);
-    connect(mouse, &SpreadMouse::rightClicked, this, &SpreadGrid::rightClicked);
-    connect(m_delegate, &SpreadDelegate::keyAfterEdit, this, [this](int key, Qt::KeyboardModifiers modifiers) {
-        QKeyEvent event(QEvent::KeyPress, key, modifiers);
-        keyPressEvent(&event);
-    });
-    m_delegate->setFillKey([this] { return fillFromEditor(); });
-    connect(m_model, &SpreadModel::dataChanged, this, &SpreadGrid::contentsChanged);
-    m_model->setObserver([this](const TextChange &change) { noteTexts(change); });
-    connectHeaders();
-    m_sizes->noteFont();
-    setWidthInCharacters(0, 4);
+    sheet().setObserver([this](const TextChange &change) { noteTexts(change); });
+    connectMouse();
+    connectEditor();
 }
 
 SpreadGrid::~SpreadGrid() = default;
 
-// Size
-
-int SpreadGrid::rowCount() const
+void SpreadGrid::connectMouse()
 {
-    return m_model->rowCount();
+    const auto *mouse = new SpreadMouse(*this, selection(), delegate());
+    connect(mouse, &SpreadMouse::rightClicked, this, &SpreadGrid::rightClicked);
+    connect(mouse, &SpreadMouse::checkBoxClicked, this, &SpreadGrid::toggleActiveCheckBox);
+    const auto *headings = new HeadingMouse(*this, sheet(), selection(), columnHeader(), rowHeader());
+    connect(headings, &HeadingMouse::doubleClicked, this, &SpreadGrid::headerDoubleClicked);
+    connect(headings, &HeadingMouse::rightClicked, this, &SpreadGrid::rightClicked);
 }
 
-void SpreadGrid::setRowCount(int rows)
+void SpreadGrid::connectEditor()
 {
-    const auto held = m_selection->hold();
-    const QScopedValueRollback quiet(m_quiet, true);
-    m_history->noteRowCount(std::max(rows, 0));
-    m_model->setRowCount(rows);
-    m_selection->fitIntoGrid();
-    m_sizes->fitRowNumberWidth();
-    emit contentsChanged();
-}
-
-int SpreadGrid::columnCount() const
-{
-    return m_model->columnCount();
-}
-
-void SpreadGrid::setColumnCount(int columns)
-{
-    const auto held = m_selection->hold();
-    const QScopedValueRollback quiet(m_quiet, true);
-    m_model->setColumnCount(columns);
-    m_selection->fitIntoGrid();
+    connect(&delegate(), &SpreadDelegate::keyAfterEdit, this, [this](int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers);
+        keyPressEvent(&event);
+    });
+    delegate().setFillKey([this] { return fillFromEditor(); });
 }
 
 // Texts
@@ -97,7 +85,7 @@ void SpreadGrid::setColumnCount(int columns)
 QString SpreadGrid::text(int column, int row) const
 {
     if (row == 0) {
-        return m_model->headerText(column);
+        return sheet().headerText(column);
     }
     const bool isRowNumber = column == 0 && row > 0 && row <= rowCount();
     return isRowNumber ? QString::number(row) : cellText(column, row).toString();
@@ -105,38 +93,43 @@ QString SpreadGrid::text(int column, int row) const
 
 QStringView SpreadGrid::cellText(int column, int row) const
 {
-    return m_model->text(column, row);
+    return sheet().text(column, row);
 }
 
 void SpreadGrid::setText(int column, int row, const QString &text)
 {
-    m_model->setText(column, row, text);
+    sheet().setText(column, row, text);
 }
 
 void SpreadGrid::setRowTexts(int row, std::span<const QStringView> texts)
 {
-    m_model->setRowTexts(row, texts);
+    sheet().setRowTexts(row, texts);
+}
+
+void SpreadGrid::setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf)
+{
+    sheet().setTexts(block, textOf, SpreadModel::Origin::Program);
 }
 
 QString SpreadGrid::blockText(const GridBlock &block) const
 {
-    return m_model->blockText(block);
+    return sheet().blockText(block);
 }
 
 void SpreadGrid::setBlockText(const GridBlock &block, QStringView text)
 {
-    m_model->setBlockText(block, text);
+    sheet().setBlockText(block, text);
 }
 
 void SpreadGrid::moveRowTexts(int row1, int row2, int target)
 {
-    m_model->moveRowTexts(row1, row2, target);
+    sheet().moveRowTexts(row1, row2, target);
 }
 
 void SpreadGrid::sortRows(int row1, int row2, int key)
 {
-    if (m_model->sortRows(row1, row2, key)) {
-        m_selection->moveTo(activeColumn(), activeRow()); // the model has moved the active cell with its row
+    if (sheet().sortRows(row1, row2, key)) {
+        selection().moveTo(activeColumn(), activeRow()); // the model has moved the active cell with its row
         scrollToCell(activeColumn(), activeRow());
     }
 }
@@ -145,205 +138,152 @@ void SpreadGrid::sortRows(int row1, int row2, int key)
 
 void SpreadGrid::setCellType(int column, int row, const CellType &type)
 {
-    m_model->setCellType(column, row, type);
+    sheet().setCellType(column, row, type);
 }
 
 CellType SpreadGrid::cellType(int column, int row) const
 {
-    return m_model->cellType(column, row);
+    return sheet().cellType(column, row);
 }
 
 void SpreadGrid::setAlignment(int column, Qt::Alignment alignment)
 {
     if (column == 0) {
-        m_rowHeader->setDefaultAlignment(alignment | Qt::AlignVCenter);
+        rowHeader().setDefaultAlignment(alignment | Qt::AlignVCenter);
     } else {
-        m_model->setAlignment(column, alignment);
+        sheet().setAlignment(column, alignment);
     }
 }
 
 Qt::Alignment SpreadGrid::alignment(int column) const
 {
-    return column == 0 ? m_rowHeader->defaultAlignment() : m_model->alignment(column);
+    return column == 0 ? rowHeader().defaultAlignment() : sheet().alignment(column);
 }
 
 void SpreadGrid::setForeColour(const GridBlock &block, const QColor &colour)
 {
     m_history->noteColours(block);
-    m_model->setForeColour(block, colour);
+    sheet().setForeColour(block, colour);
 }
 
 QColor SpreadGrid::foreColour(int column, int row) const
 {
-    return m_model->foreColour(column, row);
+    return sheet().foreColour(column, row);
 }
 
-void SpreadGrid::setGridFont(const QFont &font)
-{
-    m_sizes->setFont(font);
-}
+// Search
 
-QFont SpreadGrid::gridFont() const
+void SpreadGrid::setSearchedText(const QString &text)
 {
-    return m_sizes->font();
-}
-
-void SpreadGrid::changeEvent(QEvent *event)
-{
-    SpreadView::changeEvent(event);
-    if (event->type() == QEvent::FontChange && m_sizes) {
-        m_sizes->noteFont();
-    }
-}
-
-// Widths and heights
-
-void SpreadGrid::setWidthInCharacters(int column, double characters)
-{
-    m_sizes->setWidthInCharacters(column, characters);
-}
-
-void SpreadGrid::fitColumnWidth(int column)
-{
-    m_sizes->fitColumnWidth(column);
-}
-
-void SpreadGrid::fitRowHeight(int row)
-{
-    m_sizes->fitRowHeight(row);
-}
-
-int SpreadGrid::plainColumnWidth(int column) const
-{
-    return isColumnShown(column) ? m_sizes->columnWidth(column) : 0;
-}
-
-int SpreadGrid::plainRowNumberWidth() const
-{
-    return m_sizes->rowNumberWidth();
-}
-
-int SpreadGrid::plainRowHeight(int row) const
-{
-    return m_sizes->rowHeight(row);
-}
-
-void SpreadGrid::setPlainRowHeight(int row, int pixels)
-{
-    m_sizes->setRowHeight(row, pixels);
-}
-
-int SpreadGrid::zoom() const
-{
-    return m_sizes->zoom();
-}
-
-// The same cell stays at the top left, unless the active one would leave the view.
-void SpreadGrid::setZoom(int percent)
-{
-    const bool activeInView = viewport()->rect().intersects(visualRect(currentIndex()));
-    const int top = topRow();
-    const double left = double(horizontalScrollBar()->value()) / zoom();
-    m_sizes->setZoom(percent);
-    updateGeometries();
-    setTopRow(top);
-    horizontalScrollBar()->setValue(int(std::lround(left * percent)));
-    if (activeInView) {
-        scrollTo(currentIndex());
-    }
-    updateEditorGeometries();
+    delegate().search().setText(text);
     viewport()->update();
 }
 
-void SpreadGrid::setColumnShown(int column, bool shown)
+void SpreadGrid::setFoundMarked(bool marked)
 {
-    if (column >= 1 && column <= columnCount()) {
-        setColumnHidden(column - 1, !shown);
-    }
-}
-
-bool SpreadGrid::isColumnShown(int column) const
-{
-    return column >= 1 && column <= columnCount() && !isColumnHidden(column - 1);
-}
-
-void SpreadGrid::setFrozenColumns(int columns)
-{
-    m_frozenColumns = std::clamp(columns, 0, 1);
-    m_columnHeader->setFirstSectionFrozen(m_frozenColumns > 0);
+    delegate().setFoundMarked(marked);
     viewport()->update();
 }
 
-// Selection
-
-GridBlock SpreadGrid::selectedBlock() const
+bool SpreadGrid::goToFound(int step)
 {
-    return m_selection->block();
+    return goTo(delegate().search().next({activeColumn(), std::max(activeRow(), 1)}, step));
 }
 
-void SpreadGrid::selectBlock(const GridBlock &block)
+bool SpreadGrid::goToFoundFrom(int column, int row)
 {
-    m_selection->select(block);
+    return goTo(delegate().search().next({std::max(column, 1) - 1, std::max(row, 1)}, 1));
 }
 
-bool SpreadGrid::isBlockSelected() const
+bool SpreadGrid::goTo(const std::optional<QPoint> &cell)
 {
-    return m_selection->isBlock();
+    if (cell) {
+        setActiveCell(cell->x(), cell->y());
+    }
+    return cell.has_value();
 }
 
-int SpreadGrid::activeColumn() const
+CellSearch::Count SpreadGrid::countFound() const
 {
-    return m_selection->activeColumn();
+    return delegate().search().count({activeColumn(), activeRow()});
 }
 
-int SpreadGrid::activeRow() const
+bool SpreadGrid::goToColoured(const QColor &colour, int step)
 {
-    return m_selection->activeRow();
+    return goTo(nextCell(
+        {columnCount(), rowCount()}, {activeColumn(), std::max(activeRow(), 1)}, step,
+        [this](int row) { return sheet().isColoured(row); },
+        [&](int column, int row) { return isColumnShown(column) && foreColour(column, row) == colour; }));
 }
 
-void SpreadGrid::setActiveCell(int column, int row)
+// Keys and menu
+
+void SpreadGrid::keyPressEvent(QKeyEvent *event)
 {
-    m_selection->moveTo(column, row);
-    scrollToCell(activeColumn(), activeRow());
+    if (event->key() == Qt::Key_Escape) {
+        emit escapePressed(event->modifiers());
+        event->ignore(); // a dialog around the grid closes by it
+    } else {
+        event->setAccepted(m_moveKeys->handle(*event) || runCommand(*event) || beginTyping(*event));
+    }
 }
 
-void SpreadGrid::selectAll()
+bool SpreadGrid::runCommand(const QKeyEvent &event)
 {
-    m_selection->selectAll();
+    const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const auto *found = std::ranges::find_if(
+        commandKeys, [&](const CommandKey &entry) { return entry.key == event.key() && entry.modifiers == modifiers; });
+    if (found == std::end(commandKeys)) {
+        return false;
+    }
+    (this->*found->run)();
+    return true;
+}
+
+// A key that the cell cannot begin with does not open its editor.
+bool SpreadGrid::beginTyping(QKeyEvent &event)
+{
+    const QString typed = event.text();
+    // Both together are what a third shift level sends on some systems.
+    const bool isCommand =
+        event.modifiers().testFlag(Qt::ControlModifier) != event.modifiers().testFlag(Qt::AltModifier);
+    const bool isText = !typed.isEmpty() && (typed.front().isPrint() || typed.front().isSurrogate());
+    if (!isText || isCommand || activeRow() == 0) {
+        return false;
+    }
+    if (event.key() == Qt::Key_Space && toggleSelectedCheckBoxes()) {
+        return true;
+    }
+    const CellType &type = sheet().cellType(activeColumn(), activeRow());
+    if (type.kind != CellType::Kind::CheckBox && CellInput::check(type, typed) != QValidator::Invalid) {
+        openEditor(event);
+    }
+    return true;
+}
+
+void SpreadGrid::selectWholeColumns()
+{
+    const GridBlock block = selectedBlock();
+    selection().selectColumns(std::max(block.column1, 1), block.column2, activeRow());
+}
+
+void SpreadGrid::selectWholeRows()
+{
+    const GridBlock block = selectedBlock();
+    selection().selectRows(block.row1, block.row2, activeColumn());
+}
+
+// Asked for by a key; the mouse has its own way.
+void SpreadGrid::contextMenuEvent(QContextMenuEvent *event)
+{
+    const QPoint position = visualRect(currentIndex()).center();
+    emit rightClicked(activeColumn(), activeRow(), viewport()->mapToGlobal(position));
+    event->accept();
 }
 
 // Editing
 
-void SpreadGrid::setRedraw(bool on)
-{
-    if (!on && m_redrawsOff++ == 0) {
-        m_model->beginBatch();
-        setUpdatesEnabled(false);
-    } else if (on && m_redrawsOff > 0 && --m_redrawsOff == 0) {
-        m_model->endBatch();
-        setUpdatesEnabled(true);
-    }
-}
-
-void SpreadGrid::clearSelectedCells()
-{
-    if (activeRow() > 0) {
-        m_model->clearCells(selectedBlock());
-    }
-}
-
-void SpreadGrid::commitEdit()
-{
-    m_delegate->finishEdit();
-}
-
-void SpreadGrid::toggleActiveCheckBox()
-{
-    const bool ticked = CellInput::isTicked(cellText(activeColumn(), activeRow()));
-    m_model->setText(activeColumn(), activeRow(), ticked ? u"0"_s : u"1"_s, SpreadModel::Origin::User);
-}
-
-// Who hears of an edit may colour its cells: that belongs to the same step.
+// Slots may colour the cells that were edited: that belongs to the same step.
 void SpreadGrid::noteTexts(const TextChange &change)
 {
     if (change.origin == TextChange::Origin::Program) {
@@ -355,4 +295,59 @@ void SpreadGrid::noteTexts(const TextChange &change)
     if (const auto block = changedBlock(change, columnCount())) {
         emit cellsEdited(*block);
     }
+}
+
+void SpreadGrid::clearSelectedCells()
+{
+    if (activeRow() > 0) {
+        sheet().clearCells(selectedBlock());
+    }
+}
+
+void SpreadGrid::toggleActiveCheckBox()
+{
+    const bool ticked = CellInput::isTicked(cellText(activeColumn(), activeRow()));
+    sheet().setText(activeColumn(), activeRow(), ticked ? u"0"_s : u"1"_s, SpreadModel::Origin::User);
+}
+
+// Ticks the check boxes among the selected cells, or unticks them if all of them are ticked; boxes in hidden columns
+// stay as they are. False if there are none.
+bool SpreadGrid::toggleSelectedCheckBoxes()
+{
+    const auto cells = sheet().dataCells(selectedBlock());
+    if (activeRow() == 0 || !cells) {
+        return false;
+    }
+    const auto isBox = [this](int column, int row) {
+        return isColumnShown(column) && sheet().cellType(column, row).kind == CellType::Kind::CheckBox;
+    };
+    int boxes = 0;
+    int ticked = 0;
+    for (int row = cells->row1; row <= cells->row2; ++row) {
+        for (int column = cells->column1; column <= cells->column2; ++column) {
+            boxes += isBox(column, row) ? 1 : 0;
+            ticked += isBox(column, row) && CellInput::isTicked(cellText(column, row)) ? 1 : 0;
+        }
+    }
+    const bool ticks = ticked < boxes;
+    const auto textOf = [&](int column, int row) -> QStringView {
+        const QStringView text = cellText(column, row);
+        return !isBox(column, row) || CellInput::isTicked(text) == ticks ? text : ticks ? u"1" : u"0";
+    };
+    if (boxes > 0) {
+        const UndoStep step(*m_history);
+        m_history->keepSelection();
+        sheet().setTexts(*cells, textOf, SpreadModel::Origin::User);
+    }
+    return boxes > 0;
+}
+
+// If nobody fills, as in the lists of dialogs, Ctrl+Enter ends the edit of the one cell.
+bool SpreadGrid::fillFromEditor()
+{
+    const bool fills = isBlockSelected() && isSignalConnected(QMetaMethod::fromSignal(&SpreadGrid::fillRequested));
+    if (fills) {
+        emit fillRequested(Fill::Selection);
+    }
+    return fills;
 }

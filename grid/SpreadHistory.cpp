@@ -1,5 +1,6 @@
 #include "grid/SpreadHistory.h"
 
+#include "grid/RedrawOff.h"
 #include "grid/SpreadSelection.h"
 #include "grid/SpreadView.h"
 #include "grid/cells/SpreadModel.h"
@@ -11,6 +12,7 @@
 SpreadHistory::SpreadHistory(SpreadView &view, SpreadModel &model, SpreadSelection &selection)
     : QObject(&view), m_view(view), m_model(model), m_selection(selection)
 {
+    connect(&view, &SpreadView::rowCountAboutToChange, this, &SpreadHistory::noteRowCount);
 }
 
 void SpreadHistory::start()
@@ -160,9 +162,8 @@ void SpreadHistory::restore(void (GridStep::*way)(SpreadModel &, SpreadView &), 
 {
     {
         const QScopedValueRollback restoring(m_restoring, true);
-        m_view.setRedraw(false);
+        const RedrawOff off(m_view);
         (step.changes.*way)(m_model, m_view);
-        m_view.setRedraw(true);
     }
     m_selection.select(shownPart(selected));
     m_view.scrollToCell(m_selection.activeColumn(), m_selection.activeRow());

@@ -38,7 +38,6 @@ public:
     void keepSelection() { m_open.keepsSelection = true; }
     void noteTexts(const TextChange &change); ///< after the change
     void noteColours(const GridBlock &block); ///< before the change
-    void noteRowCount(int newCount); ///< before the change
 
     /// Takes the last step back, and selects what was changed. False when there is no step.
     bool undo();
@@ -65,6 +64,7 @@ private:
         qsizetype size = 0;
     };
 
+    void noteRowCount(int newCount);
     bool isInStep() const;
     void forgetOutsideSteps();
     void forgetAll();

@@ -132,7 +132,7 @@ bool SpreadMouse::release(const QMouseEvent &event)
         m_scrollTimer.stop();
         const QModelIndex index = m_grid.indexAt(place);
         if (m_pressedBox.isValid() && index == m_pressedBox && isOnCheckBox(index, place)) {
-            m_grid.toggleActiveCheckBox();
+            emit checkBoxClicked();
         }
         m_pressedBox = QModelIndex();
     } else if (event.button() == Qt::RightButton) {
@@ -163,8 +163,7 @@ bool SpreadMouse::doubleClick(const QMouseEvent &event)
 bool SpreadMouse::contextMenu(const QContextMenuEvent &event)
 {
     if (event.reason() == QContextMenuEvent::Keyboard) {
-        askForMenu(m_grid.visualRect(m_grid.currentIndex()).center());
-        return true;
+        return false; // the view's own
     }
     const bool isShown = m_menu == Menu::Shown;
     m_menu = m_menu == Menu::Pressed ? Menu::Shown : Menu::None;

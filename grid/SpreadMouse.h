@@ -21,6 +21,8 @@ public:
     SpreadMouse(SpreadView &grid, SpreadSelection &selection, SpreadDelegate &delegate);
 
 signals:
+    /// The check box of the active cell was clicked.
+    void checkBoxClicked();
     void rightClicked(int column, int row, const QPoint &globalPosition);
 
 protected:

@@ -2,19 +2,19 @@
 
 #include "grid/SpreadDelegate.h"
 #include "grid/SpreadHeader.h"
-#include "grid/SpreadView.h"
 #include "grid/cells/CellMetrics.h"
 #include "grid/cells/SpreadModel.h"
 #include "grid/cells/TextMeter.h"
 
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QTableView>
 
 #include <algorithm>
 #include <cmath>
 
 SpreadSizes::SpreadSizes(
-    SpreadView &view, const SpreadModel &model, SpreadHeader &columns, SpreadHeader &rows, SpreadDelegate &delegate)
+    QTableView &view, const SpreadModel &model, SpreadHeader &columns, SpreadHeader &rows, SpreadDelegate &delegate)
     : QObject(&view)
     , m_view(view)
     , m_model(model)

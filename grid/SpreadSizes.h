@@ -6,10 +6,10 @@
 
 #include <array>
 
+class QTableView;
 class SpreadDelegate;
 class SpreadHeader;
 class SpreadModel;
-class SpreadView;
 
 /// The font, the widths and the heights of a spread grid. All are kept in pixels as they are at 100 %; what is shown
 /// comes from them by the zoom, so that zooming back and forth changes none. Columns and rows count from 1.
@@ -18,7 +18,7 @@ class SpreadSizes final : public QObject
     Q_OBJECT
 
 public:
-    SpreadSizes(SpreadView &view, const SpreadModel &model, SpreadHeader &columns, SpreadHeader &rows,
+    SpreadSizes(QTableView &view, const SpreadModel &model, SpreadHeader &columns, SpreadHeader &rows,
         SpreadDelegate &delegate);
 
     int zoom() const { return m_zoom; } ///< per cent
@@ -52,7 +52,7 @@ private:
     void noteColumn(int at, int shown);
     void noteRow(int at, int shown);
 
-    SpreadView &m_view;
+    QTableView &m_view;
     const SpreadModel &m_model;
     SpreadHeader &m_columns;
     SpreadHeader &m_rows;

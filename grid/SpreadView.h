@@ -1,59 +1,155 @@
 #pragma once
 
+#include <QFont>
 #include <QTableView>
 
-/// The view of a spread grid as its keys and its mouse act on it. Columns and rows count from 1.
+#include <memory>
+#include <optional>
+
+class ActiveFrame;
+class SpreadDelegate;
+class SpreadHeader;
+class SpreadModel;
+class SpreadSelection;
+class SpreadSizes;
+struct GridBlock;
+
+/// What a spread grid shows, and where: the cells of a SpreadModel with their selection, widths and heights, the zoom,
+/// a first column that can be frozen, and the one editor that is open. Columns and rows count from 1; row 0 is the
+/// header row, column 0 the row numbers.
+///
+/// Routines change the view silently, but for contentsChanged().
 class SpreadView : public QTableView
 {
     Q_OBJECT
 
 public:
     enum class EditStart { GoOn, Empty };
-    /// Down, Right: from the first row or column of what is selected. Selection: one text everywhere. Series: downward.
-    enum class Fill { Down, Right, Selection, Series };
 
-    using QTableView::QTableView;
+    explicit SpreadView(QWidget *parent = nullptr);
+    ~SpreadView() override;
 
-    /// Opens the active cell's editor: on its text, or emptied.
-    virtual void openEditor(EditStart start) = 0;
-    /// Opens the active cell's editor for what was typed.
-    virtual void openEditor(QKeyEvent &typed) = 0;
-    virtual void toggleActiveCheckBox() = 0;
-    /// Ticks the check boxes among the selected cells, or unticks them when all of them are ticked, as the user's own
-    /// doing; boxes in hidden columns stay as they are. False when there is none.
-    virtual bool toggleSelectedCheckBoxes() = 0;
-    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
-    virtual void commitEdit() = 0;
-    /// Empties the selected data cells as the user's own doing. A check box becomes "0".
-    virtual void clearSelectedCells() = 0;
+    // Size. New rows are added at the end and hold their columns' initial texts; surplus rows are dropped from the end.
+    int rowCount() const;
+    void setRowCount(int rows);
+    int columnCount() const;
+    void setColumnCount(int columns);
 
-    virtual void setRowCount(int rows) = 0;
-    // The height of a row (0: the header row, which can only be asked for) in pixels at 100 %, whatever the zoom
-    virtual int plainRowHeight(int row) const = 0;
-    virtual void setPlainRowHeight(int row, int pixels) = 0;
-    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
-    virtual void setRedraw(bool on) = 0;
+    // Widths and heights
+    /// The font of all cells and headers. Heights and widths stay, widths in character units included; only a grid
+    /// without rows takes its heights from the font.
+    void setGridFont(const QFont &font);
+    QFont gridFont() const;
+    /// Width of a column for that many digits of the grid's font at this moment. Column 0, the row numbers, gets
+    /// wider by itself when the last number does not fit.
+    void setWidthInCharacters(int column, double characters);
+    /// Makes the column as wide as its widest text, the header's included. All rows are measured.
+    void fitColumnWidth(int column);
+    /// Makes the row (0: the header row) as high as its highest text needs.
+    void fitRowHeight(int row);
+    // Pixels at 100 %, whatever the zoom; 0 for a hidden column
+    int plainColumnWidth(int column) const;
+    int plainRowNumberWidth() const;
+    int plainRowHeight(int row) const; ///< row 0: the header row
+    void setPlainRowHeight(int row, int pixels);
+    /// The size at which every shown column and that many rows of default height are in view.
+    QSize sizeForRows(int rows) const;
 
-    virtual int topRow() const = 0; ///< the first row in view; 0 without rows
+    int zoom() const; ///< per cent
+    /// Shows fonts, widths and heights at that many per cent. Everything that is set or asked for stays what it is at
+    /// 100 %, but for Qt's own routines, which tell what is on the screen.
+    void setZoom(int percent);
+
+    void setColumnShown(int column, bool shown);
+    bool isColumnShown(int column) const;
+    /// The shown column that many steps from a column, which may also be 0 or the column count plus 1; the column
+    /// itself if there is none.
+    int shownColumnFrom(int column, int steps) const;
+    /// 0 or 1: that many columns from the left stay in view. The column may also be hidden.
+    void setFrozenColumns(int columns);
+    int frozenColumns() const { return m_frozenColumns; }
+
+    // Selection
+    /// The selected block: the active cell when nothing else is selected. Rows selected as rows (by their number, by
+    /// Shift+Space, by Ctrl+A) report column1 -1, and the first of them is the active row.
+    GridBlock selectedBlock() const;
+    /// column1 -1 selects whole rows. The block's top left cell becomes the active cell.
+    void selectBlock(const GridBlock &block);
+    /// More than one cell is selected, or whole rows.
+    bool isBlockSelected() const;
+    void selectAll() override;
+    int activeColumn() const; ///< 0 when there is no active cell
+    int activeRow() const; ///< 0 when there is no active cell
+    void setActiveCell(int column, int row);
+
+    // Scrolling
+    int topRow() const; ///< the first row in view; 0 without rows
     /// Near the end of the grid as far as the view can scroll.
-    virtual void setTopRow(int row) = 0;
-    virtual int bottomRow() const = 0; ///< the last row that is at least partly in view; 0 without rows
-    virtual void scrollToCell(int column, int row) = 0;
-    /// The shown column that many steps from a column (0 and the one behind the last included); the column itself when
-    /// there is none.
-    virtual int shownColumnFrom(int column, int steps) const = 0;
+    void setTopRow(int row);
+    int bottomRow() const; ///< the last row that is at least partly in view; 0 without rows
+    void scrollToCell(int column, int row);
+    void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
+
+    QModelIndex indexAt(const QPoint &position) const override;
+    QRect visualRect(const QModelIndex &index) const override;
+
+    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
+    void setRedraw(bool on);
+
+    // Editing in place
+    /// Opens the active cell's editor: on its text, or emptied.
+    void openEditor(EditStart start);
+    /// Opens the active cell's editor for what was typed.
+    void openEditor(QKeyEvent &typed);
+    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
+    void commitEdit();
+    /// Ends an edit that is under way without taking its text.
+    void dropEdit();
+    /// What the user has typed into the active cell's editor so far; std::nullopt if no edit is under way, if it
+    /// changed nothing, or if the cell would not take it.
+    std::optional<QString> textBeingTyped() const;
+    /// The text in the open editor, whatever the cell takes; std::nullopt if no edit is under way.
+    std::optional<QString> editorText() const;
 
 signals:
-    /// Ctrl+C, Ctrl+X, Ctrl+V and their old equivalents; the grid itself does nothing then.
-    void copyRequested();
-    void cutRequested();
-    void pasteRequested();
-    /// Ctrl+Z, and Ctrl+Y or Ctrl+Shift+Z; the grid itself does nothing then.
-    void undoRequested();
-    void redoRequested();
-    /// Ctrl+D, Ctrl+R, Ctrl+Enter and Ctrl+Shift+D; the grid itself does nothing then. An editor is still open when
-    /// its text is to be filled in (Fill::Selection); it stays so as long as the request is dealt with.
-    void fillRequested(SpreadView::Fill way);
-    /// Ctrl+Plus and Ctrl+Minus: by 1 and by -1; Ctrl+0: 0, back to 100 %. The grid itself does nothing then.
-    void zoomRequested(int steps);
+    /// Texts or looks of data cells may be others, or rows came or went, by whoever's doing; once for all that was
+    /// done while redrawing was off.
+    void contentsChanged();
+    /// Comes before setRowCount() adds or drops rows, also when it does neither.
+    void rowCountAboutToChange(int newCount);
+    /// The active cell moves. newRow is 0 when there is no cell to move to.
+    void cellLeft(int column, int row, int newColumn, int newRow);
+
+protected:
+    SpreadModel &sheet() const { return *m_model; }
+    SpreadSelection &selection() const { return *m_selection; }
+    SpreadDelegate &delegate() const { return *m_delegate; }
+    SpreadHeader &columnHeader() const { return *m_columnHeader; }
+    SpreadHeader &rowHeader() const { return *m_rowHeader; }
+
+    void paintEvent(QPaintEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    QRegion visualRegionForSelection(const QItemSelection &selected) const override;
+
+private:
+    int frozenWidth() const;
+    void markHeaders();
+    void paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part);
+    void announceActiveCell();
+
+    SpreadModel *m_model;
+    SpreadHeader *m_columnHeader;
+    SpreadHeader *m_rowHeader;
+    SpreadSelection *m_selection = nullptr;
+    SpreadDelegate *m_delegate = nullptr;
+    SpreadSizes *m_sizes = nullptr;
+    std::unique_ptr<ActiveFrame> m_activeFrame;
+    int m_frozenColumns = 0;
+    int m_redrawsOff = 0;
+    bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own
 };

@@ -442,8 +442,8 @@ TEST(SpreadGridFill, asksWhoeverFillsWhileTheEditorIsOpen)
 {
     const auto grid = shownGrid();
     std::optional<QString> typed;
-    QObject::connect(grid.get(), &SpreadGrid::fillRequested, grid.get(), [&](SpreadView::Fill way) {
-        EXPECT_EQ(way, SpreadView::Fill::Selection);
+    QObject::connect(grid.get(), &SpreadGrid::fillRequested, grid.get(), [&](SpreadGrid::Fill way) {
+        EXPECT_EQ(way, SpreadGrid::Fill::Selection);
         typed = grid->editorText();
         grid->dropEdit();
     });
