@@ -8,8 +8,9 @@
 #include "grid/cells/SpreadModel.h"
 #include "grid/cells/TextMeter.h"
 #include "grid/cells/VisibleText.h"
-#include "grid/editors/CellEditorFactory.h"
+#include "grid/editors/CellLineEdit.h"
 #include "grid/editors/CellListBox.h"
+#include "grid/editors/CellTextBox.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -69,21 +70,34 @@ bool isFillKey(int key, Qt::KeyboardModifiers modifiers)
     return (key == Qt::Key_Return || key == Qt::Key_Enter) && (modifiers & ~Qt::KeypadModifier) == Qt::ControlModifier;
 }
 
+/// The editor that fits the cell type and the cell's text; it shows that text already.
+CellEditor *newEditor(const CellType &type, const QString &text, QWidget *parent)
+{
+    if (type.kind == CellType::Kind::ComboBox) {
+        return new CellListBox(type, text, parent);
+    }
+    if (LineEnds::areIn(text)) {
+        return new CellTextBox(type, text, parent);
+    }
+    return new CellLineEdit(type, text, parent);
+}
+
+/// The editor that this widget is; nullptr for other widgets.
+CellEditor *editorOf(QWidget *widget)
+{
+    return dynamic_cast<CellEditor *>(widget);
+}
+
 } // namespace
 
 SpreadDelegate::SpreadDelegate(QTableView &view, const SpreadModel &model)
-    : QStyledItemDelegate(&view), m_view(view), m_model(model), m_search(view, model)
+    : QStyledItemDelegate(&view), m_view(view), m_model(model), m_search(view, model), m_boxes(view)
 {
-}
-
-int SpreadDelegate::zoomed(int pixels) const
-{
-    return (pixels * m_zoom + 50) / 100;
 }
 
 int SpreadDelegate::margin() const
 {
-    return zoomed(CellMetrics::margin);
+    return CellMetrics::zoomed(CellMetrics::margin, m_zoom);
 }
 
 // Painting
@@ -159,45 +173,15 @@ void SpreadDelegate::paintCheckBox(
 {
     const QRect place = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
-    const QPixmap &box = boxPicture(ticked, m_model.foreColour(index.column() + 1, index.row() + 1));
-    painter->drawPixmap(place.x(), place.y() + (place.height() - indicatorSize().height()) / 2, box);
-    QRect beside = place.adjusted(indicatorSize().width() + margin(), 0, 0, 0);
+    const QPixmap &box = m_boxes.picture(ticked, m_model.foreColour(index.column() + 1, index.row() + 1), m_zoom);
+    painter->drawPixmap(place.x(), place.y() + (place.height() - m_boxes.size(m_zoom).height()) / 2, box);
+    QRect beside = place.adjusted(m_boxes.size(m_zoom).width() + margin(), 0, 0, 0);
     beside.setRight(std::min(beside.right(), option.rect.right() - margin()));
     const QString &caption = typeOf(m_model, index).caption;
     if (!caption.isEmpty()) {
         painter->drawText(beside, Qt::AlignVCenter | Qt::TextSingleLine,
             shownCellText(caption, painter->fontMetrics(), beside.size()));
     }
-}
-
-// The style draws each of them once: its shades and curves cost as much as five texts.
-const QPixmap &SpreadDelegate::boxPicture(bool ticked, const QColor &own) const
-{
-    const BoxLook look{m_view.style(), m_view.palette().cacheKey(), m_view.devicePixelRatioF(), m_zoom};
-    if (look != m_boxLook) {
-        m_boxLook = look;
-        m_boxes.clear();
-    }
-    QPixmap &picture = m_boxes[{own.isValid() ? own.rgba() : QRgb(0), ticked}];
-    if (picture.isNull()) {
-        picture = drawnBox(ticked, own);
-    }
-    return picture;
-}
-
-QPixmap SpreadDelegate::drawnBox(bool ticked, const QColor &own) const
-{
-    QPixmap picture(indicatorSize() * m_view.devicePixelRatioF());
-    picture.setDevicePixelRatio(m_view.devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QStyleOptionButton box;
-    box.initFrom(&m_view);
-    box.rect = QRect(QPoint(), indicatorSize());
-    box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base), own);
-    box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);
-    QPainter painter(&picture);
-    m_view.style()->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, &m_view);
-    return picture;
 }
 
 void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -209,19 +193,13 @@ void SpreadDelegate::paintArrow(QPainter *painter, const QStyleOptionViewItem &o
     m_view.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, painter, &m_view);
 }
 
-QSize SpreadDelegate::indicatorSize() const
-{
-    return {zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &m_view)),
-        zoomed(m_view.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &m_view))};
-}
-
 QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) const
 {
     const CellType &type = typeOf(m_model, index);
     if (type.kind != CellType::Kind::CheckBox) {
         return {};
     }
-    QSize size = indicatorSize();
+    QSize size = m_boxes.size(m_zoom);
     Qt::Alignment alignment = Qt::AlignCenter;
     if (!type.caption.isEmpty()) {
         size.rwidth() += margin() + m_view.fontMetrics().horizontalAdvance(type.caption);
@@ -236,7 +214,7 @@ QRect SpreadDelegate::arrowRect(const QModelIndex &index, const QRect &cell) con
     if (typeOf(m_model, index).kind != CellType::Kind::ComboBox) {
         return {};
     }
-    const int width = std::min(cell.width() / 2, zoomed(CellMetrics::arrowWidth));
+    const int width = std::min(cell.width() / 2, CellMetrics::zoomed(CellMetrics::arrowWidth, m_zoom));
     return cell.adjusted(cell.width() - width, 2, -2, -2);
 }
 
@@ -269,7 +247,7 @@ bool SpreadDelegate::helpEvent(
 
 CellEditor *SpreadDelegate::editor() const
 {
-    return cellEditorOf(m_editor);
+    return editorOf(m_editor);
 }
 
 QWidget *SpreadDelegate::createEditor(
@@ -279,7 +257,7 @@ QWidget *SpreadDelegate::createEditor(
     if (type.kind == CellType::Kind::CheckBox) {
         return nullptr;
     }
-    CellEditor *created = newCellEditor(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
+    CellEditor *created = newEditor(type, m_model.text(index.column() + 1, index.row() + 1).toString(), parent);
     created->alignText(m_model.alignment(index.column() + 1));
     m_editor = created->widget();
     m_editor->setAutoFillBackground(true);
@@ -299,7 +277,7 @@ void SpreadDelegate::setEditorData(QWidget * /*editor*/, const QModelIndex & /*i
 
 void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    const CellEditor *cell = cellEditorOf(editor);
+    const CellEditor *cell = editorOf(editor);
     if (cell->isModified() && cell->isAcceptable()) {
         model->setData(index, cell->text(), Qt::EditRole);
     }
@@ -310,7 +288,7 @@ void SpreadDelegate::updateEditorGeometry(
 {
     // A row may be lower than the font needs; the text that is being typed is shown whole.
     QRect place = option.rect;
-    place.setHeight(std::max(place.height(), cellEditorOf(editor)->neededHeight()));
+    place.setHeight(std::max(place.height(), editorOf(editor)->neededHeight()));
     editor->setGeometry(place);
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "grid/CellSearch.h"
+#include "grid/CheckBoxPictures.h"
 
-#include <QHash>
 #include <QPalette>
-#include <QPixmap>
 #include <QPointer>
 #include <QStyledItemDelegate>
 
@@ -69,30 +68,19 @@ private:
     bool runFillKey();
     bool isPressOnView(const QFocusEvent &event) const;
     bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
-    struct BoxLook
-    {
-        const QStyle *style = nullptr;
-        qint64 palette = 0;
-        double pixelRatio = 0;
-        int zoom = 100;
-        bool operator==(const BoxLook &) const = default;
-    };
 
     QColor groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const;
     QColor selectedGround(const QPalette &palette) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
-    const QPixmap &boxPicture(bool ticked, const QColor &own) const;
-    QPixmap drawnBox(bool ticked, const QColor &own) const;
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
-    QSize indicatorSize() const;
-    int zoomed(int pixels) const;
     int margin() const;
 
     QTableView &m_view;
     const SpreadModel &m_model;
     CellSearch m_search;
+    mutable CheckBoxPictures m_boxes;
     bool m_foundMarked = false;
     std::function<bool()> m_runFillKey;
     bool m_keepsOpen = false; ///< the editor stays open although it loses the focus
@@ -100,6 +88,4 @@ private:
     int m_zoom = 100; ///< per cent
     mutable QColor m_selectedGround;
     mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedGround is of
-    mutable BoxLook m_boxLook;
-    mutable QHash<std::pair<QRgb, bool>, QPixmap> m_boxes; ///< by colour of the cell (0 for none), ticked
 };

@@ -12,6 +12,12 @@ constexpr int extraWidth = 2 * margin + gridLine;
 constexpr int extraHeight = 6; ///< above and below the text, with the grid line
 constexpr int arrowWidth = 18;
 
+/// Pixels at 100 % as they are at that zoom (per cent).
+constexpr int zoomed(int pixels, int zoom)
+{
+    return (pixels * zoom + 50) / 100;
+}
+
 /// The height of a row whose highest text is this.
 int rowHeight(const QFontMetrics &metrics, QStringView text);
 
