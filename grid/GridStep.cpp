@@ -39,8 +39,8 @@ struct GridStep::Exchange
     void operator()(RowHeights &heights) const
     {
         for (int row = heights.firstRow; int &pixels : heights.pixels) {
-            const int former = view.plainRowHeight(row);
-            view.setPlainRowHeight(row, pixels);
+            const int former = view.unzoomedRowHeight(row);
+            view.setUnzoomedRowHeight(row, pixels);
             pixels = former;
             ++row;
         }
@@ -82,7 +82,7 @@ void GridStep::noteRowCount(const SpreadModel &model, const SpreadView &view, in
     if (first <= last) {
         RowHeights heights{first, {}};
         for (int row = first; row <= last; ++row) {
-            heights.pixels.push_back(view.plainRowHeight(row));
+            heights.pixels.push_back(view.unzoomedRowHeight(row));
         }
         m_changes.push_back(std::move(heights));
         noteColours(model, {1, first, model.columnCount(), last});

@@ -120,22 +120,22 @@ void SpreadView::fitRowHeight(int row)
     m_sizes->fitRowHeight(row);
 }
 
-int SpreadView::plainColumnWidth(int column) const
+int SpreadView::unzoomedColumnWidth(int column) const
 {
     return isColumnShown(column) ? m_sizes->columnWidth(column) : 0;
 }
 
-int SpreadView::plainRowNumberWidth() const
+int SpreadView::unzoomedRowNumberWidth() const
 {
     return m_sizes->rowNumberWidth();
 }
 
-int SpreadView::plainRowHeight(int row) const
+int SpreadView::unzoomedRowHeight(int row) const
 {
     return m_sizes->rowHeight(row);
 }
 
-void SpreadView::setPlainRowHeight(int row, int pixels)
+void SpreadView::setUnzoomedRowHeight(int row, int pixels)
 {
     m_sizes->setRowHeight(row, pixels);
 }

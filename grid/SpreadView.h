@@ -48,10 +48,10 @@ public:
     /// Makes the row (0: the header row) as high as its highest text needs.
     void fitRowHeight(int row);
     // Pixels at 100 %, whatever the zoom; 0 for a hidden column
-    int plainColumnWidth(int column) const;
-    int plainRowNumberWidth() const;
-    int plainRowHeight(int row) const; ///< row 0: the header row
-    void setPlainRowHeight(int row, int pixels);
+    int unzoomedColumnWidth(int column) const;
+    int unzoomedRowNumberWidth() const;
+    int unzoomedRowHeight(int row) const; ///< row 0: the header row
+    void setUnzoomedRowHeight(int row, int pixels);
     /// The size at which every shown column and that many rows of default height are in view.
     QSize sizeForRows(int rows) const;
 

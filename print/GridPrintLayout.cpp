@@ -49,7 +49,7 @@ GridPrintLayout::GridPrintLayout(
 double GridPrintLayout::columnWidth(int column) const
 {
     // A heading that fits on the screen must not be wrapped because its letters run a little wider on the paper.
-    const double width = scaledWidth(m_grid.plainColumnWidth(column));
+    const double width = scaledWidth(m_grid.unzoomedColumnWidth(column));
     const double heading = m_text.width(m_grid.text(column, 0)) + 2 * padding();
     const double wide = heading > width && heading < width * 1.2 ? heading : width;
     return std::min(std::max(wide, textHeight(1)), m_pageWidth - m_rowNumberWidth);
@@ -64,7 +64,7 @@ bool GridPrintLayout::isFirstRepeated(const PrintArea &area) const
 
 double GridPrintLayout::findRowNumberWidth(const PrintArea &area) const
 {
-    const double shown = scaledWidth(m_grid.plainRowNumberWidth());
+    const double shown = scaledWidth(m_grid.unzoomedRowNumberWidth());
     const double needed = m_text.width(m_grid.text(0, area.rows.last)) + 2 * padding();
     return std::min(std::max(shown, needed), m_pageWidth / 2);
 }
@@ -75,7 +75,7 @@ double GridPrintLayout::findHeadingHeight() const
     for (const PaperColumn &column : m_columns) {
         lines = std::max(lines, m_text.lineCount(m_grid.text(column.column, 0), column.width - 2 * padding()));
     }
-    const double shown = m_grid.plainRowHeight(0) * m_scaleY;
+    const double shown = m_grid.unzoomedRowHeight(0) * m_scaleY;
     return std::min(std::max(shown, textHeight(lines)), m_pageHeight / 3);
 }
 
@@ -88,7 +88,7 @@ double GridPrintLayout::rowHeight(int row) const
             lines = std::max(lines, m_text.lineCount(m_grid.text(column.column, row), width));
         }
     }
-    return std::min(std::max(m_grid.plainRowHeight(row) * m_scaleY, textHeight(lines)), m_mostRowHeight);
+    return std::min(std::max(m_grid.unzoomedRowHeight(row) * m_scaleY, textHeight(lines)), m_mostRowHeight);
 }
 
 double GridPrintLayout::lineHeight(const PageTextLine &line) const
