@@ -154,7 +154,7 @@ static void PasteAllRows(benchmark::State &state)
     const GridBlock all{0, 1, columnCount, rowCount};
     const QString text = grid->blockText(all);
     measure(state, moveSeconds(), nothing, [&] {
-        grid->setForeColour(all, QColor(128, 0, 0));
+        grid->setTextColour(all, QColor(128, 0, 0));
         grid->setBlockText(all, text);
     });
 }
@@ -165,7 +165,7 @@ static void PasteLinesAtTheTop(benchmark::State &state)
     const GridBlock top{0, 1, columnCount, int(state.range(0))};
     const QString text = grid->blockText(top);
     measure(state, moveSeconds(), nothing, [&] {
-        grid->setForeColour(top, QColor(128, 0, 0));
+        grid->setTextColour(top, QColor(128, 0, 0));
         grid->setBlockText(top, text);
     });
 }
@@ -207,7 +207,7 @@ static void ClearAllAndColour(benchmark::State &state)
 {
     const auto grid = fullGrid();
     QObject::connect(grid.get(), &SpreadGrid::cellsEdited, grid.get(),
-        [&grid](const GridBlock &block) { grid->setForeColour(block, QColor(128, 0, 0)); });
+        [&grid](const GridBlock &block) { grid->setTextColour(block, QColor(128, 0, 0)); });
     measure(
         state, noFloor, [&] { fill(*grid); },
         [&] {

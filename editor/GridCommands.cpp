@@ -114,7 +114,7 @@ void GridCommands::pasteCell(const QString &text)
     const int column = m_grid.activeColumn();
     const int row = m_grid.activeRow();
     const UndoStep step(m_grid.history());
-    m_grid.setForeColour({column, row, column, row}, QColor(changedCellColour));
+    m_grid.setTextColour({column, row, column, row}, QColor(changedCellColour));
     m_grid.setText(column, row, text);
     noteChange();
 }
@@ -123,7 +123,7 @@ void GridCommands::place(const GridBlock &target, const QString &text)
 {
     const UndoStep step(m_grid.history());
     const RedrawOff redrawOff(m_grid);
-    m_grid.setForeColour(target, QColor(changedCellColour));
+    m_grid.setTextColour(target, QColor(changedCellColour));
     m_grid.setBlockText(target, text);
     noteChange();
 }

@@ -312,7 +312,7 @@ bool GridFilling::colourChanged(const Filling &filling)
             const auto end = std::find_if_not(begin, texts.end(), changes);
             const int row1 = filling.row1 + int(begin - texts.begin());
             const int row2 = filling.row1 + int(end - texts.begin()) - 1;
-            m_grid.setForeColour({column, row1, column, row2}, QColor(changedCellColour));
+            m_grid.setTextColour({column, row1, column, row2}, QColor(changedCellColour));
             any = true;
             begin = std::find_if(end, texts.end(), changes);
         }

@@ -22,7 +22,7 @@ QStringView RecoveryCells::cellText(int column, int row) const
 
 bool RecoveryCells::isCellChanged(int column, int row) const
 {
-    return isTyped(column, row) || m_grid.foreColour(column, row).isValid();
+    return isTyped(column, row) || m_grid.textColour(column, row).isValid();
 }
 
 bool RecoveryCells::isTyped(int column, int row) const
@@ -36,7 +36,7 @@ void restoreColours(SpreadGrid &grid, int row, quint32 changedColumns)
 {
     for (int column = 1; column <= ParameterColumn::Count; ++column) {
         if ((changedColumns >> column & 1U) != 0) {
-            grid.setForeColour({column, row, column, row}, QColor(changedCellColour));
+            grid.setTextColour({column, row, column, row}, QColor(changedCellColour));
         }
     }
 }

@@ -194,7 +194,7 @@ void frmPrFile::chooseColumns()
 void frmPrFile::markChanged(const GridBlock &block)
 {
     DocFlags[m_docNo].changed = true;
-    m_grid->setForeColour(block, QColor(changedCellColour));
+    m_grid->setTextColour(block, QColor(changedCellColour));
 }
 
 void frmPrFile::showPrNumber()

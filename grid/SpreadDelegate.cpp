@@ -111,7 +111,7 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const bool selected = !active && option.state & QStyle::State_Selected;
     const QColor ground = groundOf(option.palette, column, row, active, selected);
     painter->fillRect(option.rect, ground);
-    painter->setPen(textColour(option.palette, m_model.foreColour(column, row), ground, selected));
+    painter->setPen(textColour(option.palette, m_model.textColour(column, row), ground, selected));
     const CellType::Kind kind = m_model.cellType(column, row).kind;
     if (kind == CellType::Kind::CheckBox) {
         paintCheckBox(painter, option, index);
@@ -173,7 +173,7 @@ void SpreadDelegate::paintCheckBox(
 {
     const QRect place = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
-    const QPixmap &box = m_boxes.picture(ticked, m_model.foreColour(index.column() + 1, index.row() + 1), m_zoom);
+    const QPixmap &box = m_boxes.picture(ticked, m_model.textColour(index.column() + 1, index.row() + 1), m_zoom);
     painter->drawPixmap(place.x(), place.y() + (place.height() - m_boxes.size(m_zoom).height()) / 2, box);
     QRect beside = place.adjusted(m_boxes.size(m_zoom).width() + margin(), 0, 0, 0);
     beside.setRight(std::min(beside.right(), option.rect.right() - margin()));

@@ -160,15 +160,15 @@ Qt::Alignment SpreadGrid::alignment(int column) const
     return column == 0 ? rowHeader().defaultAlignment() : sheet().alignment(column);
 }
 
-void SpreadGrid::setForeColour(const GridBlock &block, const QColor &colour)
+void SpreadGrid::setTextColour(const GridBlock &block, const QColor &colour)
 {
     m_history->noteColours(block);
-    sheet().setForeColour(block, colour);
+    sheet().setTextColour(block, colour);
 }
 
-QColor SpreadGrid::foreColour(int column, int row) const
+QColor SpreadGrid::textColour(int column, int row) const
 {
-    return sheet().foreColour(column, row);
+    return sheet().textColour(column, row);
 }
 
 // Search
@@ -213,7 +213,7 @@ bool SpreadGrid::goToColoured(const QColor &colour, int step)
     return goTo(nextCell(
         {columnCount(), rowCount()}, {activeColumn(), std::max(activeRow(), 1)}, step,
         [this](int row) { return sheet().isColoured(row); },
-        [&](int column, int row) { return isColumnShown(column) && foreColour(column, row) == colour; }));
+        [&](int column, int row) { return isColumnShown(column) && textColour(column, row) == colour; }));
 }
 
 // Keys and menu

@@ -75,8 +75,8 @@ public:
     /// Column 0: the row numbers.
     void setAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment alignment(int column) const;
-    void setForeColour(const GridBlock &block, const QColor &colour);
-    QColor foreColour(int column, int row) const;
+    void setTextColour(const GridBlock &block, const QColor &colour);
+    QColor textColour(int column, int row) const;
 
     // Search
     /// What goToFound() looks for, without regard to case, in the texts of the shown columns. Empty: nothing.

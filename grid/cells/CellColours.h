@@ -4,9 +4,9 @@
 
 #include <vector>
 
-/// The fore colours of the cells: they belong to the place, not to the text that stands there. A byte per cell, and
-/// none at all before the first colour is set. Columns and rows count from 0. At most 255 different colours; further
-/// ones are shown as the last of them.
+/// The text colours of the cells. They belong to the positions in the grid, not to the texts: a text that moves leaves
+/// its colour behind. One byte per cell, and none at all before the first colour is set. Columns and rows count from 0.
+/// At most 255 different colours; further ones are shown as the last of them.
 class CellColours
 {
 public:

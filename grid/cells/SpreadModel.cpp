@@ -328,7 +328,7 @@ Qt::Alignment SpreadModel::alignment(int column) const
                                                   : Qt::Alignment(Qt::AlignCenter);
 }
 
-void SpreadModel::setForeColour(const GridBlock &block, const QColor &colour)
+void SpreadModel::setTextColour(const GridBlock &block, const QColor &colour)
 {
     if (const auto cells = dataCells(block)) {
         m_colours.fill(cells->column1 - 1, cells->row1 - 1, cells->column2 - 1, cells->row2 - 1, colour);
@@ -347,7 +347,7 @@ void SpreadModel::exchangeColours(const GridBlock &cells, std::vector<quint8> &k
     cellsChanged(cells);
 }
 
-QColor SpreadModel::foreColour(int column, int row) const
+QColor SpreadModel::textColour(int column, int row) const
 {
     return isCell(column, row) ? m_colours.colour(column - 1, row - 1) : QColor();
 }
@@ -391,7 +391,7 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
     case Qt::TextAlignmentRole:
         return int(alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:
-        return foreColour(column, row).isValid() ? QVariant(QBrush(foreColour(column, row))) : QVariant();
+        return textColour(column, row).isValid() ? QVariant(QBrush(textColour(column, row))) : QVariant();
     default:
         return {};
     }

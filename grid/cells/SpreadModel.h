@@ -60,13 +60,13 @@ public:
     const CellType &cellType(int column, int row) const;
     void setAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment alignment(int column) const;
-    void setForeColour(const GridBlock &block, const QColor &colour);
+    void setTextColour(const GridBlock &block, const QColor &colour);
     /// The colours of the cells, which must be inside, to be given back by exchangeColours().
     std::vector<quint8> keptColours(const GridBlock &cells) const;
     /// Exchanges the colours of the cells with what was kept of them.
     void exchangeColours(const GridBlock &cells, std::vector<quint8> &kept);
-    QColor foreColour(int column, int row) const;
-    /// Whether any cell of the row, which must be inside, has a fore colour.
+    QColor textColour(int column, int row) const;
+    /// Whether any cell of the row, which must be inside, has a colour.
     bool isColoured(int row) const { return m_colours.isColoured(row - 1); }
 
     /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.

@@ -105,15 +105,15 @@ TEST_P(Contrast, ofCells)
 
 TEST_P(Contrast, ofChangedCells)
 {
-    grid().setForeColour({ParameterColumn::Name, 2, ParameterColumn::Name, 2}, QColor(changedCellColour));
+    grid().setTextColour({ParameterColumn::Name, 2, ParameterColumn::Name, 2}, QColor(changedCellColour));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
     EXPECT_NE(pictureOfCell(ParameterColumn::Name, 2), pictureOfCell(ParameterColumn::Name, 3));
-    EXPECT_EQ(grid().foreColour(ParameterColumn::Name, 2), QColor(changedCellColour)) << "only the screen is adapted";
+    EXPECT_EQ(grid().textColour(ParameterColumn::Name, 2), QColor(changedCellColour)) << "only the screen is adapted";
 }
 
 TEST_P(Contrast, ofSelectedCells)
 {
-    grid().setForeColour({ParameterColumn::Name, 3, ParameterColumn::Name, 3}, QColor(changedCellColour));
+    grid().setTextColour({ParameterColumn::Name, 3, ParameterColumn::Name, 3}, QColor(changedCellColour));
     grid().selectBlock({ParameterColumn::Number, 1, ParameterColumn::Name, 4});
     EXPECT_NE(groundOf(pictureOfCell(ParameterColumn::Name, 2)), groundOf(pictureOfCell(ParameterColumn::Name, 6)));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
@@ -138,7 +138,7 @@ TEST_P(Contrast, ofTheActiveCellsFrame)
 
 TEST_P(Contrast, ofFoundCells)
 {
-    grid().setForeColour({ParameterColumn::Name, 3, ParameterColumn::Name, 3}, QColor(changedCellColour));
+    grid().setTextColour({ParameterColumn::Name, 3, ParameterColumn::Name, 3}, QColor(changedCellColour));
     QTest::keyClick(&grid(), Qt::Key_F, Qt::ControlModifier);
     auto &field = control<FindField>(editor(), u"txtFind"_s);
     QTest::keyClicks(&field, u"param"_s);

@@ -291,8 +291,8 @@ TEST_F(Recovery, opensWhatACrashLeftAsAChangedDocumentUnderItsName)
     EXPECT_TRUE(DocFlags[docNo()].changed);
     EXPECT_EQ(grid().rowCount(), rows);
     EXPECT_EQ(grid().blockText({1, 1, 13, rows}), all);
-    EXPECT_EQ(grid().foreColour(2, 1), QColor(128, 0, 0));
-    EXPECT_FALSE(grid().foreColour(3, 1).isValid());
+    EXPECT_EQ(grid().textColour(2, 1), QColor(128, 0, 0));
+    EXPECT_FALSE(grid().textColour(3, 1).isValid());
     EXPECT_EQ(MachineInfos[docNo()].Option, QStringList({u"A"_s, u"B"_s}));
     EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), QString::number(rows));
     EXPECT_EQ(readFile(file), document(3));
@@ -388,7 +388,7 @@ TEST_F(Recovery, keepsWhatIsBeingTyped)
     leaveBehind();
     start();
     EXPECT_EQ(grid().text(2, 1), u"Parameter 1 and more"_s);
-    EXPECT_EQ(grid().foreColour(2, 1), QColor(128, 0, 0));
+    EXPECT_EQ(grid().textColour(2, 1), QColor(128, 0, 0));
     EXPECT_TRUE(DocFlags[docNo()].changed);
 }
 

@@ -55,7 +55,7 @@ TEST_F(DialogCommands, editTheFunctionCodeOfTheActiveRowFromTheMenu)
     chooseMenu(u"mneEdit"_s, u"mneEditFunc"_s);
     EXPECT_EQ(grid().text(ParameterColumn::FuncCode, 3), u"0013"_s);
     EXPECT_EQ(grid().text(ParameterColumn::FuncCode, 2), u"0003"_s);
-    EXPECT_NE(grid().foreColour(ParameterColumn::FuncCode, 3), QColor(changedCellColour));
+    EXPECT_NE(grid().textColour(ParameterColumn::FuncCode, 3), QColor(changedCellColour));
     EXPECT_TRUE(isChanged());
     EXPECT_TRUE(saved().contains(",Parameter 3,%,0.1,-1,-1,3,19,"));
 }
@@ -144,7 +144,7 @@ TEST_F(DialogCommands, editTheReadConditionsOfTheActiveRow)
     chooseMenu(u"mneEdit"_s, u"mneEditCond"_s);
     EXPECT_EQ(grid().text(ParameterColumn::ConditionCount, 3), u"2"_s);
     EXPECT_EQ(grid().text(ParameterColumn::Condition, 3), u"79=1,MODE=0"_s);
-    EXPECT_NE(grid().foreColour(ParameterColumn::Condition, 3), QColor(changedCellColour));
+    EXPECT_NE(grid().textColour(ParameterColumn::Condition, 3), QColor(changedCellColour));
     EXPECT_TRUE(isChanged());
     EXPECT_TRUE(saved().contains("2,3,1003,Parameter 3,%,0.1,-1,-1,3,3,1,1,0,30,79,0,1,MODE,0,0\r\n"));
 }

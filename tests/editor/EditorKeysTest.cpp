@@ -157,7 +157,7 @@ TEST_F(EditorKeys, f7CountsPastedAndTickedCells)
     grid().setActiveCell(8, 30);
     press(Qt::Key_V, Qt::ControlModifier);
     ASSERT_EQ(grid().text(8, 30), u"x"_s);
-    ASSERT_EQ(grid().foreColour(8, 30), QColor(changedCellColour));
+    ASSERT_EQ(grid().textColour(8, 30), QColor(changedCellColour));
     grid().setActiveCell(4, 60);
     press(Qt::Key_Space);
     grid().setActiveCell(2, 10);

@@ -86,8 +86,8 @@ TEST_F(EditorWindow, marksATypedCellAndItsDocument)
     typeInto(2, 3, u"New name"_s);
     EXPECT_EQ(grid().text(2, 3), u"New name"_s);
     EXPECT_TRUE(DocFlags[docNo()].changed);
-    EXPECT_EQ(grid().foreColour(2, 3), QColor(128, 0, 0));
-    EXPECT_NE(grid().foreColour(2, 2), QColor(128, 0, 0));
+    EXPECT_EQ(grid().textColour(2, 3), QColor(128, 0, 0));
+    EXPECT_NE(grid().textColour(2, 2), QColor(128, 0, 0));
 }
 
 TEST_F(EditorWindow, keepsTheColourAfterASave)
@@ -95,7 +95,7 @@ TEST_F(EditorWindow, keepsTheColourAfterASave)
     typeInto(2, 3, u"New name"_s);
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     EXPECT_FALSE(DocFlags[docNo()].changed);
-    EXPECT_EQ(grid().foreColour(2, 3), QColor(128, 0, 0));
+    EXPECT_EQ(grid().textColour(2, 3), QColor(128, 0, 0));
 }
 
 TEST_F(EditorWindow, togglesTheRangeCheckByKeyAndSavesIt)
@@ -395,7 +395,7 @@ TEST_F(EditorWindow, takesNoTypedIntoTheIncrementsAndSavesIt)
         }
         pressKey(*QApplication::focusWidget(), Qt::Key_Tab);
         EXPECT_EQ(grid().text(column, 2), u"No"_s);
-        EXPECT_EQ(grid().foreColour(column, 2), QColor(128, 0, 0));
+        EXPECT_EQ(grid().textColour(column, 2), QColor(128, 0, 0));
     }
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     EXPECT_TRUE(readFile(editor().windowTitle()).contains("Parameter 2,%,1,-1,-1,2,"));

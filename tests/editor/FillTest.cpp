@@ -121,7 +121,7 @@ TEST_P(Filling, changesItsCellsInOneStep)
         for (int column = 1; column <= 13; ++column) {
             const bool isOther = before.texts.split(u"\r\n"_s)[row - 1].split(u'\t')[column - 1]
                 != expected.split(u"\r\n"_s)[row - 1].split(u'\t')[column - 1];
-            EXPECT_EQ(grid().foreColour(column, row) == QColor(128, 0, 0), isOther) << column << ' ' << row;
+            EXPECT_EQ(grid().textColour(column, row) == QColor(128, 0, 0), isOther) << column << ' ' << row;
         }
     }
     selectCell(1, 12);

@@ -70,7 +70,7 @@ QString GridCommandsTest::rowText(int row)
 
 bool GridCommandsTest::isRed(int column, int row)
 {
-    return grid().foreColour(column, row) == QColor(128, 0, 0);
+    return grid().textColour(column, row) == QColor(128, 0, 0);
 }
 
 bool GridCommandsTest::isChanged()

@@ -390,7 +390,7 @@ QString GridModelTest::difference()
                 return u"column %1, row %2: \"%3\" instead of \"%4\""_s.arg(column).arg(row).arg(
                     grid().text(column, row), m_model.text(column, row));
             }
-            const bool isRed = grid().foreColour(column, row) == QColor(128, 0, 0);
+            const bool isRed = grid().textColour(column, row) == QColor(128, 0, 0);
             if (isRed != m_model.isRed(column, row)) {
                 return u"column %1, row %2: red is %3"_s.arg(column).arg(row).arg(isRed);
             }

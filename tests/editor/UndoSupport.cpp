@@ -46,7 +46,7 @@ Shown UndoTest::shown()
     for (int row = 1; row <= grid().rowCount(); ++row) {
         now.heights.push_back(grid().rowHeight(row - 1));
         for (int column = 1; column <= grid().columnCount(); ++column) {
-            const QColor colour = grid().foreColour(column, row);
+            const QColor colour = grid().textColour(column, row);
             now.colours.push_back(colour.isValid() ? colour.rgb() : 0U);
         }
     }

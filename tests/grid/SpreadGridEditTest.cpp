@@ -258,7 +258,7 @@ TEST(SpreadGridEdit, keepsTheTypingWhenTheProgramColoursTheCell)
     const auto grid = shownGrid();
     clickCell(*grid, 2, 1);
     typeText(*grid, u"new"_s);
-    grid->setForeColour({2, 1, 2, 1}, Qt::red);
+    grid->setTextColour({2, 1, 2, 1}, Qt::red);
     pressKey(*grid, Qt::Key_Return);
     EXPECT_EQ(grid->text(2, 1), u"new"_s);
 }

@@ -33,7 +33,7 @@ TEST(SpreadGridPaint, paintsTextsInTheColourOfTheirCells)
     const auto grid = shownGrid();
     const QColor darkRed(128, 0, 0);
     grid->setActiveCell(6, 10);
-    grid->setForeColour({2, 2, 2, 2}, darkRed);
+    grid->setTextColour({2, 2, 2, 2}, darkRed);
     const QImage picture = pictureOf(*grid);
     EXPECT_TRUE(hasColour(picture, innerRect(*grid, 2, 2), darkRed));
     EXPECT_FALSE(hasColour(picture, innerRect(*grid, 2, 3), darkRed));
@@ -49,9 +49,9 @@ TEST(SpreadGridPaint, paintsBoxesInTheColourOfTheirCells)
     for (const QString &text : {u"0"_s, u"1"_s}) {
         grid->setText(4, 2, text);
         grid->setText(4, 3, text);
-        grid->setForeColour({4, 2, 4, 2}, QColor());
+        grid->setTextColour({4, 2, 4, 2}, QColor());
         ASSERT_FALSE(hasColour(pictureOf(*grid), innerRect(*grid, 4, 2), darkRed));
-        grid->setForeColour({4, 2, 4, 2}, darkRed);
+        grid->setTextColour({4, 2, 4, 2}, darkRed);
         const QImage picture = pictureOf(*grid);
         EXPECT_TRUE(hasColour(picture, innerRect(*grid, 4, 2), darkRed)) << text.toStdString();
         EXPECT_FALSE(hasColour(picture, innerRect(*grid, 4, 3), darkRed)) << text.toStdString();

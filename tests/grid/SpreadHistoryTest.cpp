@@ -163,18 +163,18 @@ TEST_F(SpreadHistoryTest, makesNoStepWithoutADifference)
     write(1, 1, u"1.1"_s);
     {
         const UndoStep step(history());
-        m_grid.setForeColour({1, 1, 3, 3}, QColor());
+        m_grid.setTextColour({1, 1, 3, 3}, QColor());
         m_grid.setRowCount(10);
     }
     EXPECT_FALSE(history().undo());
     {
         const UndoStep step(history());
-        m_grid.setForeColour({1, 1, 3, 3}, Qt::red);
+        m_grid.setTextColour({1, 1, 3, 3}, Qt::red);
     }
     EXPECT_TRUE(history().undo());
-    EXPECT_FALSE(m_grid.foreColour(2, 2).isValid());
+    EXPECT_FALSE(m_grid.textColour(2, 2).isValid());
     history().redo();
-    EXPECT_EQ(m_grid.foreColour(2, 2), QColor(Qt::red));
+    EXPECT_EQ(m_grid.textColour(2, 2), QColor(Qt::red));
 }
 
 TEST_F(SpreadHistoryTest, joinsStepsWithinAStep)
@@ -217,7 +217,7 @@ TEST_F(SpreadHistoryTest, keepsNothingBeforeItIsStarted)
 
 TEST_F(SpreadHistoryTest, bringsBackTheOnlyRows)
 {
-    m_grid.setForeColour({2, 10, 2, 10}, Qt::red);
+    m_grid.setTextColour({2, 10, 2, 10}, Qt::red);
     {
         const UndoStep step(history());
         m_grid.setRowCount(0);
@@ -225,10 +225,10 @@ TEST_F(SpreadHistoryTest, bringsBackTheOnlyRows)
     EXPECT_EQ(m_grid.activeRow(), 0);
     history().undo();
     EXPECT_EQ(m_grid.text(3, 10), u"3.10"_s);
-    EXPECT_EQ(m_grid.foreColour(2, 10), QColor(Qt::red));
-    EXPECT_FALSE(m_grid.foreColour(2, 9).isValid());
+    EXPECT_EQ(m_grid.textColour(2, 10), QColor(Qt::red));
+    EXPECT_FALSE(m_grid.textColour(2, 9).isValid());
     history().redo();
     EXPECT_EQ(m_grid.rowCount(), 0);
     history().undo();
-    EXPECT_EQ(m_grid.foreColour(2, 10), QColor(Qt::red));
+    EXPECT_EQ(m_grid.textColour(2, 10), QColor(Qt::red));
 }

@@ -223,7 +223,7 @@ TEST(SpreadModel, tellsViewsOnceOfABlock)
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
     model.moveRowTexts(2, 1000, 1);
     EXPECT_EQ(changed.count(), 1);
-    model.setForeColour({-1, -1, -1, -1}, Qt::red);
+    model.setTextColour({-1, -1, -1, -1}, Qt::red);
     EXPECT_EQ(changed.count(), 2);
     model.beginBatch();
     model.setText(2, 5, u"a"_s);

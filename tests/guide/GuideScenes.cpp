@@ -81,7 +81,7 @@ void GuideScenes::openEditor()
     for (int row = 1; row <= 5; ++row) {
         grid().setText(ParameterColumn::Name, row, names[row - 1]);
     }
-    grid().setForeColour({ParameterColumn::Name, 2, ParameterColumn::Name, 2}, QColor(changedCellColour));
+    grid().setTextColour({ParameterColumn::Name, 2, ParameterColumn::Name, 2}, QColor(changedCellColour));
     grid().setActiveCell(ParameterColumn::Name, 3);
     grid().setFocus();
     QApplication::processEvents();

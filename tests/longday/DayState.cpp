@@ -44,7 +44,7 @@ QString rowColours(const SpreadGrid &grid, int row)
 {
     QString colours;
     for (int column = 1; column <= columns; ++column) {
-        const QColor colour = grid.foreColour(column, row);
+        const QColor colour = grid.textColour(column, row);
         colours += colour.isValid() && colour.rgb() == changedColour ? u'1' : u'0';
     }
     return colours;

@@ -100,7 +100,7 @@ private:
 
 TEST_P(Pictures, ofTheFrame)
 {
-    grid().setForeColour({ParameterColumn::Name, 2, ParameterColumn::Name, 3}, QColor(changedCellColour));
+    grid().setTextColour({ParameterColumn::Name, 2, ParameterColumn::Name, 3}, QColor(changedCellColour));
     grid().setText(ParameterColumn::Name, 5, u"A name that is much too long for its column"_s);
     grid().setText(ParameterColumn::FactorySetting, 5, u"123456789.25"_s);
     grid().selectBlock({ParameterColumn::Name, 7, ParameterColumn::RangeCheck, 9});

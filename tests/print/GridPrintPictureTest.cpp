@@ -55,10 +55,10 @@ protected:
     QImage picture;
 };
 
-TEST_F(GridPrintPicture, keepsForeColours)
+TEST_F(GridPrintPicture, keepsTextColours)
 {
     fillGrid(grid, 2, 2);
-    grid.setForeColour({2, 2, 2, 2}, QColor(128, 0, 0));
+    grid.setTextColour({2, 2, 2, 2}, QColor(128, 0, 0));
     print();
     EXPECT_GT(countPixels(page.word(u"c2r2"_s).box, isDarkRed), 10);
     EXPECT_EQ(countPixels(page.word(u"c1r2"_s).box, isDarkRed), 0);
