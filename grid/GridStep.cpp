@@ -28,7 +28,7 @@ void enlarge(std::optional<GridBlock> &block, const GridBlock &more)
 
 } // namespace
 
-/// Puts what a change keeps into the grid, and keeps what was there.
+/// Swaps what a change keeps with what is in the grid.
 struct GridStep::Exchange
 {
     SpreadModel &model;
@@ -53,7 +53,7 @@ struct GridStep::Exchange
     }
 };
 
-void GridStep::noteTexts(const TextChange &change)
+void GridStep::recordTexts(const TextChange &change)
 {
     const auto differ = [&](size_t at) { return change.before[at] != change.after[at]; };
     size_t first = 0;
@@ -70,12 +70,12 @@ void GridStep::noteTexts(const TextChange &change)
     }
 }
 
-void GridStep::noteColours(const SpreadModel &model, const GridBlock &cells)
+void GridStep::recordColours(const SpreadModel &model, const GridBlock &cells)
 {
     m_changes.push_back(Colours{cells, model.keptColours(cells)});
 }
 
-void GridStep::noteRowCount(const SpreadModel &model, const SpreadView &view, int newCount)
+void GridStep::recordRowCount(const SpreadModel &model, const SpreadView &view, int newCount)
 {
     const int first = newCount + 1;
     const int last = model.rowCount();
@@ -85,7 +85,7 @@ void GridStep::noteRowCount(const SpreadModel &model, const SpreadView &view, in
             heights.pixels.push_back(view.unzoomedRowHeight(row));
         }
         m_changes.push_back(std::move(heights));
-        noteColours(model, {1, first, model.columnCount(), last});
+        recordColours(model, {1, first, model.columnCount(), last});
         const auto rows = model.rows(first, last);
         m_changes.push_back(Rows{first, {rows.begin(), rows.end()}});
     }
@@ -135,7 +135,7 @@ int GridStep::formerRowCount(const SpreadModel &model) const
     return model.rowCount();
 }
 
-// Most rows that a command moves went as far as the row count did; only the others have to be searched for.
+// Most commands move rows by as many places as they add or drop; only other rows have to be searched for.
 QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &model) const
 {
     const auto grid = model.rows(1, model.rowCount());
@@ -143,13 +143,13 @@ QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &mo
     QHash<const void *, qsizetype> memory;
     for (const Change &change : m_changes) {
         if (const auto *rows = std::get_if<Rows>(&change)) {
-            int place = rows->firstRow + moved;
+            int position = rows->firstRow + moved;
             for (const CellRow &row : rows->texts) {
-                const bool isThere = place >= 1 && place <= model.rowCount();
-                if (!isThere || !grid[size_t(place - 1)].sharesMemoryWith(row)) {
+                const bool isThere = position >= 1 && position <= model.rowCount();
+                if (!isThere || !grid[size_t(position - 1)].sharesMemoryWith(row)) {
                     memory.insert(row.memory(), row.memorySize());
                 }
-                ++place;
+                ++position;
             }
         }
     }
@@ -159,7 +159,7 @@ QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &mo
     return memory;
 }
 
-// Rows that were only moved still stand in the grid: their texts cost nothing.
+// Rows that were only moved are still in the grid: their texts cost nothing.
 qsizetype GridStep::size(const SpreadModel &model) const
 {
     std::size_t bytes = sizeof(GridStep) + m_changes.capacity() * sizeof(Change);
@@ -176,14 +176,14 @@ qsizetype GridStep::size(const SpreadModel &model) const
     return std::accumulate(texts.begin(), texts.end(), qsizetype(bytes));
 }
 
-void GridStep::takeBack(SpreadModel &model, SpreadView &view)
+void GridStep::undo(SpreadModel &model, SpreadView &view)
 {
     std::for_each(m_changes.rbegin(), m_changes.rend(), [&](Change &change) {
         std::visit(Exchange{model, view}, change);
     });
 }
 
-void GridStep::makeAgain(SpreadModel &model, SpreadView &view)
+void GridStep::redo(SpreadModel &model, SpreadView &view)
 {
     for (Change &change : m_changes) {
         std::visit(Exchange{model, view}, change);

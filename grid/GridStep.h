@@ -13,27 +13,28 @@ class SpreadModel;
 class SpreadView;
 struct TextChange;
 
-/// One act of the user on a spread grid, as a list of changes that can be taken back and made again. Each change keeps
-/// what is not in the grid at present: what was there before it, or, once it was taken back, what it had brought.
+/// One step of undo: what one act of the user changed in a spread grid. Each change keeps what is not in the grid at
+/// the moment and swaps it with what is: after the act the former contents, after undo() the new ones.
 class GridStep
 {
 public:
-    // To be called in the order of the changes: after a change of texts, before the others.
-    void noteTexts(const TextChange &change);
-    void noteColours(const SpreadModel &model, const GridBlock &cells);
-    /// Also keeps all that goes with rows that are dropped.
-    void noteRowCount(const SpreadModel &model, const SpreadView &view, int newCount);
+    // Call them in the order of the changes: after a change of texts, before a change of anything else.
+    void recordTexts(const TextChange &change);
+    void recordColours(const SpreadModel &model, const GridBlock &cells);
+    /// Keeps the texts, colours and heights of rows that are dropped.
+    void recordRowCount(const SpreadModel &model, const SpreadView &view, int newCount);
 
-    /// Whether the grid is as it was before.
+    /// Whether the grid is the same as before the step.
     bool isEmpty(const SpreadModel &model) const;
     bool changesRowCount() const;
-    /// The smallest block that holds all cells whose text or colour was changed. Nothing where only rows came and went.
+    /// The smallest block that holds all cells whose text or colour was changed; std::nullopt if only rows were added
+    /// or dropped.
     std::optional<GridBlock> changedCells(const SpreadModel &model) const;
-    /// The bytes that the step needs, the texts that left the grid included. To be called before it is taken back.
+    /// The bytes that the step takes, including the texts that are no longer in the grid. Call it before undo().
     qsizetype size(const SpreadModel &model) const;
 
-    void takeBack(SpreadModel &model, SpreadView &view);
-    void makeAgain(SpreadModel &model, SpreadView &view);
+    void undo(SpreadModel &model, SpreadView &view);
+    void redo(SpreadModel &model, SpreadView &view);
 
 private:
     struct Rows

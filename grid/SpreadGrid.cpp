@@ -54,7 +54,7 @@ SpreadGrid::SpreadGrid(QWidget *parent)
     , m_history(new SpreadHistory(*this, sheet(), selection()))
     , m_moveKeys(std::make_unique<MoveKeys>(*this, sheet(), selection()))
 {
-    sheet().setObserver([this](const TextChange &change) { noteTexts(change); });
+    sheet().setObserver([this](const TextChange &change) { recordTexts(change); });
     connectMouse();
     connectEditor();
 }
@@ -162,7 +162,7 @@ Qt::Alignment SpreadGrid::alignment(int column) const
 
 void SpreadGrid::setTextColour(const GridBlock &block, const QColor &colour)
 {
-    m_history->noteColours(block);
+    m_history->recordColours(block);
     sheet().setTextColour(block, colour);
 }
 
@@ -284,14 +284,14 @@ void SpreadGrid::contextMenuEvent(QContextMenuEvent *event)
 // Editing
 
 // Slots may colour the cells that were edited: that belongs to the same step.
-void SpreadGrid::noteTexts(const TextChange &change)
+void SpreadGrid::recordTexts(const TextChange &change)
 {
     if (change.origin == TextChange::Origin::Program) {
-        m_history->noteTexts(change);
+        m_history->recordTexts(change);
         return;
     }
     const UndoStep step(*m_history);
-    m_history->noteTexts(change);
+    m_history->recordTexts(change);
     if (const auto block = changedBlock(change, columnCount())) {
         emit cellsEdited(*block);
     }

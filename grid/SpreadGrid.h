@@ -136,7 +136,7 @@ private:
 
     void connectMouse();
     void connectEditor();
-    void noteTexts(const TextChange &change);
+    void recordTexts(const TextChange &change);
 
     bool runCommand(const QKeyEvent &event);
     bool beginTyping(QKeyEvent &event);

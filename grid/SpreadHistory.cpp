@@ -12,7 +12,7 @@
 SpreadHistory::SpreadHistory(SpreadView &view, SpreadModel &model, SpreadSelection &selection)
     : QObject(&view), m_view(view), m_model(model), m_selection(selection)
 {
-    connect(&view, &SpreadView::rowCountAboutToChange, this, &SpreadHistory::noteRowCount);
+    connect(&view, &SpreadView::rowCountAboutToChange, this, &SpreadHistory::recordRowCount);
 }
 
 void SpreadHistory::start()
@@ -20,9 +20,9 @@ void SpreadHistory::start()
     m_started = true;
 }
 
-void SpreadHistory::setMostBytes(qsizetype bytes)
+void SpreadHistory::setMaxBytes(qsizetype bytes)
 {
-    m_mostBytes = bytes;
+    m_maxBytes = bytes;
     dropOldest();
 }
 
@@ -50,7 +50,7 @@ bool SpreadHistory::isInStep() const
     return m_started && !m_restoring && m_depth > 0;
 }
 
-// After a change that is part of no step the steps before it no longer fit the texts.
+// Changes outside a step make the earlier steps useless: they no longer fit the texts.
 void SpreadHistory::forgetOutsideSteps()
 {
     if (m_started && !m_restoring && m_depth == 0) {
@@ -58,31 +58,31 @@ void SpreadHistory::forgetOutsideSteps()
     }
 }
 
-void SpreadHistory::noteTexts(const TextChange &change)
+void SpreadHistory::recordTexts(const TextChange &change)
 {
     forgetOutsideSteps();
     if (isInStep()) {
-        m_open.changes.noteTexts(change);
+        m_open.changes.recordTexts(change);
     }
 }
 
-void SpreadHistory::noteColours(const GridBlock &block)
+void SpreadHistory::recordColours(const GridBlock &block)
 {
     const auto cells = m_model.dataCells(block);
     if (isInStep() && cells) {
-        m_open.changes.noteColours(m_model, *cells);
+        m_open.changes.recordColours(m_model, *cells);
     }
 }
 
-void SpreadHistory::noteRowCount(int newCount)
+void SpreadHistory::recordRowCount(int newCount)
 {
     forgetOutsideSteps();
     if (isInStep()) {
-        m_open.changes.noteRowCount(m_model, m_view, newCount);
+        m_open.changes.recordRowCount(m_model, m_view, newCount);
     }
 }
 
-// Where rows came or went the user's own selection tells best what was done.
+// If rows were added or dropped, the user's own selection shows best what was done.
 void SpreadHistory::finish(Step &step) const
 {
     step.selectedAfter = m_selection.block();
@@ -118,7 +118,7 @@ void SpreadHistory::dropUndone()
 
 void SpreadHistory::dropOldest()
 {
-    while (m_size > m_mostBytes && m_done > 1) {
+    while (m_size > m_maxBytes && m_done > 1) {
         m_size -= m_steps.front().size;
         m_steps.pop_front();
         --m_done;
@@ -136,7 +136,7 @@ void SpreadHistory::forgetAll()
     m_clean.reset();
 }
 
-// Back and forth
+// Undo and redo
 
 bool SpreadHistory::undo()
 {
@@ -144,7 +144,7 @@ bool SpreadHistory::undo()
         return false;
     }
     Step &step = m_steps[--m_done];
-    restore(&GridStep::takeBack, step, step.selectedBefore);
+    restore(&GridStep::undo, step, step.selectedBefore);
     return true;
 }
 
@@ -154,7 +154,7 @@ bool SpreadHistory::redo()
         return false;
     }
     Step &step = m_steps[m_done++];
-    restore(&GridStep::makeAgain, step, step.selectedAfter);
+    restore(&GridStep::redo, step, step.selectedAfter);
     return true;
 }
 
@@ -169,7 +169,7 @@ void SpreadHistory::restore(void (GridStep::*way)(SpreadModel &, SpreadView &), 
     m_view.scrollToCell(m_selection.activeColumn(), m_selection.activeRow());
 }
 
-// The active cell must not stand in a hidden column.
+// The active cell must not be in a hidden column.
 GridBlock SpreadHistory::shownPart(GridBlock block) const
 {
     if (!block.isWholeRows()) {

@@ -13,11 +13,21 @@ class SpreadSelection;
 class SpreadView;
 struct TextChange;
 
-/// What the user did to a spread grid, step by step, and the way back and forth again. A step holds all changes of
-/// texts, colours and row count between beginStep() and endStep(). The program's own changes outside a step (a file
-/// that is shown, say) cannot be taken back, and nothing from before them can be.
+/// Undo and redo of what the user did to a spread grid. A step holds all changes of texts, colours and row count
+/// between beginStep() and endStep(); an UndoStep calls both:
 ///
-/// The steps take a limited number of bytes; the oldest go first, but the last step always stays.
+///     {
+///         const UndoStep step(grid.history());
+///         grid.setText(3, 1, u"50.0"_s);
+///         grid.setTextColour({3, 1, 3, 1}, Qt::red);
+///     }
+///     grid.history().undo(); // the former text, in its former colour
+///     grid.history().redo(); // "50.0" in red
+///
+/// What the user types is a step by itself. A change that the program makes outside a step (showing a file, for
+/// instance) cannot be undone, and nothing from before it can.
+///
+/// The steps take a limited number of bytes; the oldest are dropped first, but the last one is always kept.
 class SpreadHistory final : public QObject
 {
     Q_OBJECT
@@ -25,46 +35,46 @@ class SpreadHistory final : public QObject
 public:
     SpreadHistory(SpreadView &view, SpreadModel &model, SpreadSelection &selection);
 
-    /// Steps are kept from now on. A grid that never starts keeps none.
+    /// Keeps steps from now on. A history that is never started keeps none.
     void start();
-    /// The most bytes that steps may take; 64 MiB unless set.
-    void setMostBytes(qsizetype bytes);
+    /// How many bytes the steps may take; 64 MiB unless set.
+    void setMaxBytes(qsizetype bytes);
     qsizetype size() const { return m_size; } ///< in bytes
 
-    /// Calls nest: the outermost pair makes the step. Without any difference in the end there is no step.
+    /// Calls nest: the outermost pair makes the step. If nothing has changed in the end there is no step.
     void beginStep();
     void endStep();
-    /// To be called within a step: undo and redo select what the user had selected, not what was changed.
+    /// Call it within a step: undo and redo will then select what the user had selected, not what was changed.
     void keepSelection() { m_open.keepsSelection = true; }
-    void noteTexts(const TextChange &change); ///< after the change
-    void noteColours(const GridBlock &block); ///< before the change
+    void recordTexts(const TextChange &change); ///< after the change
+    void recordColours(const GridBlock &block); ///< before the change
 
-    /// Takes the last step back, and selects what was changed. False when there is no step.
+    /// Undoes the last step and selects what was changed. False if there is no step.
     bool undo();
-    /// Makes the step again that was taken back last. False when there is none.
+    /// Redoes the step that was undone last. False if there is none.
     bool redo();
 
-    /// The texts as they are now are those of the file.
+    /// The grid's texts are now those of the file.
     void setClean() { m_clean = m_done; }
-    /// No way leads back to the texts of the file.
+    /// No undo or redo leads to the texts of the file any more.
     void forgetClean() { m_clean.reset(); }
     bool isClean() const { return m_clean == m_done; }
 
 signals:
-    /// Comes before the first change.
+    /// Raised before the first change of a step.
     void stepBegins();
 
 private:
     struct Step
     {
         GridStep changes;
-        GridBlock selectedBefore; ///< what is selected when the step was taken back
-        GridBlock selectedAfter; ///< what is selected when it was made again
+        GridBlock selectedBefore; ///< by undo()
+        GridBlock selectedAfter; ///< by redo()
         bool keepsSelection = false;
         qsizetype size = 0;
     };
 
-    void noteRowCount(int newCount);
+    void recordRowCount(int newCount);
     bool isInStep() const;
     void forgetOutsideSteps();
     void forgetAll();
@@ -79,10 +89,10 @@ private:
     SpreadModel &m_model;
     SpreadSelection &m_selection;
     std::deque<Step> m_steps;
-    size_t m_done = 0; ///< the steps from there on were taken back
-    std::optional<size_t> m_clean; ///< m_done when the texts were those of the file
+    size_t m_done = 0; ///< the steps from there on were undone
+    std::optional<size_t> m_clean; ///< m_done with the texts of the file
     qsizetype m_size = 0;
-    qsizetype m_mostBytes = qsizetype(64) << 20;
+    qsizetype m_maxBytes = qsizetype(64) << 20;
     Step m_open;
     int m_depth = 0;
     bool m_started = false;

@@ -2,7 +2,7 @@
 
 #include "grid/SpreadHistory.h"
 
-/// What is changed in a spread grid as long as this object lives is one step of its history.
+/// Makes all changes of a spread grid, as long as this object lives, one step of its history.
 class UndoStep
 {
 public:

@@ -52,7 +52,7 @@ protected:
 
 TEST_F(SpreadHistoryTest, dropsTheOldestStepsBeyondItsBytes)
 {
-    history().setMostBytes(5 * textBytes);
+    history().setMaxBytes(5 * textBytes);
     for (int number = 10; number < 50; ++number) {
         writeLongText(number);
         EXPECT_LE(history().size(), 5 * textBytes);
@@ -66,7 +66,7 @@ TEST_F(SpreadHistoryTest, dropsTheOldestStepsBeyondItsBytes)
 
 TEST_F(SpreadHistoryTest, keepsTheLastStepHoweverGreat)
 {
-    history().setMostBytes(textBytes / 2);
+    history().setMaxBytes(textBytes / 2);
     writeLongText(10);
     writeLongText(11);
     EXPECT_GT(history().size(), textBytes);
@@ -131,7 +131,7 @@ TEST_F(SpreadHistoryTest, knowsNoCleanStateBeforeItIsTold)
 
 TEST_F(SpreadHistoryTest, losesTheCleanStateWithTheStepsThatLedToIt)
 {
-    history().setMostBytes(3 * textBytes);
+    history().setMaxBytes(3 * textBytes);
     history().setClean();
     writeLongText(10);
     writeLongText(11);
