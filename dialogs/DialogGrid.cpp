@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int fewestRows = 2;
+constexpr int minRows = 2;
 
 } // namespace
 
@@ -32,7 +32,7 @@ void DialogGrid::layOut(const QList<Column> &columns, int visibleRows)
         widest = std::max(widest, columnWidth(column));
     }
     m_wholeSize = sizeFor(horizontalHeader()->length(), visibleRows);
-    m_smallestSize = sizeFor(widest, std::min(visibleRows, fewestRows));
+    m_smallestSize = sizeFor(widest, std::min(visibleRows, minRows));
     updateGeometry();
 }
 

@@ -8,10 +8,11 @@
 
 namespace {
 
-constexpr int usual = 100;
-constexpr int step = 10;
-constexpr int least = 50;
-constexpr int most = 300;
+// Per cent
+constexpr int defaultZoom = 100;
+constexpr int zoomStep = 10;
+constexpr int minZoom = 50;
+constexpr int maxZoom = 300;
 
 } // namespace
 
@@ -35,7 +36,7 @@ bool SpreadZoom::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-// Fine wheels and touch pads tell small parts of a step, which add up.
+// Fine wheels and touch pads report small parts of a step, which add up.
 void SpreadZoom::turn(const QWheelEvent &event)
 {
     const int delta = event.angleDelta().y();
@@ -49,5 +50,5 @@ void SpreadZoom::turn(const QWheelEvent &event)
 
 void SpreadZoom::zoomBy(int steps)
 {
-    m_grid.setZoom(steps == 0 ? usual : std::clamp(m_grid.zoom() + steps * step, least, most));
+    m_grid.setZoom(steps == 0 ? defaultZoom : std::clamp(m_grid.zoom() + steps * zoomStep, minZoom, maxZoom));
 }

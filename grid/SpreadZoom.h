@@ -5,8 +5,8 @@
 class QWheelEvent;
 class SpreadGrid;
 
-/// Lets the user zoom a spread grid: the wheel with Ctrl, Ctrl+Plus and Ctrl+Minus go by steps of 10 % from 50 to 300
-/// %, Ctrl+0 goes back to 100 %.
+/// Lets the user zoom a spread grid: Ctrl with the wheel, Ctrl+Plus and Ctrl+Minus zoom in steps of 10 %, from 50 % to
+/// 300 %; Ctrl+0 goes back to 100 %.
 class SpreadZoom final : public QObject
 {
     Q_OBJECT
@@ -22,5 +22,5 @@ private:
     void turn(const QWheelEvent &event);
 
     SpreadGrid &m_grid;
-    int m_turned = 0; ///< how far the wheel has gone towards the next step, in eighths of a degree
+    int m_turned = 0; ///< how far the wheel has been turned towards the next step, in eighths of a degree
 };

@@ -42,7 +42,7 @@ GridPrintLayout::GridPrintLayout(
     }
     m_headingHeight = findHeadingHeight();
     const double gap = m_footerHeight > 0 ? m_text.lineHeight() / 2 : 0;
-    m_mostRowHeight = std::max(m_pageHeight - m_headerHeight - m_headingHeight - gap - m_footerHeight, textHeight(1));
+    m_maxRowHeight = std::max(m_pageHeight - m_headerHeight - m_headingHeight - gap - m_footerHeight, textHeight(1));
     m_pages = breakPages(area);
 }
 
@@ -88,7 +88,7 @@ double GridPrintLayout::rowHeight(int row) const
             lines = std::max(lines, m_text.lineCount(m_grid.text(column.column, row), width));
         }
     }
-    return std::min(std::max(m_grid.unzoomedRowHeight(row) * m_scaleY, textHeight(lines)), m_mostRowHeight);
+    return std::min(std::max(m_grid.unzoomedRowHeight(row) * m_scaleY, textHeight(lines)), m_maxRowHeight);
 }
 
 double GridPrintLayout::lineHeight(const PageTextLine &line) const
@@ -114,7 +114,7 @@ PrintPages GridPrintLayout::breakPages(const PrintArea &area) const
     }
     const auto widthOf = [this](int position) { return m_columns.at(position).width; };
     const PrintSpan positions{m_isFirstRepeated ? 1 : 0, int(m_columns.size()) - 1};
-    return {spansThatFit(area.rows, m_mostRowHeight, [this](int row) { return rowHeight(row); }),
+    return {spansThatFit(area.rows, m_maxRowHeight, [this](int row) { return rowHeight(row); }),
         spansThatFit(positions, m_pageWidth - m_rowNumberWidth - repeatedWidth(), widthOf)};
 }
 

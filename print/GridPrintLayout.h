@@ -62,7 +62,7 @@ private:
     double m_footerHeight;
     double m_rowNumberWidth = 0;
     double m_headingHeight = 0;
-    double m_mostRowHeight = 0; ///< what a page holds below its headings
+    double m_maxRowHeight = 0; ///< what a page holds below its headings
     QList<PaperColumn> m_columns;
     bool m_isFirstRepeated = false; ///< beside the columns of every page
     PrintPages m_pages;

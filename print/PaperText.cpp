@@ -71,7 +71,7 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
     , m_paper(&paper)
     , m_metrics(m_font, &paper)
     , m_characterWidth(m_metrics.horizontalAdvance(u'0'))
-    , m_mostUnits(unitsOnAPage(m_metrics, paper))
+    , m_maxUnits(unitsOnAPage(m_metrics, paper))
     , m_widestCharacter(std::max(m_metrics.horizontalAdvance(u'W'), m_metrics.horizontalAdvance(QChar(u'漢'))))
 {
     m_asciiWidths.fill(m_widestCharacter);
@@ -82,7 +82,7 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
 
 bool PaperText::isShort(QStringView text, double width) const
 {
-    if (text.size() > m_mostUnits) {
+    if (text.size() > m_maxUnits) {
         return false;
     }
     double atMost = 0;
@@ -95,7 +95,7 @@ bool PaperText::isShort(QStringView text, double width) const
 
 int PaperText::lineCount(const QString &wholeText, double width) const
 {
-    const QString text = wholeText.left(m_mostUnits);
+    const QString text = wholeText.left(m_maxUnits);
     if (!hasLineBreak(text) && this->width(text) <= room(width)) {
         return 1;
     }
@@ -106,7 +106,7 @@ int PaperText::lineCount(const QString &wholeText, double width) const
 
 void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &wholeText) const
 {
-    const QString text = wholeText.left(m_mostUnits);
+    const QString text = wholeText.left(m_maxUnits);
     const double textWidth = width(text);
     if (hasLineBreak(text) || textWidth > room(area.width())) {
         drawLines(painter, area, alignment, text);

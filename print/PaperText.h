@@ -41,7 +41,7 @@ private:
     QPaintDevice *m_paper;
     QFontMetricsF m_metrics;
     double m_characterWidth;
-    qsizetype m_mostUnits; ///< of a text that are laid out
+    qsizetype m_maxUnits; ///< of a text that are laid out
     double m_widestCharacter;
     std::array<double, 128> m_asciiWidths; ///< a control character counts as the widest one
 };

@@ -14,10 +14,10 @@ namespace {
 constexpr QChar ellipsis = u'\u2026';
 
 /// The first lines of a text, at most that many; a line ends with CR LF, CR or LF.
-QList<QStringView> firstLines(QStringView text, qsizetype most)
+QList<QStringView> firstLines(QStringView text, qsizetype maxLines)
 {
     QList<QStringView> lines;
-    while (lines.size() < most) {
+    while (lines.size() < maxLines) {
         const qsizetype length = LineEnds::first(text);
         lines << text.first(length);
         if (length == text.size()) {
@@ -49,11 +49,11 @@ QString shownLine(QStringView line, const QFontMetrics &metrics, int width)
 
 QString shownLines(QStringView text, const QFontMetrics &metrics, const QSize &room)
 {
-    const int most = std::max((room.height() + metrics.leading()) / metrics.lineSpacing(), 1);
-    const QList<QStringView> lines = firstLines(text, most + 1);
+    const int maxLines = std::max((room.height() + metrics.leading()) / metrics.lineSpacing(), 1);
+    const QList<QStringView> lines = firstLines(text, maxLines + 1);
     QStringList shown;
-    for (qsizetype i = 0; i < std::min<qsizetype>(lines.size(), most); ++i) {
-        const bool isCutBelow = i == most - 1 && lines.size() > most;
+    for (qsizetype i = 0; i < std::min<qsizetype>(lines.size(), maxLines); ++i) {
+        const bool isCutBelow = i == maxLines - 1 && lines.size() > maxLines;
         shown << shownLine(isCutBelow ? lines[i].toString() + ellipsis : lines[i], metrics, room.width());
     }
     return shown.join(u'\n');

@@ -31,7 +31,7 @@ TextMeter::TextMeter(const QFont &font) : m_metrics(font)
 
 void TextMeter::add(QStringView text)
 {
-    while (m_widest < mostPixels) {
+    while (m_widest < maxPixels) {
         const qsizetype length = LineEnds::first(text);
         addLine(text.first(length));
         if (length == text.size()) {
@@ -43,12 +43,12 @@ void TextMeter::add(QStringView text)
 
 int TextMeter::widest() const
 {
-    return std::min(mostPixels, int(std::ceil(std::max(m_widest, laidOut(m_widestText)))));
+    return std::min(maxPixels, int(std::ceil(std::max(m_widest, laidOut(m_widestText)))));
 }
 
 void TextMeter::addLine(QStringView line)
 {
-    line = VisibleText::ofLine(line, mostPixels, Qt::AlignLeft);
+    line = VisibleText::ofLine(line, maxPixels, Qt::AlignLeft);
     double width = 0;
     char16_t last = 0;
     for (const QChar character : line) {

@@ -15,11 +15,11 @@ public:
     explicit TextMeter(const QFont &font);
 
     /// A text that is wider counts as this wide, so that one of millions of characters takes no time.
-    static constexpr int mostPixels = 16'384;
+    static constexpr int maxPixels = 16'384;
 
     /// Of a text with line breaks its widest line counts.
     void add(QStringView text);
-    /// The pixels that the widest text so far takes, rounded up; mostPixels at most.
+    /// The pixels that the widest text so far takes, rounded up; maxPixels at most.
     int widest() const;
 
 private:

@@ -6,11 +6,11 @@ namespace {
 
 /// Nearly every character takes more than a pixel; those that take none (marks) are rarely many.
 constexpr int unitsPerPixel = 2;
-constexpr int leastUnits = 512;
+constexpr int minUnits = 512;
 
 qsizetype unitsFor(int pixels)
 {
-    return leastUnits + qsizetype(std::max(pixels, 0)) * unitsPerPixel;
+    return minUnits + qsizetype(std::max(pixels, 0)) * unitsPerPixel;
 }
 
 /// The part without half a character at its ends.

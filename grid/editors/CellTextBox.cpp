@@ -26,7 +26,7 @@ CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *par
     setTabChangesFocus(true);
     selectAll();
     if (type.kind == CellType::Kind::Text && type.maxLength > 0) {
-        m_longest = std::max(qsizetype(type.maxLength), text.size());
+        m_maxLength = std::max(qsizetype(type.maxLength), text.size());
         connect(this, &QPlainTextEdit::textChanged, this, &CellTextBox::cutOverhang);
     }
 }
@@ -44,8 +44,8 @@ bool CellTextBox::isAcceptable() const
 
 int CellTextBox::neededHeight() const
 {
-    constexpr int mostLines = 8;
-    const int lines = std::clamp(blockCount() + 1, 2, mostLines);
+    constexpr int maxLines = 8;
+    const int lines = std::clamp(blockCount() + 1, 2, maxLines);
     return lines * fontMetrics().lineSpacing() + 2 * int(document()->documentMargin());
 }
 
@@ -78,11 +78,12 @@ QString CellTextBox::plainLines() const
 
 void CellTextBox::cutOverhang()
 {
-    if (text().size() > m_longest) {
+    if (text().size() > m_maxLength) {
         RefusedInput::show(*this, m_type);
     }
     QTextCursor cursor = textCursor();
-    for (qsizetype over = text().size() - m_longest; over > 0 && !cursor.atStart(); over = text().size() - m_longest) {
+    for (qsizetype over = text().size() - m_maxLength; over > 0 && !cursor.atStart();
+         over = text().size() - m_maxLength) {
         const QSignalBlocker quiet(this);
         // A line end is one place, however many characters it has.
         const int places = int(std::max<qsizetype>(over / m_lineEnd.size(), 1));

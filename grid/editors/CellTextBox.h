@@ -36,5 +36,5 @@ private:
     CellType m_type;
     QString m_lineEnd;
     QString m_originalLines;
-    qsizetype m_longest = 0; ///< 0 for no limit
+    qsizetype m_maxLength = 0; ///< 0 for no limit
 };

@@ -112,7 +112,7 @@ protected:
 TEST_F(LongTexts, arePaintedAsFarAsTheyAreSeen)
 {
     open();
-    for (const int width : {150, 300, TextMeter::mostPixels}) {
+    for (const int width : {150, 300, TextMeter::maxPixels}) {
         grid().setColumnWidth(nameColumn - 1, width);
         const QString text = painted(3);
         EXPECT_TRUE(text.startsWith(u"Name 3xxx")) << text.left(20).toStdString();
@@ -138,8 +138,8 @@ TEST_F(LongTexts, areFittedUpToABound)
 {
     open();
     grid().fitColumnWidth(nameColumn);
-    EXPECT_GE(grid().columnWidth(nameColumn - 1), TextMeter::mostPixels);
-    EXPECT_LE(grid().columnWidth(nameColumn - 1), TextMeter::mostPixels + 20);
+    EXPECT_GE(grid().columnWidth(nameColumn - 1), TextMeter::maxPixels);
+    EXPECT_LE(grid().columnWidth(nameColumn - 1), TextMeter::maxPixels + 20);
 }
 
 TEST_F(LongTexts, haveTheirBeginningAsToolTipAndAsSpokenText)

@@ -118,7 +118,7 @@ TEST(TextMeterOfLongTexts, stopsWhereNoColumnIsWiderAnyway)
         TextMeter meter{QFont()};
         meter.add(text);
         meter.add(u"y");
-        EXPECT_EQ(meter.widest(), TextMeter::mostPixels);
+        EXPECT_EQ(meter.widest(), TextMeter::maxPixels);
     }
     TextMeter meter{QFont()};
     meter.add(u"short");
