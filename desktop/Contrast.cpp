@@ -24,10 +24,10 @@ double contrast(double luminance1, double luminance2)
 QColor shaded(const QColor &background, const QColor &colour, double enough)
 {
     constexpr int steps = 20;
-    const double ground = luminance(background);
-    const int target = ground < 0.18 ? 255 : 0;
+    const double backgroundLuminance = luminance(background);
+    const int target = backgroundLuminance < 0.18 ? 255 : 0;
     QColor shade = colour;
-    for (int step = 1; step <= steps && contrast(luminance(shade), ground) < enough; ++step) {
+    for (int step = 1; step <= steps && contrast(luminance(shade), backgroundLuminance) < enough; ++step) {
         const auto mixed = [&](int part) { return part + (target - part) * step / steps; };
         shade = QColor(mixed(colour.red()), mixed(colour.green()), mixed(colour.blue()));
     }
@@ -64,12 +64,12 @@ QPalette boxPalette(QPalette palette, const QColor &background, const QColor &ow
 
 void showBoxesOf(QWidget &window)
 {
-    const QPalette &usual = window.palette();
-    const QColor ground = usual.color(QPalette::Window);
-    const QColor page = usual.color(QPalette::Button).lighter(); // beneath tabs: the style lightens them less than that
-    const bool isDark = luminance(ground) < luminance(usual.color(QPalette::WindowText));
+    const QPalette &palette = window.palette();
+    const QColor background = palette.color(QPalette::Window);
+    const QColor page = palette.color(QPalette::Button).lighter(); // below tabs; the style lightens it less than that
+    const bool isDark = luminance(background) < luminance(palette.color(QPalette::WindowText));
     QPalette own; // nothing but the frames' colour
-    own.setColor(QPalette::Window, boxPalette(usual, isDark ? page : ground).color(QPalette::Window));
+    own.setColor(QPalette::Window, boxPalette(palette, isDark ? page : background).color(QPalette::Window));
     for (auto *button : window.findChildren<QAbstractButton *>()) {
         if (button->inherits("QCheckBox") || button->inherits("QRadioButton")) {
             button->setPalette(own);

@@ -77,7 +77,7 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
     if (!settings.fileName.isEmpty()) {
         presetName(dialog, settings.fileName);
     }
-    makeRoomForColumns(dialog);
+    widenForColumns(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }
@@ -86,7 +86,7 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
 
 } // namespace
 
-void makeRoomForColumns(QFileDialog &dialog)
+void widenForColumns(QFileDialog &dialog)
 {
     auto *list = dialog.findChild<QTreeView *>(u"treeView"_s);
     auto *splitter = dialog.findChild<QSplitter *>(u"splitter"_s);
@@ -101,10 +101,10 @@ void makeRoomForColumns(QFileDialog &dialog)
     const int width = places + splitter->handleWidth() + files + margins.left() + margins.right();
     const int height = dialog.sizeHint().height() - list->sizeHint().height()
         + shownFiles * (list->fontMetrics().height() + list->fontMetrics().leading());
-    const QSize room = roomOnScreen(dialog);
-    const int missing = std::max(width - room.width(), 0); // the places give way to the files
+    const QSize available = roomOnScreen(dialog);
+    const int missing = std::max(width - available.width(), 0); // the places give way to the files
     splitter->setSizes({std::max(places - missing, places / 2), files});
-    dialog.resize(QSize(width, height).expandedTo(dialog.sizeHint()).boundedTo(room));
+    dialog.resize(QSize(width, height).expandedTo(dialog.sizeHint()).boundedTo(available));
 }
 
 QStringList fileDialogFilters(const QString &filter)

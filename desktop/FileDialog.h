@@ -21,7 +21,7 @@ QStringList fileDialogFilters(const QString &filter);
 
 /// Makes the dialog large enough for the columns of its list, as far as the screen has room. The desktop's own dialog,
 /// if it is one, is left alone.
-void makeRoomForColumns(QFileDialog &dialog);
+void widenForColumns(QFileDialog &dialog);
 
 /// The full path of the existing file that the user chose; empty when the dialog was cancelled.
 QString askForFileToOpen(QWidget *parent, const FileDialogSettings &settings);

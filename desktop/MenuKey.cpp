@@ -16,8 +16,8 @@ bool isMenuKey(const QEvent &event)
 /// Whether there is a menu for it.
 bool openMenuOf(QWidget &widget)
 {
-    const QPoint place = widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
-    QContextMenuEvent wish(QContextMenuEvent::Keyboard, place, widget.mapToGlobal(place));
+    const QPoint position = widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent wish(QContextMenuEvent::Keyboard, position, widget.mapToGlobal(position));
     QCoreApplication::sendEvent(&widget, &wish);
     return wish.isAccepted();
 }

@@ -22,12 +22,12 @@ std::function<QString(const CellType &)> &wordingInUse()
     return wording;
 }
 
-/// The editor's ground turns red for a moment.
+/// Turns the editor's background red for a moment.
 void mark(QWidget &editor)
 {
     QPalette marked = editor.palette();
-    const QPalette usual = QApplication::palette(&editor);
-    marked.setColor(QPalette::Base, tinted(usual.color(QPalette::Base), Qt::red));
+    const QPalette unmarked = QApplication::palette(&editor);
+    marked.setColor(QPalette::Base, tinted(unmarked.color(QPalette::Base), Qt::red));
     editor.setPalette(marked);
     QTimer::singleShot(markTime, &editor, [&editor] { editor.setPalette(QPalette()); });
 }

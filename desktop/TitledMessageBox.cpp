@@ -33,13 +33,13 @@ TitledMessageBox::TitledMessageBox(const QString &title, const QString &text, QW
     : QMessageBox(parent), m_neededWidth(titleMetrics().horizontalAdvance(title) + besideTitle(*this))
 {
     setTextFormat(Qt::PlainText); // texts hold file names, and a file name may look like markup
-    const int room = roomOnScreen(*this).width();
-    if (m_neededWidth <= room) {
+    const int available = roomOnScreen(*this).width();
+    if (m_neededWidth <= available) {
         setWindowTitle(plainTitle(title));
         setText(breakable(text, fontMetrics()));
     } else {
-        m_neededWidth = room;
-        setWindowTitle(plainTitle(titleMetrics().elidedText(title, Qt::ElideMiddle, room - besideTitle(*this))));
+        m_neededWidth = available;
+        setWindowTitle(plainTitle(titleMetrics().elidedText(title, Qt::ElideMiddle, available - besideTitle(*this))));
         setText(breakable(title + u"\n\n"_s + text, fontMetrics()));
     }
 }
@@ -49,7 +49,7 @@ bool TitledMessageBox::event(QEvent *event)
 {
     const bool done = QMessageBox::event(event);
     if (event->type() == QEvent::LayoutRequest) {
-        makeRoomForTitle();
+        widenForTitle();
     }
     return done;
 }
@@ -57,10 +57,10 @@ bool TitledMessageBox::event(QEvent *event)
 void TitledMessageBox::showEvent(QShowEvent *event)
 {
     QMessageBox::showEvent(event);
-    makeRoomForTitle();
+    widenForTitle();
 }
 
-void TitledMessageBox::makeRoomForTitle()
+void TitledMessageBox::widenForTitle()
 {
     const int missing = m_neededWidth - width();
     if (missing <= 0) {

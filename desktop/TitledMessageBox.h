@@ -15,7 +15,7 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void makeRoomForTitle();
+    void widenForTitle();
 
     int m_neededWidth;
 };

@@ -24,7 +24,7 @@ void ActiveFrame::paint(QPainter &painter)
 void ActiveFrame::paintAroundCell(QPainter &painter) const
 {
     const QRect cell = m_view.visualRect(m_view.currentIndex()).adjusted(0, 0, -2, -2);
-    painter.setClipRect(room());
+    painter.setClipRect(visibleArea());
     painter.setPen(m_view.palette().color(m_view.hasFocus() ? QPalette::Highlight : QPalette::Mid));
     painter.drawRect(cell);
     if (m_view.hasFocus()) {
@@ -33,7 +33,7 @@ void ActiveFrame::paintAroundCell(QPainter &painter) const
 }
 
 /// Where the active cell can be seen: not beneath the frozen column.
-QRect ActiveFrame::room() const
+QRect ActiveFrame::visibleArea() const
 {
     const int covered = m_view.currentIndex().column() > 0 ? m_columns.coveredWidth() : 0;
     return m_view.viewport()->rect().adjusted(covered, 0, 0, 0);
@@ -42,7 +42,8 @@ QRect ActiveFrame::room() const
 bool ActiveFrame::isCellSeen() const
 {
     const QModelIndex active = m_view.currentIndex();
-    return active.isValid() && !m_view.isColumnHidden(active.column()) && m_view.visualRect(active).intersects(room());
+    return active.isValid() && !m_view.isColumnHidden(active.column())
+        && m_view.visualRect(active).intersects(visibleArea());
 }
 
 bool ActiveFrame::isToBeAroundAll() const

@@ -20,7 +20,7 @@ public:
     void follow(const QPoint &moved);
 
 private:
-    QRect room() const;
+    QRect visibleArea() const;
     bool isCellSeen() const;
     bool isToBeAroundAll() const;
     void paintAroundCell(QPainter &painter) const;

@@ -35,14 +35,14 @@ const CellType &typeOf(const SpreadModel &model, const QModelIndex &index)
     return model.cellType(index.column() + 1, index.row() + 1);
 }
 
-QColor textColour(const QPalette &palette, const QColor &own, const QColor &ground, bool selected)
+QColor textColour(const QPalette &palette, const QColor &own, const QColor &background, bool selected)
 {
     if (selected) {
         return palette.color(QPalette::HighlightedText);
     }
-    const bool plain = !own.isValid() && ground == palette.color(QPalette::Base);
+    const bool plain = !own.isValid() && background == palette.color(QPalette::Base);
     return plain ? palette.color(QPalette::Text)
-                 : readableOn(ground, own.isValid() ? own : palette.color(QPalette::Text));
+                 : readableOn(background, own.isValid() ? own : palette.color(QPalette::Text));
 }
 
 /// What the user can see of the view that is painted.
@@ -52,10 +52,10 @@ QRect windowOf(const QStyleOptionViewItem &option)
     return view ? view->viewport()->rect() : option.rect;
 }
 
-/// How many pixels of a place can be seen from its left edge on.
-int visibleWidth(const QRect &place, const QRect &window)
+/// How many pixels of the rectangle are in the window, counted from its left edge.
+int visibleWidth(const QRect &rect, const QRect &window)
 {
-    return std::min(place.width(), window.right() - place.left() + 1);
+    return std::min(rect.width(), window.right() - rect.left() + 1);
 }
 
 // Desktops have one of the two only; without this the other would go on to the grid.
@@ -102,16 +102,16 @@ int SpreadDelegate::margin() const
 
 // Painting
 
-// The active cell keeps its own ground within a selected block.
+// The active cell keeps its own background within a selected block.
 void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const int column = index.column() + 1;
     const int row = index.row() + 1;
     const bool active = index == m_view.currentIndex();
     const bool selected = !active && option.state & QStyle::State_Selected;
-    const QColor ground = groundOf(option.palette, column, row, active, selected);
-    painter->fillRect(option.rect, ground);
-    painter->setPen(textColour(option.palette, m_model.textColour(column, row), ground, selected));
+    const QColor background = backgroundOf(option.palette, column, row, active, selected);
+    painter->fillRect(option.rect, background);
+    painter->setPen(textColour(option.palette, m_model.textColour(column, row), background, selected));
     const CellType::Kind kind = m_model.cellType(column, row).kind;
     if (kind == CellType::Kind::CheckBox) {
         paintCheckBox(painter, option, index);
@@ -124,25 +124,25 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
 }
 
 // The match that the search has reached stands out from the others.
-QColor SpreadDelegate::groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const
+QColor SpreadDelegate::backgroundOf(const QPalette &palette, int column, int row, bool active, bool selected) const
 {
     if (selected) {
-        return selectedGround(palette);
+        return selectedBackground(palette);
     }
-    const QColor usual = palette.color(QPalette::Base);
+    const QColor base = palette.color(QPalette::Base);
     const bool marked = m_foundMarked && m_search.isFound(column, row);
-    return !marked ? usual : tinted(usual, active ? QColor(activeMatchTint) : QColor(Qt::yellow));
+    return !marked ? base : tinted(base, active ? QColor(activeMatchTint) : QColor(Qt::yellow));
 }
 
-// Many desktops choose their highlight for its looks: a shade on which the texts can be read.
-QColor SpreadDelegate::selectedGround(const QPalette &palette) const
+// Many desktops choose their highlight for its looks: use a shade of it on which the texts can be read.
+QColor SpreadDelegate::selectedBackground(const QPalette &palette) const
 {
     const std::pair looked{palette.cacheKey(), palette.currentColorGroup()};
     if (looked != m_selectedPalette) {
         m_selectedPalette = looked;
-        m_selectedGround = readableOn(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
+        m_selectedBackground = readableOn(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight));
     }
-    return m_selectedGround;
+    return m_selectedBackground;
 }
 
 void SpreadDelegate::paintText(
@@ -151,31 +151,31 @@ void SpreadDelegate::paintText(
     if (text.isEmpty()) {
         return;
     }
-    const QRect place = option.rect.adjusted(margin(), 0, -margin(), 0);
+    const QRect rect = option.rect.adjusted(margin(), 0, -margin(), 0);
     const QRect window = windowOf(option);
     const QFontMetrics metrics = painter->fontMetrics();
-    if (place.height() > window.height() && VisibleText::isManyLines(text) && LineEnds::areIn(text)) {
-        const auto lines = VisibleText::ofLines(text, place, window, metrics.lineSpacing(), alignment);
-        painter->drawText(QRect(place.left(), lines.top, place.width(), place.bottom() - lines.top + 1),
+    if (rect.height() > window.height() && VisibleText::isManyLines(text) && LineEnds::areIn(text)) {
+        const auto lines = VisibleText::ofLines(text, rect, window, metrics.lineSpacing(), alignment);
+        painter->drawText(QRect(rect.left(), lines.top, rect.width(), rect.bottom() - lines.top + 1),
             int(alignment | Qt::AlignTop) | Qt::TextExpandTabs, lines.text);
         return;
     }
-    const QStringView seen = VisibleText::ofLine(text, visibleWidth(place, window), Qt::AlignLeft);
-    const bool leavesWindow = seen.size() < text.size() && place.right() > window.right() && !LineEnds::areIn(text);
-    const QString shown = leavesWindow ? seen.toString() : shownCellText(text, metrics, place.size());
+    const QStringView seen = VisibleText::ofLine(text, visibleWidth(rect, window), Qt::AlignLeft);
+    const bool leavesWindow = seen.size() < text.size() && rect.right() > window.right() && !LineEnds::areIn(text);
+    const QString shown = leavesWindow ? seen.toString() : shownCellText(text, metrics, rect.size());
     const Qt::Alignment side = leavesWindow ? Qt::AlignLeft : alignment;
     const int flags = LineEnds::areIn(shown) ? Qt::TextExpandTabs : Qt::TextSingleLine;
-    painter->drawText(place, int(side | Qt::AlignVCenter) | flags, shown);
+    painter->drawText(rect, int(side | Qt::AlignVCenter) | flags, shown);
 }
 
 void SpreadDelegate::paintCheckBox(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const QRect place = checkBoxRect(index, option.rect);
+    const QRect rect = checkBoxRect(index, option.rect);
     const bool ticked = CellInput::isTicked(m_model.text(index.column() + 1, index.row() + 1));
     const QPixmap &box = m_boxes.picture(ticked, m_model.textColour(index.column() + 1, index.row() + 1), m_zoom);
-    painter->drawPixmap(place.x(), place.y() + (place.height() - m_boxes.size(m_zoom).height()) / 2, box);
-    QRect beside = place.adjusted(m_boxes.size(m_zoom).width() + margin(), 0, 0, 0);
+    painter->drawPixmap(rect.x(), rect.y() + (rect.height() - m_boxes.size(m_zoom).height()) / 2, box);
+    QRect beside = rect.adjusted(m_boxes.size(m_zoom).width() + margin(), 0, 0, 0);
     beside.setRight(std::min(beside.right(), option.rect.right() - margin()));
     const QString &caption = typeOf(m_model, index).caption;
     if (!caption.isEmpty()) {
@@ -235,9 +235,9 @@ bool SpreadDelegate::helpEvent(
     if (event->type() != QEvent::ToolTip || !index.isValid()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-    const QSize room = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
+    const QSize available = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
     const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
-    const bool isCut = isText && sizeHint(option, index).boundedTo(room) != sizeHint(option, index);
+    const bool isCut = isText && sizeHint(option, index).boundedTo(available) != sizeHint(option, index);
     const QString text = VisibleText::beginning(m_model.text(index.column() + 1, index.row() + 1));
     QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view, option.rect);
     return true;
@@ -287,9 +287,9 @@ void SpreadDelegate::updateEditorGeometry(
     QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex & /*index*/) const
 {
     // A row may be lower than the font needs; the text that is being typed is shown whole.
-    QRect place = option.rect;
-    place.setHeight(std::max(place.height(), editorOf(editor)->neededHeight()));
-    editor->setGeometry(place);
+    QRect rect = option.rect;
+    rect.setHeight(std::max(rect.height(), editorOf(editor)->neededHeight()));
+    editor->setGeometry(rect);
 }
 
 // The widget itself is deleted when the event that closed it is over.

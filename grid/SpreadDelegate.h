@@ -42,7 +42,7 @@ public:
     void setFillKey(std::function<bool()> run) { m_runFillKey = std::move(run); }
 
     CellSearch &search() { return m_search; }
-    /// Whether cells that hold the searched text are painted on a ground of another colour.
+    /// Whether cells that hold the searched text are painted on a background of another colour.
     void setFoundMarked(bool marked) { m_foundMarked = marked; }
 
     /// Where a cell's check box stands, with its caption; empty for other cells.
@@ -69,8 +69,8 @@ private:
     bool isPressOnView(const QFocusEvent &event) const;
     bool keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifiers modifiers);
 
-    QColor groundOf(const QPalette &palette, int column, int row, bool active, bool selected) const;
-    QColor selectedGround(const QPalette &palette) const;
+    QColor backgroundOf(const QPalette &palette, int column, int row, bool active, bool selected) const;
+    QColor selectedBackground(const QPalette &palette) const;
     void paintText(
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
@@ -86,6 +86,6 @@ private:
     bool m_keepsOpen = false; ///< the editor stays open although it loses the focus
     mutable QPointer<QWidget> m_editor;
     int m_zoom = 100; ///< per cent
-    mutable QColor m_selectedGround;
-    mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedGround is of
+    mutable QColor m_selectedBackground;
+    mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedBackground is of
 };

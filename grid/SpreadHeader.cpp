@@ -56,9 +56,9 @@ int SpreadHeader::coveredWidth() const
     return m_frozen && offset() > 0 && count() > 0 ? sectionSize(0) : 0;
 }
 
-int SpreadHeader::sectionAt(const QPoint &place) const
+int SpreadHeader::sectionAt(const QPoint &position) const
 {
-    return isOnFrozen(place) ? 0 : logicalIndexAt(place);
+    return isOnFrozen(position) ? 0 : logicalIndexAt(position);
 }
 
 void SpreadHeader::paintEvent(QPaintEvent *event)
@@ -76,18 +76,18 @@ int SpreadHeader::gripWidth() const
 }
 
 // The grip on both sides of the frozen section's right edge belongs to it.
-bool SpreadHeader::isOnFrozen(const QPoint &place) const
+bool SpreadHeader::isOnFrozen(const QPoint &position) const
 {
     const int width = coveredWidth();
-    return width > 0 && place.x() < width + gripWidth();
+    return width > 0 && position.x() < width + gripWidth();
 }
 
-bool SpreadHeader::isOnFrozenGrip(const QPoint &place) const
+bool SpreadHeader::isOnFrozenGrip(const QPoint &position) const
 {
-    return isOnFrozen(place) && place.x() >= coveredWidth() - gripWidth();
+    return isOnFrozen(position) && position.x() >= coveredWidth() - gripWidth();
 }
 
-// Over the frozen section the base class is told the place that it has beneath the scrolled ones.
+// Over the frozen section the base class is told the position that it has beneath the scrolled ones.
 QMouseEvent SpreadHeader::translated(const QMouseEvent &event) const
 {
     const int shift = isOnFrozen(event.position().toPoint()) ? offset() : 0;
@@ -97,9 +97,9 @@ QMouseEvent SpreadHeader::translated(const QMouseEvent &event) const
 
 void SpreadHeader::mousePressEvent(QMouseEvent *event)
 {
-    const QPoint place = event->position().toPoint();
-    if (event->button() == Qt::LeftButton && isOnFrozenGrip(place)) {
-        m_gripOffset = coveredWidth() - place.x();
+    const QPoint position = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && isOnFrozenGrip(position)) {
+        m_gripOffset = coveredWidth() - position.x();
         return;
     }
     QMouseEvent inside = translated(*event);
@@ -108,15 +108,15 @@ void SpreadHeader::mousePressEvent(QMouseEvent *event)
 
 void SpreadHeader::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint place = event->position().toPoint();
+    const QPoint position = event->position().toPoint();
     if (m_gripOffset) {
-        resizeSection(0, std::max(minimumSectionSize(), place.x() + *m_gripOffset));
+        resizeSection(0, std::max(minimumSectionSize(), position.x() + *m_gripOffset));
         return;
     }
     QMouseEvent inside = translated(*event);
     QHeaderView::mouseMoveEvent(&inside);
-    if (event->buttons() == Qt::NoButton && isOnFrozen(place)) {
-        setCursor(isOnFrozenGrip(place) ? Qt::SplitHCursor : Qt::ArrowCursor);
+    if (event->buttons() == Qt::NoButton && isOnFrozen(position)) {
+        setCursor(isOnFrozenGrip(position) ? Qt::SplitHCursor : Qt::ArrowCursor);
     }
 }
 

@@ -20,8 +20,8 @@ public:
     void setMarkedSections(int first, int last);
     /// The pixels that the section's text takes in that font, with the header's own margins.
     QSize textSize(int section, QFont font) const;
-    /// The section at that place of the viewport, the frozen one included; -1 for none.
-    int sectionAt(const QPoint &place) const;
+    /// The section at that position of the viewport, the frozen one included; -1 for none.
+    int sectionAt(const QPoint &position) const;
     /// The thickness that the grid fixed; Qt's own would measure all captions at each layout.
     QSize sizeHint() const override { return minimumSize(); }
 
@@ -40,12 +40,12 @@ protected:
 
 private:
     QMouseEvent translated(const QMouseEvent &event) const;
-    bool isOnFrozen(const QPoint &place) const;
-    bool isOnFrozenGrip(const QPoint &place) const;
+    bool isOnFrozen(const QPoint &position) const;
+    bool isOnFrozenGrip(const QPoint &position) const;
     int gripWidth() const;
 
     bool m_frozen = false;
     int m_firstMarked = 0;
     int m_lastMarked = -1;
-    std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge less the mouse's place
+    std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge less the mouse's position
 };

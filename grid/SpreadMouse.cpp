@@ -16,18 +16,18 @@ namespace {
 constexpr int scrollInterval = 40; // milliseconds
 
 // How many cells the far corner goes on when the mouse is beyond an edge: one for each fifth of a hundred pixels.
-int stepsBeyond(int place, int first, int last)
+int stepsBeyond(int position, int first, int last)
 {
-    const int beyond = place < first ? place - first : place > last ? place - last : 0;
+    const int beyond = position < first ? position - first : position > last ? position - last : 0;
     return beyond == 0 ? 0 : beyond / 20 + (beyond > 0 ? 1 : -1);
 }
 
 } // namespace
 
-SpreadMouse::SpreadMouse(SpreadView &grid, SpreadSelection &selection, SpreadDelegate &delegate)
-    : QObject(&grid), m_grid(grid), m_selection(selection), m_delegate(delegate)
+SpreadMouse::SpreadMouse(SpreadView &view, SpreadSelection &selection, SpreadDelegate &delegate)
+    : QObject(&view), m_view(view), m_selection(selection), m_delegate(delegate)
 {
-    grid.viewport()->installEventFilter(this);
+    view.viewport()->installEventFilter(this);
 }
 
 bool SpreadMouse::eventFilter(QObject *watched, QEvent *event)
@@ -51,9 +51,9 @@ bool SpreadMouse::eventFilter(QObject *watched, QEvent *event)
 // The end of an edit may sort the rows: the click means the cell that stood beneath the mouse until then.
 bool SpreadMouse::press(const QMouseEvent &event)
 {
-    const QPersistentModelIndex index = m_grid.indexAt(event.position().toPoint());
-    m_grid.commitEdit();
-    m_pressedGone = index != m_grid.indexAt(event.position().toPoint());
+    const QPersistentModelIndex index = m_view.indexAt(event.position().toPoint());
+    m_view.commitEdit();
+    m_pressedGone = index != m_view.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid()) {
         pressLeft(index, event);
     } else if (event.button() == Qt::RightButton) {
@@ -67,20 +67,20 @@ bool SpreadMouse::press(const QMouseEvent &event)
 
 void SpreadMouse::pressLeft(const QModelIndex &index, const QMouseEvent &event)
 {
-    const QPoint place = event.position().toPoint();
-    const bool wasActive = index == m_grid.currentIndex() && !m_selection.isBlock();
+    const QPoint position = event.position().toPoint();
+    const bool wasActive = index == m_view.currentIndex() && !m_selection.isBlock();
     if (event.modifiers() & Qt::ShiftModifier) {
         m_selection.extendTo(index.column() + 1, index.row() + 1);
     } else {
         m_selection.moveTo(index.column() + 1, index.row() + 1);
-        m_pressedBox = isOnCheckBox(index, place) ? index : QModelIndex();
-        if (wasActive && m_delegate.arrowRect(index, m_grid.visualRect(index)).contains(place)) {
-            m_grid.openEditor(SpreadView::EditStart::GoOn);
+        m_pressedBox = isOnCheckBox(index, position) ? index : QModelIndex();
+        if (wasActive && m_delegate.arrowRect(index, m_view.visualRect(index)).contains(position)) {
+            m_view.openEditor(SpreadView::EditStart::GoOn);
             return;
         }
     }
     m_dragging = !m_pressedGone;
-    m_dragPlace = place;
+    m_dragPosition = position;
 }
 
 bool SpreadMouse::drag(const QMouseEvent &event)
@@ -88,22 +88,22 @@ bool SpreadMouse::drag(const QMouseEvent &event)
     if (!m_dragging || !(event.buttons() & Qt::LeftButton)) {
         return false;
     }
-    m_dragPlace = event.position().toPoint();
-    if (m_grid.viewport()->rect().contains(m_dragPlace)) {
+    m_dragPosition = event.position().toPoint();
+    if (m_view.viewport()->rect().contains(m_dragPosition)) {
         m_scrollTimer.stop();
-        extendTo(m_dragPlace);
+        extendTo(m_dragPosition);
     } else if (!m_scrollTimer.isActive()) {
         m_scrollTimer.start(scrollInterval, this);
     }
     return true;
 }
 
-void SpreadMouse::extendTo(const QPoint &place)
+void SpreadMouse::extendTo(const QPoint &position)
 {
-    const QModelIndex index = m_grid.indexAt(place);
+    const QModelIndex index = m_view.indexAt(position);
     if (index.isValid() && QPoint(index.column() + 1, index.row() + 1) != m_selection.farCorner()) {
         m_selection.extendTo(index.column() + 1, index.row() + 1);
-        m_grid.scrollToCell(index.column() + 1, index.row() + 1);
+        m_view.scrollToCell(index.column() + 1, index.row() + 1);
     }
 }
 
@@ -113,25 +113,25 @@ void SpreadMouse::timerEvent(QTimerEvent *event)
     if (event->timerId() != m_scrollTimer.timerId()) {
         return;
     }
-    const QRect inside = m_grid.viewport()->rect();
-    const QPoint nearest{std::clamp(m_dragPlace.x(), inside.left(), inside.right()),
-        std::clamp(m_dragPlace.y(), inside.top(), inside.bottom())};
-    const QModelIndex index = m_grid.indexAt(nearest);
+    const QRect inside = m_view.viewport()->rect();
+    const QPoint nearest{std::clamp(m_dragPosition.x(), inside.left(), inside.right()),
+        std::clamp(m_dragPosition.y(), inside.top(), inside.bottom())};
+    const QModelIndex index = m_view.indexAt(nearest);
     const QPoint edge = index.isValid() ? QPoint(index.column() + 1, index.row() + 1) : m_selection.farCorner();
-    const int column = m_grid.shownColumnFrom(edge.x(), stepsBeyond(m_dragPlace.x(), inside.left(), inside.right()));
-    const int row = edge.y() + stepsBeyond(m_dragPlace.y(), inside.top(), inside.bottom());
+    const int column = m_view.shownColumnFrom(edge.x(), stepsBeyond(m_dragPosition.x(), inside.left(), inside.right()));
+    const int row = edge.y() + stepsBeyond(m_dragPosition.y(), inside.top(), inside.bottom());
     m_selection.extendTo(column, row);
-    m_grid.scrollToCell(m_selection.farCorner().x(), m_selection.farCorner().y());
+    m_view.scrollToCell(m_selection.farCorner().x(), m_selection.farCorner().y());
 }
 
 bool SpreadMouse::release(const QMouseEvent &event)
 {
-    const QPoint place = event.position().toPoint();
+    const QPoint position = event.position().toPoint();
     if (event.button() == Qt::LeftButton) {
         m_dragging = false;
         m_scrollTimer.stop();
-        const QModelIndex index = m_grid.indexAt(place);
-        if (m_pressedBox.isValid() && index == m_pressedBox && isOnCheckBox(index, place)) {
+        const QModelIndex index = m_view.indexAt(position);
+        if (m_pressedBox.isValid() && index == m_pressedBox && isOnCheckBox(index, position)) {
             emit checkBoxClicked();
         }
         m_pressedBox = QModelIndex();
@@ -139,7 +139,7 @@ bool SpreadMouse::release(const QMouseEvent &event)
         const bool isShown = m_menu == Menu::Shown;
         m_menu = isShown ? Menu::None : Menu::Shown;
         if (!isShown) {
-            askForMenu(place);
+            askForMenu(position);
         }
     }
     return true;
@@ -150,10 +150,10 @@ bool SpreadMouse::doubleClick(const QMouseEvent &event)
     if (!m_pressedGone) {
         press(event);
     }
-    const QModelIndex index = m_grid.indexAt(event.position().toPoint());
+    const QModelIndex index = m_view.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid() && !m_delegate.editor()) {
         m_dragging = false;
-        m_grid.openEditor(SpreadView::EditStart::GoOn);
+        m_view.openEditor(SpreadView::EditStart::GoOn);
     }
     return true;
 }
@@ -173,14 +173,14 @@ bool SpreadMouse::contextMenu(const QContextMenuEvent &event)
     return true;
 }
 
-void SpreadMouse::askForMenu(const QPoint &place)
+void SpreadMouse::askForMenu(const QPoint &position)
 {
-    const QModelIndex index = m_grid.indexAt(place);
-    const QModelIndex cell = index.isValid() ? index : m_grid.currentIndex();
-    emit rightClicked(cell.column() + 1, cell.row() + 1, m_grid.viewport()->mapToGlobal(place));
+    const QModelIndex index = m_view.indexAt(position);
+    const QModelIndex cell = index.isValid() ? index : m_view.currentIndex();
+    emit rightClicked(cell.column() + 1, cell.row() + 1, m_view.viewport()->mapToGlobal(position));
 }
 
-bool SpreadMouse::isOnCheckBox(const QModelIndex &index, const QPoint &place) const
+bool SpreadMouse::isOnCheckBox(const QModelIndex &index, const QPoint &position) const
 {
-    return m_delegate.checkBoxRect(index, m_grid.visualRect(index)).contains(place);
+    return m_delegate.checkBoxRect(index, m_view.visualRect(index)).contains(position);
 }

@@ -38,16 +38,16 @@ private:
     bool doubleClick(const QMouseEvent &event);
     bool contextMenu(const QContextMenuEvent &event);
     void pressLeft(const QModelIndex &index, const QMouseEvent &event);
-    void extendTo(const QPoint &place);
-    bool isOnCheckBox(const QModelIndex &index, const QPoint &place) const;
-    void askForMenu(const QPoint &place);
+    void extendTo(const QPoint &position);
+    bool isOnCheckBox(const QModelIndex &index, const QPoint &position) const;
+    void askForMenu(const QPoint &position);
 
-    SpreadView &m_grid;
+    SpreadView &m_view;
     SpreadSelection &m_selection;
     SpreadDelegate &m_delegate;
     QPersistentModelIndex m_pressedBox;
     QBasicTimer m_scrollTimer;
-    QPoint m_dragPlace;
+    QPoint m_dragPosition;
     bool m_dragging = false;
     bool m_pressedGone = false; ///< the pressed cell stands elsewhere now, and has become the active one
     Menu m_menu = Menu::None;

@@ -21,8 +21,8 @@ SpreadSizes::SpreadSizes(
     , m_columns(columns)
     , m_rows(rows)
     , m_delegate(delegate)
-    , m_usualColumnWidth(columns.defaultSectionSize())
-    , m_usualRowHeight(rows.defaultSectionSize())
+    , m_defaultColumnWidth(columns.defaultSectionSize())
+    , m_defaultRowHeight(rows.defaultSectionSize())
 {
     connect(&columns, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { noteColumn(at, shown); });
     connect(&rows, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { noteRow(at, shown); });
@@ -80,7 +80,7 @@ void SpreadSizes::showSizes()
         m_columns.resizeSection(column - 1, zoomed(columnWidth(column)));
     }
     const QSignalBlocker quiet(&m_rows);
-    m_rows.setDefaultSectionSize(zoomed(m_usualRowHeight));
+    m_rows.setDefaultSectionSize(zoomed(m_defaultRowHeight));
     for (auto row = m_rowHeights.cbegin(); row != m_rowHeights.cend(); ++row) {
         m_rows.resizeSection(row.key() - 1, zoomed(row.value()));
     }
@@ -133,8 +133,8 @@ void SpreadSizes::noteFont()
     }
     m_lineRowHeight = CellMetrics::rowHeight(QFontMetrics(font()), {});
     if (m_model.rowCount() == 0) {
-        m_usualRowHeight = m_lineRowHeight;
-        m_rows.setDefaultSectionSize(zoomed(m_usualRowHeight));
+        m_defaultRowHeight = m_lineRowHeight;
+        m_rows.setDefaultSectionSize(zoomed(m_defaultRowHeight));
         fitRowHeight(0);
     }
 }
@@ -143,7 +143,7 @@ void SpreadSizes::noteFont()
 
 int SpreadSizes::columnWidth(int column) const
 {
-    return m_columnWidths.value(column, m_usualColumnWidth);
+    return m_columnWidths.value(column, m_defaultColumnWidth);
 }
 
 void SpreadSizes::setColumnWidth(int column, int pixels)
@@ -215,7 +215,7 @@ int SpreadSizes::neededWidth(int column, const QFont &font, const QFont &headerF
 
 int SpreadSizes::rowHeight(int row) const
 {
-    return row == 0 ? m_headerHeight : m_rowHeights.value(row, m_usualRowHeight);
+    return row == 0 ? m_headerHeight : m_rowHeights.value(row, m_defaultRowHeight);
 }
 
 void SpreadSizes::setRowHeight(int row, int pixels)

@@ -61,8 +61,8 @@ private:
     std::array<QFont, 3> m_fonts; ///< of view, column and row header at 100 %, while another zoom is shown
     QHash<int, int> m_columnWidths; ///< of those that are not of the usual width
     QHash<int, int> m_rowHeights; ///< of those that are not of the usual height
-    int m_usualColumnWidth;
-    int m_usualRowHeight;
+    int m_defaultColumnWidth;
+    int m_defaultRowHeight;
     int m_headerHeight = 0;
     int m_rowNumberWidth = 0; ///< as it was asked for
     int m_lineRowHeight = 0; ///< of a row whose texts have one line

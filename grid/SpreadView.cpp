@@ -264,21 +264,21 @@ int SpreadView::frozenWidth() const
     return m_frozenColumns > 0 && columnCount() > 0 ? columnWidth(0) : 0;
 }
 
-QModelIndex SpreadView::indexAt(const QPoint &place) const
+QModelIndex SpreadView::indexAt(const QPoint &position) const
 {
-    if (place.x() >= 0 && place.x() < m_columnHeader->coveredWidth()) {
-        return model()->index(rowAt(place.y()), 0);
+    if (position.x() >= 0 && position.x() < m_columnHeader->coveredWidth()) {
+        return model()->index(rowAt(position.y()), 0);
     }
-    return QTableView::indexAt(place);
+    return QTableView::indexAt(position);
 }
 
 QRect SpreadView::visualRect(const QModelIndex &index) const
 {
-    QRect place = QTableView::visualRect(index);
+    QRect rect = QTableView::visualRect(index);
     if (index.isValid() && index.column() == 0 && m_columnHeader->coveredWidth() > 0) {
-        place.moveLeft(0);
+        rect.moveLeft(0);
     }
-    return place;
+    return rect;
 }
 
 // A frozen column that covers scrolled ones has changed as well.
@@ -320,8 +320,8 @@ void SpreadView::scrollTo(const QModelIndex &index, ScrollHint hint)
     }
     executeDelayedItemsLayout();
     int top = index.row();
-    for (int room = viewport()->height() - rowHeight(top); top > 0 && room >= rowHeight(top - 1); --top) {
-        room -= rowHeight(top - 1);
+    for (int available = viewport()->height() - rowHeight(top); top > 0 && available >= rowHeight(top - 1); --top) {
+        available -= rowHeight(top - 1);
     }
     const int first = hint == PositionAtTop ? index.row() : std::max(verticalScrollBar()->value(), top);
     verticalScrollBar()->setValue(std::min(first, index.row()));
@@ -350,7 +350,7 @@ void SpreadView::scrollContentsBy(int dx, int dy)
     }
 }
 
-// Few wheels can be tilted: with Shift the usual one scrolls sideways.
+// Few wheels can be tilted: with Shift the styleColour one scrolls sideways.
 void SpreadView::wheelEvent(QWheelEvent *event)
 {
     if (event->modifiers() != Qt::ShiftModifier || event->angleDelta().x() != 0) {
@@ -407,8 +407,8 @@ void SpreadView::paintEvent(QPaintEvent *event)
 void SpreadView::paintColumn(QPainter &painter, QStyleOptionViewItem &option, int column, int left, const QRect &part)
 {
     const int width = columnWidth(column);
-    const auto usual = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
-    const QColor lines = lineOn(palette().color(QPalette::Base), usual);
+    const auto styleColour = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
+    const QColor lines = lineOn(palette().color(QPalette::Base), styleColour);
     int top = 0;
     for (int row = rowAt(part.top()); row >= 0 && row < rowCount(); ++row) {
         top = rowViewportPosition(row);

@@ -18,13 +18,13 @@ QStringList FoldedText::words(const QString &typed)
     return FoldedText(typed).folded().split(u' ', Qt::SkipEmptyParts);
 }
 
-QList<TextSpan> FoldedText::placesOf(const QString &word) const
+QList<TextSpan> FoldedText::spansOf(const QString &word) const
 {
-    QList<TextSpan> places;
+    QList<TextSpan> spans;
     for (qsizetype at = m_folded.indexOf(word); at >= 0; at = m_folded.indexOf(word, at + word.size())) {
         const TextSpan first = m_origins.at(at);
         const TextSpan last = m_origins.at(at + word.size() - 1);
-        places.append({first.start, last.start + last.length - first.start});
+        spans.append({first.start, last.start + last.length - first.start});
     }
-    return places;
+    return spans;
 }

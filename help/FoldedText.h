@@ -21,7 +21,7 @@ public:
     /// The words that a user typed, which stand between blanks, folded.
     static QStringList words(const QString &typed);
     /// Where the text has that word (folded), also as a part of others, in its order.
-    QList<TextSpan> placesOf(const QString &word) const;
+    QList<TextSpan> spansOf(const QString &word) const;
 
 private:
     QString m_folded;

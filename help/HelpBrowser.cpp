@@ -15,16 +15,16 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // As a marker pen does it, on a light desktop and on a dark one.
-const QColor markGround(0xff, 0xe0, 0x66);
+const QColor markBackground(0xff, 0xe0, 0x66);
 const QColor markText(0x1a, 0x1a, 0x1a);
 
 constexpr int besidePicture = 48; ///< the page's margins, and a little
 
-QTextCursor cursorAt(QTextDocument &page, TextSpan place)
+QTextCursor cursorAt(QTextDocument &page, TextSpan span)
 {
     QTextCursor cursor(&page);
-    cursor.setPosition(place.start);
-    cursor.setPosition(place.start + place.length, QTextCursor::KeepAnchor);
+    cursor.setPosition(span.start);
+    cursor.setPosition(span.start + span.length, QTextCursor::KeepAnchor);
     return cursor;
 }
 
@@ -67,8 +67,8 @@ QImage HelpBrowser::picture(const QByteArray &drawing) const
 // Smaller where the page is narrower, so that a page need not be scrolled sideways for its pictures.
 QImage HelpBrowser::fitting(const QImage &picture) const
 {
-    const int room = std::max(1, viewport()->width() - besidePicture);
-    return picture.width() <= room ? picture : picture.scaledToWidth(room, Qt::SmoothTransformation);
+    const int available = std::max(1, viewport()->width() - besidePicture);
+    return picture.width() <= available ? picture : picture.scaledToWidth(available, Qt::SmoothTransformation);
 }
 
 void HelpBrowser::resizeEvent(QResizeEvent *event)
@@ -112,21 +112,21 @@ void HelpBrowser::markWords(const QStringList &words)
 void HelpBrowser::markPage()
 {
     QTextCharFormat look;
-    look.setBackground(markGround);
+    look.setBackground(markBackground);
     look.setForeground(markText);
     const FoldedText text(m_words.isEmpty() ? QString() : toPlainText());
     QList<ExtraSelection> marks;
     for (const QString &word : std::as_const(m_words)) {
-        for (const TextSpan &place : text.placesOf(word)) {
-            marks.append({cursorAt(*document(), place), look});
+        for (const TextSpan &span : text.spansOf(word)) {
+            marks.append({cursorAt(*document(), span), look});
         }
     }
     setExtraSelections(marks);
 }
 
-void HelpBrowser::showPlace(TextSpan place)
+void HelpBrowser::showSpan(TextSpan span)
 {
-    setTextCursor(cursorAt(*document(), place));
+    setTextCursor(cursorAt(*document(), span));
     QScrollBar &bar = *verticalScrollBar();
     bar.setValue(bar.value() + cursorRect().center().y() - viewport()->height() / 2);
 }

@@ -27,7 +27,7 @@ public:
     /// Marks every place on this page, and on those shown after it, that holds one of the words (folded).
     void markWords(const QStringList &words);
     /// Selects a place of the page's text and brings it to the middle of the view.
-    void showPlace(TextSpan place);
+    void showSpan(TextSpan span);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

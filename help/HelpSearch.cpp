@@ -22,13 +22,13 @@ struct SentenceFinding
 
 using Findings = QMap<qsizetype, SentenceFinding>; ///< by the sentence's number in the page
 
-void note(Findings &findings, const QString &word, const QList<TextSpan> &places, const QList<TextSpan> &sentences)
+void note(Findings &findings, const QString &word, const QList<TextSpan> &spans, const QList<TextSpan> &sentences)
 {
-    for (const TextSpan &place : places) {
-        const auto next = std::ranges::upper_bound(sentences, place.start, {}, &TextSpan::start);
+    for (const TextSpan &span : spans) {
+        const auto next = std::ranges::upper_bound(sentences, span.start, {}, &TextSpan::start);
         SentenceFinding &finding = findings[next - sentences.begin() - 1];
-        if (finding.words.isEmpty() || place.start < finding.first.start) {
-            finding.first = place;
+        if (finding.words.isEmpty() || span.start < finding.first.start) {
+            finding.first = span;
         }
         finding.words.insert(word);
     }
@@ -87,12 +87,12 @@ HelpHit HelpSearch::hitOf(const Page &page, const QStringList &words)
     HelpHit hit{page.title, page.address, 0, {}};
     Findings findings;
     for (const QString &word : words) {
-        const QList<TextSpan> places = page.folded.placesOf(word);
-        if (places.isEmpty()) {
+        const QList<TextSpan> spans = page.folded.spansOf(word);
+        if (spans.isEmpty()) {
             return {page.title, page.address, 0, {}};
         }
-        note(findings, word, places, page.sentences);
-        hit.count += static_cast<int>(places.size());
+        note(findings, word, spans, page.sentences);
+        hit.count += static_cast<int>(spans.size());
     }
     const QSet<QString> wanted(words.begin(), words.end());
     const bool isWhole = std::ranges::any_of(findings, [&](const auto &each) { return each.words == wanted; });

@@ -12,7 +12,7 @@ class HelpLibrary;
 struct HelpSentence
 {
     QString text;
-    TextSpan place;
+    TextSpan span;
 };
 
 /// A page that holds every word that was searched.

@@ -54,24 +54,24 @@ void HelpSearchPane::search()
 
 void HelpSearchPane::listHit(const HelpHit &hit)
 {
-    addLine(hit.title, hit.page, hit.sentences.first().place)->setData(IsTitleRole, true);
+    addLine(hit.title, hit.page, hit.sentences.first().span)->setData(IsTitleRole, true);
     for (const HelpSentence &sentence : hit.sentences) {
-        addLine(sentence.text, hit.page, sentence.place);
+        addLine(sentence.text, hit.page, sentence.span);
     }
 }
 
-QListWidgetItem *HelpSearchPane::addLine(const QString &text, const QUrl &page, TextSpan place)
+QListWidgetItem *HelpSearchPane::addLine(const QString &text, const QUrl &page, TextSpan span)
 {
     auto *line = new QListWidgetItem(text, m_hits);
     line->setData(PageRole, page);
-    line->setData(StartRole, place.start);
-    line->setData(LengthRole, place.length);
+    line->setData(StartRole, span.start);
+    line->setData(LengthRole, span.length);
     return line;
 }
 
 void HelpSearchPane::open(const QListWidgetItem *line)
 {
-    emit placeChosen(line->data(PageRole).toUrl(), {line->data(StartRole).toInt(), line->data(LengthRole).toInt()});
+    emit spanChosen(line->data(PageRole).toUrl(), {line->data(StartRole).toInt(), line->data(LengthRole).toInt()});
 }
 
 void HelpSearchPane::changeEvent(QEvent *event)

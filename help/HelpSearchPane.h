@@ -22,7 +22,7 @@ signals:
     /// The words to search for are others now; none when the box is empty.
     void wordsChanged(const QStringList &words);
     /// The user chose a page, or a sentence: the place of its first word.
-    void placeChosen(const QUrl &page, TextSpan place);
+    void spanChosen(const QUrl &page, TextSpan span);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -30,7 +30,7 @@ protected:
 private:
     void search();
     void listHit(const HelpHit &hit);
-    QListWidgetItem *addLine(const QString &text, const QUrl &page, TextSpan place);
+    QListWidgetItem *addLine(const QString &text, const QUrl &page, TextSpan span);
     void open(const QListWidgetItem *line);
     void showTitlesBold();
 

@@ -12,7 +12,7 @@ HelpTextBox::HelpTextBox(const QString &name, const QString &label)
     setAccessibleName(label);
     setClearButtonEnabled(true);
     showPlaceholder();
-    makeRoomForLabel();
+    widenForLabel();
     for (QAction *action : findChildren<QAction *>()) {
         action->setText(label); // what it clears
     }
@@ -24,12 +24,12 @@ void HelpTextBox::changeEvent(QEvent *event)
     if (event->type() == QEvent::PaletteChange) {
         showPlaceholder();
     } else if (event->type() == QEvent::FontChange) {
-        makeRoomForLabel();
+        widenForLabel();
     }
 }
 
 // The box itself counts on some letters of Latin text, whatever stands within.
-void HelpTextBox::makeRoomForLabel()
+void HelpTextBox::widenForLabel()
 {
     const QFontMetrics metrics(font());
     setMinimumWidth(metrics.horizontalAdvance(placeholderText()) + 4 * metrics.averageCharWidth());
@@ -39,10 +39,11 @@ void HelpTextBox::makeRoomForLabel()
 void HelpTextBox::showPlaceholder()
 {
     const QColor text = palette().color(QPalette::Text);
-    const QColor ground = palette().color(QPalette::Base);
+    const QColor background = palette().color(QPalette::Base);
     const auto half = [](int part, int of) { return (part + of) / 2; };
-    const QColor faint = readableOn(ground,
-        QColor(half(text.red(), ground.red()), half(text.green(), ground.green()), half(text.blue(), ground.blue())));
+    const QColor faint = readableOn(background,
+        QColor(half(text.red(), background.red()), half(text.green(), background.green()),
+            half(text.blue(), background.blue())));
     if (palette().color(QPalette::PlaceholderText) != faint) {
         QPalette own;
         own.setColor(QPalette::PlaceholderText, faint);

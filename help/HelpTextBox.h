@@ -15,5 +15,5 @@ protected:
 
 private:
     void showPlaceholder();
-    void makeRoomForLabel();
+    void widenForLabel();
 };

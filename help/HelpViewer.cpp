@@ -51,7 +51,7 @@ HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     connect(new QShortcut(QKeySequence(QKeySequence::Close), this), &QShortcut::activated, this, &QWidget::close);
     connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { delete this; });
     resize(QSize(1000, 740).boundedTo(screen()->availableSize() * 0.9));
-    makeRoomForTitles();
+    widenForTitles();
 }
 
 // The tree and the index look into the library: they have to go before it.
@@ -76,12 +76,12 @@ void HelpViewer::useFont(const QFont &font)
     if (font != this->font()) {
         setFont(font);
         m_browser->setFont(font);
-        makeRoomForTitles();
+        widenForTitles();
     }
 }
 
 // As many letters in any font, as far as the page keeps the greater part of the window; the tabs are seen in any case.
-void HelpViewer::makeRoomForTitles()
+void HelpViewer::widenForTitles()
 {
     const int wanted = std::min(lettersOfTitles * fontMetrics().averageCharWidth(), width() * 2 / 5);
     const int titles = std::max(wanted, m_tabs->tabBar()->sizeHint().width());
@@ -140,7 +140,7 @@ void HelpViewer::addFindBox(QToolBar &bar)
     bar.addWidget(space);
     m_find = new HelpTextBox(u"helpFind"_s, m_library->label(u"find"_s));
     m_find->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    m_findPlace = bar.addWidget(m_find);
+    m_findAction = bar.addWidget(m_find);
     connect(m_find, &QLineEdit::textEdited, m_browser, &HelpBrowser::findWhileTyping);
     const auto findNext = [this] { m_browser->findAround(m_find->text(), false); };
     const auto findPrevious = [this] { m_browser->findAround(m_find->text(), true); };
@@ -168,7 +168,7 @@ void HelpViewer::leave()
 // The tool bar alone would follow later, when the focus has to be there already.
 void HelpViewer::showFindBox(bool shown)
 {
-    m_findPlace->setVisible(shown);
+    m_findAction->setVisible(shown);
     m_find->setVisible(shown);
 }
 
@@ -189,7 +189,7 @@ void HelpViewer::buildPanes()
     m_tabs->addTab(indexPane(), m_library->label(u"index"_s));
     m_tabs->addTab(m_searchPane, m_library->label(u"search"_s));
     connect(m_searchPane, &HelpSearchPane::wordsChanged, m_browser, &HelpBrowser::markWords);
-    connect(m_searchPane, &HelpSearchPane::placeChosen, this, &HelpViewer::showHit);
+    connect(m_searchPane, &HelpSearchPane::spanChosen, this, &HelpViewer::showHit);
     m_splitter->addWidget(m_tabs);
     m_splitter->addWidget(m_browser);
     m_splitter->setStretchFactor(1, 1);
@@ -266,10 +266,10 @@ void HelpViewer::markInContents(const QUrl &address)
     }
 }
 
-void HelpViewer::showHit(const QUrl &page, TextSpan place)
+void HelpViewer::showHit(const QUrl &page, TextSpan span)
 {
     showPage(page);
-    m_browser->showPlace(place);
+    m_browser->showSpan(span);
 }
 
 void HelpViewer::printPage()

@@ -43,11 +43,11 @@ private:
     QAction *addAction(QToolBar &bar, const QString &name, const QKeySequence &key);
     QWidget *boxAbove(QLineEdit *box, QWidget *list);
 
-    void makeRoomForTitles();
+    void widenForTitles();
     void showPage(const QUrl &address);
     void followPage(const QUrl &address);
     void markInContents(const QUrl &address);
-    void showHit(const QUrl &page, TextSpan place);
+    void showHit(const QUrl &page, TextSpan span);
     void leave();
     void showFindBox(bool shown);
     void printPage();
@@ -58,5 +58,5 @@ private:
     QTabWidget *m_tabs;
     QSplitter *m_splitter;
     QLineEdit *m_find = nullptr;
-    QAction *m_findPlace = nullptr; ///< of m_find in the tool bar
+    QAction *m_findAction = nullptr; ///< of m_find in the tool bar
 };

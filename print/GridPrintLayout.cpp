@@ -35,9 +35,9 @@ GridPrintLayout::GridPrintLayout(
     }
     m_isFirstRepeated = isFirstRepeated(area);
     if (m_isFirstRepeated) {
-        const double room = m_pageWidth - m_rowNumberWidth - repeatedWidth();
+        const double available = m_pageWidth - m_rowNumberWidth - repeatedWidth();
         for (PaperColumn &column : m_columns) {
-            column.width = std::min(column.width, room);
+            column.width = std::min(column.width, available);
         }
     }
     m_headingHeight = findHeadingHeight();
@@ -55,7 +55,7 @@ double GridPrintLayout::columnWidth(int column) const
     return std::min(std::max(wide, textHeight(1)), m_pageWidth - m_rowNumberWidth);
 }
 
-// Not where it would take the others' room.
+// Not if it would leave too little width for the others.
 bool GridPrintLayout::isFirstRepeated(const PrintArea &area) const
 {
     return m_grid.frozenColumns() > 0 && m_columns.size() > 1 && area.columns.constFirst() == 1

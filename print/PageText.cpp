@@ -53,26 +53,26 @@ QList<PageTextLine> PageText::lines(int pageNumber) const
     if (!m_parts.isEmpty()) {
         lines.append(PageTextLine{});
     }
-    QString PageTextLine::*place = &PageTextLine::left;
+    QString PageTextLine::*position = &PageTextLine::left;
     for (const Part &part : m_parts) {
         switch (part.kind) {
         case Kind::Left:
-            place = &PageTextLine::left;
+            position = &PageTextLine::left;
             break;
         case Kind::Centre:
-            place = &PageTextLine::centre;
+            position = &PageTextLine::centre;
             break;
         case Kind::Right:
-            place = &PageTextLine::right;
+            position = &PageTextLine::right;
             break;
         case Kind::NewLine:
             lines.append(PageTextLine{});
             break;
         case Kind::PageNumber:
-            lines.last().*place += QString::number(pageNumber);
+            lines.last().*position += QString::number(pageNumber);
             break;
         case Kind::Text:
-            lines.last().*place += part.text;
+            lines.last().*position += part.text;
             break;
         }
     }

@@ -41,7 +41,7 @@ QString withLineSeparators(QString text)
     return text.replace("\r\n"_L1, "\n"_L1).replace(u'\r', QChar::LineSeparator).replace(u'\n', QChar::LineSeparator);
 }
 
-/// No page has room for more characters. Marks that take no room of their own are rarely many.
+/// More characters than fit on any page. Combining marks take no space of their own, but they are rarely many.
 qsizetype unitsOnAPage(const QFontMetricsF &metrics, const QPaintDevice &paper)
 {
     constexpr double narrowest = 0.2; // of the height
@@ -96,7 +96,7 @@ bool PaperText::isShort(QStringView text, double width) const
 int PaperText::lineCount(const QString &wholeText, double width) const
 {
     const QString text = wholeText.left(m_maxUnits);
-    if (!hasLineBreak(text) && this->width(text) <= room(width)) {
+    if (!hasLineBreak(text) && this->width(text) <= withTolerance(width)) {
         return 1;
     }
     QTextLayout layout(withLineSeparators(text), m_font, m_paper);
@@ -108,7 +108,7 @@ void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignm
 {
     const QString text = wholeText.left(m_maxUnits);
     const double textWidth = width(text);
-    if (hasLineBreak(text) || textWidth > room(area.width())) {
+    if (hasLineBreak(text) || textWidth > withTolerance(area.width())) {
         drawLines(painter, area, alignment, text);
         return;
     }
@@ -123,12 +123,12 @@ void PaperText::layOut(QTextLayout &layout, double width) const
     layout.setTextOption(option);
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(room(width));
+        line.setLineWidth(withTolerance(width));
     }
     layout.endLayout();
 }
 
-/// The last line that there is room for, with an ellipsis for what does not follow.
+/// The last line that fits, with an ellipsis for the text that is left out.
 QString PaperText::cutLine(QStringView rest, double width) const
 {
     const auto end = std::ranges::find(rest, QChar::LineSeparator);

@@ -32,7 +32,7 @@ public:
     void draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
 
 private:
-    double room(double width) const { return width + m_characterWidth / 4; }
+    double withTolerance(double width) const { return width + m_characterWidth / 4; }
     void layOut(QTextLayout &layout, double width) const;
     QString cutLine(QStringView rest, double width) const;
     void drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-QList<PrintSpan> spansThatFit(const PrintSpan &items, double room, const std::function<double(int)> &sizeOf)
+QList<PrintSpan> spansThatFit(const PrintSpan &items, double available, const std::function<double(int)> &sizeOf)
 {
     QList<PrintSpan> spans;
     double used = 0;
     for (int item = items.first; item <= items.last; ++item) {
         const double size = sizeOf(item);
-        if (spans.isEmpty() || used + size > room) {
+        if (spans.isEmpty() || used + size > available) {
             spans.append({item, item});
             used = 0;
         }

@@ -15,9 +15,9 @@ struct PrintSpan
     bool operator==(const PrintSpan &) const = default;
 };
 
-/// Breaks items first to last into spans that fit into room each, in the unit of sizeOf(item). A span holds at least
-/// one item, so that one that is too large has a span of its own. No items: no span.
-QList<PrintSpan> spansThatFit(const PrintSpan &items, double room, const std::function<double(int)> &sizeOf);
+/// Breaks the items into spans whose sizes, sizeOf(item) added up, are not more than available. A span holds at least
+/// one item: one that is too large has a span of its own. No items give no spans.
+QList<PrintSpan> spansThatFit(const PrintSpan &items, double available, const std::function<double(int)> &sizeOf);
 
 /// Which of pageCount pages a page range prints. from 0 or below (an empty box) stands for the first page, to 0 or
 /// below for the one page from; pages that do not exist are left out, and no page lies in a range whose end stands

@@ -33,8 +33,8 @@ public:
     bool paint(const MachineInfoLine &line);
 
 private:
-    bool makeRoom(double height);
-    double place(int character) const { return character * m_text.characterWidth(); }
+    bool ensureSpace(double height);
+    double leftOf(int character) const { return character * m_text.characterWidth(); }
     void drawSqueezed(double left, double width, const QString &text);
 
     PrintJob &m_job;
@@ -45,12 +45,12 @@ private:
 
 bool PagePainter::paint(const MachineInfoLine &line)
 {
-    const double first = place(MachineInfoMargin);
-    const double second = place(MachineInfoMargin + MachineInfoField);
+    const double first = leftOf(MachineInfoMargin);
+    const double second = leftOf(MachineInfoMargin + MachineInfoField);
     const double toTheEdge = m_job.paper().width() - second;
     const bool isLong = line.second.size() > MachineInfoField;
     const int height = isLong ? m_text.lineCount(line.second, toTheEdge) : 1;
-    if (!makeRoom(height * m_text.lineHeight())) {
+    if (!ensureSpace(height * m_text.lineHeight())) {
         return false;
     }
     drawSqueezed(first, second - first - m_text.characterWidth() / 2, line.first);
@@ -64,7 +64,7 @@ bool PagePainter::paint(const MachineInfoLine &line)
     return true;
 }
 
-bool PagePainter::makeRoom(double height)
+bool PagePainter::ensureSpace(double height)
 {
     if (m_hasPage && m_top + height <= m_job.paper().height()) {
         return true;

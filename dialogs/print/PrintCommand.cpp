@@ -28,7 +28,7 @@ QString askPdfName(QWidget *parent, const QString &title)
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(u"pdf"_s);
     dialog.selectFile(QFileInfo(preset).fileName());
-    makeRoomForColumns(dialog);
+    widenForColumns(dialog);
     return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString();
 }
 

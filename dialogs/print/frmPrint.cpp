@@ -144,7 +144,7 @@ void frmPrint::PrintShow(SpreadGrid &grid, bool &result)
     result = exec() == Accepted;
 }
 
-/// Room for a page number.
+/// Wide enough for a page number.
 void frmPrint::setWidths(const QFontMetrics &metrics)
 {
     for (QLineEdit *page : m_pages) {

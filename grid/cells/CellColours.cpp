@@ -9,7 +9,7 @@ void CellColours::resize(int columns, int rows)
         if (columns != m_columns) {
             std::vector<quint8> indexes(size_t(columns) * size_t(m_rows));
             for (int row = 0; row < m_rows; ++row) {
-                std::copy_n(m_indexes.begin() + qptrdiff(place(0, row)), std::min(columns, m_columns),
+                std::copy_n(m_indexes.begin() + qptrdiff(offsetOf(0, row)), std::min(columns, m_columns),
                     indexes.begin() + qptrdiff(row) * columns);
             }
             m_indexes = std::move(indexes);
@@ -25,14 +25,14 @@ void CellColours::fill(int column1, int row1, int column2, int row2, const QColo
     if (m_indexes.empty() && !colour.isValid()) {
         return;
     }
-    makeRoom();
+    allocate();
     const quint8 index = paletteIndex(colour);
     for (int row = row1; row <= row2; ++row) {
-        std::fill_n(m_indexes.begin() + qptrdiff(place(column1, row)), column2 - column1 + 1, index);
+        std::fill_n(m_indexes.begin() + qptrdiff(offsetOf(column1, row)), column2 - column1 + 1, index);
     }
 }
 
-void CellColours::makeRoom()
+void CellColours::allocate()
 {
     if (m_indexes.empty()) {
         m_indexes.resize(size_t(m_columns) * size_t(m_rows));
@@ -46,7 +46,7 @@ std::vector<quint8> CellColours::kept(int column1, int row1, int column2, int ro
         const int width = column2 - column1 + 1;
         indexes.reserve(size_t(width) * size_t(row2 - row1 + 1));
         for (int row = row1; row <= row2; ++row) {
-            const auto begin = m_indexes.begin() + qptrdiff(place(column1, row));
+            const auto begin = m_indexes.begin() + qptrdiff(offsetOf(column1, row));
             indexes.insert(indexes.end(), begin, begin + width);
         }
     }
@@ -58,12 +58,12 @@ void CellColours::exchange(int column1, int row1, int column2, int row2, std::ve
     if (kept.empty() && m_indexes.empty()) {
         return;
     }
-    makeRoom();
+    allocate();
     const int width = column2 - column1 + 1;
     kept.resize(size_t(width) * size_t(row2 - row1 + 1)); // none kept: no colours
     auto other = kept.begin();
     for (int row = row1; row <= row2; ++row, other += width) {
-        std::swap_ranges(other, other + width, m_indexes.begin() + qptrdiff(place(column1, row)));
+        std::swap_ranges(other, other + width, m_indexes.begin() + qptrdiff(offsetOf(column1, row)));
     }
 }
 
@@ -72,13 +72,13 @@ bool CellColours::isColoured(int row) const
     if (m_indexes.empty()) {
         return false;
     }
-    const auto begin = m_indexes.begin() + qptrdiff(place(0, row));
+    const auto begin = m_indexes.begin() + qptrdiff(offsetOf(0, row));
     return std::any_of(begin, begin + m_columns, [](quint8 index) { return index != 0; });
 }
 
 QColor CellColours::colour(int column, int row) const
 {
-    return m_indexes.empty() ? QColor() : m_palette[m_indexes[place(column, row)]];
+    return m_indexes.empty() ? QColor() : m_palette[m_indexes[offsetOf(column, row)]];
 }
 
 quint8 CellColours::paletteIndex(const QColor &colour)

@@ -24,9 +24,9 @@ public:
     QColor colour(int column, int row) const;
 
 private:
-    void makeRoom();
+    void allocate();
     quint8 paletteIndex(const QColor &colour);
-    size_t place(int column, int row) const { return size_t(row) * size_t(m_columns) + size_t(column); }
+    size_t offsetOf(int column, int row) const { return size_t(row) * size_t(m_columns) + size_t(column); }
 
     int m_columns = 0;
     int m_rows = 0;

@@ -40,20 +40,20 @@ CellRow CellRows::replaced(const CellRow &row, int columns, int firstColumn, std
         return CellRow(texts.first(size_t(columns)));
     }
     Texts cells = textsOf(row, columns);
-    const auto room = size_t(std::max(0, columns - firstColumn));
-    std::ranges::copy(texts.first(std::min(texts.size(), room)), cells.begin() + firstColumn);
+    const auto available = size_t(std::max(0, columns - firstColumn));
+    std::ranges::copy(texts.first(std::min(texts.size(), available)), cells.begin() + firstColumn);
     return rowOf(cells);
 }
 
-QChar *CellRows::writeCells(QChar *place, const CellRow &row, int column1, int column2)
+QChar *CellRows::writeCells(QChar *out, const CellRow &row, int column1, int column2)
 {
     for (int column = column1; column <= column2; ++column) {
         if (column > column1) {
-            *place++ = BlockText::cellEnd;
+            *out++ = BlockText::cellEnd;
         }
-        place = std::ranges::copy(row.text(column), place).out;
+        out = std::ranges::copy(row.text(column), out).out;
     }
-    return place;
+    return out;
 }
 
 std::vector<CellRow> CellRows::withBlockText(

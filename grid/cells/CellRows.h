@@ -16,7 +16,7 @@ namespace CellRows {
 CellRow replaced(const CellRow &row, int columns, int firstColumn, std::span<const QStringView> texts);
 
 /// Writes the cells of column1 to column2, joined by tabs; returns the place behind them.
-QChar *writeCells(QChar *place, const CellRow &row, int column1, int column2);
+QChar *writeCells(QChar *out, const CellRow &row, int column1, int column2);
 
 /// The rows after a block text was put into column1 to column2 of them, without its first skippedCells cells of every
 /// row. Cells and rows beyond are dropped; a row that the text does not reach stands unchanged. Where the block is

@@ -47,25 +47,25 @@ QString shownLine(QStringView line, const QFontMetrics &metrics, int width)
     return metrics.elidedText(measured, Qt::ElideRight, width);
 }
 
-QString shownLines(QStringView text, const QFontMetrics &metrics, const QSize &room)
+QString shownLines(QStringView text, const QFontMetrics &metrics, const QSize &available)
 {
-    const int maxLines = std::max((room.height() + metrics.leading()) / metrics.lineSpacing(), 1);
+    const int maxLines = std::max((available.height() + metrics.leading()) / metrics.lineSpacing(), 1);
     const QList<QStringView> lines = firstLines(text, maxLines + 1);
     QStringList shown;
     for (qsizetype i = 0; i < std::min<qsizetype>(lines.size(), maxLines); ++i) {
         const bool isCutBelow = i == maxLines - 1 && lines.size() > maxLines;
-        shown << shownLine(isCutBelow ? lines[i].toString() + ellipsis : lines[i], metrics, room.width());
+        shown << shownLine(isCutBelow ? lines[i].toString() + ellipsis : lines[i], metrics, available.width());
     }
     return shown.join(u'\n');
 }
 
 } // namespace
 
-QString shownCellText(QStringView text, const QFontMetrics &metrics, const QSize &room)
+QString shownCellText(QStringView text, const QFontMetrics &metrics, const QSize &available)
 {
-    const int width = std::max(room.width(), 1);
+    const int width = std::max(available.width(), 1);
     if (LineEnds::areIn(text)) {
-        return shownLines(text, metrics, {width, room.height()});
+        return shownLines(text, metrics, {width, available.height()});
     }
     QString shown = shownLine(text, metrics, width);
     return shown != text && isNumeric(text.toString()) ? hashMarks(metrics, width) : shown;

@@ -142,25 +142,25 @@ QString SpreadModel::blockText(const GridBlock &block) const
     if (column1 > column2 || row1 > row2) {
         return {};
     }
-    QString text(blockTextRoom(row1, row2), Qt::Uninitialized);
-    QChar *place = text.data();
+    QString text(maxBlockTextSize(row1, row2), Qt::Uninitialized);
+    QChar *out = text.data();
     for (int row = row1; row <= row2; ++row) {
         if (row > row1) {
-            place = std::ranges::copy(QStringView(BlockText::rowEnd), place).out;
+            out = std::ranges::copy(QStringView(BlockText::rowEnd), out).out;
         }
         if (column1 == 0) {
-            place = std::ranges::copy(row == 0 ? m_cornerText : QString::number(row), place).out;
-            place = std::fill_n(place, column2 > 0 ? 1 : 0, QChar(BlockText::cellEnd));
+            out = std::ranges::copy(row == 0 ? m_cornerText : QString::number(row), out).out;
+            out = std::fill_n(out, column2 > 0 ? 1 : 0, QChar(BlockText::cellEnd));
         }
         const CellRow &cells = row == 0 ? headerRow() : m_rows[size_t(row - 1)];
-        place = CellRows::writeCells(place, cells, std::max(column1, 1) - 1, column2 - 1);
+        out = CellRows::writeCells(out, cells, std::max(column1, 1) - 1, column2 - 1);
     }
-    text.truncate(place - text.constData());
+    text.truncate(out - text.constData());
     return text;
 }
 
 // Units that the block text of these rows takes at most.
-qsizetype SpreadModel::blockTextRoom(int row1, int row2) const
+qsizetype SpreadModel::maxBlockTextSize(int row1, int row2) const
 {
     constexpr int numberAndLineEnd = 16;
     qsizetype units = row1 == 0 ? m_cornerText.size() + headerRow().allTexts().size() : 0;
@@ -223,9 +223,9 @@ void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
     const QModelIndexList kept = persistentIndexList();
     QModelIndexList moved = kept;
     for (QModelIndex &index : moved) {
-        const int place = index.row() + 1 - row1;
-        if (place >= 0 && size_t(place) < newRows.size()) {
-            index = cellIndex(index.column() + 1, newRows[size_t(place)]);
+        const int at = index.row() + 1 - row1;
+        if (at >= 0 && size_t(at) < newRows.size()) {
+            index = cellIndex(index.column() + 1, newRows[size_t(at)]);
         }
     }
     changePersistentIndexList(kept, moved);

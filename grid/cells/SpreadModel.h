@@ -105,7 +105,7 @@ private:
     void dropRows(int count);
     CellRow initialRow() const;
     CellRow headerRow() const;
-    qsizetype blockTextRoom(int row1, int row2) const;
+    qsizetype maxBlockTextSize(int row1, int row2) const;
     void cellsChanged(const GridBlock &block);
 
     std::vector<Column> m_columns;

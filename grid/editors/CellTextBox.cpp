@@ -85,9 +85,9 @@ void CellTextBox::cutOverhang()
     for (qsizetype over = text().size() - m_maxLength; over > 0 && !cursor.atStart();
          over = text().size() - m_maxLength) {
         const QSignalBlocker quiet(this);
-        // A line end is one place, however many characters it has.
-        const int places = int(std::max<qsizetype>(over / m_lineEnd.size(), 1));
-        int begin = std::max(cursor.position() - places, 0);
+        // A line end is one position, however many characters it has.
+        const int positions = int(std::max<qsizetype>(over / m_lineEnd.size(), 1));
+        int begin = std::max(cursor.position() - positions, 0);
         begin -= begin > 0 && document()->characterAt(begin).isLowSurrogate() ? 1 : 0;
         cursor.setPosition(begin, QTextCursor::KeepAnchor);
         cursor.removeSelectedText();

@@ -49,7 +49,7 @@ protected:
         return grid().viewport()->grab(place.adjusted(2, 2, -3, -3)).toImage();
     }
     double ofCell(int column, int row) { return contrastIn(pictureOfCell(column, row)); }
-    static QColor groundOf(const QImage &picture) { return picture.pixelColor(0, 0); }
+    static QColor backgroundOf(const QImage &picture) { return picture.pixelColor(0, 0); }
 
 private:
     QPalette m_formerPalette;
@@ -64,7 +64,7 @@ QImage pictureOf(QHeaderView &header, int section)
     return header.viewport()->grab(place.adjusted(2, 2, -3, -3) & header.viewport()->rect()).toImage();
 }
 
-QColor groundOf(const QTextCursor &place, const QPalette &palette)
+QColor backgroundOf(const QTextCursor &place, const QPalette &palette)
 {
     const QTextTable *table = place.currentTable();
     const QList<QBrush> grounds{place.charFormat().background(), place.blockFormat().background(),
@@ -87,7 +87,7 @@ QStringList unreadableIn(const QTextBrowser &browser)
             QTextCursor place(browser.document());
             place.setPosition(part.fragment().position() + 1);
             const QColor text = textColourOf(part.fragment().charFormat(), browser.palette());
-            if (contrastRatio(text, groundOf(place, browser.palette())) < forTexts) {
+            if (contrastRatio(text, backgroundOf(place, browser.palette())) < forTexts) {
                 texts << part.fragment().text();
             }
         }
@@ -115,7 +115,8 @@ TEST_P(Contrast, ofSelectedCells)
 {
     grid().setTextColour({ParameterColumn::Name, 3, ParameterColumn::Name, 3}, QColor(changedCellColour));
     grid().selectBlock({ParameterColumn::Number, 1, ParameterColumn::Name, 4});
-    EXPECT_NE(groundOf(pictureOfCell(ParameterColumn::Name, 2)), groundOf(pictureOfCell(ParameterColumn::Name, 6)));
+    EXPECT_NE(
+        backgroundOf(pictureOfCell(ParameterColumn::Name, 2)), backgroundOf(pictureOfCell(ParameterColumn::Name, 6)));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
     EXPECT_GE(ofCell(ParameterColumn::Name, 3), forTexts);
     QWidget other;
@@ -123,7 +124,7 @@ TEST_P(Contrast, ofSelectedCells)
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other, patience));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
-    EXPECT_EQ(groundOf(pictureOfCell(ParameterColumn::Name, 2)),
+    EXPECT_EQ(backgroundOf(pictureOfCell(ParameterColumn::Name, 2)),
         QApplication::palette().color(QPalette::Inactive, QPalette::Highlight));
 }
 
@@ -143,7 +144,8 @@ TEST_P(Contrast, ofFoundCells)
     auto &field = control<FindField>(editor(), u"txtFind"_s);
     QTest::keyClicks(&field, u"param"_s);
     grid().setActiveCell(ParameterColumn::Unit, 8);
-    EXPECT_NE(groundOf(pictureOfCell(ParameterColumn::Name, 2)), groundOf(pictureOfCell(ParameterColumn::Unit, 2)));
+    EXPECT_NE(
+        backgroundOf(pictureOfCell(ParameterColumn::Name, 2)), backgroundOf(pictureOfCell(ParameterColumn::Unit, 2)));
     EXPECT_GE(ofCell(ParameterColumn::Name, 2), forTexts);
     EXPECT_GE(ofCell(ParameterColumn::Name, 3), forTexts);
     QTest::keyClicks(&field, u"zzz"_s);

@@ -100,7 +100,7 @@ TEST_P(FoldedPlaces, areThoseOfTheTextItself)
 {
     const QStringList words = FoldedText::words(GetParam().typed);
     ASSERT_EQ(words.size(), 1);
-    const QList<TextSpan> places = FoldedText(GetParam().text).placesOf(words.first());
+    const QList<TextSpan> places = FoldedText(GetParam().text).spansOf(words.first());
     ASSERT_EQ(places.isEmpty(), GetParam().found.isEmpty());
     for (const TextSpan &place : places) {
         EXPECT_EQ(GetParam().text.mid(place.start, place.length), GetParam().found);
