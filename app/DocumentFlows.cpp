@@ -2,7 +2,7 @@
 
 #include "app/EditorSaveHost.h"
 #include "app/services/Language.h"
-#include "desktop/BusyPointer.h"
+#include "desktop/BusyCursor.h"
 #include "desktop/FileDialog.h"
 #include "desktop/InputHold.h"
 #include "desktop/PlainCaption.h"
@@ -60,7 +60,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     if (InputHold::postpone(*this, [this, fileName] { OpenPrFile(fileName); })) {
         return false;
     }
-    const BusyPointer busy;
+    const BusyCursor busy;
     const InputHold hold;
     const int slot = FindFreeDocumentSlot();
     if (ReadPrFile(fileName, qint16(slot), m_host)) {

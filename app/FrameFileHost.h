@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/BusyPointer.h"
+#include "desktop/BusyCursor.h"
 #include "document/FileHost.h"
 
 #include <QElapsedTimer>
@@ -22,6 +22,6 @@ public:
 
 private:
     QWidget &m_frame;
-    std::optional<BusyPointer> m_busy;
+    std::optional<BusyCursor> m_busy;
     QElapsedTimer m_sinceEvents;
 };

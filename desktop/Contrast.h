@@ -8,15 +8,16 @@ class QWidget;
 /// The colour itself, or a lighter or darker shade of it that can be read on that background.
 QColor readableOn(const QColor &background, const QColor &colour);
 
-/// The same for the lines between cells, which are to be seen but not to be looked at.
+/// The same for the lines between cells, which need less contrast than texts.
 QColor lineOn(const QColor &background, const QColor &colour);
 
-/// The palette with which the style draws check boxes and options that can be seen on that background, unticked too:
-/// it takes the colour of their frames from the window's. Frames and ticks have the colour own where it is valid.
+/// A palette with which the style draws check boxes and options that are visible on that background, unticked ones too.
+/// The style derives the colour of their frames from the window's colour. If own is valid, frames and ticks have that
+/// colour.
 QPalette boxPalette(QPalette palette, const QColor &background, const QColor &own = {});
 
-/// Lets the boxes and options of a window of Qt's own be seen on it.
+/// Makes the check boxes and options visible in one of Qt's own windows.
 void showBoxesOf(QWidget &window);
 
-/// A background with a shade of that colour in it.
+/// The background, tinted with that colour.
 QColor tinted(const QColor &background, const QColor &tint);

@@ -1,7 +1,7 @@
 #include "desktop/FileDialog.h"
 
 #include "desktop/PlainMessages.h"
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 #include "runtime/FileName.h"
 
 #include <QDateTime>
@@ -26,8 +26,8 @@ namespace {
 
 constexpr int shownFiles = 16;
 
-/// The widest texts that the columns of files usually hold: name, size, type, date. The user's own widths stay when
-/// they are larger.
+/// Fits the columns to the widest names, sizes, types and dates that are usual. Wider columns stay as the user made
+/// them.
 void widenColumns(QTreeView &list)
 {
     const QDateTime latest({2028, 12, 28}, {22, 58, 58});
@@ -42,7 +42,7 @@ void widenColumns(QTreeView &list)
     }
 }
 
-/// Width of the list of places beside the files.
+/// Width of the list of folders beside the files.
 int placesWidth(const QWidget &places)
 {
     const auto *list = qobject_cast<const QListView *>(&places);
@@ -50,14 +50,14 @@ int placesWidth(const QWidget &places)
     return std::max(places.sizeHint().width(), entries);
 }
 
-/// Presets the name, which must not select its file in the list: Qt's own dialog takes what is selected there before
-/// what stands in the box.
+/// Presets the name without selecting its file in the list: Qt's own dialog prefers what is selected there to what is
+/// in the name box.
 void presetName(QFileDialog &dialog, const QString &name)
 {
     dialog.selectFile(name);
     auto *box = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
     auto *list = dialog.findChild<QListView *>(u"listView"_s);
-    if (box && list) { // not in the desktop's own dialog
+    if (box && list) { // the desktop's own dialog has neither
         list->selectionModel()->clear();
         box->selectAll();
     }
@@ -101,8 +101,8 @@ void widenForColumns(QFileDialog &dialog)
     const int width = places + splitter->handleWidth() + files + margins.left() + margins.right();
     const int height = dialog.sizeHint().height() - list->sizeHint().height()
         + shownFiles * (list->fontMetrics().height() + list->fontMetrics().leading());
-    const QSize available = roomOnScreen(dialog);
-    const int missing = std::max(width - available.width(), 0); // the places give way to the files
+    const QSize available = maxSizeOnScreen(dialog);
+    const int missing = std::max(width - available.width(), 0); // the list of folders gives way to the files
     splitter->setSizes({std::max(places - missing, places / 2), files});
     dialog.resize(QSize(width, height).expandedTo(dialog.sizeHint()).boundedTo(available));
 }

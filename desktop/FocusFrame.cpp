@@ -17,7 +17,7 @@ bool FocusFrame::eventFilter(QObject *watched, QEvent *event)
         m_frame.update();
         return false;
     case QEvent::Paint:
-        watched->event(event); // the style's frame, beneath
+        watched->event(event); // the style's frame first
         paint();
         return true;
     default:

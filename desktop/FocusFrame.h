@@ -4,13 +4,13 @@
 
 class QFrame;
 
-/// Shows by its frame that a list or a text has the focus, where the style shows it by an item only.
+/// Draws a frame around a list or a text that has the focus, for styles that mark only an item in it.
 class FocusFrame final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Belongs to the frame.
+    /// The frame owns this object.
     explicit FocusFrame(QFrame &frame);
 
 protected:

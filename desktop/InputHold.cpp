@@ -12,14 +12,14 @@
 
 namespace {
 
-/// What waits, and for whom.
+/// Something that is to be delivered, and to whom.
 struct Waiting
 {
     QPointer<QObject> receiver;
     std::function<void()> deliver;
 };
 
-/// Stands between the event loop and the windows while input is held back.
+/// Keeps the user's input from the windows while it is held back.
 class InputGate : public QObject
 {
 public:
@@ -49,7 +49,7 @@ InputGate &gate()
     return theGate;
 }
 
-/// What the receiver gets again later as it is.
+/// Events that the receiver gets later, unchanged.
 bool isInput(QEvent::Type type)
 {
     static constexpr QEvent::Type types[] = {QEvent::KeyPress, QEvent::KeyRelease, QEvent::Shortcut,
@@ -59,7 +59,7 @@ bool isInput(QEvent::Type type)
     return std::ranges::find(types, type) != std::end(types);
 }
 
-/// What goes to the widget that has the focus at that time: the first key may open an editor for the next.
+/// Events for the widget that has the focus when they are delivered: the first key may open an editor for the next one.
 bool isTyped(QEvent::Type type)
 {
     return type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::InputMethod;
@@ -70,7 +70,7 @@ bool isDrop(QEvent::Type type)
     return type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop;
 }
 
-/// Whether the object stands in the modal window, or in what that opened.
+/// Whether the object is in the modal window, or in a window that it opened.
 bool isInModalWindow(const QObject &object)
 {
     const QObject *const modal = QApplication::activeModalWidget();
@@ -105,7 +105,7 @@ bool InputGate::eventFilter(QObject *watched, QEvent *event)
 {
     const QEvent::Type type = event->type();
     const bool isClose = type == QEvent::Close && watched->isWidgetType();
-    // A QWindow's input is on its way to a widget, where it is looked at again.
+    // A QWindow passes its input on to a widget, where this filter sees it again.
     if (watched->isWindowType() || (!isInput(type) && !isClose && !isDrop(type)) || isInModalWindow(*watched)) {
         return false;
     }
@@ -121,7 +121,7 @@ void InputGate::holdBack(QObject &receiver, QEvent &event)
     } else if (isDrop(event.type())) {
         event.ignore();
     } else {
-        event.accept(); // a parent is not to be asked instead
+        event.accept(); // or it would be offered to the parent
         holdBackInput(receiver, std::shared_ptr<QEvent>(event.clone()));
     }
 }
@@ -139,8 +139,8 @@ void InputGate::holdBackInput(QObject &receiver, const std::shared_ptr<QEvent> &
     }
 }
 
-/// One thing per turn of the event loop, as the user's own events come. One that opens a dialog is over when the dialog
-/// is; one that begins a new operation makes the rest wait for its end.
+/// Delivers one event per turn of the event loop, as if the user acted now. If it opens a dialog, the next one follows
+/// when the dialog is closed; if it begins another operation, the rest wait for the end of that.
 void InputGate::deliverNext()
 {
     if (m_delivering || isShut() || m_waiting.empty()) {

@@ -4,9 +4,9 @@
 
 #include <functional>
 
-/// While one of these lives, nothing that the user does reaches a window: keys, clicks, wheel, shortcuts and requests
-/// to close wait, in their order, until the last one is gone and control is back in the event loop. What is dropped
-/// from another program is refused instead. A modal window that is up takes its input as ever.
+/// As long as one of these objects lives, nothing that the user does reaches a window: keys, clicks, wheel, shortcuts
+/// and requests to close are delivered in their order after the last object is gone and control is back in the event
+/// loop. Drops from other programs are refused. A modal window that is open takes its input as usual.
 class InputHold
 {
 public:
@@ -15,10 +15,10 @@ public:
     Q_DISABLE_COPY_MOVE(InputHold)
 
     static bool isHeld();
-    /// Whether something still waits, held back or on its way.
+    /// Whether input is still waiting or being delivered.
     static bool isWaiting();
 
-    /// Lets action wait in the same row. False when nothing is held back: the caller then goes on at once. An action
-    /// whose context is gone by then is left out.
+    /// Queues action after the input that is waiting. False if no input is held back: the caller then acts at once. The
+    /// action is skipped if its context has been deleted by then.
     static bool postpone(QObject &context, std::function<void()> action);
 };

@@ -2,5 +2,5 @@
 
 #include <QtGlobal>
 
-/// The machine's physical memory in bytes; 0 when the system does not tell.
+/// The machine's physical memory in bytes; 0 if it is not known.
 quint64 totalPhysicalMemory();

@@ -13,13 +13,13 @@ bool isMenuKey(const QEvent &event)
         && static_cast<const QKeyEvent &>(event).keyCombination() == (Qt::SHIFT | Qt::Key_F10);
 }
 
-/// Whether there is a menu for it.
+/// False if the widget has no menu.
 bool openMenuOf(QWidget &widget)
 {
     const QPoint position = widget.inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
-    QContextMenuEvent wish(QContextMenuEvent::Keyboard, position, widget.mapToGlobal(position));
-    QCoreApplication::sendEvent(&widget, &wish);
-    return wish.isAccepted();
+    QContextMenuEvent request(QContextMenuEvent::Keyboard, position, widget.mapToGlobal(position));
+    QCoreApplication::sendEvent(&widget, &request);
+    return request.isAccepted();
 }
 
 } // namespace

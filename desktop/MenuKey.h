@@ -2,8 +2,8 @@
 
 #include <QObject>
 
-/// Lets Shift+F10 open the pop-up menu of whatever has the focus, as the Menu key does, which many keyboards lack. Some
-/// desktops do so by themselves; they do not get the key then.
+/// Makes Shift+F10 open the pop-up menu of the widget that has the focus, like the Menu key, which many keyboards lack.
+/// Desktops that do so themselves do not get the key then.
 class MenuKey : public QObject
 {
     Q_OBJECT

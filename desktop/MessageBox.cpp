@@ -24,10 +24,10 @@ constexpr std::array boxButtons = {
     BoxButton{QMessageBox::Cancel, "cmdCancel"_L1},
 };
 
-/// In the order of boxButtons; until they are set, the buttons carry the desktop's texts.
+/// In the order of boxButtons. Until they are set the buttons have the desktop's own texts.
 std::array<QString, boxButtons.size()> buttonTexts;
 
-/// The arrow over a box that opens while the hourglass is shown.
+/// Shows the arrow cursor in a box that opens while the busy cursor is shown.
 class ArrowPointer
 {
 public:
@@ -50,7 +50,7 @@ void labelButtons(QMessageBox &box)
     }
 }
 
-/// The button that ended the box. Enter takes the one at byEnter of buttons, Escape and the close box the last.
+/// Returns the button that closed the box. Enter presses buttons[byEnter]; Escape and the close box press the last one.
 int run(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QString &title,
     std::initializer_list<QMessageBox::StandardButton> buttons, std::size_t byEnter = 0)
 {

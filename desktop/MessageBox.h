@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// Message boxes with the program's own button texts; every text is shown as it is, never as markup.
+/// Message boxes with the program's own button texts. All texts are shown as they are, never as markup.
 namespace MessageBox {
 
 enum class Answer { Yes, No, Cancel };
@@ -18,7 +18,7 @@ void showPlain(QWidget *parent, const QString &text, const QString &title);
 void showExclamation(QWidget *parent, const QString &text, const QString &title);
 /// A question with Yes, No and Cancel and the exclamation icon. Escape and the close box mean Cancel.
 Answer askYesNoCancel(QWidget *parent, const QString &text, const QString &title);
-/// A question with Yes and No and the exclamation icon: whether it is Yes. Enter, Escape and the close box mean No.
+/// A question with Yes and No and the exclamation icon; true for Yes. Enter, Escape and the close box mean No.
 bool askYesNo(QWidget *parent, const QString &text, const QString &title);
 
 } // namespace MessageBox

@@ -6,7 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-// The linker drops the pictures from the library unless someone asks for them. Not in a namespace: Qt's macro says so.
+// Without this the linker drops the pictures from the library. Qt's macro must not be used in a namespace.
 static void initPictures()
 {
     Q_INIT_RESOURCE(pictures);
@@ -21,7 +21,7 @@ QString picturePath(const QString &name)
     return u":/pictures/%1.svg"_s.arg(name);
 }
 
-/// The path of the picture of that number; empty when there is none.
+/// The path of the picture of that number; empty if there is none.
 QString existingPath(int number)
 {
     const QString path = picturePath(QString::number(number));

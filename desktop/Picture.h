@@ -2,7 +2,7 @@
 
 #include <QIcon>
 
-/// The pictures of the resource table. They are drawn anew for every size and scale.
+/// The pictures of the resource table. They are drawn for each size and scale.
 namespace Picture {
 
 /// The picture of that number (1000 to 1004, 1010 to 1025); a null icon for any other.
@@ -12,7 +12,7 @@ QIcon icon(int first, int second = 0);
 /// The picture that the window system shows for the program.
 QIcon programIcon();
 
-/// The same with the mark of a document that has unsaved changes: a spot in the colour of changed cells.
+/// The same with the mark of a document that has unsaved changes: a dot in the colour of changed cells.
 QIcon changedIcon();
 
 } // namespace Picture

@@ -3,12 +3,12 @@
 #include <QIconEngine>
 #include <QString>
 
-/// Draws an icon from SVG files, each read when its picture is first shown: a tool bar at start-up needs half of its
-/// pictures, and each of them once.
+/// Draws an icon from SVG files. A file is read when its picture is first shown: at start-up a tool bar needs only half
+/// of its pictures.
 class PictureEngine final : public QIconEngine
 {
 public:
-    /// disabledPath, unless empty, is the picture of a disabled control; without it the style makes one grey.
+    /// disabledPath is the picture of a disabled control; if it is empty the style draws the normal one in grey.
     PictureEngine(QString normalPath, QString disabledPath);
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;

@@ -22,7 +22,7 @@ QString shortened(const QString &word)
     return word.left(keptBeginning) + u'\u2026' + word.right(longestWord - keptBeginning - 1);
 }
 
-/// The word with a place to break behind each character.
+/// The word with a zero-width space after each character, where a line can break.
 QString loosened(const QString &word)
 {
     QString loose;

@@ -11,7 +11,7 @@ PlainMessages::PlainMessages(QDialog &dialog) : QObject(&dialog)
 
 bool PlainMessages::eventFilter(QObject *watched, QEvent *event)
 {
-    // A box is polished once it has its text and before it is shown.
+    // A box is polished after it got its text and before it is shown.
     if (event->type() == QEvent::ChildPolished) {
         if (auto *box = qobject_cast<QMessageBox *>(static_cast<QChildEvent *>(event)->child())) {
             box->setTextFormat(Qt::PlainText);

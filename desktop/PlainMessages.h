@@ -4,8 +4,8 @@
 
 class QDialog;
 
-/// Makes the message boxes that one of Qt's own dialogs shows (a file exists already ...) show file names as they are,
-/// never as markup. It goes with the dialog.
+/// Makes the message boxes of one of Qt's own dialogs ("... already exists") show file names as they are, never as
+/// markup. The dialog owns this object.
 class PlainMessages : public QObject
 {
     Q_OBJECT

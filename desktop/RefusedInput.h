@@ -7,10 +7,10 @@
 class QWidget;
 struct CellType;
 
-/// Tells the user that a cell does not take what was typed: by a sound, a short mark on the editor and a tip.
+/// Tells the user that a cell does not take what was typed: a beep, a short red flash of the editor and a tool tip.
 namespace RefusedInput {
 
-/// The tip's text for a type of cells; empty for none. Without a wording there is no tip.
+/// Sets what words the tip for a cell type; an empty text, or no wording at all, shows no tip.
 void setWording(std::function<QString(const CellType &)> wording);
 
 void show(QWidget &editor, const CellType &type);

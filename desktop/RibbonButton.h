@@ -3,8 +3,8 @@
 #include <QIcon>
 #include <QToolButton>
 
-/// A tool-bar toggle button with two pictures: the normal one and the one of its other state (disabled or down).
-/// value() is true while it is down.
+/// A tool-bar toggle button with a picture for its normal state and one for its other state (disabled or down). value()
+/// is true while it is down.
 class RibbonButton : public QToolButton
 {
     Q_OBJECT

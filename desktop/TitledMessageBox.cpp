@@ -1,7 +1,7 @@
 #include "desktop/TitledMessageBox.h"
 
 #include "desktop/PlainCaption.h"
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The desktop draws titles in a font of its own, which it keeps to itself: they are measured in bold letters.
+/// The desktop draws titles in a font that Qt does not know: they are measured in bold letters.
 QFontMetrics titleMetrics()
 {
     QFont font = QApplication::font("QMdiSubWindowTitleBar");
@@ -20,7 +20,7 @@ QFontMetrics titleMetrics()
     return QFontMetrics(font);
 }
 
-/// What a title bar has beside the title: an icon and buttons.
+/// Width of what a title bar has beside the title: an icon and buttons.
 int besideTitle(const QWidget &window)
 {
     constexpr int parts = 5;
@@ -33,7 +33,7 @@ TitledMessageBox::TitledMessageBox(const QString &title, const QString &text, QW
     : QMessageBox(parent), m_neededWidth(titleMetrics().horizontalAdvance(title) + besideTitle(*this))
 {
     setTextFormat(Qt::PlainText); // texts hold file names, and a file name may look like markup
-    const int available = roomOnScreen(*this).width();
+    const int available = maxSizeOnScreen(*this).width();
     if (m_neededWidth <= available) {
         setWindowTitle(plainTitle(title));
         setText(breakable(text, fontMetrics()));
@@ -69,5 +69,5 @@ void TitledMessageBox::widenForTitle()
     const int height = layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(m_neededWidth)
                                                      : layout()->totalMinimumSize().height();
     setFixedSize(m_neededWidth, height);
-    move(placeOnScreen(*this, pos() - QPoint(missing / 2, 0), size()));
+    move(positionOnScreen(*this, pos() - QPoint(missing / 2, 0), size()));
 }

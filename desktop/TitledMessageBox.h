@@ -2,8 +2,9 @@
 
 #include <QMessageBox>
 
-/// A message box that is wide enough for its title, which names a file. A title that no screen has room for is cut in
-/// its middle and stands whole above the text. Title and text are shown as they are, never as markup.
+/// A message box that is wide enough for its title, which is the name of a file. A title that does not fit on the
+/// screen is elided in the middle and shown in full above the text. Title and text are shown as they are, never as
+/// markup.
 class TitledMessageBox : public QMessageBox
 {
 public:

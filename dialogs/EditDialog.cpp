@@ -3,7 +3,7 @@
 #include "app/services/Common.h"
 #include "app/services/Language.h"
 #include "desktop/PlainCaption.h"
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 #include "dialogs/ContentsArea.h"
 #include "dialogs/DialogGrid.h"
 
@@ -91,7 +91,7 @@ void EditDialog::prepare(const QString &caption)
 
 void EditDialog::fitSize()
 {
-    const QSize room = roomOnScreen(*this);
+    const QSize room = maxSizeOnScreen(*this);
     const QList<DialogGrid *> lists = m_contents->findChildren<DialogGrid *>();
     const auto shrinkLists = [&lists](bool shrunk) {
         for (DialogGrid *list : lists) {

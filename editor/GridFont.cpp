@@ -2,7 +2,7 @@
 
 #include "app/services/Common.h"
 #include "app/services/Settings.h"
-#include "desktop/BusyPointer.h"
+#include "desktop/BusyCursor.h"
 #include "desktop/Contrast.h"
 #include "grid/RedrawOff.h"
 #include "grid/SpreadGrid.h"
@@ -49,7 +49,7 @@ void chooseGridFont(SpreadGrid &grid)
 
 void applyGridFont(SpreadGrid &grid, const QFont &font)
 {
-    const BusyPointer busy;
+    const BusyCursor busy;
     const RedrawOff redrawOff(grid);
     grid.setGridFont(font);
     grid.fitRowHeight(0);

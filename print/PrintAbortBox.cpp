@@ -1,7 +1,7 @@
 #include "print/PrintAbortBox.h"
 
 #include "desktop/PlainCaption.h"
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 
 #include <QCoreApplication>
 #include <QLabel>
@@ -27,7 +27,7 @@ PrintAbortBox::PrintAbortBox(const QString &text, const QString &cancelText, con
     label->setText(text);
     label->setWordWrap(true);
     const int margins = fontMetrics().averageCharWidth() * 5;
-    label->setMinimumWidth(std::min(fontMetrics().averageCharWidth() * 45, roomOnScreen(*this).width() - margins));
+    label->setMinimumWidth(std::min(fontMetrics().averageCharWidth() * 45, maxSizeOnScreen(*this).width() - margins));
     auto *cancel = new QPushButton(cancelText);
     cancel->setObjectName(u"cmdCancel"_s);
     cancel->setMinimumWidth(fontMetrics().horizontalAdvance(cancelText + u"0000"_s));

@@ -4,7 +4,7 @@
 #include "app/services/Messages.h"
 #include "app/services/Settings.h"
 #include "desktop/MessageBox.h"
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 #include "grid/SpreadGrid.h"
 #include "grid/cells/CellType.h"
 #include "help/HelpWindow.h"
@@ -108,7 +108,7 @@ void PrepareDialog(QDialog &dialog)
     const QSize inner = innerSize(dialog);
     const QPoint middle(
         screen.x() + screen.width() / 2 - inner.width() / 2, screen.y() + screen.height() / 2 - inner.height() / 2);
-    dialog.move(placeOnScreen(dialog, middle, inner));
+    dialog.move(positionOnScreen(dialog, middle, inner));
 }
 
 void ApplyUserFont(QWidget &window)

@@ -1,4 +1,4 @@
-#include "desktop/ScreenRoom.h"
+#include "desktop/ScreenFit.h"
 
 #include <QScreen>
 #include <QStyle>
@@ -23,7 +23,7 @@ QSize frameOf(const QWidget &window)
     return parent ? drawn.expandedTo(parent->window()->frameGeometry().size() - parent->window()->size()) : drawn;
 }
 
-/// The last place from which a length stays before the end, but none before the begin.
+/// The position nearest to wanted at which the length fits between begin and end; begin if it does not fit at all.
 int within(int wanted, int begin, int end, int length)
 {
     return std::max(begin, std::min(wanted, end - length));
@@ -31,12 +31,12 @@ int within(int wanted, int begin, int end, int length)
 
 } // namespace
 
-QSize roomOnScreen(const QWidget &window)
+QSize maxSizeOnScreen(const QWidget &window)
 {
     return screenOf(window).size() - frameOf(window);
 }
 
-QPoint placeOnScreen(const QWidget &window, const QPoint &wanted, const QSize &innerSize)
+QPoint positionOnScreen(const QWidget &window, const QPoint &wanted, const QSize &innerSize)
 {
     const QRect screen = screenOf(window);
     const QSize outer = innerSize + frameOf(window);

@@ -1,14 +1,14 @@
-#include "desktop/BusyPointer.h"
+#include "desktop/BusyCursor.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 
-BusyPointer::BusyPointer()
+BusyCursor::BusyCursor()
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
-BusyPointer::~BusyPointer()
+BusyCursor::~BusyCursor()
 {
     QGuiApplication::restoreOverrideCursor();
 }

@@ -1,4 +1,4 @@
-#include "desktop/BusyPointer.h"
+#include "desktop/BusyCursor.h"
 
 #include <gtest/gtest.h>
 
@@ -7,12 +7,12 @@
 
 #include <stdexcept>
 
-TEST(BusyPointer, showsTheHourglassAsLongAsItLives)
+TEST(BusyCursor, isShownAsLongAsItLives)
 {
     {
-        const BusyPointer outer;
+        const BusyCursor outer;
         {
-            const BusyPointer inner;
+            const BusyCursor inner;
         }
         ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
         EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
@@ -20,11 +20,11 @@ TEST(BusyPointer, showsTheHourglassAsLongAsItLives)
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST(BusyPointer, isGoneAfterAFailureToo)
+TEST(BusyCursor, isGoneAfterAFailureToo)
 {
     EXPECT_THROW(
         {
-            const BusyPointer busy;
+            const BusyCursor busy;
             throw std::runtime_error("failed");
         },
         std::runtime_error);
