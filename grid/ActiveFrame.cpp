@@ -11,7 +11,7 @@ void ActiveFrame::paint(QPainter &painter)
 {
     const bool isAroundAll = isToBeAroundAll();
     if (std::exchange(m_isAroundAll, isAroundAll) != isAroundAll) {
-        m_view.viewport()->update(edges()); // what is painted now may be another part
+        m_view.viewport()->update(edges()); // the part being painted now may be another one
     }
     if (isAroundAll) {
         painter.setPen(m_view.palette().color(QPalette::Highlight));
@@ -32,7 +32,7 @@ void ActiveFrame::paintAroundCell(QPainter &painter) const
     }
 }
 
-/// Where the active cell can be seen: not beneath the frozen column.
+/// Where the active cell is visible: not below the frozen column.
 QRect ActiveFrame::visibleArea() const
 {
     const int covered = m_view.currentIndex().column() > 0 ? m_columns.coveredWidth() : 0;
@@ -57,7 +57,7 @@ QRegion ActiveFrame::edges() const
     return QRegion(all).subtracted(all.adjusted(1, 1, -1, -1));
 }
 
-// The frame around all cells must not travel with them.
+// The frame around the view must not scroll with the cells.
 void ActiveFrame::follow(const QPoint &moved)
 {
     if (m_isAroundAll || isToBeAroundAll()) {

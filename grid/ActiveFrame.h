@@ -7,16 +7,16 @@ class QRegion;
 class QTableView;
 class SpreadHeader;
 
-/// The frame that shows where the keys act: around the active cell or, while that is out of view, around all cells, so
-/// that the focus can always be seen.
+/// The frame that shows where keys act: around the active cell or, while that cell is out of view, around the whole
+/// view, so that the focus is always visible.
 class ActiveFrame
 {
 public:
     ActiveFrame(QTableView &view, const SpreadHeader &columns) : m_view(view), m_columns(columns) { }
 
-    /// To be painted over the cells.
+    /// Call it after the cells were painted.
     void paint(QPainter &painter);
-    /// To be called when the view has scrolled. moved: by how many pixels what is in the viewport was moved.
+    /// Call it when the view has scrolled. moved: how many pixels the contents of the viewport have moved.
     void follow(const QPoint &moved);
 
 private:
@@ -28,5 +28,5 @@ private:
 
     QTableView &m_view;
     const SpreadHeader &m_columns;
-    bool m_isAroundAll = false; ///< as it was painted last
+    bool m_isAroundAll = false; ///< when it was last painted
 };

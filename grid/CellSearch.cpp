@@ -17,7 +17,7 @@ bool CellSearch::isFound(int column, int row) const
         && m_matcher.indexIn(m_model.text(column, row)) >= 0;
 }
 
-// Most rows are passed over at one look at all their texts.
+// One look at all texts of a row rules out most rows.
 bool CellSearch::mayBeInRow(int row) const
 {
     return m_matcher.indexIn(m_model.rowTexts(row)) >= 0;

@@ -9,14 +9,14 @@
 class QTableView;
 class SpreadModel;
 
-/// Where a grid's shown cells hold a text that is searched for, without regard to case. A check box shows no text.
-/// Columns and rows count from 1.
+/// Finds a text in the shown cells of a grid, without regard to case. A check box has no text. Columns and rows count
+/// from 1.
 class CellSearch
 {
 public:
     struct Count
     {
-        int number = 0; ///< of a cell among those that hold the text, from 1; 0 when it does not hold it
+        int number = 0; ///< of a cell among those that hold the text, from 1; 0 if it does not hold it
         int all = 0;
     };
 
@@ -25,8 +25,8 @@ public:
     /// An empty text is found nowhere.
     void setText(const QString &text);
     bool isFound(int column, int row) const;
-    /// The next cell (column, row) that holds the text, in reading order (step 1) or against it (step -1), around the
-    /// end of the grid; the cell from comes last. Nothing when no cell holds it.
+    /// The next cell (column, row) that holds the text, in reading order (step 1) or against it (step -1), wrapping
+    /// around at the end of the grid; the cell from itself comes last. std::nullopt if no cell holds the text.
     std::optional<QPoint> next(QPoint from, int step) const;
     /// How many cells hold the text, and which of them the cell is.
     Count count(QPoint cell) const;

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-// Shift with a move that extends moves the far corner of the selection instead of the active cell.
+// With Shift, a move that extends moves the far corner of the selection instead of the active cell.
 const MoveKeys::MoveKey MoveKeys::moveKeys[] = {
     {Qt::Key_Left, Qt::NoModifier, Move::Left, true},
     {Qt::Key_Right, Qt::NoModifier, Move::Right, true},
@@ -107,7 +107,7 @@ std::optional<QPoint> MoveKeys::target(Move move, QPoint from) const
     return std::nullopt;
 }
 
-// The neighbour cell, over hidden columns; the cell itself at the grid's edge.
+// The neighbour cell, skipping hidden columns; the cell itself at the grid's edge.
 QPoint MoveKeys::stepped(QPoint cell, QPoint step) const
 {
     return {step.x() == 0 ? cell.x() : m_view.shownColumnFrom(cell.x(), step.x()),
@@ -122,7 +122,7 @@ QPoint MoveKeys::pageTarget(QPoint from, int direction) const
     return {from.x(), std::clamp(from.y() + direction * page, 1, m_model.rowCount())};
 }
 
-// From the last cell Tab leaves the grid, as from every control.
+// From the last cell Tab leaves the grid, as it leaves any control.
 std::optional<QPoint> MoveKeys::tabTarget(QPoint from, int step) const
 {
     const QPoint neighbour = stepped(from, {step, 0});

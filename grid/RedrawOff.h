@@ -2,7 +2,7 @@
 
 #include "grid/SpreadView.h"
 
-/// The grid's redrawing is off for as long as this object lives.
+/// Turns the view's redrawing off for as long as this object lives.
 class RedrawOff
 {
 public:

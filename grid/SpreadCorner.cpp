@@ -15,7 +15,7 @@ SpreadCorner::SpreadCorner(QTableView &view, const SpreadModel &model)
 {
     m_button->setObjectName(u"corner"_s);
     m_button->installEventFilter(this);
-    disconnect(m_button, nullptr, &view, nullptr); // selects all
+    disconnect(m_button, nullptr, &view, nullptr); // or it would select all
     connect(&model, &QAbstractItemModel::headerDataChanged, this, &SpreadCorner::showText);
 }
 
@@ -25,7 +25,7 @@ void SpreadCorner::showText()
     m_button->update();
 }
 
-// Without a text of its own it is called as the cells are together.
+// Without a text it has the accessible name of the grid.
 void SpreadCorner::nameButton()
 {
     const QString text = m_model.headerText(0);
@@ -36,7 +36,7 @@ bool SpreadCorner::eventFilter(QObject *watched, QEvent *event)
 {
     const auto *mouse = dynamic_cast<QMouseEvent *>(event);
     if (event->type() == QEvent::Show) {
-        nameButton(); // the view may have got its name by now
+        nameButton(); // the view may have been named by now
     }
     if (event->type() == QEvent::Paint) {
         paint();

@@ -6,8 +6,8 @@ class QAbstractButton;
 class SpreadModel;
 class QTableView;
 
-/// The cell above the row numbers: shows its text, which the view's own corner button cannot. Like every heading it
-/// selects nothing.
+/// The cell above the row numbers. It shows a text, which the view's own corner button cannot, and like every column
+/// heading it selects nothing.
 class SpreadCorner final : public QObject
 {
     Q_OBJECT

@@ -45,7 +45,7 @@ QColor textColour(const QPalette &palette, const QColor &own, const QColor &back
                  : readableOn(background, own.isValid() ? own : palette.color(QPalette::Text));
 }
 
-/// What the user can see of the view that is painted.
+/// The part of the view that the user can see.
 QRect windowOf(const QStyleOptionViewItem &option)
 {
     const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
@@ -58,7 +58,7 @@ int visibleWidth(const QRect &rect, const QRect &window)
     return std::min(rect.width(), window.right() - rect.left() + 1);
 }
 
-// Desktops have one of the two only; without this the other would go on to the grid.
+// Each desktop has only one of the two; without this the other would go to the grid.
 bool isRedoKey(const QKeyEvent &event)
 {
     const QKeyCombination key = event.keyCombination();
@@ -102,7 +102,7 @@ int SpreadDelegate::margin() const
 
 // Painting
 
-// The active cell keeps its own background within a selected block.
+// The active cell keeps its own background in a selected block.
 void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const int column = index.column() + 1;
@@ -123,7 +123,7 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     }
 }
 
-// The match that the search has reached stands out from the others.
+// The match at the active cell has a stronger colour than the others.
 QColor SpreadDelegate::backgroundOf(const QPalette &palette, int column, int row, bool active, bool selected) const
 {
     if (selected) {
@@ -134,7 +134,7 @@ QColor SpreadDelegate::backgroundOf(const QPalette &palette, int column, int row
     return !marked ? base : tinted(base, active ? QColor(activeMatchTint) : QColor(Qt::yellow));
 }
 
-// Many desktops choose their highlight for its looks: use a shade of it on which the texts can be read.
+// Many desktops choose their highlight colour for its looks: this is a shade of it on which texts can be read.
 QColor SpreadDelegate::selectedBackground(const QPalette &palette) const
 {
     const std::pair looked{palette.cacheKey(), palette.currentColorGroup()};
@@ -203,7 +203,7 @@ QRect SpreadDelegate::checkBoxRect(const QModelIndex &index, const QRect &cell) 
     Qt::Alignment alignment = Qt::AlignCenter;
     if (!type.caption.isEmpty()) {
         size.rwidth() += margin() + m_view.fontMetrics().horizontalAdvance(type.caption);
-        size.setHeight(std::max(size.height(), m_view.fontMetrics().height())); // letters are higher than a box
+        size.setHeight(std::max(size.height(), m_view.fontMetrics().height())); // letters are taller than a box
         alignment = m_model.alignment(index.column() + 1) | Qt::AlignVCenter;
     }
     return QStyle::alignedRect(m_view.layoutDirection(), alignment, size, cell.adjusted(margin(), 0, -margin(), 0));
@@ -223,12 +223,12 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
     const QStringView text = m_model.text(index.column() + 1, index.row() + 1);
     TextMeter meter(option.font);
     meter.add(text);
-    const int extraHeight = m_zoom == 100 ? CellMetrics::extraHeight : 0; // rounding takes its part of it
+    const int extraHeight = m_zoom == 100 ? CellMetrics::extraHeight : 0; // rounding uses it up
     return {meter.widest() + 2 * margin() + CellMetrics::gridLine,
         CellMetrics::rowHeight(option.fontMetrics, text) - CellMetrics::extraHeight + extraHeight};
 }
 
-// A text that its cell cuts off is shown beside the mouse: whole, unless nobody would read all of it.
+// A tip shows a text that its cell cuts off: all of it, unless it is too long to be read.
 bool SpreadDelegate::helpEvent(
     QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
 {
@@ -270,7 +270,7 @@ QWidget *SpreadDelegate::createEditor(
     return m_editor;
 }
 
-// The editor has its text from the beginning; what the program writes or colours meanwhile must not undo the typing.
+// The editor got its text when it was created; what the program writes or colours meanwhile must not undo the typing.
 void SpreadDelegate::setEditorData(QWidget * /*editor*/, const QModelIndex & /*index*/) const
 {
 }
@@ -286,20 +286,20 @@ void SpreadDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, co
 void SpreadDelegate::updateEditorGeometry(
     QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex & /*index*/) const
 {
-    // A row may be lower than the font needs; the text that is being typed is shown whole.
+    // A row may be lower than its font; what is being typed is shown in full height.
     QRect rect = option.rect;
     rect.setHeight(std::max(rect.height(), editorOf(editor)->neededHeight()));
     editor->setGeometry(rect);
 }
 
-// The widget itself is deleted when the event that closed it is over.
+// The widget itself is deleted after the event that closed it.
 void SpreadDelegate::destroyEditor(QWidget *editor, const QModelIndex &index) const
 {
     m_editor = nullptr;
     QStyledItemDelegate::destroyEditor(editor, index);
 }
 
-// Closing an editor delivers what is still posted to it, which may end the edit once more.
+// Closing an editor delivers its posted events, which may end the edit again.
 void SpreadDelegate::finishEdit()
 {
     if (QWidget *open = std::exchange(m_editor, nullptr)) {
@@ -338,8 +338,8 @@ bool SpreadDelegate::eventFilter(QObject *watched, QEvent *event)
     return QStyledItemDelegate::eventFilter(watched, event);
 }
 
-// The focus comes before the press that moves it. The edit ends in the press, which by then knows the cell that it
-// means: the end of an edit may sort the rows.
+// The focus moves before the press that moves it is delivered. The press ends the edit itself, after it has found out
+// which cell it means: ending an edit may sort the rows.
 bool SpreadDelegate::isPressOnView(const QFocusEvent &event) const
 {
     return event.reason() == Qt::MouseFocusReason && QApplication::focusWidget() == &m_view;
@@ -354,14 +354,14 @@ bool SpreadDelegate::keyEndsEdit(CellEditor &editor, int key, Qt::KeyboardModifi
     }
     if (editor.isAcceptable() || !editor.isModified()) {
         finishEdit();
-        if (!isFillKey(key, modifiers)) { // what is copied shall not replace what was just typed
+        if (!isFillKey(key, modifiers)) { // a fill would replace what was just typed
             emit keyAfterEdit(key, modifiers);
         }
     }
     return true;
 }
 
-// A message that tells why the cells do not take the text must not let the text reach one of them.
+// While a message says why the cells do not take the text, the editor must not lose it to one of them.
 bool SpreadDelegate::runFillKey()
 {
     const QScopedValueRollback kept(m_keepsOpen, true);

@@ -15,8 +15,8 @@ class QFocusEvent;
 class QTableView;
 class SpreadModel;
 
-/// Paints the cells of a spread grid and edits them in place. Check boxes and drop-down arrows are painted, there are
-/// no widgets in the grid but the one editor that is open.
+/// Paints the cells of a spread grid and edits them in place. Check boxes and drop-down arrows are painted; the only
+/// widget in the grid is the editor that is open.
 class SpreadDelegate final : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ class SpreadDelegate final : public QStyledItemDelegate
 public:
     SpreadDelegate(QTableView &view, const SpreadModel &model);
 
-    /// Draws boxes, arrows and margins at that many per cent; texts have the font that they are painted with.
+    /// Draws boxes, arrows and margins at that zoom (per cent). Texts are drawn in the painter's font.
     void setZoom(int percent) { m_zoom = percent; }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -32,22 +32,22 @@ public:
         const QModelIndex &index) override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-    /// The editor that is open; nullptr without one.
+    /// The open editor; nullptr if there is none.
     CellEditor *editor() const;
     /// Ends the edit and takes what was typed, if the cell takes it.
     void finishEdit();
-    /// Ends the edit and takes nothing.
+    /// Ends the edit without taking what was typed.
     void dropEdit();
-    /// What Ctrl+Enter does in an editor, which stays open meanwhile; false when it shall end the edit.
+    /// Sets what Ctrl+Enter does in an editor, which stays open meanwhile. If run returns false the key ends the edit.
     void setFillKey(std::function<bool()> run) { m_runFillKey = std::move(run); }
 
     CellSearch &search() { return m_search; }
     /// Whether cells that hold the searched text are painted on a background of another colour.
     void setFoundMarked(bool marked) { m_foundMarked = marked; }
 
-    /// Where a cell's check box stands, with its caption; empty for other cells.
+    /// Where a cell's check box is, with its caption; empty for other cells.
     QRect checkBoxRect(const QModelIndex &index, const QRect &cell) const;
-    /// Where a cell's drop-down arrow stands while the cell is active; empty for other cells.
+    /// Where a cell's drop-down arrow is while the cell is active; empty for other cells.
     QRect arrowRect(const QModelIndex &index, const QRect &cell) const;
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -58,7 +58,7 @@ public:
     void destroyEditor(QWidget *editor, const QModelIndex &index) const override;
 
 signals:
-    /// A key ended an edit; it shall do what it does in the grid.
+    /// A key ended an edit; it is now to do what it does in the grid.
     void keyAfterEdit(int key, Qt::KeyboardModifiers modifiers);
 
 protected:
@@ -83,9 +83,10 @@ private:
     mutable CheckBoxPictures m_boxes;
     bool m_foundMarked = false;
     std::function<bool()> m_runFillKey;
-    bool m_keepsOpen = false; ///< the editor stays open although it loses the focus
+    bool m_keepsOpen = false; ///< the editor stays open even if it loses the focus
     mutable QPointer<QWidget> m_editor;
     int m_zoom = 100; ///< per cent
     mutable QColor m_selectedBackground;
-    mutable std::pair<qint64, QPalette::ColorGroup> m_selectedPalette; ///< what m_selectedBackground is of
+    mutable std::pair<qint64, QPalette::ColorGroup>
+        m_selectedPalette; ///< the palette that m_selectedBackground is from
 };

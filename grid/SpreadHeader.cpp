@@ -10,7 +10,7 @@
 SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHeaderView(orientation, parent)
 {
     setSectionsClickable(true);
-    setHighlightSections(false); // setMarkedSections() does it
+    setHighlightSections(false); // setMarkedSections() does that
     setSectionResizeMode(Interactive);
     setDefaultAlignment(Qt::AlignCenter);
     setMinimumSectionSize(8);
@@ -32,7 +32,7 @@ void SpreadHeader::setMarkedSections(int first, int last)
     }
 }
 
-// As sectionSizeFromContents() does for the header's own font: with room for the bold letters of a marked section.
+// Like sectionSizeFromContents() for the header's own font, but wide enough for the bold letters of a marked section.
 QSize SpreadHeader::textSize(int section, QFont font) const
 {
     ensurePolished();
@@ -75,7 +75,7 @@ int SpreadHeader::gripWidth() const
     return style()->pixelMetric(QStyle::PM_HeaderGripMargin, nullptr, this);
 }
 
-// The grip on both sides of the frozen section's right edge belongs to it.
+// The grip on both sides of its right edge belongs to the frozen section.
 bool SpreadHeader::isOnFrozen(const QPoint &position) const
 {
     const int width = coveredWidth();
@@ -87,7 +87,7 @@ bool SpreadHeader::isOnFrozenGrip(const QPoint &position) const
     return isOnFrozen(position) && position.x() >= coveredWidth() - gripWidth();
 }
 
-// Over the frozen section the base class is told the position that it has beneath the scrolled ones.
+// Over the frozen section the base class gets the position that the section has below the scrolled ones.
 QMouseEvent SpreadHeader::translated(const QMouseEvent &event) const
 {
     const int shift = isOnFrozen(event.position().toPoint()) ? offset() : 0;
@@ -137,7 +137,7 @@ void SpreadHeader::mouseDoubleClickEvent(QMouseEvent *event)
     QHeaderView::mouseDoubleClickEvent(&inside);
 }
 
-// The button's release has raised rightClicked() already.
+// The release of the button has already raised rightClicked().
 void SpreadHeader::contextMenuEvent(QContextMenuEvent *event)
 {
     event->accept();

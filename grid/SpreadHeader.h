@@ -4,8 +4,8 @@
 
 #include <optional>
 
-/// A header of a spread grid. Its first section stays in view with a frozen column: it is painted over the sections
-/// that were scrolled beneath it, and takes the mouse there. Sections count from 0, as Qt has it.
+/// A header of a spread grid. With a frozen column its first section stays in view: it is painted over the sections
+/// that were scrolled below it, and takes the mouse there. Sections count from 0, as in Qt.
 class SpreadHeader final : public QHeaderView
 {
     Q_OBJECT
@@ -14,15 +14,15 @@ public:
     explicit SpreadHeader(Qt::Orientation orientation, QWidget *parent = nullptr);
 
     void setFirstSectionFrozen(bool frozen);
-    /// The pixels from the left that the frozen section takes from the scrolled ones; 0 while nothing is scrolled.
+    /// How many pixels of the scrolled sections the frozen one covers, from the left; 0 while nothing is scrolled.
     int coveredWidth() const;
-    /// Marks the sections first to last as those of the selection; last before first for none.
+    /// Marks the sections first to last as selected; last < first marks none.
     void setMarkedSections(int first, int last);
-    /// The pixels that the section's text takes in that font, with the header's own margins.
+    /// The pixels that the section's text takes in that font, including the header's margins.
     QSize textSize(int section, QFont font) const;
     /// The section at that position of the viewport, the frozen one included; -1 for none.
     int sectionAt(const QPoint &position) const;
-    /// The thickness that the grid fixed; Qt's own would measure all captions at each layout.
+    /// The size that the grid has fixed; Qt's own hint would measure all captions at each layout.
     QSize sizeHint() const override { return minimumSize(); }
 
 signals:
@@ -47,5 +47,5 @@ private:
     bool m_frozen = false;
     int m_firstMarked = 0;
     int m_lastMarked = -1;
-    std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge less the mouse's position
+    std::optional<int> m_gripOffset; ///< while the frozen section is widened: its right edge minus the mouse's x
 };

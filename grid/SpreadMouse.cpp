@@ -15,7 +15,7 @@ namespace {
 
 constexpr int scrollInterval = 40; // milliseconds
 
-// How many cells the far corner goes on when the mouse is beyond an edge: one for each fifth of a hundred pixels.
+// By how many cells the far corner moves while the mouse is beyond an edge: one, and one more for every 20 pixels.
 int stepsBeyond(int position, int first, int last)
 {
     const int beyond = position < first ? position - first : position > last ? position - last : 0;
@@ -48,7 +48,7 @@ bool SpreadMouse::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-// The end of an edit may sort the rows: the click means the cell that stood beneath the mouse until then.
+// Ending an edit may sort the rows: the click means the cell that was below the mouse before that.
 bool SpreadMouse::press(const QMouseEvent &event)
 {
     const QPersistentModelIndex index = m_view.indexAt(event.position().toPoint());
@@ -107,7 +107,7 @@ void SpreadMouse::extendTo(const QPoint &position)
     }
 }
 
-// Beyond an edge the selection grows as long as the mouse stays there.
+// The selection grows as long as the mouse stays beyond an edge.
 void SpreadMouse::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() != m_scrollTimer.timerId()) {
@@ -158,8 +158,8 @@ bool SpreadMouse::doubleClick(const QMouseEvent &event)
     return true;
 }
 
-// Some desktops ask for the menu when the right button goes down, others when it comes up, and a test's mouse not at
-// all: one click raises one signal.
+// Some desktops ask for the menu when the right button goes down, others when it comes up, and the mouse of a test does
+// not ask at all: in each case one click raises one signal.
 bool SpreadMouse::contextMenu(const QContextMenuEvent &event)
 {
     if (event.reason() == QContextMenuEvent::Keyboard) {

@@ -12,7 +12,7 @@ class SpreadView;
 class SpreadSelection;
 
 /// What the mouse does on the cells of a spread grid: it selects by clicks and by dragging (scrolling at the edges),
-/// ticks check boxes, drops lists down, begins edits, and asks for the pop-up menu.
+/// ticks check boxes, drops lists down, opens editors, and asks for the pop-up menu.
 class SpreadMouse final : public QObject
 {
     Q_OBJECT
@@ -49,6 +49,6 @@ private:
     QBasicTimer m_scrollTimer;
     QPoint m_dragPosition;
     bool m_dragging = false;
-    bool m_pressedGone = false; ///< the pressed cell stands elsewhere now, and has become the active one
+    bool m_pressedGone = false; ///< the pressed cell moved when the press ended an edit, and is the active one
     Menu m_menu = Menu::None;
 };

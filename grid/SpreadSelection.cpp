@@ -124,8 +124,8 @@ void SpreadSelection::show()
     emit changed();
 }
 
-// Somebody else moved the selection: the desktop's accessibility, or a routine of the view. What covers all columns or
-// all rows can only have been chosen as rows or columns.
+// The selection was changed from elsewhere: by a screen reader, or by a routine of Qt's view. If it covers all columns
+// or all rows it is taken for whole rows or whole columns.
 void SpreadSelection::adopt()
 {
     if (m_writing) {

@@ -10,8 +10,8 @@ class QTableView;
 class SpreadModel;
 
 /// What is selected in a spread grid: one rectangle of cells, whole rows or whole columns. The active cell (the view's
-/// current index) stays where a selection was begun, while its far corner moves; only of whole rows the first has it,
-/// whichever end they were begun at, because commands insert and paste there. Columns and rows count from 1.
+/// current index) stays where the selection began, while the far corner moves. With whole rows the active cell is
+/// always in the first of them, because commands insert and paste there. Columns and rows count from 1.
 class SpreadSelection : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class SpreadSelection : public QObject
 public:
     SpreadSelection(QTableView &view, SpreadModel &model);
 
-    /// What is selected, as SpreadGrid::selectedBlock() reports it; {0, 0, 0, 0} without any cell.
+    /// What is selected, as SpreadView::selectedBlock() reports it; {0, 0, 0, 0} if the grid has no cells.
     GridBlock block() const;
     bool isBlock() const;
     bool contains(int column, int row) const;
@@ -27,25 +27,25 @@ public:
     int activeRow() const;
     /// The corner that moves when the selection is extended; (column, row).
     QPoint farCorner() const { return m_far; }
-    /// The row at which a selection of rows begins when it is extended from what is selected now.
+    /// The row where a selection of rows begins if it is extended from what is selected now.
     int rowOfBeginning() const { return m_shape == Shape::Rows ? m_anchor.y() : activeRow(); }
 
     void moveTo(int column, int row);
-    /// Selects from where the selection was begun to this cell, rows or columns as such when they are selected so.
+    /// Selects from where the selection began to this cell; whole rows or columns if such are selected.
     void extendTo(int column, int row);
     void select(const GridBlock &block);
-    /// The rows as such, begun at row1; the active cell goes to the upper of the two, in that column.
+    /// Selects whole rows, from row1 on; the active cell goes to the upper row, in that column.
     void selectRows(int row1, int row2, int activeColumn);
-    /// The columns as such; the active cell goes to column1, in that row.
+    /// Selects whole columns; the active cell goes to column1, in that row.
     void selectColumns(int column1, int column2, int activeRow);
     void selectAll();
-    /// As long as the result lives, the selection does not follow what the view does to it.
+    /// As long as the result lives, the selection does not adopt what the view selects.
     [[nodiscard]] QScopedValueRollback<bool> hold() { return QScopedValueRollback(m_writing, true); }
-    /// Shows the selection again in a grid that has other rows or columns now; what is outside is cut off.
+    /// Cuts the selection off at the grid's edges after rows or columns were added or dropped.
     void fitIntoGrid();
 
 signals:
-    /// What is selected, or may be, is another.
+    /// The selection has changed, or may have.
     void changed();
 
 private:

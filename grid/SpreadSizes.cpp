@@ -72,7 +72,7 @@ void SpreadSizes::showFonts()
     m_rows.setFont(zoomed(m_fonts[2]));
 }
 
-// The view is not told of each row; it looks at all of them afterwards.
+// The view is not notified of each row; it lays out all of them afterwards.
 void SpreadSizes::showSizes()
 {
     const QScopedValueRollback showing(m_showing, true);
@@ -88,7 +88,7 @@ void SpreadSizes::showSizes()
     fitRowNumberWidth();
 }
 
-// A column that is shown again comes with the width that it was hidden with; a hidden one has none.
+// A column that is shown again reports the width that it was hidden with; a hidden one reports 0.
 void SpreadSizes::noteColumn(int at, int shown)
 {
     if (!m_showing && shown > 0 && shown != zoomed(columnWidth(at + 1))) {
@@ -118,7 +118,7 @@ QFont SpreadSizes::headerFont() const
 void SpreadSizes::setFont(const QFont &font)
 {
     m_fonts.fill(font);
-    showFonts(); // the headers too: those of a window that was never shown may miss the font of their parent
+    showFonts(); // the headers too: in a window that was never shown they may not have got their parent's font
     noteFont();
 }
 
@@ -186,7 +186,7 @@ void SpreadSizes::fitColumnWidth(int column)
         fitRowNumberWidth();
     } else if (column >= 1 && column <= m_model.columnCount()) {
         int width = neededWidth(column, font(), headerFont(), 100);
-        if (m_zoom != 100) { // letters do not grow evenly: the texts shall fit as they are shown, too
+        if (m_zoom != 100) { // letters do not grow evenly, and the texts must fit as they are shown, too
             const int shown = neededWidth(column, m_view.font(), m_columns.font(), m_zoom);
             width = std::max(width, int(std::ceil(shown * 100.0 / m_zoom)));
         }

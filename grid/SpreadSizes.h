@@ -11,8 +11,8 @@ class SpreadDelegate;
 class SpreadHeader;
 class SpreadModel;
 
-/// The font, the widths and the heights of a spread grid. All are kept in pixels as they are at 100 %; what is shown
-/// comes from them by the zoom, so that zooming back and forth changes none. Columns and rows count from 1.
+/// The font, widths and heights of a spread grid. All are kept as they are at 100 %, in pixels; the zoom only changes
+/// what is shown, so that zooming in and out again changes nothing. Columns and rows count from 1.
 class SpreadSizes final : public QObject
 {
     Q_OBJECT
@@ -32,7 +32,7 @@ public:
     void setRowHeight(int row, int pixels);
     int rowNumberWidth() const;
 
-    /// To be called when the view's font has changed, whoever did it.
+    /// Call it when the view's font has changed, whoever changed it.
     void noteFont();
     void setWidthInCharacters(int column, double characters);
     void fitColumnWidth(int column);
@@ -59,12 +59,12 @@ private:
     SpreadDelegate &m_delegate;
     int m_zoom = 100;
     std::array<QFont, 3> m_fonts; ///< of view, column and row header at 100 %, while another zoom is shown
-    QHash<int, int> m_columnWidths; ///< of those that are not of the usual width
-    QHash<int, int> m_rowHeights; ///< of those that are not of the usual height
+    QHash<int, int> m_columnWidths; ///< without those of default width
+    QHash<int, int> m_rowHeights; ///< without those of default height
     int m_defaultColumnWidth;
     int m_defaultRowHeight;
     int m_headerHeight = 0;
-    int m_rowNumberWidth = 0; ///< as it was asked for
+    int m_rowNumberWidth = 0; ///< as requested
     int m_lineRowHeight = 0; ///< of a row whose texts have one line
-    bool m_showing = false; ///< sizes and fonts change by this object's work
+    bool m_showing = false; ///< this object itself is changing sizes and fonts
 };

@@ -33,7 +33,7 @@ SpreadView::SpreadView(QWidget *parent)
     setVerticalHeader(m_rowHeader);
     setModel(m_model);
     for (SpreadHeader *header : {m_columnHeader, m_rowHeader}) {
-        // With the grid's own, a header looks at every cell of a selected column each time it is painted.
+        // With the grid's own model, a header looks at every cell of a selected column each time it is painted.
         header->setSelectionModel(new QItemSelectionModel(m_model, header));
     }
     setSelectionMode(ContiguousSelection);
@@ -155,7 +155,7 @@ int SpreadView::zoom() const
     return m_sizes->zoom();
 }
 
-// The same cell stays at the top left, unless the active one would leave the view.
+// The same cell stays at the top left, unless that moves the active cell out of view.
 void SpreadView::setZoom(int percent)
 {
     const bool activeInView = viewport()->rect().intersects(visualRect(currentIndex()));
@@ -312,7 +312,8 @@ void SpreadView::scrollToCell(int column, int row)
     scrollTo(m_model->cellIndex(column, row));
 }
 
-// Both directions by as little as possible; a frozen column needs none sideways, and the others none beneath it.
+// Scrolls by as little as possible in both directions. A frozen column needs no scrolling sideways, and the others must
+// not end up below it.
 void SpreadView::scrollTo(const QModelIndex &index, ScrollHint hint)
 {
     if (!index.isValid()) {
@@ -350,7 +351,7 @@ void SpreadView::scrollContentsBy(int dx, int dy)
     }
 }
 
-// Few wheels can be tilted: with Shift the styleColour one scrolls sideways.
+// Few wheels can be tilted: with Shift an ordinary one scrolls sideways.
 void SpreadView::wheelEvent(QWheelEvent *event)
 {
     if (event->modifiers() != Qt::ShiftModifier || event->angleDelta().x() != 0) {
@@ -376,7 +377,7 @@ void SpreadView::setRedraw(bool on)
     }
 }
 
-// Each cell is painted with its ground, so that one that is asked for twice looks the same.
+// Each cell is painted with its background, so that painting it twice makes no difference.
 void SpreadView::paintEvent(QPaintEvent *event)
 {
     QPainter painter(viewport());
@@ -426,8 +427,8 @@ void SpreadView::paintColumn(QPainter &painter, QStyleOptionViewItem &option, in
 
 // Focus
 
-// A press beside the cells, on a scroll bar say, ends no edit by itself.
-// A screen reader hears of the grid by itself, of the cell that the keys will act on only so, and only after it.
+// A press beside the cells, on a scroll bar for instance, does not end an edit by itself. Qt tells screen readers of
+// the grid that got the focus, but not of the active cell: that has to follow.
 void SpreadView::focusInEvent(QFocusEvent *event)
 {
     QTableView::focusInEvent(event);
@@ -451,7 +452,7 @@ void SpreadView::announceActiveCell()
 
 // Editing in place
 
-// Qt opens an editor for composed text, but keeps the text itself back.
+// Qt opens an editor for composed text, but does not pass the text itself on.
 void SpreadView::inputMethodEvent(QInputMethodEvent *event)
 {
     const bool hasText = !event->commitString().isEmpty() || !event->preeditString().isEmpty();

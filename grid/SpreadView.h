@@ -40,14 +40,14 @@ public:
     /// without rows takes its heights from the font.
     void setGridFont(const QFont &font);
     QFont gridFont() const;
-    /// Width of a column for that many digits of the grid's font at this moment. Column 0, the row numbers, gets
-    /// wider by itself when the last number does not fit.
+    /// Makes the column wide enough for that many digits of the grid's present font. Column 0, the row numbers, gets
+    /// wider by itself if the last number does not fit.
     void setWidthInCharacters(int column, double characters);
     /// Makes the column as wide as its widest text, the header's included. All rows are measured.
     void fitColumnWidth(int column);
-    /// Makes the row (0: the header row) as high as its highest text needs.
+    /// Makes the row (0: the header row) as high as its tallest text needs.
     void fitRowHeight(int row);
-    // Pixels at 100 %, whatever the zoom; 0 for a hidden column
+    // In pixels at 100 %, whatever the zoom; a hidden column has width 0
     int unzoomedColumnWidth(int column) const;
     int unzoomedRowNumberWidth() const;
     int unzoomedRowHeight(int row) const; ///< row 0: the header row
@@ -56,8 +56,8 @@ public:
     QSize sizeForRows(int rows) const;
 
     int zoom() const; ///< per cent
-    /// Shows fonts, widths and heights at that many per cent. Everything that is set or asked for stays what it is at
-    /// 100 %, but for Qt's own routines, which tell what is on the screen.
+    /// Shows fonts, widths and heights at that zoom. All sizes that are set or returned here stay those at 100 %; only
+    /// Qt's own routines return what is on the screen.
     void setZoom(int percent);
 
     void setColumnShown(int column, bool shown);
@@ -70,16 +70,16 @@ public:
     int frozenColumns() const { return m_frozenColumns; }
 
     // Selection
-    /// The selected block: the active cell when nothing else is selected. Rows selected as rows (by their number, by
-    /// Shift+Space, by Ctrl+A) report column1 -1, and the first of them is the active row.
+    /// The selected block; the active cell if nothing else is selected. Whole rows (selected by their numbers,
+    /// Shift+Space or Ctrl+A) have column1 -1, and the first of them is the active row.
     GridBlock selectedBlock() const;
     /// column1 -1 selects whole rows. The block's top left cell becomes the active cell.
     void selectBlock(const GridBlock &block);
     /// More than one cell is selected, or whole rows.
     bool isBlockSelected() const;
     void selectAll() override;
-    int activeColumn() const; ///< 0 when there is no active cell
-    int activeRow() const; ///< 0 when there is no active cell
+    int activeColumn() const; ///< 0 if there is no active cell
+    int activeRow() const; ///< 0 if there is no active cell
     void setActiveCell(int column, int row);
 
     // Scrolling
@@ -93,31 +93,31 @@ public:
     QModelIndex indexAt(const QPoint &position) const override;
     QRect visualRect(const QModelIndex &index) const override;
 
-    /// Off: nothing is painted and no view work is done until it is on again. Calls nest.
+    /// While it is off nothing is painted and the view does no work. Calls nest.
     void setRedraw(bool on);
 
     // Editing in place
-    /// Opens the active cell's editor: on its text, or emptied.
+    /// Opens the active cell's editor, with its text or empty.
     void openEditor(EditStart start);
-    /// Opens the active cell's editor for what was typed.
+    /// Opens the active cell's editor and types the key into it.
     void openEditor(QKeyEvent &typed);
-    /// Ends an edit that is under way and takes what was typed, if the cell type allows it.
+    /// Ends an open edit and takes what was typed, if the cell type allows it.
     void commitEdit();
-    /// Ends an edit that is under way without taking its text.
+    /// Ends an open edit without taking its text.
     void dropEdit();
-    /// What the user has typed into the active cell's editor so far; std::nullopt if no edit is under way, if it
-    /// changed nothing, or if the cell would not take it.
+    /// What the user has typed into the active cell's editor so far; std::nullopt if no editor is open, if nothing was
+    /// changed, or if the cell would not take it.
     std::optional<QString> textBeingTyped() const;
-    /// The text in the open editor, whatever the cell takes; std::nullopt if no edit is under way.
+    /// The text in the open editor, whether the cell takes it or not; std::nullopt if no editor is open.
     std::optional<QString> editorText() const;
 
 signals:
-    /// Texts or looks of data cells may be others, or rows came or went, by whoever's doing; once for all that was
-    /// done while redrawing was off.
+    /// Texts or looks of data cells, or the row count, may have changed, whoever changed them. Raised once for all that
+    /// was done while redrawing was off.
     void contentsChanged();
-    /// Comes before setRowCount() adds or drops rows, also when it does neither.
+    /// Raised by setRowCount() before the change, also if the count stays the same.
     void rowCountAboutToChange(int newCount);
-    /// The active cell moves. newRow is 0 when there is no cell to move to.
+    /// The active cell moves. newRow is 0 if there is no cell to move to.
     void cellLeft(int column, int row, int newColumn, int newRow);
 
 protected:
@@ -151,5 +151,5 @@ private:
     std::unique_ptr<ActiveFrame> m_activeFrame;
     int m_frozenColumns = 0;
     int m_redrawsOff = 0;
-    bool m_quiet = false; ///< the active cell moves by a routine's work, not as a move of its own
+    bool m_quiet = false; ///< a change of the row or column count moves the active cell: no cellLeft()
 };

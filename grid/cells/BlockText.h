@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-/// Takes a block text apart: cells joined by tabs, rows by CR LF, CR or LF. A line end at the very end does not begin
+/// Splits a block text: cells joined by tabs, rows by CR LF, CR or LF. A line end at the very end does not begin
 /// another row. An empty text is one row of one empty cell.
 class BlockTextReader
 {
@@ -13,11 +13,11 @@ public:
     /// text must outlive the reader.
     explicit BlockTextReader(QStringView text) : m_rest(text) { }
 
-    /// Goes to the next row (at first, to the first). False when there is none.
+    /// Goes to the next row (the first call: to the first). False if there is none.
     bool nextRow();
-    /// The cells of the present row, without a copy; valid until the next nextRow().
+    /// The cells of the current row, without a copy; valid until the next nextRow().
     std::span<const QStringView> cells() const { return m_cells; }
-    /// The present row is the last one and a line end stands behind it.
+    /// The current row is the last one, and a line end follows it.
     bool isClosed() const { return m_atEnd && m_lineEnd; }
 
 private:

@@ -10,17 +10,17 @@
 class CellColours
 {
 public:
-    /// Cells that come in have no colour.
+    /// Cells that are added have no colour.
     void resize(int columns, int rows);
-    /// All cells from column1, row1 to column2, row2, which must be inside. An invalid colour takes the colour away.
+    /// All cells from column1, row1 to column2, row2, which must be inside. An invalid colour removes theirs.
     void fill(int column1, int row1, int column2, int row2, const QColor &colour);
-    /// The colours of those cells, to be given back by exchange(); empty when no cell of the grid has one.
+    /// The colours of those cells, for exchange(); empty if no cell of the grid has one.
     std::vector<quint8> kept(int column1, int row1, int column2, int row2) const;
-    /// Exchanges the colours of those cells with what was kept of them.
+    /// Swaps the colours of those cells with those that kept() returned.
     void exchange(int column1, int row1, int column2, int row2, std::vector<quint8> &kept);
     /// Whether any cell of the row has a colour.
     bool isColoured(int row) const;
-    /// Invalid where no colour is set.
+    /// Invalid if no colour is set.
     QColor colour(int column, int row) const;
 
 private:

@@ -16,7 +16,7 @@ bool isDecimalPoint(QChar unit)
     return unit == u'.' || localPoint == unit;
 }
 
-// Whether text is the beginning of a number: a sign if allowed, digits, at most one point if allowed.
+// Whether the text can be the beginning of a number: a sign if allowed, digits, at most one point if allowed.
 bool isNumberBeginning(QStringView text, bool signAllowed, bool pointAllowed)
 {
     if (signAllowed && text.startsWith(u'-')) {
@@ -45,8 +45,8 @@ double numberOf(QString text)
     return QLocale::c().toDouble(text);
 }
 
-/// The digits and the point of a number that is not negative.
-QString plainNumber(QStringView text)
+/// A number that is not negative, without leading zeros and without a trailing point.
+QString withoutSpareZeros(QStringView text)
 {
     while (text.startsWith(u'0')) {
         text = text.sliced(1);
@@ -70,7 +70,7 @@ QValidator::State checkNumber(const CellType &type, const QString &text)
     if (number >= type.minimum && number <= type.maximum) {
         return QValidator::Acceptable;
     }
-    // Further digits lead away from 0: a number beyond the far limit cannot come back.
+    // Further digits lead away from 0: beyond the far limit there is no way back.
     const bool isBeyond = text.startsWith(u'-') ? number < type.minimum : number > type.maximum;
     return isBeyond ? QValidator::Invalid : QValidator::Intermediate;
 }
@@ -103,7 +103,7 @@ QString CellInput::stored(const CellType &type, const QString &text)
         return text;
     }
     const bool isNegative = text.startsWith(u'-');
-    const QString number = plainNumber(QStringView(text).sliced(isNegative ? 1 : 0));
+    const QString number = withoutSpareZeros(QStringView(text).sliced(isNegative ? 1 : 0));
     return isNegative && number != u"0"_s ? u'-' + number : number;
 }
 

@@ -3,7 +3,7 @@
 #include <QFontMetrics>
 #include <QStringView>
 
-/// The pixels that a cell has besides its text.
+/// The pixels that a cell takes in addition to its text, at 100 %.
 namespace CellMetrics {
 
 constexpr int margin = 4; ///< left and right of the text
@@ -18,7 +18,7 @@ constexpr int zoomed(int pixels, int zoom)
     return (pixels * zoom + 50) / 100;
 }
 
-/// The height of a row whose highest text is this.
+/// The height of a row whose tallest text this is.
 int rowHeight(const QFontMetrics &metrics, QStringView text);
 
 } // namespace CellMetrics

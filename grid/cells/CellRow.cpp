@@ -4,7 +4,7 @@
 #include <limits>
 #include <new>
 
-// The head is followed by the end offset of each text, and these by the texts.
+// It is followed by the end offset of each text, and these by the texts.
 struct CellRow::Buffer
 {
     quint32 references;

@@ -6,8 +6,8 @@
 #include <span>
 #include <utility>
 
-/// The texts of one row in one piece of memory. A row never changes, it is replaced by another; copies share the
-/// memory, so that moving and remembering rows costs a pointer each. Columns count from 0 here. For one thread only.
+/// The texts of one row in one block of memory. A row never changes, it is replaced by another one. Copies share the
+/// memory, so that moving or keeping a row costs one pointer. Columns count from 0 here. For one thread only.
 class CellRow
 {
 public:
@@ -18,7 +18,7 @@ public:
     CellRow &operator=(CellRow other) noexcept;
     ~CellRow();
 
-    /// How many cells the row holds texts for; the cells behind them are empty.
+    /// How many cells the row holds texts for; cells after these are empty.
     int size() const;
     /// Without a copy; valid as long as a row that shares the memory exists.
     QStringView text(int column) const;
@@ -26,9 +26,9 @@ public:
     QStringView allTexts() const;
 
     bool sharesMemoryWith(const CellRow &other) const { return m_buffer == other.m_buffer; }
-    /// What the texts stand in, to tell one memory from another; nullptr when all cells are empty.
+    /// The address of the row's memory, to tell one from another; nullptr if all cells are empty.
     const void *memory() const { return m_buffer; }
-    /// The bytes of that memory, shared or not.
+    /// The bytes of that memory, whether it is shared or not.
     qsizetype memorySize() const;
 
     /// Whether all cells hold equal texts.

@@ -33,7 +33,7 @@ QString hashMarks(const QFontMetrics &metrics, int width)
     return QString(std::max(width / std::max(metrics.horizontalAdvance(u'#'), 1), 1), u'#');
 }
 
-/// The space behind the last letter may stand in the cell's margin.
+/// The space after the last letter may reach into the cell's margin.
 constexpr int slack = 1;
 
 /// A line that has more characters than pixels is cut before it is measured.

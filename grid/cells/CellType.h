@@ -3,8 +3,8 @@
 #include <QString>
 #include <QStringList>
 
-/// What a cell is edited with and which typed texts it takes. A text that is set by the program is shown as it is,
-/// whatever the type.
+/// How a cell is edited and which typed texts it takes. A text that the program sets is shown as it is, whatever the
+/// type.
 struct CellType
 {
     enum class Kind : quint8 { Text, Integer, Float, CheckBox, ComboBox };
@@ -12,10 +12,10 @@ struct CellType
     Kind kind = Kind::Text;
     double minimum = 0; ///< Integer, Float
     double maximum = 0;
-    int maxLength = 0; ///< Text: most 16-bit units that can be typed; 0 for no limit
-    QString caption = {}; ///< CheckBox: the text beside the box; without one the box stands in the cell's middle
+    int maxLength = 0; ///< Text: how many 16-bit units can be typed; 0 for no limit
+    QString caption = {}; ///< CheckBox: the text beside the box; without one the box is in the middle of the cell
     QStringList items = {}; ///< ComboBox
-    QStringList unlisted = {}; ///< ComboBox: texts that can be typed, but do not stand in the list
+    QStringList unlisted = {}; ///< ComboBox: texts that can be typed although they are not in the list
     QString initial = {}; ///< the text of this cell in a row that setRowCount() adds
 
     static CellType text(int maxLength = 0) { return {.kind = Kind::Text, .maxLength = maxLength}; }

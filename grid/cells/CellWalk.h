@@ -5,9 +5,9 @@
 
 #include <optional>
 
-/// The next cell that fits, in reading order (step 1) or against it (step -1), around the end of a grid of that many
-/// columns and rows; the cell from comes last. Nothing when no cell fits. Rows in which mayFit(row) is false are passed
-/// over; fits(column, row) decides. Columns and rows count from 1.
+/// The next cell for which fits(column, row) is true, in reading order (step 1) or against it (step -1), wrapping
+/// around at the end of a grid of that many columns and rows; the cell from itself comes last. std::nullopt if there is
+/// none. Rows for which mayFit(row) is false are skipped. Columns and rows count from 1.
 template <typename MayFit, typename Fits>
 std::optional<QPoint> nextCell(QSize grid, QPoint from, int step, MayFit mayFit, Fits fits)
 {
@@ -18,7 +18,7 @@ std::optional<QPoint> nextCell(QSize grid, QPoint from, int step, MayFit mayFit,
         } while (column >= 1 && column <= grid.width() && !fits(column, row));
         return column >= 1 && column <= grid.width() ? column : 0;
     };
-    // The row that the walk begins in is looked at twice: behind the cell at first, and as a whole at the end.
+    // The first row is visited twice: first after the cell, and as a whole at the end.
     for (int passed = 0; rows > 0 && passed <= rows; ++passed) {
         const int row = ((from.y() - 1 + step * passed) % rows + rows) % rows + 1;
         const int before = passed == 0 ? from.x() : step > 0 ? 0 : grid.width() + 1;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// A rectangle of cells, both ends included. Columns and rows count from 1; row 0 is the header row, column 0 the row
-/// numbers. As a selection, column1 -1 means whole rows (column2 is then the last column).
+/// numbers. In a selection, column1 -1 means whole rows (column2 is the last column then).
 struct GridBlock
 {
     int column1 = 1;

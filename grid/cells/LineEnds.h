@@ -18,7 +18,7 @@ inline bool areIn(QStringView text)
     return std::ranges::any_of(text, isUnit);
 }
 
-/// How many there are; CR LF is one.
+/// The number of line ends; CR LF is one.
 inline qsizetype count(QStringView text)
 {
     return text.count(u'\n') + text.count(u'\r') - text.count(u"\r\n");

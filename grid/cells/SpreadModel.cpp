@@ -60,7 +60,7 @@ void SpreadModel::dropRows(int count)
     tell({.firstRow = first, .before = dropped, .after = {}});
 }
 
-// All new rows share one piece of memory.
+// All new rows share one block of memory.
 CellRow SpreadModel::initialRow() const
 {
     std::vector<QStringView> texts(m_columns.size());
@@ -98,7 +98,7 @@ QStringView SpreadModel::rowTexts(int row) const
     return isRow(row) ? m_rows[size_t(row - 1)].allTexts() : QStringView();
 }
 
-// Every change of a text in an existing row goes through here.
+// Every change of texts in existing rows is made here.
 void SpreadModel::exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin)
 {
     std::ranges::swap_ranges(rows, std::span(m_rows).subspan(size_t(row1 - 1), rows.size()));
@@ -159,7 +159,7 @@ QString SpreadModel::blockText(const GridBlock &block) const
     return text;
 }
 
-// Units that the block text of these rows takes at most.
+// An upper limit for the size of these rows' block text.
 qsizetype SpreadModel::maxBlockTextSize(int row1, int row2) const
 {
     constexpr int numberAndLineEnd = 16;
@@ -183,7 +183,7 @@ void SpreadModel::setBlockText(const GridBlock &block, QStringView text)
 
 void SpreadModel::moveRowTexts(int row1, int row2, int target)
 {
-    // Rows whose target lies outside the grid are dropped.
+    // Rows whose target is outside the grid are dropped.
     const int distance = target - row1;
     const int first = std::max({row1, 1, 1 - distance});
     const int last = std::min({row2, rowCount(), rowCount() - distance});
@@ -213,7 +213,7 @@ bool SpreadModel::sortRows(int row1, int row2, int key)
     return true;
 }
 
-// order: for each place the place, from row1 on, of the row that comes there.
+// order[i] is the former index, from row1 on, of the row that is now at index i.
 void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
 {
     std::vector<int> newRows(order.size());
@@ -386,7 +386,7 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
         return text(column, row).toString();
     case Qt::CheckStateRole:
         return isCheckBox ? QVariant(CellInput::isTicked(text(column, row)) ? Qt::Checked : Qt::Unchecked) : QVariant();
-    case Qt::AccessibleTextRole: // the box's own state is announced, not its "1"; nobody listens to a million letters
+    case Qt::AccessibleTextRole: // the box's state is announced, not its "1"; nobody listens to a million letters
         return isCheckBox ? boxName(column, row) : VisibleText::beginning(text(column, row));
     case Qt::TextAlignmentRole:
         return int(alignment(column) | Qt::AlignVCenter);
@@ -397,7 +397,7 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
     }
 }
 
-// A box without a caption is what its column says.
+// A box without a caption is named as its column.
 QString SpreadModel::boxName(int column, int row) const
 {
     const QString caption = cellType(column, row).caption;
@@ -424,7 +424,7 @@ QVariant SpreadModel::headerData(int section, Qt::Orientation orientation, int r
     return orientation == Qt::Horizontal ? headerText(section + 1) : QString::number(section + 1);
 }
 
-// What views are told
+// Notifying views
 
 void SpreadModel::cellsChanged(const GridBlock &block)
 {

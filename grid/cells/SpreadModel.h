@@ -16,6 +16,17 @@
 
 /// The texts, types and colours of a spread grid. Its own routines count columns and rows from 1, as the grid does;
 /// only Qt's (those with a QModelIndex or a section) count from 0.
+///
+/// A row is one CellRow, an immutable buffer with all its texts. Every change of texts builds new rows and swaps them
+/// with the old ones in one place, which tells the views once and the observer what was there before:
+///
+///     SpreadModel model;
+///     model.setColumnCount(3);
+///     model.setRowCount(2);
+///     model.setObserver([](const TextChange &change) { ... }); // change.before and change.after: one CellRow each
+///     model.setText(2, 1, u"50.0"_s);                           // row 1 becomes a new CellRow
+///     model.text(2, 1);                                         // a view into that row's buffer
+///     model.data(model.cellIndex(2, 1));                        // the same as Qt's views see it
 class SpreadModel final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -28,13 +39,13 @@ public:
 
     explicit SpreadModel(QObject *parent = nullptr);
 
-    /// Called after every change of texts, whoever made it.
+    /// It is called after every change of texts, whoever made it.
     void setObserver(Observer observer) { m_observer = std::move(observer); }
 
     void setRowCount(int rows);
     void setColumnCount(int columns);
 
-    /// Without a copy; empty outside the data cells.
+    /// Without a copy, valid until the row's next change; empty outside the data cells.
     QStringView text(int column, int row) const;
     /// All texts of a row, one after another, without a copy.
     QStringView rowTexts(int row) const;
@@ -44,16 +55,16 @@ public:
     void setRowTexts(int row, std::span<const QStringView> texts);
     /// The rows row1 to row2, which must be inside; valid until the next change.
     std::span<const CellRow> rows(int row1, int row2) const;
-    /// Exchanges the rows from row1 on, which must be inside, with those given.
+    /// Swaps the rows from row1 on, which must be inside, with those given.
     void exchangeRows(int row1, std::span<CellRow> rows) { exchange(row1, rows, 1, columnCount(), Origin::Program); }
     QString blockText(const GridBlock &block) const;
     void setBlockText(const GridBlock &block, QStringView text);
     void moveRowTexts(int row1, int row2, int target);
-    /// Indexes that are kept go along with their rows. False when every row stood in its place already.
+    /// Persistent indexes go along with their rows. False if the rows were in that order already.
     bool sortRows(int row1, int row2, int key);
-    /// Gives each data cell of the block the text of (column, row).
+    /// Gives each data cell of the block the text that textOf returns for (column, row).
     void setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf, Origin origin);
-    /// Empties the data cells of the block as the user's doing.
+    /// Empties the data cells of the block as a change by the user.
     void clearCells(const GridBlock &block);
 
     void setCellType(int column, int row, const CellType &type); ///< row -1: the whole column
@@ -61,21 +72,21 @@ public:
     void setAlignment(int column, Qt::Alignment alignment);
     Qt::Alignment alignment(int column) const;
     void setTextColour(const GridBlock &block, const QColor &colour);
-    /// The colours of the cells, which must be inside, to be given back by exchangeColours().
+    /// The colours of the cells, which must be inside, for exchangeColours().
     std::vector<quint8> keptColours(const GridBlock &cells) const;
-    /// Exchanges the colours of the cells with what was kept of them.
+    /// Swaps the colours of the cells with those that keptColours() returned.
     void exchangeColours(const GridBlock &cells, std::vector<quint8> &kept);
     QColor textColour(int column, int row) const;
     /// Whether any cell of the row, which must be inside, has a colour.
     bool isColoured(int row) const { return m_colours.isColoured(row - 1); }
 
-    /// The data cells of a block: -1 stands for all, what is outside is cut off. Nothing when no cell is left.
+    /// The data cells of a block: -1 means all, what is outside is cut off. std::nullopt if no cell is left.
     std::optional<GridBlock> dataCells(const GridBlock &block) const;
 
-    /// The text with the most lines in a row; empty when all have one.
+    /// The text with the most lines in a row; empty if all texts have one line.
     QStringView highestText(int row) const;
 
-    /// Until the matching endBatch() views are not told of changed cells, then once. Calls nest.
+    /// Until the matching endBatch() views are not told of changed cells; then they are told once. Calls nest.
     void beginBatch() { ++m_batches; }
     void endBatch();
 

@@ -11,7 +11,7 @@ void enlarge(std::optional<GridBlock> &block, int column, int row)
     }
     block->column1 = std::min(block->column1, column);
     block->column2 = std::max(block->column2, column);
-    block->row2 = row; // rows come in their order
+    block->row2 = row; // rows come in ascending order
 }
 
 } // namespace

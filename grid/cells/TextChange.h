@@ -6,8 +6,8 @@
 #include <optional>
 #include <span>
 
-/// One change of a grid's texts, as it was made: rows from firstRow on had the texts `before` and have `after` now. New
-/// rows have no `before`, dropped rows no `after`. Rows count from 1.
+/// One change of a grid's texts: the rows from firstRow on had the texts `before` and now have `after`. New rows have
+/// no `before`, dropped rows no `after`. Rows count from 1.
 struct TextChange
 {
     enum class Origin { Program, User };

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Kana, ideographs and their full and half width forms stand side by side as they are; marks that combine do not.
+// Kana, ideographs and their full and half-width forms are drawn side by side; combining marks are not.
 bool isSideBySide(char16_t unit)
 {
     const bool isKana = unit >= 0x3041 && unit <= 0x30FF && unit != 0x3099 && unit != 0x309A;

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Nearly every character takes more than a pixel; those that take none (marks) are rarely many.
+/// Nearly every character takes more than a pixel. Combining marks take none, but they are rarely many.
 constexpr int unitsPerPixel = 2;
 constexpr int minUnits = 512;
 
@@ -13,7 +13,7 @@ qsizetype unitsFor(int pixels)
     return minUnits + qsizetype(std::max(pixels, 0)) * unitsPerPixel;
 }
 
-/// The part without half a character at its ends.
+/// That part of the text, without half a surrogate pair at either end.
 QStringView wholeCharacters(QStringView text, qsizetype begin, qsizetype length)
 {
     const bool cutsFront = begin > 0 && text[begin].isLowSurrogate();
@@ -46,7 +46,7 @@ QStringView VisibleText::ofLine(QStringView text, int pixels, Qt::Alignment alig
 VisibleText::Lines VisibleText::ofLines(
     QStringView text, const QRect &cell, const QRect &window, int lineHeight, Qt::Alignment alignment)
 {
-    const qsizetype count = 1 + text.count(u'\n'); // a carriage return is painted as a blank
+    const qsizetype count = 1 + text.count(u'\n'); // a carriage return is painted as a space
     const qint64 height = qint64(count) * lineHeight;
     const qint64 top = cell.top() + (cell.height() - height) / 2;
     const qint64 first = std::max<qint64>(0, (window.top() - top) / lineHeight - 1);

@@ -10,23 +10,24 @@ class CellEditor
 public:
     virtual ~CellEditor() = default;
     virtual QWidget *widget() = 0;
-    /// What the cell is to hold: what stands in the editor, a number in its usual form, a text with the line ends that
-    /// it had.
+    /// What the cell is to hold: the text in the editor, a number in its stored form, a text with the kind of line ends
+    /// that it had.
     virtual QString text() const = 0;
     /// Whether the cell takes that text.
     virtual bool isAcceptable() const = 0;
-    /// Whether the user left something other in it than there was.
+    /// Whether the text differs from the one that the editor began with.
     virtual bool isModified() const = 0;
-    /// As the cell's text stands.
+    /// Aligns the text as the cell does.
     virtual void alignText(Qt::Alignment alignment) = 0;
-    /// Empties it, where an empty text can be typed.
+    /// Empties the editor, if an empty text can be typed.
     virtual void clearText() = 0;
-    /// Goes on with what is there: the caret behind the text, or the list dropped down.
+    /// Prepares for editing the present text: puts the caret after it, or drops the list down.
     virtual void goOn() = 0;
-    /// Types again what Ctrl+Z took back.
+    /// Redoes the typing that Ctrl+Z has undone.
     virtual void redoTyping() = 0;
-    /// The pixels that it needs from top to bottom, however low the cell's row is.
+    /// The height in pixels that it needs, however low the cell's row is.
     virtual int neededHeight() const = 0;
-    /// Whether the key is the editor's own although it would end other edits (Enter, Tab, arrows, page keys).
+    /// Whether the editor itself needs the key, one of those that end an edit otherwise (Enter, Tab, arrows, page
+    /// keys).
     virtual bool needsKey(int key) const = 0;
 };

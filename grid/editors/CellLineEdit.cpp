@@ -8,8 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-// Takes no line end, and takes text away from anything: a text that the program has put there, or a number that got too
-// great by a pasted part, must be able to go.
+// Takes no line end, and always lets text be removed: it must be possible to delete a text that the program has set, or
+// a number that became too large by pasting.
 class CellLineEdit::Validator final : public QValidator
 {
 public:
@@ -31,15 +31,15 @@ public:
     }
 
 private:
-    // However a text came in, it ends at the caret and begins where the text before it no longer agrees.
+    // However text was inserted, it begins where the former text no longer matches and ends at the caret.
     void keepOnOneLine(QString &text, int &position) const
     {
         if (!CellInput::hasLineEnd(text)) {
             return;
         }
-        const qsizetype behind = text.size() - position;
-        const qsizetype most = std::clamp(m_last.size() - behind, qsizetype(0), qsizetype(position));
-        const auto *const begin = std::mismatch(text.cbegin(), text.cbegin() + most, m_last.cbegin()).first;
+        const qsizetype after = text.size() - position;
+        const qsizetype maxKept = std::clamp(m_last.size() - after, qsizetype(0), qsizetype(position));
+        const auto *const begin = std::mismatch(text.cbegin(), text.cbegin() + maxKept, m_last.cbegin()).first;
         const qsizetype kept = begin - text.cbegin();
         const QString line = CellInput::onOneLine(text.sliced(kept, position - kept));
         text.replace(kept, position - kept, line);
@@ -55,8 +55,8 @@ CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *p
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);
-    // Without a limit of its own a cell takes more than the toolkit's usual 32,767 characters. A text from a file that
-    // is longer than the limit can be changed, but not made longer.
+    // Without a limit a cell takes more than Qt's default of 32,767 characters. A text from a file that is longer than
+    // the limit can be changed, but not made longer.
     const bool isLimited = type.kind == CellType::Kind::Text && type.maxLength > 0;
     setMaxLength(isLimited ? std::max(type.maxLength, int(text.size())) : std::numeric_limits<int>::max());
     setValidator(new Validator(type, this));

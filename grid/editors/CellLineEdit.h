@@ -5,7 +5,7 @@
 
 #include <QLineEdit>
 
-/// Edits a cell of one line; refuses, while it is typed, what the cell type does not take.
+/// Edits a cell of one line. It refuses what the cell type does not take while it is being typed.
 class CellLineEdit final : public QLineEdit, public CellEditor
 {
     Q_OBJECT

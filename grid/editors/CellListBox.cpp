@@ -21,7 +21,7 @@ CellListBox::CellListBox(const CellType &type, const QString &text, QWidget *par
     setCurrentIndex(findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
 }
 
-// A text that is typed without being in the list is found by its first letter, as those of the list are.
+// Texts that are not in the list are found by their first letter, too.
 void CellListBox::keyPressEvent(QKeyEvent *event)
 {
     const auto found = std::ranges::find_if(m_unlisted, [event](const QString &text) {
@@ -47,7 +47,7 @@ void CellListBox::hidePopup()
     const bool wasShown = view()->isVisible();
     QComboBox::hidePopup();
     if (wasShown) {
-        // The chosen item becomes the current one only after the list has gone.
+        // The chosen item becomes the current one only after the list is hidden.
         QMetaObject::invokeMethod(this, &CellListBox::closed, Qt::QueuedConnection);
     }
 }

@@ -5,7 +5,7 @@
 
 #include <QComboBox>
 
-/// Edits a cell by a drop-down list. A text that is not among the items stands above them.
+/// Edits a cell by a drop-down list. A text that is not among the items is listed before them.
 class CellListBox final : public QComboBox, public CellEditor
 {
     Q_OBJECT

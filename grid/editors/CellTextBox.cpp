@@ -18,7 +18,7 @@ CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *par
     , m_lineEnd(text.contains("\r\n"_L1) ? u"\r\n"_s
               : text.contains(u'\n')     ? u"\n"_s
                                          : u"\r"_s)
-    , m_originalLines(plainLines())
+    , m_originalLines(rawLines())
 {
     setObjectName(u"cellEditor"_s);
     setFrameShape(QFrame::NoFrame);
@@ -33,7 +33,7 @@ CellTextBox::CellTextBox(const CellType &type, const QString &text, QWidget *par
 
 QString CellTextBox::text() const
 {
-    return plainLines().replace(u'\n', m_lineEnd);
+    return rawLines().replace(u'\n', m_lineEnd);
 }
 
 bool CellTextBox::isAcceptable() const
@@ -70,8 +70,8 @@ void CellTextBox::inputMethodEvent(QInputMethodEvent *event)
     event->setAccepted(composed.isAccepted());
 }
 
-// The raw text keeps the blanks that do not break, which the plain text of a document turns into common ones.
-QString CellTextBox::plainLines() const
+// The raw text keeps no-break spaces, which the document's plain text turns into ordinary ones.
+QString CellTextBox::rawLines() const
 {
     return document()->toRawText().replace(QChar::ParagraphSeparator, u'\n');
 }

@@ -5,8 +5,8 @@
 
 #include <QPlainTextEdit>
 
-/// Edits a text that has several lines already: from a file, or pasted as a whole. It takes no further line end,
-/// because a file with one in a text cannot be read back.
+/// Edits a text that already has several lines, from a file or pasted as a whole. It takes no further line ends,
+/// because a file with a line end in a text cannot be read back.
 class CellTextBox final : public QPlainTextEdit, public CellEditor
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     QWidget *widget() override { return this; }
     QString text() const override;
     bool isAcceptable() const override;
-    bool isModified() const override { return plainLines() != m_originalLines; }
+    bool isModified() const override { return rawLines() != m_originalLines; }
     void alignText(Qt::Alignment /*alignment*/) override { }
     void clearText() override { clear(); }
     void goOn() override { moveCursor(QTextCursor::End); }
@@ -30,7 +30,7 @@ protected:
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
-    QString plainLines() const;
+    QString rawLines() const;
     void cutOverhang();
 
     CellType m_type;
