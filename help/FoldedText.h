@@ -3,24 +3,25 @@
 #include <QList>
 #include <QString>
 
-/// A stretch of a text: where it begins, from 0, and how many characters it has.
+/// A part of a text: its first character, from 0, and its length.
 struct TextSpan
 {
     int start = 0;
     int length = 0;
 };
 
-/// A text as a search in the guide sees it: upper and lower case, half and full width are the same. It knows where in
-/// the text itself each of its characters stands: folded, a half-width letter and its voicing mark are one character.
+/// A text as a search in the guide compares it: upper and lower case, half and full width are the same. It knows which
+/// part of the original text each of its characters comes from: a half-width letter and its voicing mark, for instance,
+/// are folded to one character.
 class FoldedText
 {
 public:
     explicit FoldedText(const QString &text);
 
     const QString &folded() const { return m_folded; }
-    /// The words that a user typed, which stand between blanks, folded.
+    /// The words that a user typed, separated by spaces, folded.
     static QStringList words(const QString &typed);
-    /// Where the text has that word (folded), also as a part of others, in its order.
+    /// The parts of the text that are that word (folded), alone or within other words, in their order.
     QList<TextSpan> spansOf(const QString &word) const;
 
 private:

@@ -14,11 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// As a marker pen does it, on a light desktop and on a dark one.
+// Like a marker pen, on light and dark desktops alike.
 const QColor markBackground(0xff, 0xe0, 0x66);
 const QColor markText(0x1a, 0x1a, 0x1a);
 
-constexpr int besidePicture = 48; ///< the page's margins, and a little
+constexpr int besidePicture = 48; ///< the page's margins, and a little more
 
 QTextCursor cursorAt(QTextDocument &page, TextSpan span)
 {
@@ -35,8 +35,8 @@ HelpBrowser::HelpBrowser(const HelpLibrary &library, QWidget *parent) : QTextBro
     connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::markPage);
 }
 
-// Qt's browser knows files and resources only; the pages are in the help file. What a page asks for is beside it, but
-// source() still names the page before while a page is being loaded.
+// Qt's browser knows files and resources only; the pages are in the help file. Addresses are relative to the page, but
+// while a page is being loaded source() still returns the previous one.
 QVariant HelpBrowser::loadResource(int type, const QUrl &name)
 {
     if (type == QTextDocument::HtmlResource) {
@@ -64,7 +64,7 @@ QImage HelpBrowser::picture(const QByteArray &drawing) const
     return image;
 }
 
-// Smaller where the page is narrower, so that a page need not be scrolled sideways for its pictures.
+// Scaled down if the page is narrower, so that it need not be scrolled sideways for its pictures.
 QImage HelpBrowser::fitting(const QImage &picture) const
 {
     const int available = std::max(1, viewport()->width() - besidePicture);

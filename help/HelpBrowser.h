@@ -18,15 +18,15 @@ public:
 
     QVariant loadResource(int type, const QUrl &name) override;
 
-    /// Selects the next (or previous) occurrence of text after (before) the selection, going round at the page's end.
-    /// Returns false, and leaves the view, when the page has none.
+    /// Selects the next (or previous) occurrence of text after (before) the selection, wrapping around at the page's
+    /// end. Returns false and changes nothing if the page has none.
     bool findAround(const QString &text, bool backward);
-    /// The same from the start of the selection: for a text that is still being typed.
+    /// The same from the start of the selection, for a text that is still being typed.
     bool findWhileTyping(const QString &text);
 
-    /// Marks every place on this page, and on those shown after it, that holds one of the words (folded).
+    /// Highlights the words (folded) on this page and on all pages shown after it.
     void markWords(const QStringList &words);
-    /// Selects a place of the page's text and brings it to the middle of the view.
+    /// Selects a part of the page's text and scrolls it to the middle of the view.
     void showSpan(TextSpan span);
 
 protected:
@@ -39,6 +39,6 @@ private:
 
     const HelpLibrary &m_library;
     QUrl m_page;
-    QHash<QUrl, QImage> m_pictures; ///< of the page's windows, in their own size
+    QHash<QUrl, QImage> m_pictures; ///< the page's pictures of windows, unscaled
     QStringList m_words;
 };

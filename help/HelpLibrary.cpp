@@ -38,7 +38,7 @@ HelpLibrary::HelpLibrary(const QString &helpFile)
     readLabels();
 }
 
-// Stopped half way, the threads that fill contents tree and index would free what the engine frees too.
+// If they were stopped, the threads that fill contents tree and index would free what the engine frees, too.
 HelpLibrary::~HelpLibrary()
 {
     const QObject &models = *m_engine.contentModel();
@@ -66,11 +66,11 @@ QUrl HelpLibrary::pageOfContext(int contextId) const
 
 QList<QUrl> HelpLibrary::pages() const
 {
-    // The engine's list is not const though it changes nothing.
+    // The engine's function is not const although it changes nothing.
     return const_cast<QHelpEngine &>(m_engine).files(m_namespace, QString(), u"html"_s);
 }
 
-// The file's lines are key=text; they live in the help file because they are of its language.
+// Lines of key=text. They are in the help file because they are in its language.
 void HelpLibrary::readLabels()
 {
     const QUrl startPage = pageOfContext(startContext);

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What a sentence has of the words that are searched for.
+/// Which of the words searched for a sentence has.
 struct SentenceFinding
 {
     QSet<QString> words;
@@ -34,7 +34,7 @@ void note(Findings &findings, const QString &word, const QList<TextSpan> &spans,
     }
 }
 
-// A heading is one sentence, whatever full stops its number has.
+// A heading is one sentence, even if its number has full stops.
 QList<TextSpan> sentencesOf(const QTextBlock &block)
 {
     const QString text = block.text();
@@ -81,7 +81,7 @@ QList<HelpHit> HelpSearch::find(const QString &text)
     return hits;
 }
 
-// Its count is 0 when one of the words is missing.
+// Its count is 0 if one of the words is missing.
 HelpHit HelpSearch::hitOf(const Page &page, const QStringList &words)
 {
     HelpHit hit{page.title, page.address, 0, {}};
@@ -104,7 +104,7 @@ HelpHit HelpSearch::hitOf(const Page &page, const QStringList &words)
     return hit;
 }
 
-// Only once somebody searches: most users of a help page do not.
+// Not before the first search: most users of a help page never search.
 void HelpSearch::readPages()
 {
     if (!m_pages.isEmpty()) {

@@ -8,30 +8,30 @@
 
 class HelpLibrary;
 
-/// A sentence that holds words which were searched for, and the place of the first of them in its page's text.
+/// A sentence with some of the words searched for, and where the first of them is in the page's text.
 struct HelpSentence
 {
     QString text;
     TextSpan span;
 };
 
-/// A page that holds every word that was searched.
+/// A page that has all words searched for.
 struct HelpHit
 {
     QString title;
     QUrl page;
     int count; ///< how often the words occur
-    QList<HelpSentence> sentences; ///< those that hold all the words; if there are none, those that hold one
+    QList<HelpSentence> sentences; ///< those with all the words; if there are none, those with any of them
 };
 
-/// Searches all pages of a help file for parts of words, without regard to case or to half and full width: Japanese
-/// has no blanks between words, and captions are written in half-width katakana.
+/// Searches all pages of a help file for parts of words, without regard to case and to half or full width: Japanese has
+/// no spaces between words, and captions are written in half-width katakana.
 class HelpSearch
 {
 public:
     explicit HelpSearch(const HelpLibrary &library) : m_library(library) { }
 
-    /// The pages that hold every word of text (words stand between blanks), the richest first.
+    /// The pages that have all words of text (separated by spaces), those with the most hits first.
     QList<HelpHit> find(const QString &text);
 
 private:

@@ -82,7 +82,7 @@ void HelpSearchPane::changeEvent(QEvent *event)
     }
 }
 
-// A line's font is a whole one: it does not follow the list's by itself.
+// An item's font is complete: it does not follow the list's font by itself.
 void HelpSearchPane::showTitlesBold()
 {
     QFont bold = m_hits->font();

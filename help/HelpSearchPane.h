@@ -8,7 +8,7 @@ class HelpTextBox;
 class QListWidget;
 class QListWidgetItem;
 
-/// Searches the guide while words are typed: lists the pages that hold them, each with the sentences that do.
+/// Searches the guide while words are typed: lists the pages that have them, each with its sentences that do.
 class HelpSearchPane : public QWidget
 {
     Q_OBJECT
@@ -19,9 +19,9 @@ public:
     QListWidget &hits() { return *m_hits; }
 
 signals:
-    /// The words to search for are others now; none when the box is empty.
+    /// The words to search for have changed; none if the box is empty.
     void wordsChanged(const QStringList &words);
-    /// The user chose a page, or a sentence: the place of its first word.
+    /// The user chose a page or a sentence; span is its first word.
     void spanChosen(const QUrl &page, TextSpan span);
 
 protected:

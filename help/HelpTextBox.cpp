@@ -14,7 +14,7 @@ HelpTextBox::HelpTextBox(const QString &name, const QString &label)
     showPlaceholder();
     widenForLabel();
     for (QAction *action : findChildren<QAction *>()) {
-        action->setText(label); // what it clears
+        action->setText(label); // the button that clears the box
     }
 }
 
@@ -28,14 +28,14 @@ void HelpTextBox::changeEvent(QEvent *event)
     }
 }
 
-// The box itself counts on some letters of Latin text, whatever stands within.
+// Qt makes a box as wide as some Latin letters, whatever its placeholder is.
 void HelpTextBox::widenForLabel()
 {
     const QFontMetrics metrics(font());
     setMinimumWidth(metrics.horizontalAdvance(placeholderText()) + 4 * metrics.averageCharWidth());
 }
 
-// Desktops that give a palette of their own often leave the colour of placeholders as it is on a light one.
+// Desktops with a palette of their own often leave the placeholder colour as it is on a light desktop.
 void HelpTextBox::showPlaceholder()
 {
     const QColor text = palette().color(QPalette::Text);

@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-/// A box of the help window to type into, called and labelled within by the same text.
+/// A text box of the help window. Its label is both its placeholder and its accessible name.
 class HelpTextBox : public QLineEdit
 {
     Q_OBJECT

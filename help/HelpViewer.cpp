@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int lettersOfTitles = 38; ///< room beside the page for the titles of the contents
+constexpr int lettersOfTitles = 38; ///< the width of the contents tree, in letters
 
 } // namespace
 
@@ -42,7 +42,7 @@ HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
 {
     setObjectName(u"helpWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_QuitOnClose, false); // closing the frame ends the program, help open or not
+    setAttribute(Qt::WA_QuitOnClose, false); // closing the frame ends the program, whether help is open or not
     m_browser->setObjectName(u"helpBrowser"_s);
     buildToolBar();
     buildPanes();
@@ -54,7 +54,7 @@ HelpViewer::HelpViewer(std::unique_ptr<HelpLibrary> library)
     widenForTitles();
 }
 
-// The tree and the index look into the library: they have to go before it.
+// The tree and the index use the library: they must be deleted before it.
 HelpViewer::~HelpViewer()
 {
     delete takeCentralWidget();
@@ -80,7 +80,7 @@ void HelpViewer::useFont(const QFont &font)
     }
 }
 
-// As many letters in any font, as far as the page keeps the greater part of the window; the tabs are seen in any case.
+// The same number of letters in any font, but the page keeps most of the window, and all tabs are visible in any case.
 void HelpViewer::widenForTitles()
 {
     const int wanted = std::min(lettersOfTitles * fontMetrics().averageCharWidth(), width() * 2 / 5);
@@ -154,7 +154,7 @@ void HelpViewer::addFindBox(QToolBar &bar)
     });
 }
 
-// From the field that finds on the page back to the page, and from everywhere else out of the help.
+// Escape leads from the box that finds on the page back to the page, and from everywhere else out of the help.
 void HelpViewer::leave()
 {
     if (!m_find->hasFocus()) {
@@ -165,7 +165,7 @@ void HelpViewer::leave()
     m_browser->setFocus();
 }
 
-// The tool bar alone would follow later, when the focus has to be there already.
+// The tool bar alone would show the box later, but it is to get the focus now.
 void HelpViewer::showFindBox(bool shown)
 {
     m_findAction->setVisible(shown);
@@ -249,7 +249,7 @@ void HelpViewer::showPage(const QUrl &address)
     }
 }
 
-// While the browser announces a page, its own source() still is the page before.
+// While the browser announces a page, its source() is still the previous one.
 void HelpViewer::followPage(const QUrl &address)
 {
     setWindowTitle(m_browser->documentTitle());

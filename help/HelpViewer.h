@@ -25,11 +25,11 @@ public:
 
     QString helpFile() const { return m_library->helpFile(); }
 
-    /// Shows the page of a context number and brings the window before the others.
+    /// Shows the page of a context number and raises the window.
     void showTopic(int contextId);
-    /// Shows texts, lists and pages in that font; a size that the user gave the pages by the wheel is given up.
+    /// Shows labels, lists and pages in that font. The pages lose a size that the user chose by the wheel.
     void useFont(const QFont &font);
-    /// Keeps the window usable while owner's window is a modal dialog.
+    /// Keeps the window usable while the owner's window is a modal dialog.
     void attachTo(QWidget *owner);
 
 private:
@@ -58,5 +58,5 @@ private:
     QTabWidget *m_tabs;
     QSplitter *m_splitter;
     QLineEdit *m_find = nullptr;
-    QAction *m_findAction = nullptr; ///< of m_find in the tool bar
+    QAction *m_findAction = nullptr; ///< shows and hides m_find in the tool bar
 };

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Goes with the application: a printer must not outlive the platform's printing support.
+/// Deleted with the application: a printer must not outlive the platform's printing support.
 class PrinterHolder : public QObject
 {
 public:
@@ -33,8 +33,8 @@ QString unusedNameBeside(const QString &fileName)
     return name;
 }
 
-/// The system's dialog asks whether a file that is there may be replaced. The set-up replaces none: whoever prints is
-/// asked then. So the dialog looks into a name that is not in use.
+/// The system's dialog asks before it returns the name of an existing file. But the set-up replaces no file, and the
+/// user is asked when something is printed: so the dialog gets to see a name that is not in use.
 class SetupDialog : public QPrintDialog
 {
 public:
@@ -42,7 +42,8 @@ public:
     {
         if (auto *buttons = findChild<QDialogButtonBox *>()) {
             connect(buttons, &QDialogButtonBox::clicked, this, &SetupDialog::hideName);
-            connect(buttons, &QDialogButtonBox::accepted, this, &SetupDialog::bringBackName); // after the dialog's own
+            connect(
+                buttons, &QDialogButtonBox::accepted, this, &SetupDialog::bringBackName); // after the dialog's own slot
         }
     }
 
@@ -69,10 +70,10 @@ private:
         }
     }
 
-    QString m_name; ///< what the user named, while the dialog must not see it
+    QString m_name; ///< the name that the user typed, while it is hidden from the dialog
 };
 
-/// The system's dialog is made to print at once; here its button only accepts the choice.
+/// The system's dialog has a button to print; here it only accepts the choice.
 void setButtonTexts(QPrintDialog &dialog, const QString &okText, const QString &cancelText)
 {
     if (auto *buttons = dialog.findChild<QDialogButtonBox *>()) {

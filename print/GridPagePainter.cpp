@@ -141,7 +141,7 @@ QRectF GridPagePainter::inner(const QRectF &cell) const
 
 QColor GridPagePainter::inkOf(int column, int row) const
 {
-    // The screen's text colour may be white, on a dark desktop; the paper is not dark.
+    // On a dark desktop the text colour may be white, but the paper is not dark.
     const QColor colour = m_layout.grid().textColour(column, row);
     const bool isDefault = !colour.isValid() || colour == m_layout.grid().palette().color(QPalette::Text);
     return isDefault ? QColor(Qt::black) : colour;

@@ -4,13 +4,13 @@
 
 class QPainter;
 
-/// Paints the pages of a grid's print-out.
+/// Paints the pages of a printed grid.
 class GridPagePainter
 {
 public:
     GridPagePainter(const GridPrintLayout &layout, const GridPrintOptions &options, QPainter &painter);
 
-    /// Page number from 1; the painter stands on an empty page.
+    /// Pages count from 1. The painter must be on an empty page.
     void paintPage(int page);
 
 private:

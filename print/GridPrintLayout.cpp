@@ -48,7 +48,7 @@ GridPrintLayout::GridPrintLayout(
 
 double GridPrintLayout::columnWidth(int column) const
 {
-    // A heading that fits on the screen must not be wrapped because its letters run a little wider on the paper.
+    // A heading that fits on the screen must not be wrapped because its letters are a little wider on paper.
     const double width = scaledWidth(m_grid.unzoomedColumnWidth(column));
     const double heading = m_text.width(m_grid.text(column, 0)) + 2 * padding();
     const double wide = heading > width && heading < width * 1.2 ? heading : width;

@@ -11,9 +11,9 @@ struct PaperColumn
     Qt::Alignment alignment;
 };
 
-/// Where everything of a grid stands on the pages of a paper, in the paper's device units. Widths and heights are the
-/// grid's own, in proportion to the font; a text that is too long for its column is wrapped, so that the paper does
-/// not hide what the screen shows by scrolling. A frozen column, which says what a row is about, stands on every page.
+/// The layout of a grid on pages of paper, in the paper's device units. Widths and heights are those of the grid, in
+/// proportion to the font. A text that is too long for its column is wrapped, so that nothing is hidden that can be
+/// read on the screen. A frozen column, which says what a row is about, is on every page.
 class GridPrintLayout
 {
 public:
@@ -33,10 +33,10 @@ public:
     double rowHeight(int row) const;
     /// Where the table begins, below the header.
     double tableTop() const { return m_headerHeight; }
-    /// The free strip between a cell's edge and its text.
+    /// The distance between a cell's edge and its text.
     double padding() const { return m_text.characterWidth() * 0.4; }
     double lineWidth() const { return m_lineWidth; }
-    /// Height of a header's or footer's line, wrapped to the page's width.
+    /// Height of a line of a header or footer, wrapped to the page's width.
     double lineHeight(const PageTextLine &line) const;
     /// Height of a header or footer; a quarter of the page at most.
     double linesHeight(const QList<PageTextLine> &lines) const;
@@ -62,8 +62,8 @@ private:
     double m_footerHeight;
     double m_rowNumberWidth = 0;
     double m_headingHeight = 0;
-    double m_maxRowHeight = 0; ///< what a page holds below its headings
+    double m_maxRowHeight = 0; ///< the space below the headings of a page
     QList<PaperColumn> m_columns;
-    bool m_isFirstRepeated = false; ///< beside the columns of every page
+    bool m_isFirstRepeated = false; ///< on every page
     PrintPages m_pages;
 };

@@ -13,18 +13,19 @@ struct PageTextLine
     bool operator==(const PageTextLine &) const = default;
 };
 
-/// The header or footer of a print-out: codes and plain texts in turn. Only what is added as codes is searched for
-/// codes, so that a file name such as "/p.inv" is printed as it is.
+/// The header or footer of a printed page: codes and literal texts. Only addCodes() interprets codes, so that a file
+/// name such as "/p.inv" is printed as it is.
 ///
-/// Codes: "/l", "/c", "/r": what follows stands at the left, in the middle, at the right; "/n": a new line, which keeps
-/// that place; "/p": the page number; "//": one slash. Everything else stands for itself.
+/// Codes: "/l", "/c", "/r": what follows is at the left, in the centre, at the right; "/n": a new line at the same
+/// position;
+/// "/p": the page number; "//": one slash. Everything else is printed as it is.
 class PageText
 {
 public:
     PageText &addCodes(QStringView codes);
     PageText &addText(const QString &text);
 
-    /// The lines on page pageNumber, at least one unless nothing was added. A line feed inside a text is a blank.
+    /// The lines on page pageNumber; at least one unless nothing was added. A line feed in a text becomes a space.
     QList<PageTextLine> lines(int pageNumber) const;
 
 private:

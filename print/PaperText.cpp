@@ -10,11 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Any spacing between the letters, however small, keeps "f" and "i" from becoming one character, which a search in a
-/// PDF file would not find.
+/// Letter spacing, however small, keeps "f" and "i" from becoming one ligature, which a search in a PDF file would not
+/// find.
 constexpr double noLigatures = 1.0 / 64;
 
-/// The font as it comes out on the paper: a size in pixels would be a speck there.
+/// The font as it is printed: a size in pixels would be tiny on paper.
 QFont paperFont(const QFont &font, QPaintDevice &paper)
 {
     QFont sized = font;

@@ -10,7 +10,7 @@
 class QPainter;
 class QTextLayout;
 
-/// Measures and draws texts in one font on one paper. Lengths are the paper's device units.
+/// Measures and draws texts in one font on one paper. Lengths are in the paper's device units.
 class PaperText
 {
 public:
@@ -25,10 +25,10 @@ public:
 
     /// How many lines the text takes when it is wrapped to that width; line breaks in it count. At least 1.
     int lineCount(const QString &text, double width) const;
-    /// True when the text takes one line for certain. Quicker than lineCount(), for the thousands of texts that do.
+    /// True if the text certainly takes one line. This is quicker than lineCount(), and most texts do.
     bool isShort(QStringView text, double width) const;
 
-    /// Draws the text wrapped to area's width. What does not fit into area's height is cut off, with an ellipsis.
+    /// Draws the text wrapped to the area's width. What does not fit into its height is cut off, with an ellipsis.
     void draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
 
 private:
@@ -41,7 +41,7 @@ private:
     QPaintDevice *m_paper;
     QFontMetricsF m_metrics;
     double m_characterWidth;
-    qsizetype m_maxUnits; ///< of a text that are laid out
+    qsizetype m_maxUnits; ///< how many units of a text are laid out
     double m_widestCharacter;
-    std::array<double, 128> m_asciiWidths; ///< a control character counts as the widest one
+    std::array<double, 128> m_asciiWidths; ///< a control character counts as the widest character
 };

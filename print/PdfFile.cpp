@@ -19,7 +19,7 @@ QString pdfFileName(const QString &title)
 
 PdfFile::PdfFile(const QString &fileName, const QPageLayout &layout) : m_file(fileName), m_writer(&m_file)
 {
-    // A folder that takes no new file may still hold a file that can be written.
+    // In a folder that takes no new files an existing file may still be writable.
     m_file.setDirectWriteFallback(true);
     m_writer.setPageLayout(layout);
     m_writer.setCreator(QCoreApplication::applicationName());

@@ -7,20 +7,20 @@
 /// title is the editor window's caption.
 QString pdfFileName(const QString &title);
 
-/// A PDF file to print into. The file of that name is replaced when everything has been written, not before: an error
-/// or a cancelled print-out leaves it as it was (unless its folder takes no new files: then it is written in place).
+/// A PDF file to print into. An existing file is replaced after everything has been written: errors and cancelling
+/// leave it as it was, unless its folder takes no new files, in which case it is written in place.
 class PdfFile
 {
 public:
     PdfFile(const QString &fileName, const QPageLayout &layout);
     Q_DISABLE_COPY_MOVE(PdfFile)
 
-    /// False when no file can be written there; see errorString().
+    /// False if no file can be written there; see errorString().
     bool open();
     QPagedPaintDevice &paper() { return m_writer; }
-    /// Call when the print job has ended. False when the file could not be written whole.
+    /// Call it after the print job has ended. False if the file could not be written completely.
     bool commit();
-    /// The system's description of what went wrong; empty when it was not the file.
+    /// The system's description of what went wrong; empty if that was not the file.
     QString errorString() const { return m_file.error() == QFileDevice::NoError ? QString() : m_file.errorString(); }
 
 private:

@@ -4,8 +4,8 @@
 
 class QProgressBar;
 
-/// The box that stands while pages are produced, so that the user can stop it: by its button, by Escape, by its close
-/// box. It blocks the other windows but does not wait.
+/// The box that is open while pages are produced, so that the user can stop printing: by its button, Escape or its
+/// close box. It blocks the other windows, but show() returns at once.
 class PrintAbortBox : public QDialog
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class PrintAbortBox : public QDialog
 public:
     PrintAbortBox(const QString &text, const QString &cancelText, const QFont &font, QWidget *owner);
 
-    /// Shows how many of all pages are done, and lets pending events run.
+    /// Shows how many pages are done, and processes pending events.
     void setProgress(int pagesDone, int pages);
     bool isCancelled() const { return m_cancelled; }
 

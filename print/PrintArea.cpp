@@ -28,7 +28,7 @@ PrintArea blockCells(const SpreadGrid &grid, const GridBlock &block)
     return {{std::max(block.row1, 1), std::min(block.row2, grid.rowCount())}, shownColumns(grid, columns)};
 }
 
-/// The columns that the user sees at the top of the view, from left to right: what a frozen column covers is not seen.
+/// The columns that are visible at the top of the view, from left to right, without those that a frozen column covers.
 QList<int> columnsInView(const SpreadGrid &grid)
 {
     QList<int> columns;
@@ -38,7 +38,7 @@ QList<int> columnsInView(const SpreadGrid &grid)
             break;
         }
         const int column = index.column() + 1;
-        if (!columns.endsWith(column)) { // the line beside a cell is its column's, too
+        if (!columns.endsWith(column)) { // the line beside a cell belongs to its column, too
             columns.append(column);
         }
         x = std::max(x, grid.visualRect(index).right()) + 1;

@@ -14,6 +14,6 @@ struct PrintArea
     bool operator==(const PrintArea &) const = default;
 };
 
-/// All cells (a page range counts the pages of all cells), those of the block, or the rows and columns that are at
-/// least partly in view. What lies outside the grid is left out.
+/// The cells that the options name: all (a page range is one of the pages of all cells), those of the block, or those
+/// that are at least partly in view. What is outside the grid is left out.
 PrintArea printArea(const SpreadGrid &grid, const GridPrintOptions &options);

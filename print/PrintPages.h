@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// A run of rows, columns or pages, both ends included; empty when last is below first.
+/// Consecutive rows, columns or pages, both ends included; empty if last < first.
 struct PrintSpan
 {
     int first = 1;
@@ -19,17 +19,16 @@ struct PrintSpan
 /// one item: one that is too large has a span of its own. No items give no spans.
 QList<PrintSpan> spansThatFit(const PrintSpan &items, double available, const std::function<double(int)> &sizeOf);
 
-/// Which of pageCount pages a page range prints. from 0 or below (an empty box) stands for the first page, to 0 or
-/// below for the one page from; pages that do not exist are left out, and no page lies in a range whose end stands
-/// before its begin.
+/// Which of pageCount pages a page range prints. from <= 0 (an empty box) means the first page, to <= 0 the single page
+/// from. Pages that do not exist are left out; a range that ends before it begins has no pages.
 PrintSpan pagesInRange(int from, int to, int pageCount);
 
-/// The pages of a print-out in printing order, numbered from 1: all rows of the first columns, then all rows of the
+/// The pages of a printed grid in printing order, numbered from 1: all rows of the first columns, then all rows of the
 /// columns that did not fit beside them ("down, then over").
 class PrintPages
 {
 public:
-    /// Without rows there is one page for each span of columns, which shows the headings only.
+    /// Without rows there is one page for each span of columns, with the headings only.
     PrintPages(QList<PrintSpan> rows, QList<PrintSpan> columns);
 
     int count() const;

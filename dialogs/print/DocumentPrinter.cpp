@@ -58,7 +58,7 @@ PrintOutcome DocumentPrinter::printParameters(PrintJob &job) const
 
 void DocumentPrinter::toPrinter(QPrinter &printer)
 {
-    // Two jobs, so that the machine page is on its way while the parameters are still produced.
+    // Two jobs, so that the machine page is printed while the parameters are still being produced.
     PrintOutcome outcome = runJob(printer, &DocumentPrinter::printMachinePage);
     if (outcome == PrintOutcome::Done) {
         outcome = runJob(printer, &DocumentPrinter::printParameters);

@@ -10,20 +10,22 @@ class QWidget;
 class SpreadGrid;
 enum class PrintOutcome;
 
-/// Prints a document as SharedPrintSettings say: its machine information, then its grid. A failure is told in a message
-/// box over parent; the user's cancelling is not.
+/// Prints a document with SharedPrintSettings: its machine information, then its grid. A failure is shown in a message
+/// box over parent; cancelling by the user is not.
 class DocumentPrinter
 {
 public:
     /// docNo counts from 1; title is the editor window's caption.
     DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title);
 
-    /// Why no page of the parameters is printed although they are to be, for the user; empty when there is one.
+    /// Why not a single page of the parameters will be printed although they were chosen, as a text for the user; empty
+    /// if there is one.
     QString missingParameters(QPagedPaintDevice &paper) const;
 
-    /// As two jobs.
+    /// Prints the two parts as two jobs.
     void toPrinter(QPrinter &printer);
-    /// Both into one file, which is left alone when nothing is printed, on failure and when the user cancels.
+    /// Prints both parts into one file. Without a page, after a failure and if the user cancels the file stays as it
+    /// was.
     void toPdf(const QString &fileName, const QPageLayout &layout);
 
 private:

@@ -4,7 +4,7 @@
 
 #include <QList>
 
-/// A line of the machine information page: the texts of its two fields, cut already to what a field holds.
+/// A line of the machine information page: the texts of its two fields, already cut to the length of a field.
 struct MachineInfoLine
 {
     QString first;
@@ -17,6 +17,6 @@ struct MachineInfoLine
 inline constexpr int MachineInfoMargin = 10;
 inline constexpr int MachineInfoField = 20;
 
-/// The page's lines from top to bottom, empty lines included, in the language of the interface. title, the document's
-/// file name, is not cut; every other text keeps its first 20 characters.
+/// The lines of the page from top to bottom, empty ones included, in the language of the user interface. title, the
+/// document's file name, is not cut; of all other texts the first 20 characters are kept.
 QList<MachineInfoLine> machineInfoLines(const MachineInfo &info, const QString &title);

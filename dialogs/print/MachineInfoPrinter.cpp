@@ -14,7 +14,7 @@ namespace {
 
 constexpr int PageCharacters = MachineInfoMargin + 2 * MachineInfoField;
 
-/// The user's font, smaller when a page is too narrow for margin and fields.
+/// The user's font, or a smaller one if the page is too narrow for margin and fields.
 QFont fittingFont(QPagedPaintDevice &paper)
 {
     QFont font = userFont();

@@ -4,8 +4,8 @@
 
 class PrintJob;
 
-/// Prints the machine information of document docNo (from 1) into the job, in the user's font; what does not fit on
-/// one page goes on the next. title is the editor window's caption. False when the job takes no more pages.
+/// Prints the machine information of document docNo (from 1) into the job, in the user's font, on as many pages as it
+/// takes. title is the editor window's caption. False if the job takes no more pages.
 ///
 /// Both fields begin at the same position on every line, whatever the texts: positions are counted in digits of the
 /// font. A text that is too wide for its field (20 full-width characters, for instance) is drawn narrower; a title

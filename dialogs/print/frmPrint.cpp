@@ -41,7 +41,7 @@ void createOne(Control *&target, const QString &name)
     target->setObjectName(name);
 }
 
-/// A page number that is out of the settings' range becomes the nearest one.
+/// A page number that the settings cannot hold becomes the nearest one that they can.
 qint16 pageNumber(const QString &text)
 {
     using Limits = std::numeric_limits<qint16>;

@@ -16,17 +16,17 @@ class QPushButton;
 class QRadioButton;
 class SpreadGrid;
 
-/// The print dialog: what to print goes into SharedPrintSettings.
+/// The print dialog. It stores what is to be printed in SharedPrintSettings.
 class frmPrint : public EditDialog
 {
     Q_OBJECT
 
 public:
-    /// caption is that of the editor window whose document is printed.
+    /// caption is the caption of the editor window whose document is printed.
     explicit frmPrint(const QString &caption, QWidget *parent = nullptr);
 
-    /// Shows the dialog for the grid, whose open edit is ended first. result is true when the user pressed OK with
-    /// something to print; SharedPrintSettings holds the choice then.
+    /// Ends an open edit of the grid and shows the dialog. result is true if the user pressed OK and chose something to
+    /// print; SharedPrintSettings holds the choice then.
     void PrintShow(SpreadGrid &grid, bool &result);
 
     void accept() override;
