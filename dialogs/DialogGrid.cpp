@@ -107,10 +107,10 @@ void DialogGrid::ensureActiveCell()
     }
 }
 
-// A list in a dialog is one stop of Tab; the arrows move in it.
+// For Tab a list in a dialog is one control; the arrow keys move in it.
 bool DialogGrid::focusNextPrevChild(bool next)
 {
-    // NOLINTNEXTLINE(bugprone-parent-virtual-call): a view would keep Tab for its cells
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): the base class would use Tab to move between cells
     return QWidget::focusNextPrevChild(next);
 }
 

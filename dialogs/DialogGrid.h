@@ -5,7 +5,7 @@
 #include <QList>
 #include <QString>
 
-/// A small spread grid in a dialog: Enter means the dialog's OK there, unless it ends an edit.
+/// A small spread grid in a dialog. Enter presses the dialog's OK, unless it ends an edit.
 class DialogGrid : public SpreadGrid
 {
     Q_OBJECT
@@ -20,22 +20,22 @@ public:
 
     using SpreadGrid::SpreadGrid;
 
-    /// Starts anew with these columns and no rows, in the user's font. The grid never gets smaller than its columns and
-    /// that many rows.
+    /// Gives the grid these columns and no rows, in the user's font. It never gets smaller than its columns and that
+    /// many rows.
     void layOut(const QList<Column> &columns, int visibleRows = 6);
-    /// Whether the grid may get smaller after all, down to its widest column and a few rows; it scrolls then.
+    /// Whether the grid may get smaller nevertheless, down to its widest column and a few rows; it scrolls then.
     void setShrinkable(bool shrinkable);
     /// Fills the grid with rows, each the texts of its cells, and makes the first cell the active one.
     void setRows(const QList<QStringList> &rows);
     /// The texts of all rows.
     QList<QStringList> rows() const;
-    /// Adds a row with its columns' initial texts at the end and brings it into view.
+    /// Adds a row with its columns' initial texts at the end and scrolls it into view.
     void addRow();
-    /// Removes those rows, which must be there; the rows below them move up. A single cell is selected then.
+    /// Removes those rows, which must exist; the rows below them move up. A single cell is selected then.
     void removeRows(int first, int last);
 
-    /// Whether Insert asks for a further row, and Delete for the removal of the rows that are selected as rows. Off at
-    /// first: Insert does nothing then, and Delete empties the cells.
+    /// Whether Insert requests another row, and Delete the removal of selected whole rows. Off by default: Insert does
+    /// nothing and Delete empties the cells.
     void setRowKeys(bool on) { m_rowKeys = on; }
 
     QSize sizeHint() const override { return m_wholeSize; }

@@ -102,7 +102,7 @@ TEST_F(MessageBoxTest, aNameThatLooksLikeMarkupIsShownAsItStands)
     EXPECT_EQ(format, Qt::PlainText);
 }
 
-TEST_F(MessageBoxTest, theArrowPointerReplacesTheHourglassWhileTheBoxIsOpen)
+TEST_F(MessageBoxTest, showsTheArrowInsteadOfTheBusyCursor)
 {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     Qt::CursorShape shape = Qt::WaitCursor;
@@ -216,7 +216,7 @@ TEST(MessageBoxTitle, isShownWhole)
     }
 }
 
-TEST(MessageBoxTitle, standsAboveTheTextWhereNoScreenHasRoomForIt)
+TEST(MessageBoxTitle, isAboveTheTextIfItIsTooWideForTheScreen)
 {
     const QString title = u"/home/user/"_s + QString(u"folder/"_s).repeated(60) + u"end.inv"_s;
     whenShown([&](const QMessageBox &box) {

@@ -40,7 +40,7 @@ double contrast(const QColor &one, const QColor &other)
     return (high + 0.05) / (low + 0.05);
 }
 
-/// The share of the picture's area that stands out from the background by that contrast at least.
+/// The share of the picture's area that has at least that contrast to the background.
 double visibleShare(const QIcon &icon, const QColor &background, double leastContrast)
 {
     constexpr int size = 64;
@@ -95,7 +95,7 @@ TEST_P(PictureNumber, isDrawnInEverySize)
 
 TEST_P(PictureNumber, isReadableOnLightAndDarkPalettes)
 {
-    // What is disabled stands back, but is still there.
+    // A disabled picture is fainter, but still visible.
     const double leastContrast = isSecond(GetParam()) ? 1.7 : 2.9;
     const QIcon icon = Picture::icon(GetParam());
     EXPECT_GT(visibleShare(icon, QColor(0xf0, 0xf0, 0xf0), leastContrast), 0.09);

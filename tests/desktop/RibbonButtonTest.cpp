@@ -43,7 +43,7 @@ TEST_F(RibbonButtonTest, isReachedByTheKeyboard)
     EXPECT_EQ(clicked.count(), 1);
 }
 
-TEST_F(RibbonButtonTest, settingTheValueTellsNothing)
+TEST_F(RibbonButtonTest, emitsNothingWhenItsValueIsSet)
 {
     button.setValue(true);
     EXPECT_TRUE(button.value());
@@ -69,7 +69,7 @@ TEST_F(RibbonButtonTest, takesNoClickWhileDisabled)
     EXPECT_FALSE(button.value());
 }
 
-TEST_F(RibbonButtonTest, tellsThatTheMouseMovesOverItWithoutAButtonHeld)
+TEST_F(RibbonButtonTest, reportsMouseMovesWithoutAPressedButton)
 {
     QTest::mouseMove(&button, {3, 3});
     QTest::mouseMove(&button, {8, 8});

@@ -66,7 +66,7 @@ TEST(CellRow, outlivesTheRowThatItWasCopiedFrom)
     EXPECT_EQ(copy.text(1).toString(), u"yz"_s);
 }
 
-TEST(CellRow, canBeReplacedByARowMadeOfItsOwnTexts)
+TEST(CellRow, canBeReplacedByARowOfItsOwnTexts)
 {
     CellRow row = rowOf({u"a"_s, u"bc"_s});
     const std::array<QStringView, 2> swapped = {row.text(1), row.text(0)};
@@ -149,7 +149,7 @@ class OnOneLine : public testing::TestWithParam<LineCase>
 {
 };
 
-TEST_P(OnOneLine, standsWhatIsPastedAndComposed)
+TEST_P(OnOneLine, putsWhatIsPastedOrComposed)
 {
     EXPECT_EQ(CellInput::onOneLine(GetParam().text), GetParam().line);
     EXPECT_EQ(CellInput::hasLineEnd(GetParam().text), GetParam().text != GetParam().line);
@@ -223,7 +223,7 @@ TEST(CellInput, ticksEveryNumberOtherThanZero)
 
 // Colours
 
-TEST(CellColours, stayAtTheirPlaceWhenTheTableGrows)
+TEST(CellColours, keepTheirPositionsWhenTheTableGrows)
 {
     CellColours colours;
     colours.resize(2, 2);

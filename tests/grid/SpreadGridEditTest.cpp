@@ -95,7 +95,7 @@ TEST(SpreadGridEdit, openingAndClosingAnEditorKeepsEveryText)
     EXPECT_EQ(edited.count(), 0);
 }
 
-TEST(SpreadGridEdit, keepsANumberOfAFileThatIsTypedAgainAsItWas)
+TEST(SpreadGridEdit, keepsAFilesNumberThatIsTypedAgain)
 {
     const auto grid = shownGrid();
     grid->setText(1, 2, u"007"_s);
@@ -180,7 +180,7 @@ TEST(SpreadGridEdit, letsTheUserDeleteWhatTheTypeWouldNotTake)
     pressKey(*grid, Qt::Key_F2);
     pressKey(*grid, Qt::Key_Backspace);
     EXPECT_EQ(qobject_cast<QLineEdit *>(openEditor(*grid))->text(), u"A"_s);
-    pressKey(*grid, Qt::Key_Return); // "A" is no number: the editor stays
+    pressKey(*grid, Qt::Key_Return); // "A" is not a number: the editor stays open
     ASSERT_NE(openEditor(*grid), nullptr);
     pressKey(*grid, Qt::Key_Backspace);
     typeText(*grid, u"12"_s);

@@ -61,7 +61,7 @@ void PrintTo(const InsertionWay &way, std::ostream *out)
 class SpreadGridLineEnd : public testing::TestWithParam<InsertionWay>
 {
 protected:
-    /// Opens a cell's editor with the caret behind its text, inserts, and ends the edit.
+    /// Opens a cell's editor with the caret after its text, inserts, and ends the edit.
     QString after(int column, const QString &before, const QString &inserted)
     {
         const auto grid = shownGrid();
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(Ways, SpreadGridLineEnd,
         {"input method", composeIntoEditor},
     }));
 
-TEST(SpreadGridLineEnds, leaveNoBlankInTheMiddleOfAText)
+TEST(SpreadGridLineEnds, leaveNoSpaceInTheMiddleOfAText)
 {
     const auto grid = shownGrid();
     grid->setText(2, 2, u"aa-aa"_s);

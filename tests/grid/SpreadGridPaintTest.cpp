@@ -65,7 +65,7 @@ TEST(SpreadGridPaint, marksTheSelectionAndTheActiveCell)
     const QColor highlight = grid->palette().color(QPalette::Highlight);
     const QImage picture = pictureOf(*grid);
     EXPECT_TRUE(hasColour(picture, innerRect(*grid, 3, 3), highlight));
-    EXPECT_FALSE(hasColour(picture, innerRect(*grid, 2, 2), highlight)); // active: a frame around its own ground
+    EXPECT_FALSE(hasColour(picture, innerRect(*grid, 2, 2), highlight)); // active: a frame around its own background
     EXPECT_TRUE(hasColour(picture, cellRect(*grid, 2, 2), highlight));
     EXPECT_FALSE(hasColour(picture, cellRect(*grid, 4, 3), highlight));
 }

@@ -292,7 +292,7 @@ TEST(SpreadGridSelect, asksOnceForTheMenuHoweverTheDesktopOrdersItsEvents)
         QApplication::sendEvent(grid->viewport(), &event);
     };
     clickCell(*grid, 2, 3, {}, Qt::RightButton);
-    menuEvent(); // behind the release
+    menuEvent(); // after the release
     ASSERT_EQ(asked.count(), 1);
     EXPECT_EQ(asked.first()[0].toInt(), 2);
     EXPECT_EQ(asked.first()[1].toInt(), 3);
@@ -315,7 +315,7 @@ TEST(SpreadGridSelect, keepsASelectionThatIsRightClicked)
     EXPECT_EQ(grid->selectedBlock(), (GridBlock{5, 7, 5, 7}));
 }
 
-TEST(SpreadGridSelect, tellsOfRightClicksOnHeaders)
+TEST(SpreadGridSelect, reportsRightClicksOnHeaders)
 {
     const auto grid = shownGrid();
     QSignalSpy asked(grid.get(), &SpreadGrid::rightClicked);
@@ -329,7 +329,7 @@ TEST(SpreadGridSelect, tellsOfRightClicksOnHeaders)
     EXPECT_EQ(grid->selectedBlock(), (GridBlock{-1, 4, 6, 4}));
 }
 
-TEST(SpreadGridSelect, tellsOfDoubleClicksOnHeadersOnly)
+TEST(SpreadGridSelect, reportsDoubleClicksOnHeadersOnly)
 {
     const auto grid = shownGrid();
     QSignalSpy clicked(grid.get(), &SpreadGrid::headerDoubleClicked);
@@ -351,7 +351,7 @@ TEST(SpreadGridSelect, fitsAColumnByADoubleClickOnItsEdge)
 
 // The active cell
 
-TEST(SpreadGridSelect, tellsWhenTheActiveCellMoves)
+TEST(SpreadGridSelect, reportsMovesOfTheActiveCell)
 {
     const auto grid = shownGrid();
     grid->setActiveCell(2, 2);
@@ -360,7 +360,7 @@ TEST(SpreadGridSelect, tellsWhenTheActiveCellMoves)
     ASSERT_EQ(left.count(), 1);
     EXPECT_EQ(left.first(), QList<QVariant>({2, 2, 2, 3}));
     pressKey(*grid, Qt::Key_Down, shift); // the active cell stays
-    grid->setRowCount(2); // and goes silently when its row goes
+    grid->setRowCount(2); // and silently, when its row is dropped
     EXPECT_EQ(left.count(), 1);
     EXPECT_EQ(grid->activeRow(), 2);
     grid->setActiveCell(3, 1);

@@ -15,13 +15,13 @@ std::unique_ptr<SpreadGrid> shownGrid(int rows = 20);
 
 void PrintTo(const GridBlock &block, std::ostream *out);
 
-/// Where a cell stands in the viewport, with its grid lines.
+/// The rectangle of a cell in the viewport, with its grid lines.
 QRect cellRect(const SpreadGrid &grid, int column, int row);
 /// The same without the frame of the active cell and the grid lines.
 QRect innerRect(const SpreadGrid &grid, int column, int row);
 /// What the cells' part of the grid shows.
 QImage pictureOf(SpreadGrid &grid);
-/// The place of a cell's middle in the viewport.
+/// The centre of a cell in the viewport.
 QPoint placeOf(const SpreadGrid &grid, int column, int row);
 void clickCell(SpreadGrid &grid, int column, int row, Qt::KeyboardModifiers modifiers = {},
     Qt::MouseButton button = Qt::LeftButton);

@@ -194,7 +194,7 @@ TEST(SpreadModel, keepsTheRulesOfAQtModel)
     EXPECT_EQ(model.data(model.index(0, 1)).toString(), u"x"_s);
 }
 
-TEST(SpreadModel, tellsWhatWasThereBeforeAndAfter)
+TEST(SpreadModel, reportsTheTextsBeforeAndAfter)
 {
     SpreadModel model;
     model.setColumnCount(2);
@@ -215,7 +215,7 @@ TEST(SpreadModel, tellsWhatWasThereBeforeAndAfter)
     EXPECT_EQ(log, QStringList({u"2 old>new"_s, u"2 new>typed!"_s, u"2 typed>-"_s, u"2 ->"_s}));
 }
 
-TEST(SpreadModel, tellsViewsOnceOfABlock)
+TEST(SpreadModel, notifiesViewsOnceOfABlock)
 {
     SpreadModel model;
     model.setColumnCount(13);

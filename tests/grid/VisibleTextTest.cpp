@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Each place of the text can be told from the others.
+/// A text in which each position can be told from the others.
 QString numbered(int numbers)
 {
     QString text;

@@ -38,7 +38,7 @@ void PrintTo(const FoldedPlace &place, std::ostream *out)
     *out << place.typed.toStdString() << " in " << place.text.toStdString();
 }
 
-class FoldedPlaces : public testing::TestWithParam<FoldedPlace>
+class FoldedSpans : public testing::TestWithParam<FoldedPlace>
 {
 };
 
@@ -96,7 +96,7 @@ protected:
 
 } // namespace
 
-TEST_P(FoldedPlaces, areThoseOfTheTextItself)
+TEST_P(FoldedSpans, areThoseOfTheTextItself)
 {
     const QStringList words = FoldedText::words(GetParam().typed);
     ASSERT_EQ(words.size(), 1);
@@ -107,7 +107,7 @@ TEST_P(FoldedPlaces, areThoseOfTheTextItself)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(, FoldedPlaces,
+INSTANTIATE_TEST_SUITE_P(, FoldedSpans,
     testing::ValuesIn(std::vector<FoldedPlace>{
         {u"Copy and Paste"_s, u"PASTE"_s, u"Paste"_s},
         {u"次にｸﾘｯﾌﾟﾎﾞｰﾄﾞへ"_s, u"クリップボード"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s},
@@ -178,7 +178,7 @@ TEST_F(HelpSearchWindow, marksTheWordsInThePageUntilTheyAreGone)
     EXPECT_EQ(markedPixels(), 0);
 }
 
-TEST_F(HelpSearchWindow, leadsToThePlaceOfTheSentence)
+TEST_F(HelpSearchWindow, leadsToTheSentence)
 {
     search(u"ja"_s, u"ｸﾘｯﾌﾟﾎﾞｰﾄﾞ"_s);
     const QScrollBar &bar = *browser().verticalScrollBar();

@@ -109,7 +109,7 @@ TEST_F(HelpWindowTest, drawsThePicturesOfTheToolBarForTheScreen)
     EXPECT_TRUE(image.pixelColor(0, 0).alpha() < 255);
 }
 
-TEST_F(HelpWindowTest, showsThePicturesOfWindowsAsLargeAsThePageHasRoom)
+TEST_F(HelpWindowTest, scalesPicturesOfWindowsToThePage)
 {
     show(1);
     browser->setSource(browser->source().resolved(QUrl(u"frame.html"_s)));
@@ -206,7 +206,7 @@ TEST_F(HelpWindowTest, opensThePageThatIsClickedInTheContents)
     EXPECT_EQ(page(), u"about.html"_s);
 }
 
-TEST_F(HelpWindowTest, opensThePlaceThatTheIndexNames)
+TEST_F(HelpWindowTest, opensThePositionThatTheIndexNames)
 {
     show(1);
     control<QTabWidget>(*window, u"helpTabs"_s).setCurrentIndex(1);
@@ -259,7 +259,7 @@ TEST_F(HelpWindowTest, escapeInTheFindFieldClosesTheFieldOnly)
         EXPECT_FALSE(find.isVisible());
     }
     const int reached = browser->textCursor().position();
-    QTest::keyClick(browser, Qt::Key_F3); // goes on all the same
+    QTest::keyClick(browser, Qt::Key_F3); // finds the next one nevertheless
     EXPECT_NE(browser->textCursor().position(), reached);
     show(50);
     EXPECT_TRUE(find.isVisible()) << "each call of the help offers it";

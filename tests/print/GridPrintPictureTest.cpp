@@ -21,7 +21,7 @@ protected:
         picture = renderPdfPage(paper.fileName(), 1, DotsPerInch);
     }
 
-    /// How many pixels around a place (in points) are of a kind.
+    /// How many pixels around a position (in points) are of a kind.
     template <typename Predicate>
     int countPixels(const QRectF &points, Predicate isOfKind) const
     {

@@ -1,4 +1,4 @@
-// How texts stand on the paper: wrapped, aligned, in which font, and within the page.
+// How texts are printed: wrapped, aligned, in which font, and within the page.
 
 #include "grid/SpreadGrid.h"
 #include "tests/support/PrintedGrid.h"
@@ -83,7 +83,7 @@ TEST_F(GridPrintText, keepsLettersApartThatFontsJoin)
     }
 }
 
-TEST_F(GridPrintText, showsByAnEllipsisThatAPageHasNoRoomForMore)
+TEST_F(GridPrintText, endsInAnEllipsisIfThePageIsFull)
 {
     fillGrid(grid, 1, 1);
     QStringList lines;

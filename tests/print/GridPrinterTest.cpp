@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// How often each word stands on all pages together.
+/// How often each word occurs on all pages together.
 QHash<QString, int> wordCounts(const QList<PdfPage> &pages)
 {
     QHash<QString, int> counts;
@@ -115,7 +115,7 @@ TEST_F(GridPrint, goesDownFirstAndThenOver)
     EXPECT_EQ(pageOf(u"c13r90"_s), pages.size() - 1);
 }
 
-TEST_F(GridPrint, standsInRowsAndColumns)
+TEST_F(GridPrint, isInRowsAndColumns)
 {
     fillGrid(grid, 4, 5);
     const PdfPage page = paper.print(grid).value(0);
@@ -338,7 +338,7 @@ TEST_F(GridPrint, doesNotRepeatAFrozenColumnThatIsNotPrinted)
     EXPECT_EQ(cellsOf(paper.print(grid)).filter(u"c1r"_s), QStringList());
 }
 
-TEST_F(GridPrint, doesNotRepeatAFrozenColumnThatLeavesNoRoom)
+TEST_F(GridPrint, doesNotRepeatAFrozenColumnThatIsTooWide)
 {
     fillGrid(grid, 4, 2, 40);
     grid.setFrozenColumns(1);

@@ -134,7 +134,7 @@ qint64 residentMemory()
 TEST_F(PrintAbort, aLongPrintOutNeedsNoMoreMemoryThanAShortOne)
 {
     if (residentMemory() < 0) {
-        GTEST_SKIP() << "this system does not tell the memory in use";
+        GTEST_SKIP() << "the memory in use is not known on this system";
     }
     fillGrid(grid, 13, 32767);
     qint64 early = 0;

@@ -15,7 +15,7 @@ namespace {
 struct FitCase
 {
     QList<double> sizes; // of items 1, 2, ...
-    QList<PrintSpan> spans; // in a room of 10
+    QList<PrintSpan> spans; // of size 10 at most
 };
 
 class SpansThatFit : public testing::TestWithParam<FitCase>
@@ -28,7 +28,7 @@ TEST_P(SpansThatFit, holdAllItemsInOrder)
     EXPECT_EQ(spansThatFit({1, int(GetParam().sizes.size())}, 10, sizeOf), GetParam().spans);
 }
 
-INSTANTIATE_TEST_SUITE_P(RoomOfTen, SpansThatFit,
+INSTANTIATE_TEST_SUITE_P(SizeTen, SpansThatFit,
     testing::ValuesIn(std::vector<FitCase>{
         {{}, {}},
         {{10}, {{1, 1}}},

@@ -45,7 +45,7 @@ protected:
     ~MachineInfoText() override { LanguageBase = EnglishBase; }
 };
 
-TEST_F(MachineInfoText, standsInTheGivenOrder)
+TEST_F(MachineInfoText, isInTheGivenOrder)
 {
     const QList<MachineInfoLine> expected{
         {},
@@ -159,7 +159,7 @@ TEST_F(MachineInfoPage, holdsEveryLineOnce)
     EXPECT_EQ(pages.at(0).lines(), expected);
 }
 
-TEST_F(MachineInfoPage, placesLinesAtEvenDistances)
+TEST_F(MachineInfoPage, hasEvenlySpacedLines)
 {
     const PdfPage page = print().at(0);
     const double pitch = page.word(u"Sp."_s).box.top() - page.word(u"Type:"_s).box.top();
@@ -174,7 +174,7 @@ TEST_F(MachineInfoPage, placesLinesAtEvenDistances)
     EXPECT_NEAR(linesFromType(u"Parameter"_s), 13, 0.01);
 }
 
-TEST_F(MachineInfoPage, beginsBothFieldsAtTheSamePlaceWhateverTheTexts)
+TEST_F(MachineInfoPage, beginsFieldsAtTheSamePositionWhateverTheTexts)
 {
     MachineInfos[2].Name = u"インバータ形名全角文字"_s;
     MachineInfos[2].TypeCode = u"ASCII"_s;
@@ -196,7 +196,7 @@ TEST_F(MachineInfoPage, beginsBothFieldsAtTheSamePlaceWhateverTheTexts)
     EXPECT_LT(page.word(u"WWWWWWWWWWWWWWWWWWWW"_s).box.right(), page.size.width());
 }
 
-TEST_F(MachineInfoPage, countsPlacesInDigitsOfTheUsersFont)
+TEST_F(MachineInfoPage, countsPositionsInDigitsOfTheUsersFont)
 {
     const PdfPage page = print().at(0);
     const double margin = page.word(u"Type:"_s).box.left();

@@ -37,7 +37,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Answers each modal window of a kind once it stands there.
+/// Answers each modal window of a kind as soon as it is shown.
 class User
 {
 public:
@@ -271,7 +271,7 @@ TEST_F(PrintCommand, stillPrintsTheMachineInformationBesideAnEmptyRange)
     LanguageBase = EnglishBase;
 }
 
-TEST_F(PrintCommand, tellsThatAllColumnsAreHidden)
+TEST_F(PrintCommand, reportsThatAllColumnsAreHidden)
 {
     for (int column = 1; column <= 3; ++column) {
         grid.setColumnShown(column, false);
@@ -283,7 +283,7 @@ TEST_F(PrintCommand, tellsThatAllColumnsAreHidden)
     EXPECT_EQ(user.met(), (QStringList{u"frmPrint"_s, u"QMessageBox"_s})) << "no name is asked for";
 }
 
-TEST_F(PrintCommand, tellsWhyAFileCannotBeWritten)
+TEST_F(PrintCommand, reportsWhyAFileCannotBeWritten)
 {
     const QString place = folder.filePath(u"taken.pdf"_s);
     ASSERT_TRUE(QDir().mkdir(place));
@@ -322,7 +322,7 @@ private:
     rlimit m_before{};
 };
 
-TEST_F(PrintCommand, tellsWhenTheDiskIsFullAndKeepsTheEarlierFile)
+TEST_F(PrintCommand, reportsAFullDiskAndKeepsTheEarlierFile)
 {
     const QString place = folder.filePath(u"full.pdf"_s);
     QFile earlier(place);
@@ -394,7 +394,7 @@ TEST_F(PrintCommand, sendsAPrinterTheJobsThatAreWanted)
     EXPECT_EQ(printer.docName(), title());
 }
 
-TEST_F(PrintCommand, tellsThatAPrinterTakesNothing)
+TEST_F(PrintCommand, reportsThatAPrinterTakesNothing)
 {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);

@@ -374,8 +374,8 @@ TEST_F(PrintDialog, presetsTheSetupsFileAndTakesAnotherOne)
     EXPECT_EQ(CurrentPrinter::takeChosenFile(), QString());
 }
 
-// Nothing is written by the set-up: whether a file may be replaced is asked when it is printed.
-TEST_F(PrintDialog, asksNothingAboutAFileThatIsThere)
+// The set-up writes no file: whether an existing one may be replaced is asked when the document is printed.
+TEST_F(PrintDialog, doesNotAskAboutAnExistingFile)
 {
     const QTemporaryDir folder;
     const QString there = folder.filePath(u"there.pdf"_s);
