@@ -27,12 +27,13 @@ struct TextChange;
 ///
 ///     SpreadGrid grid;
 ///     grid.setColumnCount(2);
-///     grid.setText(1, 0, u"Name"_s);                   // a heading
+///     grid.setText(1, 0, u"Name"_s);                     // a heading
 ///     grid.setCellType(2, -1, CellType::integer(0, 99)); // what can be typed into column 2
 ///     grid.setRowCount(10);
-///     grid.setText(2, 5, u"42"_s);                     // column 2, row 5
-///     connect(&grid, &SpreadGrid::cellsEdited, ...);   // the user typed; setText() raises nothing
-///     grid.history().start();                          // from now on Ctrl+Z has something to undo
+///     grid.setText(2, 5, u"42"_s);                       // column 2, row 5
+///     grid.history().start();                            // steps are kept from now on
+///     connect(&grid, &SpreadGrid::cellsEdited, ...);     // raised when the user types, not by setText()
+///     connect(&grid, &SpreadGrid::undoRequested, &grid, [&grid] { grid.history().undo(); });
 class SpreadGrid : public SpreadView
 {
     Q_OBJECT

@@ -24,9 +24,9 @@
 ///     model.setColumnCount(3);
 ///     model.setRowCount(2);
 ///     model.setObserver([](const TextChange &change) { ... }); // change.before and change.after: one CellRow each
-///     model.setText(2, 1, u"50.0"_s);                           // row 1 becomes a new CellRow
-///     model.text(2, 1);                                         // a view into that row's buffer
-///     model.data(model.cellIndex(2, 1));                        // the same as Qt's views see it
+///     model.setText(2, 1, u"50.0"_s);    // row 1 becomes a new CellRow
+///     model.text(2, 1);                  // a view into that row's buffer
+///     model.data(model.cellIndex(2, 1)); // the same text, as Qt's views read it
 class SpreadModel final : public QAbstractTableModel
 {
     Q_OBJECT
