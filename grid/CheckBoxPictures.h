@@ -18,7 +18,8 @@ public:
 
     /// Pixels of a box at that zoom (per cent).
     QSize size(int zoom) const;
-    /// The box at that zoom, in the cell's own text colour if that is valid. The picture stays valid until the next call.
+    /// The box at that zoom, in the cell's own text colour if that is valid. The picture stays valid until the next
+    /// call.
     const QPixmap &picture(bool ticked, const QColor &own, int zoom);
 
 private:
