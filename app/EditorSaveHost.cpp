@@ -67,11 +67,16 @@ QString shortened(const QString &text)
 
 } // namespace
 
-bool EditorSaveHost::askYesNo(const FileFailure &question, const QString &title)
+bool EditorSaveHost::askYesNo(const QString &question, const QString &title)
 {
     const bool isYes = m_host.askYesNo(question, title);
     m_isDeclined = m_isDeclined || !isYes;
     return isYes;
+}
+
+bool EditorSaveHost::askToReplace(const Failure &obstacle, const QString &title)
+{
+    return askYesNo(failureText(obstacle), title);
 }
 
 bool EditorSaveHost::askToWrite(const QList<ReadBackFinding> &findings, const QString &title)
@@ -82,28 +87,28 @@ bool EditorSaveHost::askToWrite(const QList<ReadBackFinding> &findings, const QS
         lines << u"\u2022 "_s + line(finding);
     }
     const bool isAll = lines.size() == findings.size();
-    return askYesNo({isAll ? OwnText::ReadBackQuestion : OwnText::ReadBackQuestionOfMany,
-                        {QString::number(findings.size()), lines.join(u'\n')}},
+    return askYesNo(ownText(isAll ? OwnText::ReadBackQuestion : OwnText::ReadBackQuestionOfMany,
+                        {QString::number(findings.size()), lines.join(u'\n')}),
         title);
 }
 
 QString EditorSaveHost::line(const ReadBackFinding &finding) const
 {
-    const CellPlace &place = finding.place;
-    if (place.row == 0) {
+    const CellPosition &cell = finding.cell;
+    if (cell.row == 0) {
         return ownText(valueText(finding.fault), {finding.name});
     }
-    const QString caption = m_editor.vaspdParam().text(place.column, 0);
-    return ownText(cellText(finding.fault), {QString::number(place.row), shortened(finding.name), caption});
+    const QString caption = m_editor.vaspdParam().text(cell.column, 0);
+    return ownText(cellText(finding.fault), {QString::number(cell.row), shortened(finding.name), caption});
 }
 
 /// A hidden column's cell is shown by its row's number.
-void EditorSaveHost::showPlace(const CellPlace &place)
+void EditorSaveHost::showCell(const CellPosition &cell)
 {
     m_frame.makeActive(m_editor);
     SpreadGrid &grid = m_editor.vaspdParam();
-    if (place.row > 0) {
-        grid.setActiveCell(grid.isColumnShown(place.column) ? place.column : int(ParameterColumn::Number), place.row);
+    if (cell.row > 0) {
+        grid.setActiveCell(grid.isColumnShown(cell.column) ? cell.column : int(ParameterColumn::Number), cell.row);
     }
     grid.setFocus();
 }

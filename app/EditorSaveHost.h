@@ -15,10 +15,11 @@ public:
     }
 
     void showMessage(const QString &text) override { m_host.showMessage(text); }
-    void showFailure(const FileFailure &failure, const QString &title) override { m_host.showFailure(failure, title); }
-    bool askYesNo(const FileFailure &question, const QString &title) override;
+    void showFailure(const Failure &failure, const QString &title) override { m_host.showFailure(failure, title); }
+    bool askYesNo(const QString &question, const QString &title) override;
+    bool askToReplace(const Failure &obstacle, const QString &title) override;
     bool askToWrite(const QList<ReadBackFinding> &findings, const QString &title) override;
-    void showPlace(const CellPlace &place) override;
+    void showCell(const CellPosition &cell) override;
     void setBusy(bool busy) override { m_host.setBusy(busy); }
     void runPendingEvents() override { m_host.runPendingEvents(); }
 

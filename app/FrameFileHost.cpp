@@ -17,14 +17,14 @@ void FrameFileHost::showMessage(const QString &text)
     MessageBox::showPlain(&m_frame, text, ResString(programNameId));
 }
 
-void FrameFileHost::showFailure(const FileFailure &failure, const QString &title)
+void FrameFileHost::showFailure(const Failure &failure, const QString &title)
 {
     MessageBox::showExclamation(&m_frame, failureText(failure), title);
 }
 
-bool FrameFileHost::askYesNo(const FileFailure &question, const QString &title)
+bool FrameFileHost::askYesNo(const QString &question, const QString &title)
 {
-    return MessageBox::askYesNo(&m_frame, failureText(question), title);
+    return MessageBox::askYesNo(&m_frame, question, title);
 }
 
 void FrameFileHost::setBusy(bool busy)

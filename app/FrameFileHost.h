@@ -15,8 +15,8 @@ public:
     explicit FrameFileHost(QWidget &frame) : m_frame(frame) { }
 
     void showMessage(const QString &text) override;
-    void showFailure(const FileFailure &failure, const QString &title) override;
-    bool askYesNo(const FileFailure &question, const QString &title) override;
+    void showFailure(const Failure &failure, const QString &title) override;
+    bool askYesNo(const QString &question, const QString &title) override;
     void setBusy(bool busy) override;
     void runPendingEvents() override;
 

@@ -18,7 +18,6 @@
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
-#include "runtime/FileFailure.h"
 #include "runtime/FileName.h"
 #include "runtime/NumberText.h"
 #include "storage/BackupTidying.h"
@@ -65,8 +64,7 @@ qint16 storedWindowState(Qt::WindowStates states)
 /// The last row whose parameter number equals the number that text begins with; 0 when there is none.
 int lastRowWithNumber(const SpreadGrid &grid, const QString &text)
 {
-    const auto wanted = toInt16(leadingNumber(text));
-    const auto *number = std::get_if<qint16>(&wanted);
+    const auto number = toInt16(leadingNumber(text));
     int row = number ? grid.rowCount() : 0;
     while (row > 0 && numericValue(grid.cellText(ParameterColumn::Number, row)) != double(*number)) {
         --row;
@@ -145,8 +143,8 @@ void MDIfrmTabrix::load(const QString &commandLine)
     }
     m_recent.BuildRecentMenus();
     setWindowState(Qt::WindowMaximized); // last, so that the frame opens maximised whatever was restored
-    if (const auto failure = m_recovery.recover()) {
-        m_host.showFailure(*failure, windowTitle());
+    if (const auto recovered = m_recovery.recover(); !recovered) {
+        m_host.showFailure(recovered.failure(), windowTitle());
     }
     QTimer::singleShot(quietTime, this, [] { tidyBackups(); });
 }

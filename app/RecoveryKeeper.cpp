@@ -156,32 +156,33 @@ void RecoveryKeeper::dropCopy(int docNo)
     }
 }
 
-std::optional<FileFailure> RecoveryKeeper::recover()
+Result<> RecoveryKeeper::recover()
 {
     const QList<int> numbers = m_store.takeOver();
-    std::optional<QString> reason = m_store.leftBehind();
+    Result<> recovered = m_store.lastTakeOver();
     for (const int number : numbers) {
-        const auto problem = recoverCopy(number);
-        reason = reason ? reason : problem;
+        const auto copy = recoverCopy(number);
+        recovered = recovered ? copy : recovered;
     }
-    if (!reason) {
-        return std::nullopt;
+    if (recovered) {
+        return recovered;
     }
-    return FileFailure{OwnText::CopiesNotRead, {QDir::toNativeSeparators(m_store.root()), *reason}};
+    return Failure{.code = FailureCode::CopiesNotRead,
+        .arguments = {QDir::toNativeSeparators(m_store.root()), recovered.failure().reason()}};
 }
 
-std::optional<QString> RecoveryKeeper::recoverCopy(int number)
+Result<> RecoveryKeeper::recoverCopy(int number)
 {
-    QByteArray bytes;
-    if (auto reason = m_store.read(number, bytes)) {
-        return reason; // it may be whole: the next start tries again
+    const auto bytes = m_store.read(number);
+    if (!bytes) {
+        return bytes.failure(); // it may be whole: the next start tries again
     }
-    if (const auto copy = unpackRecoveryCopy(bytes)) {
+    if (const auto copy = unpackRecoveryCopy(*bytes)) {
         const int docNo = m_documents.openRecovered(*copy);
         m_copies.insert(docNo, {.number = number});
         m_copies[docNo].age.start();
     } else {
         m_store.setAside(number);
     }
-    return std::nullopt;
+    return {};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/FileFailure.h"
+#include "runtime/Result.h"
 #include "storage/RecoveryStore.h"
 
 #include <QElapsedTimer>
@@ -33,9 +33,9 @@ public:
     /// Whether the documents are going to be looked at.
     bool isWaiting() const { return m_timer.isActive(); }
 
-    /// Opens the documents of programs that have died. Their copies stay until these are saved or given up. Returns
-    /// what the user has to know: that not all of them can be read now.
-    std::optional<FileFailure> recover();
+    /// Opens the documents of programs that have died. Their copies stay until these are saved or given up. Fails
+    /// with what the user has to know: that not all of them can be read now.
+    Result<> recover();
 
     /// Brings the copies up to date now.
     void refresh();
@@ -61,7 +61,7 @@ private:
     void lookAtDocuments();
     bool isDue(int docNo) const;
     bool refreshCopy(const frmPrFile &editor);
-    std::optional<QString> recoverCopy(int number);
+    Result<> recoverCopy(int number);
     void dropCopy(int docNo);
 
     DocumentFlows &m_documents;

@@ -15,16 +15,17 @@ public:
     explicit BenchHost(bool events) : m_events(events) { }
 
     void showMessage(const QString &text) override { qFatal("%s", qPrintable(text)); }
-    void showFailure(const FileFailure &failure, const QString &) override
+    void showFailure(const Failure &failure, const QString &) override
     {
         qFatal("%s", qPrintable(failureText(failure)));
     }
-    bool askYesNo(const FileFailure &question, const QString &) override
+    bool askYesNo(const QString &question, const QString &) override { qFatal("%s", qPrintable(question)); }
+    bool askToReplace(const Failure &obstacle, const QString &) override
     {
-        qFatal("%s", qPrintable(failureText(question)));
+        qFatal("%s", qPrintable(failureText(obstacle)));
     }
     bool askToWrite(const QList<ReadBackFinding> &, const QString &) override { qFatal("not read back"); }
-    void showPlace(const CellPlace &) override { }
+    void showCell(const CellPosition &) override { }
     void setBusy(bool) override { }
     void runPendingEvents() override;
 

@@ -49,6 +49,12 @@ bool FieldReader::passLine(QByteArrayView line)
     return false;
 }
 
+void FieldReader::beginRow()
+{
+    ++m_row;
+    m_fieldNo = 0;
+}
+
 QString FieldReader::text()
 {
     if (!beginField()) {
@@ -66,19 +72,18 @@ QString FieldReader::text()
 
 qint16 FieldReader::int16()
 {
-    const auto converted = toInt16(number());
-    if (const auto *failure = std::get_if<RunTimeError>(&converted)) {
-        fail(*failure);
-        return 0;
+    const auto value = toInt16(number());
+    if (!value) {
+        fail(value.failure().code);
     }
-    return std::get<qint16>(converted);
+    return value.valueOr(0);
 }
 
 quint8 FieldReader::byte()
 {
     const qint16 value = int16();
     if (value < 0 || value > std::numeric_limits<quint8>::max()) {
-        fail(RunTimeError::Overflow);
+        fail(FailureCode::Overflow);
         return 0;
     }
     return static_cast<quint8>(value);
@@ -88,17 +93,25 @@ float FieldReader::single()
 {
     const double value = number();
     if (std::abs(value) > std::numeric_limits<float>::max()) {
-        fail(RunTimeError::Overflow);
+        fail(FailureCode::Overflow);
         return 0;
     }
     return static_cast<float>(value);
 }
 
-void FieldReader::fail(RunTimeError error)
+void FieldReader::fail(FailureCode code)
 {
     if (!m_error) {
-        m_error = error;
+        m_error = code;
     }
+}
+
+Result<> FieldReader::outcome() const
+{
+    if (!m_error) {
+        return {};
+    }
+    return Failure{.code = *m_error, .position = FilePosition{.row = m_row, .field = m_fieldNo, .offset = m_fieldAt}};
 }
 
 /// False when no field can be read. One that begins at the end is not there, and so has no end either.
@@ -109,7 +122,7 @@ bool FieldReader::beginField()
         m_fieldAt = position();
     }
     if (atEnd()) {
-        fail(RunTimeError::InputPastEnd);
+        fail(FailureCode::InputPastEnd);
         m_fieldHasEnd = false;
     }
     return !m_error;
@@ -131,7 +144,7 @@ void FieldReader::takeBlanks()
     }
 }
 
-/// Behind a number or a closing quote: a comma or one line end, after blanks; nothing when another field follows.
+/// After a number or a closing quote: a comma or one line end, after spaces; nothing if another field follows.
 void FieldReader::takeSeparator()
 {
     takeBlanks();
@@ -165,7 +178,7 @@ FieldReader::Field FieldReader::takePlainText()
     return {QByteArrayView(first, last), bits < 0x80};
 }
 
-/// Up to the next quote, commas and line ends included; the quote and the separator behind it are passed.
+/// Up to the next quote, commas and line ends included; the quote and the separator after it are passed.
 QByteArrayView FieldReader::takeQuotedText()
 {
     const auto *quote = std::find(m_rest.begin(), m_rest.end(), '"');

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/TextPool.h"
-#include "runtime/RunTimeError.h"
+#include "runtime/Result.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -11,7 +11,7 @@
 class AnsiCodePage;
 
 /// Reads a parameter file's fields one after the other. The first failure stays: later reads then give empty values, so
-/// that a caller may look at error() once per row or loop.
+/// that a caller may ask hasFailed() once per row or loop.
 ///
 /// The bytes themselves are cut into fields: no code page uses comma, quote, blank or line end inside a character.
 class FieldReader
@@ -34,14 +34,13 @@ public:
     quint8 byte();
     float single();
 
-    /// Begins a row: its fields count from here.
-    void beginRow() { m_fieldNo = 0; }
-    int fieldNo() const { return m_fieldNo; } ///< of the field read last, in its row, from 1
-    qsizetype fieldAt() const { return m_fieldAt; } ///< the byte that it begins with
-
+    /// Begins the next row: its fields count from here.
+    void beginRow();
     /// Records a failure that the caller found, unless there was one before. It counts as the last field's.
-    void fail(RunTimeError error);
-    std::optional<RunTimeError> error() const { return m_error; }
+    void fail(FailureCode code);
+    bool hasFailed() const { return m_error.has_value(); }
+    /// A failure tells its row and field, and the byte that the field begins with.
+    Result<> outcome() const;
 
     /// The bytes met so far that the page could not decode.
     qsizetype undecoded() const { return m_undecoded; }
@@ -66,9 +65,10 @@ private:
     QByteArrayView m_rest;
     qsizetype m_fieldAt = 0;
     qsizetype m_undecoded = 0;
+    int m_row = 0; ///< from 1; 0 before the first
     int m_fieldNo = 0;
     bool m_fieldHasEnd = true;
     const AnsiCodePage &m_page;
     TextPool m_pool;
-    std::optional<RunTimeError> m_error;
+    std::optional<FailureCode> m_error;
 };

@@ -31,7 +31,7 @@ class RangeScanner
 public:
     explicit RangeScanner(QList<SettingRange> &ranges) : m_ranges(ranges) { }
 
-    std::optional<RunTimeError> scan(QStringView text);
+    Result<> scan(QStringView text);
 
 private:
     void takeDash();
@@ -45,7 +45,7 @@ private:
     bool m_overflow = false;
 };
 
-std::optional<RunTimeError> RangeScanner::scan(QStringView text)
+Result<> RangeScanner::scan(QStringView text)
 {
     for (const QChar character : text) {
         if (character == u'-') {
@@ -58,7 +58,7 @@ std::optional<RunTimeError> RangeScanner::scan(QStringView text)
     }
     finishPart();
     const bool tooMany = m_ranges.size() > std::numeric_limits<qint16>::max();
-    return m_overflow || tooMany ? std::optional(RunTimeError::Overflow) : std::nullopt;
+    return m_overflow || tooMany ? Result<>(FailureCode::Overflow) : Result<>();
 }
 
 /// A second dash ends the range early and keeps what was collected, which then counts as a single value.
@@ -156,26 +156,26 @@ QString SingleToText(float value)
     return singleText(value);
 }
 
-std::optional<RunTimeError> parseRanges(QStringView text, QList<SettingRange> &ranges)
+Result<> parseRanges(QStringView text, QList<SettingRange> &ranges)
 {
     ranges.clear();
-    return text.isEmpty() ? std::nullopt : RangeScanner(ranges).scan(text);
+    return text.isEmpty() ? Result<>() : RangeScanner(ranges).scan(text);
 }
 
-Converted<QList<SettingRange>> rangesFromText(QStringView text)
+Result<QList<SettingRange>> rangesFromText(QStringView text)
 {
     QList<SettingRange> ranges;
-    if (const auto error = parseRanges(text, ranges)) {
-        return *error;
+    if (const auto parsed = parseRanges(text, ranges); !parsed) {
+        return parsed.failure();
     }
     return ranges;
 }
 
 QString rangesToText(std::span<const SettingRange> ranges)
 {
-    constexpr qsizetype usualLength = 12;
+    constexpr qsizetype typicalLength = 12;
     QString text;
-    text.reserve(qsizetype(ranges.size()) * usualLength);
+    text.reserve(qsizetype(ranges.size()) * typicalLength);
     for (const SettingRange &range : ranges) {
         text += text.isEmpty() ? ""_L1 : ","_L1;
         appendRange(text, range);

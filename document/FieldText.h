@@ -6,11 +6,10 @@
 #include <QList>
 #include <QString>
 
-#include <optional>
 #include <span>
 
 /// The number in text as files store it: "." as decimal point whatever the system uses, shortest form ("007" gives
-/// "7"). A text that does not begin with a number gives "0"; a number too large for a double comes back as it stands.
+/// "7"). A text that does not begin with a number gives "0"; a number too large for a double comes back as it is.
 QString NormalizeNumText(QStringView text);
 
 /// Whether text is seen at a glance to be what NormalizeNumText() makes of it; nearly every number is. A no decides
@@ -28,10 +27,10 @@ QString SingleToText(float value);
 
 /// The ranges of a setting-range text ("0-400,9999", "5-"); none for an empty one. Overflow when a bound is too large
 /// for a single or when there are more than 32767 parts.
-Converted<QList<SettingRange>> rangesFromText(QStringView text);
+Result<QList<SettingRange>> rangesFromText(QStringView text);
 
 /// The same into a list that is at hand, whose storage is used again.
-std::optional<RunTimeError> parseRanges(QStringView text, QList<SettingRange> &ranges);
+Result<> parseRanges(QStringView text, QList<SettingRange> &ranges);
 
 /// The setting-range text of ranges; its inverse, but for ranges whose upper bound is not above the lower one.
 QString rangesToText(std::span<const SettingRange> ranges);

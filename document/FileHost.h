@@ -2,7 +2,7 @@
 
 #include <QString>
 
-struct FileFailure;
+struct Failure;
 
 /// What reading and writing need of the desktop.
 class FileHost
@@ -13,10 +13,10 @@ public:
     /// A message with an OK button and the program's default title.
     virtual void showMessage(const QString &text) = 0;
     /// A message with an OK button, the exclamation icon and that title.
-    virtual void showFailure(const FileFailure &failure, const QString &title) = 0;
+    virtual void showFailure(const Failure &failure, const QString &title) = 0;
     /// A question with Yes and No, the exclamation icon and that title; true for Yes. Enter and Escape mean No.
-    virtual bool askYesNo(const FileFailure &question, const QString &title) = 0;
-    /// The hourglass pointer, on and off.
+    virtual bool askYesNo(const QString &question, const QString &title) = 0;
+    /// The busy cursor, on and off.
     virtual void setBusy(bool busy) = 0;
     /// Lets paint and timer events run; user input stays in the queue.
     virtual void runPendingEvents() = 0;

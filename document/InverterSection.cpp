@@ -71,85 +71,79 @@ void readOptions(const SectionReader &section, MachineInfo &info)
     }
 }
 
-std::optional<FileFailure> readParamater(const SectionReader &section, MachineInfo &info)
+Result<> readParamater(const SectionReader &section, MachineInfo &info)
 {
     const auto value = section.untrimmed(u"Paramater"_s);
     if (!value) {
-        return std::nullopt;
+        return {};
     }
-    const auto converted = toInt16(QStringView(*value));
-    if (const auto *error = std::get_if<RunTimeError>(&converted)) {
-        auto failure = FileFailure::of(*error);
-        failure.position = {.offset = section.position(u"Paramater"_s)};
-        return failure;
+    const auto count = toInt16(QStringView(*value));
+    if (!count) {
+        return Failure{
+            .code = count.failure().code, .position = FilePosition{.offset = section.position(u"Paramater"_s)}};
     }
-    info.Paramater = std::get<qint16>(converted);
-    return std::nullopt;
+    info.Paramater = *count;
+    return {};
 }
 
-/// Puts key lines into the output until one fails.
+/// Puts key lines into the output; nothing any more after the first failure.
 class SectionWriter
 {
 public:
     explicit SectionWriter(AnsiBuffer &out) : m_out(out) { }
 
-    bool write(const QString &key, const QString &value);
-    bool writeCapacities(const MachineInfo &info);
-    bool writeOptions(const MachineInfo &info);
-    std::optional<FileFailure> failure() const { return m_failure; }
+    void write(const QString &key, const QString &value);
+    void writeCapacities(const MachineInfo &info);
+    void writeOptions(const MachineInfo &info);
+    const Result<> &outcome() const { return m_outcome; }
 
 private:
     AnsiBuffer &m_out;
-    std::optional<FileFailure> m_failure;
+    Result<> m_outcome;
 };
 
-bool SectionWriter::write(const QString &key, const QString &value)
+void SectionWriter::write(const QString &key, const QString &value)
 {
+    if (!m_outcome) {
+        return;
+    }
     m_out.putText(key);
     m_out.put('=');
     m_out.putText(value);
     m_out.put("\r\n");
     if (const auto missing = m_out.missingCharacter()) {
-        m_failure = FileFailure{OwnText::KeyCharacterMissing, QStringList{key} + *missing, CellPlace{}};
+        m_outcome = Failure{
+            .code = FailureCode::KeyCharacterMissing, .arguments = QStringList{key} + *missing, .cell = CellPosition{}};
     }
-    return !m_failure;
 }
 
-bool SectionWriter::writeCapacities(const MachineInfo &info)
+void SectionWriter::writeCapacities(const MachineInfo &info)
 {
-    for (qsizetype i = 0; i < info.Capacity.size(); ++i) {
-        if (!write(numbered(u"Capacity"_s, i), info.Capacity[i])) {
-            return false;
-        }
-        if (i == info.ICapacity.size()) {
-            m_failure = FileFailure::of(RunTimeError::SubscriptOutOfRange);
-            return false;
-        }
-        if (!write(numbered(u"ICapacity"_s, i), info.ICapacity[i])) {
-            return false;
+    for (qsizetype i = 0; i < info.Capacity.size() && m_outcome; ++i) {
+        write(numbered(u"Capacity"_s, i), info.Capacity[i]);
+        if (i < info.ICapacity.size()) {
+            write(numbered(u"ICapacity"_s, i), info.ICapacity[i]);
+        } else if (m_outcome) {
+            m_outcome = FailureCode::SubscriptOutOfRange;
         }
     }
-    return true;
 }
 
-bool SectionWriter::writeOptions(const MachineInfo &info)
+void SectionWriter::writeOptions(const MachineInfo &info)
 {
     for (qsizetype i = 0; i < info.Option.size(); ++i) {
-        if (!write(numbered(u"Option"_s, i), info.Option[i])) {
-            return false;
-        }
+        write(numbered(u"Option"_s, i), info.Option[i]);
     }
-    return true;
 }
 
 } // namespace
 
-std::optional<FileFailure> ReadInverterSection(const PrivateProfile &profile, MachineInfo &info)
+Result<> ReadInverterSection(const PrivateProfile &profile, MachineInfo &info)
 {
     const SectionReader section(profile);
     const auto name = section.untrimmed(u"Name"_s);
     if (!name) {
-        return std::nullopt;
+        return {};
     }
     info.Name = *name;
     info.TypeCode = section.trimmed(u"TypeCode"_s).value_or(QString());
@@ -157,20 +151,23 @@ std::optional<FileFailure> ReadInverterSection(const PrivateProfile &profile, Ma
     section.readIfThere(u"Code"_s, info.Code);
     readCapacities(section, info);
     readOptions(section, info);
-    if (auto failure = readParamater(section, info)) {
-        return failure;
+    if (auto read = readParamater(section, info); !read) {
+        return read;
     }
     section.readIfThere(u"SoftWareVersion"_s, info.SoftWareVersion);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<FileFailure> WriteInverterSection(const MachineInfo &info, AnsiBuffer &out)
+Result<> WriteInverterSection(const MachineInfo &info, AnsiBuffer &out)
 {
     SectionWriter section(out);
-    const bool written = section.write(u"Name"_s, info.Name) && section.write(u"TypeCode"_s, info.TypeCode)
-        && section.write(u"VCapacity"_s, info.VCapacity) && section.write(u"Code"_s, info.Code)
-        && section.writeCapacities(info) && section.writeOptions(info)
-        && section.write(u"SoftWareVersion"_s, info.SoftWareVersion)
-        && section.write(u"Paramater"_s, QString::number(info.Paramater));
-    return written ? std::nullopt : section.failure();
+    section.write(u"Name"_s, info.Name);
+    section.write(u"TypeCode"_s, info.TypeCode);
+    section.write(u"VCapacity"_s, info.VCapacity);
+    section.write(u"Code"_s, info.Code);
+    section.writeCapacities(info);
+    section.writeOptions(info);
+    section.write(u"SoftWareVersion"_s, info.SoftWareVersion);
+    section.write(u"Paramater"_s, QString::number(info.Paramater));
+    return section.outcome();
 }

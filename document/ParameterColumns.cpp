@@ -82,9 +82,9 @@ bool ColumnConversions::collectOtherIncrement(
 
 bool ColumnConversions::collectRanges(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &)
 {
-    const auto error = parseRanges(cell, record.ranges);
-    record.rangeCount = error ? qint16(0) : static_cast<qint16>(record.ranges.size());
-    return !error;
+    const bool fits = bool(parseRanges(cell, record.ranges));
+    record.rangeCount = fits ? static_cast<qint16>(record.ranges.size()) : qint16(0);
+    return fits;
 }
 
 bool ColumnConversions::collectRangeCheck(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &pool)
@@ -105,9 +105,8 @@ bool ColumnConversions::collectFactorySetting(const ColumnInfo &, QStringView ce
 
 bool ColumnConversions::collectFunctionCode(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &pool)
 {
-    const auto converted = hexToInt16(cell);
-    const auto *code = std::get_if<qint16>(&converted);
-    if (code == nullptr) {
+    const auto code = hexToInt16(cell);
+    if (!code) {
         return false;
     }
     char digits[numberTextLength];

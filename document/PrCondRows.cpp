@@ -23,8 +23,7 @@ QString relationSign(const QString &cell)
 
 QString modeCell(const QString &number, const QStringList &modeNames)
 {
-    const Converted<qint16> mode = toInt16(number);
-    const qint16 *index = std::get_if<qint16>(&mode);
+    const auto index = toInt16(number);
     return index && *index >= 0 && *index < modeNames.size() ? modeNames[*index] : number;
 }
 

@@ -12,7 +12,7 @@ struct PrFileSource
 {
     qint16 docNo; ///< document number, from 1
     const PrGrid &grid;
-    bool mayReplace = false; ///< the user has agreed that the file goes, whatever stands in it
+    bool mayReplace = false; ///< the user has agreed that the file is replaced, whatever is in it
 };
 
 /// Reads fileName into MachineInfos[docNo] (docNo counts from 1) and PrRecords.

@@ -18,9 +18,9 @@ constexpr QByteArrayView sectionLine("[Paramater]");
 qsizetype listSize(FieldReader &in, qint16 count)
 {
     if (count < 0) {
-        in.fail(RunTimeError::SubscriptOutOfRange);
+        in.fail(FailureCode::SubscriptOutOfRange);
     }
-    return in.error() ? 0 : count;
+    return in.hasFailed() ? 0 : count;
 }
 
 void readRanges(FieldReader &in, PrRecord &record)
@@ -28,7 +28,7 @@ void readRanges(FieldReader &in, PrRecord &record)
     const qsizetype count = listSize(in, record.rangeCount);
     // What a row claims to hold costs nothing until it is there: each range has two separators at least.
     record.ranges.reserve(std::min(count, in.remaining() / 2 + 1));
-    for (qsizetype i = 0; i < count && !in.error(); ++i) {
+    for (qsizetype i = 0; i < count && !in.hasFailed(); ++i) {
         const float lower = in.single();
         const float upper = in.single();
         record.ranges.append(SettingRange{upper, lower});
@@ -51,7 +51,7 @@ void readConditions(FieldReader &in, PrRecord &record)
 {
     const qsizetype count = listSize(in, record.conditionCount);
     record.conditions.reserve(std::min(count, in.remaining() / 3 + 1));
-    for (qsizetype i = 0; i < count && !in.error(); ++i) {
+    for (qsizetype i = 0; i < count && !in.hasFailed(); ++i) {
         record.conditions.append(readCondition(in));
     }
 }
@@ -74,12 +74,11 @@ class RowsReader
 public:
     RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows);
 
-    std::optional<FileFailure> read(const AfterRow &afterRow);
+    Result<> read(const AfterRow &afterRow);
     ReadFindings findings() const;
 
 private:
-    std::optional<FileFailure> readRow();
-    FileFailure failureAt(RunTimeError error, int row, int field, qsizetype offset) const;
+    Result<> readRow();
 
     FieldReader &m_in;
     QList<PrRecord> &m_rows;
@@ -92,30 +91,31 @@ RowsReader::RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows)
 {
 }
 
-std::optional<FileFailure> RowsReader::read(const AfterRow &afterRow)
+Result<> RowsReader::read(const AfterRow &afterRow)
 {
     constexpr qsizetype shortestRow = 13;
     m_rows.clear();
     if (m_findings.rowsAnnounced < 0) {
-        return FileFailure::of(RunTimeError::SubscriptOutOfRange);
+        return FailureCode::SubscriptOutOfRange;
     }
     m_rows.reserve(std::min(m_room, m_in.remaining() / shortestRow + 1));
     while (!m_in.atEnd()) {
         if (m_rows.size() == m_room) {
-            return failureAt(RunTimeError::SubscriptOutOfRange, m_findings.rowsFound + 1, 0, m_in.position());
+            return Failure{.code = FailureCode::SubscriptOutOfRange,
+                .position = FilePosition{.row = m_findings.rowsFound + 1, .offset = m_in.position()}};
         }
-        if (auto failure = readRow()) {
-            return failure;
+        if (auto read = readRow(); !read) {
+            return read;
         }
         if (afterRow) {
             afterRow();
         }
     }
     m_rows.resize(m_room);
-    return std::nullopt;
+    return {};
 }
 
-std::optional<FileFailure> RowsReader::readRow()
+Result<> RowsReader::readRow()
 {
     const qsizetype rowAt = m_in.position();
     readRecord(m_in, m_rows.emplaceBack());
@@ -124,16 +124,7 @@ std::optional<FileFailure> RowsReader::readRow()
         m_findings.cutRow = m_findings.rowsFound;
         m_findings.cutRowAt = rowAt;
     }
-    const auto error = m_in.error();
-    return error ? std::optional(failureAt(*error, m_findings.rowsFound, m_in.fieldNo(), m_in.fieldAt()))
-                 : std::nullopt;
-}
-
-FileFailure RowsReader::failureAt(RunTimeError error, int row, int field, qsizetype offset) const
-{
-    auto failure = FileFailure::of(error);
-    failure.position = {.row = row, .field = field, .offset = offset};
-    return failure;
+    return m_in.outcome();
 }
 
 ReadFindings RowsReader::findings() const
@@ -186,29 +177,23 @@ void putRecord(const PrRecord &record, AnsiBuffer &out)
     out.put(endsLine ? QByteArrayView("\r\n") : QByteArrayView(","));
 }
 
-std::optional<FileFailure> putRecords(
-    const QList<PrRecord> &rows, const AnsiCodePage &page, AnsiBuffer &out, const AfterRow &afterRow)
+Result<> putRecords(const QList<PrRecord> &rows, const AnsiCodePage &page, AnsiBuffer &out, const AfterRow &afterRow)
 {
-    constexpr qsizetype usualRow = 80;
-    out.reserve(rows.size() * usualRow);
+    constexpr qsizetype typicalRow = 80;
+    out.reserve(rows.size() * typicalRow);
     for (qsizetype i = 0; i < rows.size(); ++i) {
         putRecord(rows.at(i), out);
         if (const auto missing = out.missingCharacter()) {
             const int row = int(i + 1);
-            return FileFailure{OwnText::RowCharacterMissing, QStringList{QString::number(row)} + *missing,
-                findMissingCharacter(rows.at(i), row, page)};
+            return Failure{.code = FailureCode::RowCharacterMissing,
+                .arguments = QStringList{QString::number(row)} + *missing,
+                .cell = findMissingCharacter(rows.at(i), row, page)};
         }
         if (afterRow) {
             afterRow();
         }
     }
-    return std::nullopt;
-}
-
-/// Whether there are more capacities than rated currents: what precedes the gap is still written.
-bool lacksCurrents(const MachineInfo &machine)
-{
-    return machine.Capacity.size() > machine.ICapacity.size();
+    return {};
 }
 
 } // namespace
@@ -217,21 +202,21 @@ PrFileDecoder::PrFileDecoder(const QByteArray &bytes, const AnsiCodePage &page) 
 {
 }
 
-std::optional<FileFailure> PrFileDecoder::decodeMachine(MachineInfo &machine) const
+Result<> PrFileDecoder::decodeMachine(MachineInfo &machine) const
 {
     return ReadInverterSection(PrivateProfile(m_bytes, m_page), machine);
 }
 
-std::optional<FileFailure> PrFileDecoder::decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow)
+Result<> PrFileDecoder::decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow)
 {
     FieldReader in(m_bytes, m_page);
     if (!in.passLine(sectionLine)) {
-        return FileFailure::silent();
+        return FailureCode::NoParameterSection;
     }
     RowsReader reader(in, announced, rows);
-    auto failure = reader.read(afterRow);
+    auto read = reader.read(afterRow);
     m_findings = reader.findings();
-    return failure;
+    return read;
 }
 
 DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page)
@@ -240,9 +225,9 @@ DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page)
     DecodedPrFile decoded;
     Document &document = decoded.document;
     document.codePage = page.number();
-    decoded.failure = decoder.decodeMachine(document.machine);
-    if (!decoded.failure) {
-        decoded.failure = decoder.decodeRows(document.machine.Paramater, document.rows);
+    decoded.outcome = decoder.decodeMachine(document.machine);
+    if (decoded.outcome) {
+        decoded.outcome = decoder.decodeRows(document.machine.Paramater, document.rows);
         decoded.findings = decoder.findings();
     }
     return decoded;
@@ -254,12 +239,13 @@ EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow)
     AnsiBuffer out(page);
     EncodedPrFile encoded;
     out.put("[Inverter]\r\n");
-    encoded.failure = WriteInverterSection(document.machine, out);
-    encoded.isPart = encoded.failure && !out.missingCharacter() && lacksCurrents(document.machine);
-    if (!encoded.failure) {
+    encoded.outcome = WriteInverterSection(document.machine, out);
+    // More capacities than rated currents: what precedes the gap is still written.
+    encoded.isPart = !encoded.outcome && encoded.outcome.failure().code == FailureCode::SubscriptOutOfRange;
+    if (encoded.outcome) {
         out.put(sectionLine);
         out.put("\r\n");
-        encoded.failure = putRecords(document.rows, page, out, afterRow);
+        encoded.outcome = putRecords(document.rows, page, out, afterRow);
     }
     if (encoded.isWritable()) {
         encoded.bytes = out.takeBytes();

@@ -2,7 +2,7 @@
 
 #include "document/Document.h"
 #include "document/ReadFindings.h"
-#include "runtime/FileFailure.h"
+#include "runtime/Result.h"
 
 #include <QByteArray>
 
@@ -11,7 +11,7 @@
 
 class AnsiCodePage;
 
-/// Called after each row, for whoever must not stand still meanwhile.
+/// Called after each row, so that a window stays responsive.
 using AfterRow = std::function<void()>;
 
 /// Decodes a parameter file step by step, into what the caller has: after a failure that holds what was read before.
@@ -21,12 +21,12 @@ public:
     PrFileDecoder(const QByteArray &bytes, const AnsiCodePage &page);
 
     /// First the machine information. Fields that the file does not name stay as they are.
-    std::optional<FileFailure> decodeMachine(MachineInfo &machine) const;
+    Result<> decodeMachine(MachineInfo &machine) const;
 
     /// Then the rows. They are sized by the number that the file announces, plus one: those that it does not have are
-    /// empty, and a second row too many is a failure. Silent when there is no "[Paramater]" line; rows is untouched
-    /// then, and there are no findings.
-    std::optional<FileFailure> decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow = {});
+    /// empty, and a second row too many is a failure. So is a file without a "[Paramater]" line, which leaves rows
+    /// untouched and has no findings.
+    Result<> decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow = {});
     const std::optional<ReadFindings> &findings() const { return m_findings; }
 
 private:
@@ -39,8 +39,8 @@ private:
 struct DecodedPrFile
 {
     Document document;
-    std::optional<ReadFindings> findings; ///< nothing when decoding did not get as far as the rows
-    std::optional<FileFailure> failure; ///< silent when the file has no "[Paramater]" line
+    std::optional<ReadFindings> findings; ///< `std::nullopt` if decoding did not get as far as the rows
+    Result<> outcome;
 };
 
 /// Decodes a whole parameter file, as PrFileDecoder does.
@@ -50,12 +50,12 @@ DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page);
 struct EncodedPrFile
 {
     QByteArray bytes;
-    /// What keeps the document from being written, or, when isPart is set, cut it short: bytes is then what precedes a
-    /// capacity without its current, which is still written.
-    std::optional<FileFailure> failure;
+    /// The failure that keeps the document from being written, or, if isPart is set, cut it short: bytes is then what
+    /// precedes a capacity without its current, which is still written.
+    Result<> outcome;
     bool isPart = false;
 
-    bool isWritable() const { return !failure || isPart; }
+    bool isWritable() const { return outcome || isPart; }
 };
 
 /// Encodes a document in its own code page. Its row count is written as machine.Paramater has it.

@@ -11,35 +11,35 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// What was read before a failure stays in the tables.
-std::optional<FileFailure> decodeToTables(const QByteArray &bytes, qint16 docNo, FileHost &host)
+Result<> decodeToTables(const QByteArray &bytes, qint16 docNo, FileHost &host)
 {
     const AnsiCodePage &page = pageOfBytes(bytes, ansiCodePage());
     setDocumentCodePage(docNo, page.number());
     PrFileDecoder decoder(bytes, page);
     MachineInfo &machine = MachineInfos[docNo];
-    if (auto failure = decoder.decodeMachine(machine)) {
-        return failure;
+    if (auto decoded = decoder.decodeMachine(machine); !decoded) {
+        return decoded;
     }
-    auto failure = decoder.decodeRows(machine.Paramater, PrRecords, [&host] { host.runPendingEvents(); });
+    auto decoded = decoder.decodeRows(machine.Paramater, PrRecords, [&host] { host.runPendingEvents(); });
     if (decoder.findings()) {
         setReadFindings(docNo, *decoder.findings());
     }
-    return failure;
+    return decoded;
 }
 
-std::optional<FileFailure> readFile(const QString &fileName, qint16 docNo, FileHost &host)
+Result<> readFile(const QString &fileName, qint16 docNo, FileHost &host)
 {
     if (docNo < 1 || docNo > documentUpperBound()) {
-        return FileFailure::of(RunTimeError::SubscriptOutOfRange);
+        return FailureCode::SubscriptOutOfRange;
     }
     forgetReadFindings(docNo);
-    QByteArray bytes;
     const FileStamp stamp = FileStamp::of(fileName);
-    if (const auto error = readWholeFile(fileName, bytes)) {
-        return FileFailure::of(*error);
+    const auto bytes = readWholeFile(fileName);
+    if (!bytes) {
+        return bytes.failure();
     }
-    noteReadFile(docNo, fileName, stamp, bytes);
-    return decodeToTables(bytes, docNo, host);
+    noteReadFile(docNo, fileName, stamp, *bytes);
+    return decodeToTables(*bytes, docNo, host);
 }
 
 } // namespace
@@ -50,9 +50,9 @@ bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host)
         host.showMessage(u"No File"_s);
         return true;
     }
-    const auto failure = readFile(fileName, docNo, host);
-    if (failure && failure->text) {
-        host.showFailure(*failure, fileName);
+    const auto read = readFile(fileName, docNo, host);
+    if (!read && !read.failure().isSilent()) {
+        host.showFailure(read.failure(), fileName);
     }
-    return failure.has_value();
+    return !read;
 }

@@ -5,7 +5,6 @@
 #include "document/ReadBackCheck.h"
 #include "document/SaveHost.h"
 #include "runtime/AnsiText.h"
-#include "runtime/FileFailure.h"
 #include "runtime/NumberText.h"
 #include "storage/FileReplacement.h"
 #include "storage/KnownFiles.h"
@@ -15,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The busy pointer, for as long as this object lives.
+/// The busy cursor, for as long as this object lives.
 class HostBusy
 {
 public:
@@ -27,63 +26,71 @@ private:
     FileHost &m_host;
 };
 
-std::optional<FileFailure> setParamater(const PrFileSource &source)
+Result<> setParamater(const PrFileSource &source)
 {
     const auto count = toInt16(double(source.grid.rowCount()));
-    if (const auto *error = std::get_if<RunTimeError>(&count)) {
-        return FileFailure::of(*error);
+    if (!count) {
+        return count.failure();
     }
-    MachineInfos[source.docNo].Paramater = std::get<qint16>(count);
-    return std::nullopt;
+    MachineInfos[source.docNo].Paramater = *count;
+    return {};
 }
 
-/// What has to be asked before the file is replaced; nothing is touched then.
-struct Question
-{
-    std::optional<OwnText> change; ///< about what another program put there
-    std::optional<FileFailure> loss; ///< about what no version can be kept of
-};
-
-/// Looks at the file and replaces it under one lock, unless there is a question.
-std::optional<FileFailure> replaceLocked(
-    const QString &fileName, const NewContent &content, ForeignChangeGuard &guard, Question &question)
+/// Looks at the file and replaces it under one lock. If something is in the way that the user may agree to, this fails
+/// with nothing touched.
+Result<> replaceLocked(const QString &fileName, const NewContent &content, ForeignChangeGuard &guard)
 {
     const SaveLock lock(fileName);
     if (lock.isTaken()) {
-        return FileFailure{OwnText::FileBeingSaved};
+        return FailureCode::FileBeingSaved;
     }
-    question.change = guard.find();
-    if (question.change) {
-        return std::nullopt;
+    if (auto unchanged = guard.check(); !unchanged) {
+        return unchanged;
     }
-    auto failure = replaceFile(fileName, content, question.loss);
-    if (!question.loss) {
-        failure ? guard.noteLeftOver() : guard.noteWritten(content.bytes);
+    auto replaced = replaceFile(fileName, content);
+    if (replaced) {
+        guard.noteWritten(content.bytes);
+    } else if (replaced.failure().code != FailureCode::VersionNotKept) {
+        guard.noteLeftOver();
     }
-    return failure;
+    return replaced;
+}
+
+/// Whether the user agrees to what keeps the file from being replaced, and what he agreed to is noted.
+bool isAgreedTo(
+    const Failure &obstacle, const QString &fileName, ForeignChangeGuard &guard, NewContent &content, SaveHost &host)
+{
+    if (!host.askToReplace(obstacle, fileName)) {
+        return false;
+    }
+    if (obstacle.code == FailureCode::VersionNotKept) {
+        content.mayLoseEarlier = true;
+    } else {
+        guard.agree();
+    }
+    return true;
+}
+
+bool mayBeAgreedTo(const Failure &failure)
+{
+    return failure.code == FailureCode::FileChanged || failure.code == FailureCode::FileAppeared
+        || failure.code == FailureCode::VersionNotKept;
 }
 
 /// Replaces the file as the user agrees to it. While he thinks, others may save: each answer is followed by a new look.
-std::optional<FileFailure> replaceAsAgreed(
-    const QString &fileName, NewContent content, const PrFileSource &source, SaveHost &host)
+Result<> replaceAsAgreed(const QString &fileName, NewContent content, const PrFileSource &source, SaveHost &host)
 {
     ForeignChangeGuard guard(source.docNo, fileName);
     if (source.mayReplace) {
         guard.agreeToPresent();
     }
     while (true) {
-        Question question;
-        auto failure = replaceLocked(fileName, content, guard, question);
-        if (!question.change && !question.loss) {
-            return failure;
+        auto replaced = replaceLocked(fileName, content, guard);
+        if (replaced || !mayBeAgreedTo(replaced.failure())) {
+            return replaced;
         }
-        if (!host.askYesNo(question.change ? FileFailure{*question.change} : *question.loss, fileName)) {
-            return FileFailure::silent();
-        }
-        if (question.change) {
-            guard.agree();
-        } else {
-            content.mayLoseEarlier = true;
+        if (!isAgreedTo(replaced.failure(), fileName, guard, content, host)) {
+            return FailureCode::Declined;
         }
     }
 }
@@ -95,58 +102,62 @@ bool mayBeWritten(const QString &fileName, const Document &document, SaveHost &h
     if (findings.isEmpty() || host.askToWrite(findings, fileName)) {
         return true;
     }
-    host.showPlace(findings.first().place);
+    host.showCell(findings.first().cell);
     return false;
 }
 
-std::optional<FileFailure> writeDocument(const QString &fileName, const PrFileSource &source, SaveHost &host)
+Result<> writeDocument(const QString &fileName, const PrFileSource &source, SaveHost &host)
 {
     const Document document{MachineInfos[source.docNo], PrRecords, documentCodePage(source.docNo)};
     const EncodedPrFile encoded = encodePrFile(document, [&host] { host.runPendingEvents(); });
     if (!encoded.isWritable()) {
-        return encoded.failure;
+        return encoded.outcome;
     }
     if (!mayBeWritten(fileName, document, host)) {
-        return FileFailure::silent();
+        return FailureCode::Declined;
     }
     const Extent extent = encoded.isPart ? Extent::Part : Extent::Whole;
-    const auto failure = replaceAsAgreed(fileName, {.bytes = encoded.bytes, .extent = extent}, source, host);
-    return failure ? failure : encoded.failure;
+    auto replaced = replaceAsAgreed(fileName, {.bytes = encoded.bytes, .extent = extent}, source, host);
+    return replaced ? encoded.outcome : replaced;
 }
 
-std::optional<FileFailure> writeFile(const QString &fileName, const PrFileSource &source, SaveHost &host)
+Result<> writeFile(const QString &fileName, const PrFileSource &source, SaveHost &host)
 {
     const HostBusy busy(host);
     if (fileName.isEmpty()) {
-        return FileFailure::silent();
+        return FailureCode::NoFileName;
     }
     if (source.docNo < 1 || source.docNo > documentUpperBound()) {
-        return FileFailure::of(RunTimeError::SubscriptOutOfRange);
+        return FailureCode::SubscriptOutOfRange;
     }
-    if (const auto error = CollectPrRecords(source.grid)) {
-        return FileFailure::of(*error);
+    if (auto collected = CollectPrRecords(source.grid); !collected) {
+        return collected;
     }
-    if (auto failure = setParamater(source)) {
-        return failure;
+    if (auto set = setParamater(source); !set) {
+        return set;
     }
-    auto failure = writeDocument(fileName, source, host);
-    if (!failure) {
+    auto written = writeDocument(fileName, source, host);
+    if (written) {
         DocFlags[source.docNo].changed = false;
         forgetReadFindings(source.docNo);
     }
-    return failure;
+    return written;
 }
 
 } // namespace
 
 bool WritePrFile(const QString &fileName, const PrFileSource &source, SaveHost &host)
 {
-    const auto failure = writeFile(fileName, source, host);
-    if (failure && failure->text) {
-        host.showFailure(*failure, fileName);
+    const auto written = writeFile(fileName, source, host);
+    if (written) {
+        return false;
     }
-    if (failure && failure->place) {
-        host.showPlace(*failure->place);
+    const Failure &failure = written.failure();
+    if (!failure.isSilent()) {
+        host.showFailure(failure, fileName);
     }
-    return failure.has_value();
+    if (failure.cell) {
+        host.showCell(*failure.cell);
+    }
+    return true;
 }

@@ -106,7 +106,7 @@ void RowCheck::check(const PrRecord &record, int row)
 
 void RowCheck::add(ReadBackFault fault, int column)
 {
-    m_findings.append({.fault = fault, .place = {.row = m_row, .column = column}, .name = m_record->number});
+    m_findings.append({.fault = fault, .cell = {.row = m_row, .column = column}, .name = m_record->number});
 }
 
 /// A text comes back when the reader's own field is the text, and ends where the text does.
@@ -139,10 +139,10 @@ std::optional<ReadBackFault> RowCheck::conditionFault(const PrRecord &record) co
 /// negative exponent would be taken for a range as soon as the grid shows it.
 bool RowCheck::comesBack(float bound) const
 {
-    constexpr double mostDigits = 1e7;
+    constexpr double maxValue = 1e7;
     constexpr double decimals = 1e4;
     const double shifted = std::nearbyint(double(bound) * decimals);
-    if (std::abs(shifted) < mostDigits && float(shifted / decimals) == bound) {
+    if (std::abs(shifted) < maxValue && float(shifted / decimals) == bound) {
         return true;
     }
     AnsiBuffer written(m_page);
@@ -236,11 +236,11 @@ bool MachineCheck::comesBack(const QString &key, const QString &value) const
 
 ReadBackFault MachineCheck::valueFault(const QString &value) const
 {
-    constexpr qsizetype mostBytes = 127;
+    constexpr qsizetype maxBytes = 127;
     if (hasLineEnd(value)) {
         return ReadBackFault::LineEnd;
     }
-    if (m_page.byteLength(value) > mostBytes) {
+    if (m_page.byteLength(value) > maxBytes) {
         return ReadBackFault::TooLong;
     }
     if (value.size() > 1 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'')) {
@@ -270,17 +270,17 @@ QList<ReadBackFinding> findReadBackFaults(
     return findings;
 }
 
-std::optional<CellPlace> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page)
+std::optional<CellPosition> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page)
 {
     for (const ColumnInfo &typed : typedColumns) {
         if (isMissingIn(record.*typed.field, page)) {
-            return CellPlace{.row = row, .column = typed.column};
+            return CellPosition{.row = row, .column = typed.column};
         }
     }
     for (const PrCondition &condition : record.conditions) {
         for (const auto text : conditionTexts) {
             if (isMissingIn(condition.*text, page)) {
-                return CellPlace{.row = row, .column = ParameterColumn::Condition};
+                return CellPosition{.row = row, .column = ParameterColumn::Condition};
             }
         }
     }

@@ -2,7 +2,7 @@
 
 #include "document/MachineInfo.h"
 #include "document/PrRecord.h"
-#include "runtime/FileFailure.h"
+#include "runtime/Failure.h"
 
 #include <QList>
 #include <QString>
@@ -31,7 +31,7 @@ enum class ReadBackFault {
 struct ReadBackFinding
 {
     ReadBackFault fault;
-    CellPlace place = {}; ///< row 0: the machine information
+    CellPosition cell = {}; ///< row 0: the machine information
     QString name; ///< the parameter's number, or the key of the machine information
 
     bool operator==(const ReadBackFinding &) const = default;
@@ -42,5 +42,6 @@ struct ReadBackFinding
 QList<ReadBackFinding> findReadBackFaults(
     const MachineInfo &info, const QList<PrRecord> &records, const AnsiCodePage &page);
 
-/// The cell of the record, in that row, whose text has a character that the code page lacks; nothing without one.
-std::optional<CellPlace> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page);
+/// The cell of the record, in that row, whose text has a character that the code page lacks; `std::nullopt` if there is
+/// none.
+std::optional<CellPosition> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page);

@@ -2,12 +2,12 @@
 
 #include "document/ParameterColumns.h"
 
-std::optional<RunTimeError> RecordCollector::collect(int row, PrRecord &record)
+Result<> RecordCollector::collect(int row, PrRecord &record)
 {
     for (const ColumnInfo &column : parameterColumns) {
         if (!column.collect(column, m_grid.cellText(column.column, row), record, m_pool)) {
-            return RunTimeError::Overflow;
+            return FailureCode::Overflow;
         }
     }
-    return std::nullopt;
+    return {};
 }

@@ -2,9 +2,7 @@
 
 #include "document/PrGrid.h"
 #include "document/TextPool.h"
-#include "runtime/RunTimeError.h"
-
-#include <optional>
+#include "runtime/Result.h"
 
 struct PrRecord;
 
@@ -17,7 +15,7 @@ public:
 
     /// Makes record what the row (from 1) says. Overflow when a cell holds a number that its field cannot; the record
     /// is then not to be used.
-    std::optional<RunTimeError> collect(int row, PrRecord &record);
+    Result<> collect(int row, PrRecord &record);
 
 private:
     const PrGrid &m_grid;

@@ -9,9 +9,8 @@
 
 qint16 ParseSettingRange(int rowIndex, QStringView text)
 {
-    auto converted = rangesFromText(text);
-    auto *ranges = std::get_if<QList<SettingRange>>(&converted);
-    if (ranges == nullptr || ranges->isEmpty()) {
+    auto ranges = rangesFromText(text);
+    if (!ranges || ranges->isEmpty()) {
         return 0;
     }
     PrRecords[rowIndex].ranges = std::move(*ranges);

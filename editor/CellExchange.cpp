@@ -44,12 +44,12 @@ void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
     if (row == 0) {
         return;
     }
-    const auto converted = hexToInt16(grid.text(ParameterColumn::FuncCode, row));
-    if (const auto *error = std::get_if<RunTimeError>(&converted)) {
-        MessageBox::showExclamation(grid.window(), runTimeErrorText(*error), ResString(programNameId));
+    const auto shown = hexToInt16(grid.text(ParameterColumn::FuncCode, row));
+    if (!shown) {
+        MessageBox::showExclamation(grid.window(), failureText(shown.failure()), ResString(programNameId));
         return;
     }
-    qint16 code = std::get<qint16>(converted);
+    qint16 code = *shown;
     if (frmFunc(grid.window()).ShowFuncCode(grid.text(ParameterColumn::Number, row), code, fileName)) {
         const UndoStep step(grid.history());
         DocFlags[docNo].changed = true;
@@ -64,8 +64,7 @@ void exchangePrCond(SpreadGrid &grid, int docNo)
     if (row == 0) {
         return;
     }
-    const auto converted = toInt16(leadingNumber(trimmedCell(grid, ParameterColumn::ConditionCount)));
-    qint16 count = std::holds_alternative<qint16>(converted) ? std::get<qint16>(converted) : qint16(0);
+    qint16 count = toInt16(leadingNumber(trimmedCell(grid, ParameterColumn::ConditionCount))).valueOr(0);
     QString conditions = trimmedCell(grid, ParameterColumn::Condition);
     if (prCondDialog(grid.window()).ShowPrCond(grid.text(ParameterColumn::Number, row), count, conditions)) {
         const UndoStep step(grid.history());

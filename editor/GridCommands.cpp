@@ -13,7 +13,6 @@
 #include "grid/UndoStep.h"
 #include "grid/cells/CellInput.h"
 #include "grid/cells/PasteTarget.h"
-#include "runtime/RunTimeError.h"
 
 #include <algorithm>
 #include <limits>
@@ -147,7 +146,7 @@ bool GridCommands::addLines(int lines)
     m_grid.commitEdit();
     const int lastRow = m_grid.rowCount();
     if (lastRow + lines > mostRows) {
-        MessageBox::showExclamation(&m_grid, runTimeErrorText(RunTimeError::Overflow), ResString(programNameId));
+        MessageBox::showExclamation(&m_grid, failureText({FailureCode::Overflow}), ResString(programNameId));
         return false;
     }
     const UndoStep step(m_grid.history());

@@ -136,8 +136,7 @@ bool comesBack(const PrCondition &condition)
 bool comesBack(const PrRecord &record)
 {
     const QString texts[] = {record.number, record.helpId, record.name, record.unit, record.factorySetting};
-    const auto ranges = rangesFromText(rangesToText(record.ranges));
-    return std::ranges::all_of(texts, isFieldText) && ranges == Converted<QList<SettingRange>>(record.ranges)
+    return std::ranges::all_of(texts, isFieldText) && rangesFromText(rangesToText(record.ranges)) == record.ranges
         && conditionsFromText(conditionsToText(record.conditions)) == record.conditions
         && std::ranges::all_of(record.conditions, [](const PrCondition &condition) { return comesBack(condition); });
 }

@@ -215,9 +215,8 @@ char *writeNumber(double value, int digits, double exponentFormFrom, char *out)
 
 std::optional<double> numericValue(QStringView text)
 {
-    const auto parsed = NumericParser(text).parse();
-    const auto *number = std::get_if<ParsedNumber>(&parsed);
-    return number != nullptr ? std::optional(number->value) : std::nullopt;
+    const auto number = NumericParser(text).parse();
+    return number ? std::optional(number->value) : std::nullopt;
 }
 
 bool isNumeric(QStringView text)
@@ -247,29 +246,28 @@ QStringView leadingNumberText(QStringView text)
     return isNumber ? QStringView(first, skipExponent(mantissaEnd, end)) : QStringView();
 }
 
-Converted<qint16> toInt16(double value)
+Result<qint16> toInt16(double value)
 {
     const double rounded = std::nearbyint(value);
     if (!(rounded >= std::numeric_limits<qint16>::min() && rounded <= std::numeric_limits<qint16>::max())) {
-        return RunTimeError::Overflow;
+        return FailureCode::Overflow;
     }
     return static_cast<qint16>(rounded);
 }
 
-Converted<qint16> toInt16(QStringView text)
+Result<qint16> toInt16(QStringView text)
 {
-    const auto parsed = NumericParser(text).parse();
-    if (const auto *error = std::get_if<RunTimeError>(&parsed)) {
-        return *error;
+    const auto number = NumericParser(text).parse();
+    if (!number) {
+        return number.failure();
     }
-    const auto &number = std::get<ParsedNumber>(parsed);
-    if (number.isRadix && number.value <= std::numeric_limits<quint16>::max()) {
-        return static_cast<qint16>(static_cast<quint16>(number.value));
+    if (number->isRadix && number->value <= std::numeric_limits<quint16>::max()) {
+        return static_cast<qint16>(static_cast<quint16>(number->value));
     }
-    return toInt16(number.value);
+    return toInt16(number->value);
 }
 
-Converted<qint16> hexToInt16(QStringView text)
+Result<qint16> hexToInt16(QStringView text)
 {
     qsizetype at = 0;
     while (at < text.size() && isNumberBlank(text[at].unicode())) {
@@ -279,13 +277,13 @@ Converted<qint16> hexToInt16(QStringView text)
     for (; at < text.size() && hexDigit(text[at].unicode()) >= 0; ++at) {
         value = value * 16 + hexDigit(text[at].unicode());
         if (value > std::numeric_limits<quint16>::max()) {
-            return RunTimeError::Overflow;
+            return FailureCode::Overflow;
         }
     }
     return static_cast<qint16>(static_cast<quint16>(value));
 }
 
-Converted<bool> toBoolean(QStringView text)
+Result<bool> toBoolean(QStringView text)
 {
     const auto is = [text](QLatin1StringView word) { return text.compare(word, Qt::CaseInsensitive) == 0; };
     if (is("True"_L1) || is("#TRUE#"_L1)) {
@@ -294,11 +292,11 @@ Converted<bool> toBoolean(QStringView text)
     if (is("False"_L1) || is("#FALSE#"_L1)) {
         return false;
     }
-    const auto parsed = NumericParser(text).parse();
-    if (const auto *error = std::get_if<RunTimeError>(&parsed)) {
-        return *error;
+    const auto number = NumericParser(text).parse();
+    if (!number) {
+        return number.failure();
     }
-    return std::get<ParsedNumber>(parsed).value != 0;
+    return number->value != 0;
 }
 
 char *writeSingle(float value, char *out)

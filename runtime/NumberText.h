@@ -1,20 +1,15 @@
 #pragma once
 
-#include "runtime/RunTimeError.h"
+#include "runtime/Result.h"
 
 #include <QByteArrayView>
 #include <QString>
 
 #include <optional>
-#include <variant>
 
-/// A converted value, or what prevented the conversion.
-template <typename Value>
-using Converted = std::variant<Value, RunTimeError>;
-
-/// The number that the whole of text stands for, as the platform's automation library converts a text:
-/// blanks around, one sign before or behind, thousands separators after a digit, "(5)" for -5, a currency sign,
-/// an exponent with "e", "&H1A" and "&O17". Nothing when the text is no number or is out of a double's range.
+/// The number that the whole of text is, as the platform's automation library converts a text:
+/// blanks around, one sign before or after, thousands separators after a digit, "(5)" for -5, a currency sign,
+/// an exponent with "e", "&H1A" and "&O17". `std::nullopt` if the text is not a number or is out of a double's range.
 std::optional<double> numericValue(QStringView text);
 
 /// Whether numericValue() finds a number; the platform's general numeric test.
@@ -29,18 +24,18 @@ double leadingNumber(QByteArrayView ascii);
 QStringView leadingNumberText(QStringView text);
 
 /// Rounds halves to even. Overflow outside -32768 to 32767.
-Converted<qint16> toInt16(double value);
+Result<qint16> toInt16(double value);
 
 /// The whole of text as a 16-bit integer: TypeMismatch when it is not numeric, else as for a number.
 /// "&H8000" to "&HFFFF" give the negative numbers of those 16 bits.
-Converted<qint16> toInt16(QStringView text);
+Result<qint16> toInt16(QStringView text);
 
 /// The leading hexadecimal digits of text, after blanks, as the bits of a 16-bit integer ("FFFF" gives -1, "12G4"
 /// gives 0x12, none gives 0). Overflow for a value above FFFF.
-Converted<qint16> hexToInt16(QStringView text);
+Result<qint16> hexToInt16(QStringView text);
 
 /// "True" and "False" in any case, else a number (0 is false). TypeMismatch for any other text, the empty one included.
-Converted<bool> toBoolean(QStringView text);
+Result<bool> toBoolean(QStringView text);
 
 /// The shortest text of at most seven significant digits with "." as decimal point; 1E+07 style from ten millions and
 /// below 0.0001.

@@ -36,18 +36,18 @@ int digitValue(char16_t character)
 
 } // namespace
 
-std::variant<ParsedNumber, RunTimeError> NumericParser::parse()
+Result<ParsedNumber> NumericParser::parse()
 {
     takeLeading();
     if (const int base = takeRadixPrefix()) {
         return radixNumber(base);
     }
     if (!takeMantissa() || !takeExponent()) {
-        return RunTimeError::TypeMismatch;
+        return FailureCode::TypeMismatch;
     }
     takeTrailing();
     if (!atEnd() || m_opened != m_closed) {
-        return RunTimeError::TypeMismatch;
+        return FailureCode::TypeMismatch;
     }
     return decimalNumber();
 }
@@ -104,7 +104,7 @@ int NumericParser::takeRadixPrefix()
     return letter == u'h' ? 16 : 8;
 }
 
-std::variant<ParsedNumber, RunTimeError> NumericParser::radixNumber(int base)
+Result<ParsedNumber> NumericParser::radixNumber(int base)
 {
     const qsizetype first = m_at;
     double value = 0;
@@ -114,10 +114,10 @@ std::variant<ParsedNumber, RunTimeError> NumericParser::radixNumber(int base)
     const bool hasDigits = m_at > first;
     takeBlanks();
     if (!hasDigits || !atEnd() || m_opened) {
-        return RunTimeError::TypeMismatch;
+        return FailureCode::TypeMismatch;
     }
     if (value > std::numeric_limits<qint32>::max()) {
-        return RunTimeError::Overflow;
+        return FailureCode::Overflow;
     }
     return ParsedNumber{value, true};
 }
@@ -160,11 +160,11 @@ bool NumericParser::takeExponent()
     return takeDigits(false) > 0;
 }
 
-std::variant<ParsedNumber, RunTimeError> NumericParser::decimalNumber() const
+Result<ParsedNumber> NumericParser::decimalNumber() const
 {
     const double value = decimalValue(QByteArrayView(m_number.data(), m_number.size()));
     if (std::isinf(value)) {
-        return RunTimeError::Overflow;
+        return FailureCode::Overflow;
     }
     return ParsedNumber{m_minus || m_closed ? -value : value, false};
 }

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "runtime/RunTimeError.h"
+#include "runtime/Result.h"
 
 #include <QStringView>
 #include <QVarLengthArray>
 
-#include <variant>
-
-/// What a text that is a number stands for.
+/// The number that a text is.
 struct ParsedNumber
 {
     double value = 0;
@@ -20,8 +18,8 @@ class NumericParser
 public:
     explicit NumericParser(QStringView text) : m_text(text) { }
 
-    /// Once per object. TypeMismatch for a text that is no number, Overflow for one that is too large.
-    std::variant<ParsedNumber, RunTimeError> parse();
+    /// Once per object. TypeMismatch for a text that is not a number, Overflow for one that is too large.
+    Result<ParsedNumber> parse();
 
 private:
     bool atEnd() const { return m_at == m_text.size(); }
@@ -34,8 +32,8 @@ private:
     qsizetype takeDigits(bool separators);
     bool takeMantissa();
     bool takeExponent();
-    std::variant<ParsedNumber, RunTimeError> radixNumber(int base);
-    std::variant<ParsedNumber, RunTimeError> decimalNumber() const;
+    Result<ParsedNumber> radixNumber(int base);
+    Result<ParsedNumber> decimalNumber() const;
 
     QStringView m_text;
     qsizetype m_at = 0;

@@ -48,9 +48,9 @@ QString textPath(const fs::path &path)
 #endif
 }
 
-std::optional<QString> reasonOf(const std::error_code &error)
+Result<> outcomeOf(const std::error_code &error)
 {
-    return error ? std::optional(qt_error_string(error.value())) : std::nullopt;
+    return error ? Failure::system(error.value()) : Result<>();
 }
 
 FileKind kindOf(const fs::file_status &status)
@@ -68,10 +68,13 @@ FileKind kindOf(const fs::file_status &status)
 }
 
 /// That a name is not there is an answer, although the system gives it as an error.
-std::optional<QString> answer(const fs::file_status &status, const std::error_code &error, FileKind &kind)
+Result<FileKind> answer(const fs::file_status &status, const std::error_code &error)
 {
-    kind = kindOf(status);
-    return kind == FileKind::Nothing ? std::nullopt : reasonOf(error);
+    const FileKind kind = kindOf(status);
+    if (error && kind != FileKind::Nothing) {
+        return Failure::system(error.value());
+    }
+    return kind;
 }
 
 /// The listing of a folder, opened again as long as a signal interrupts that.
@@ -84,47 +87,47 @@ fs::directory_iterator openListing(const QString &path, std::error_code &error)
     return listing;
 }
 
-std::optional<QString> makeOneFolder(const QString &path)
+Result<> makeOneFolder(const QString &path)
 {
 #ifdef Q_OS_WIN
     std::error_code error;
     fs::create_directory(nativePath(path), error);
-    return reasonOf(error);
+    return outcomeOf(error);
 #else
     // Another program may have made it a moment ago.
     const bool made = ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 || errno == EEXIST;
-    return made ? std::nullopt : std::optional(qt_error_string(errno));
+    return made ? Result<>() : Failure::system(errno);
 #endif
 }
 
 /// Writes a new file's content, waits for the disk and closes the file.
-std::optional<FileError> writeToDisk(SystemFile &file, QByteArrayView bytes)
+Result<> writeToDisk(SystemFile &file, QByteArrayView bytes)
 {
-    if (auto error = file.write(bytes)) {
-        return error;
+    if (auto written = file.write(bytes); !written) {
+        return written;
     }
-    if (auto error = file.sync()) {
-        return error;
+    if (auto synced = file.sync(); !synced) {
+        return synced;
     }
     return file.close();
 }
 
 /// Waits until the disk knows the names in the folder.
-std::optional<QString> syncFolder([[maybe_unused]] const QString &path)
+Result<> syncFolder([[maybe_unused]] const QString &path)
 {
 #ifndef Q_OS_WIN
     const QByteArray name = fileNameBytes(path);
     const int folder = uninterrupted([&] { return ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
     if (folder < 0) {
-        return qt_error_string(errno);
+        return Failure::system(errno);
     }
     const int error = uninterrupted([&] { return ::fsync(folder); }) == 0 ? 0 : errno;
     ::close(folder);
     if (error != 0 && error != EINVAL && error != ENOTSUP) { // some disks need no waiting, and say so
-        return qt_error_string(error);
+        return Failure::system(error);
     }
 #endif
-    return std::nullopt;
+    return {};
 }
 
 bool isRunning([[maybe_unused]] qint64 process)
@@ -138,54 +141,54 @@ bool isRunning([[maybe_unused]] qint64 process)
 
 } // namespace
 
-std::optional<QString> findKind(const QString &path, FileKind &kind)
+Result<FileKind> findKind(const QString &path)
 {
     std::error_code error;
     const fs::file_status status = fs::status(nativePath(path), error);
-    return answer(status, error, kind);
+    return answer(status, error);
 }
 
-std::optional<QString> findOwnKind(const QString &path, FileKind &kind)
+Result<FileKind> findOwnKind(const QString &path)
 {
     std::error_code error;
     const fs::file_status status = fs::symlink_status(nativePath(path), error);
-    return answer(status, error, kind);
+    return answer(status, error);
 }
 
-std::optional<QString> listFolder(const QString &path, QList<FolderEntry> &entries)
+FolderListing listFolder(const QString &path)
 {
-    entries.clear();
+    FolderListing listing;
     std::error_code error;
     std::error_code unknown;
     for (fs::directory_iterator entry = openListing(path, error); !error && entry != fs::directory_iterator();
          entry.increment(error)) {
         std::error_code problem;
-        FileKind kind = FileKind::Nothing;
-        if (answer(entry->symlink_status(problem), problem, kind)) {
+        const auto kind = answer(entry->symlink_status(problem), problem);
+        if (!kind) {
             unknown = problem;
-            kind = FileKind::Other;
         }
-        entries << FolderEntry{textPath(entry->path().filename()), kind};
+        listing.entries << FolderEntry{textPath(entry->path().filename()), kind.valueOr(FileKind::Other)};
     }
-    std::ranges::sort(entries, {}, &FolderEntry::name);
-    return reasonOf(error ? error : unknown);
+    std::ranges::sort(listing.entries, {}, &FolderEntry::name);
+    listing.outcome = outcomeOf(error ? error : unknown);
+    return listing;
 }
 
-std::optional<QString> makeOwnFolder(const QString &path)
+Result<> makeOwnFolder(const QString &path)
 {
-    FileKind kind = FileKind::Nothing;
-    if (auto reason = findKind(path, kind)) {
-        return reason;
+    const auto kind = findKind(path);
+    if (!kind) {
+        return kind.failure();
     }
-    if (kind != FileKind::Nothing) {
-        return kind == FileKind::Folder ? std::nullopt : std::optional(qt_error_string(ENOTDIR));
+    if (*kind != FileKind::Nothing) {
+        return *kind == FileKind::Folder ? Result<>() : Failure::system(ENOTDIR);
     }
     const QString parent = QFileInfo(path).path();
-    if (auto reason = makeOwnFolder(parent)) {
-        return reason;
+    if (auto made = makeOwnFolder(parent); !made) {
+        return made;
     }
-    auto reason = makeOneFolder(path);
-    return reason ? reason : syncFolder(parent);
+    auto made = makeOneFolder(path);
+    return made ? syncFolder(parent) : made;
 }
 
 void keepForUser(const QString &path)
@@ -199,30 +202,29 @@ void keepForUser(const QString &path)
     }
 }
 
-std::optional<QString> writeOwnFile(const QString &fileName, QByteArrayView bytes)
+Result<> writeOwnFile(const QString &fileName, QByteArrayView bytes)
 {
     QFile::remove(fileName);
     SystemFile file;
-    if (const auto error = file.openOwn(fileName)) {
-        return error->reason();
+    if (auto opened = file.openOwn(fileName); !opened) {
+        return opened;
     }
-    const auto error = writeToDisk(file, bytes);
-    if (!error) {
-        return std::nullopt;
+    auto written = writeToDisk(file, bytes);
+    if (!written) {
+        static_cast<void>(file.close());
+        QFile::remove(fileName); // on a full disk every byte counts
     }
-    static_cast<void>(file.close());
-    QFile::remove(fileName); // on a full disk every byte counts
-    return error->reason();
+    return written;
 }
 
-std::optional<QString> renameOwnFile(const QString &from, const QString &to)
+Result<> renameOwnFile(const QString &from, const QString &to)
 {
     std::error_code error;
     fs::rename(nativePath(from), nativePath(to), error);
-    return error ? reasonOf(error) : syncFolder(QFileInfo(to).path());
+    return error ? outcomeOf(error) : syncFolder(QFileInfo(to).path());
 }
 
-std::optional<QString> renameOwnFileOnce(const QString &from, const QString &to)
+Result<> renameOwnFileOnce(const QString &from, const QString &to)
 {
 #ifdef RENAME_NOREPLACE
     if (::renameat2(AT_FDCWD, QFile::encodeName(from).constData(), AT_FDCWD, QFile::encodeName(to).constData(),
@@ -231,27 +233,27 @@ std::optional<QString> renameOwnFileOnce(const QString &from, const QString &to)
         return syncFolder(QFileInfo(to).path());
     }
     if (errno != EINVAL && errno != ENOSYS) { // what is no such fault, but a disk that cannot do it, is asked first
-        return qt_error_string(errno);
+        return Failure::system(errno);
     }
 #endif
-    FileKind kind = FileKind::Nothing;
-    if (auto reason = findOwnKind(to, kind)) {
-        return reason;
+    const auto kind = findOwnKind(to);
+    if (!kind) {
+        return kind.failure();
     }
-    return kind == FileKind::Nothing ? renameOwnFile(from, to) : qt_error_string(EEXIST);
+    return *kind == FileKind::Nothing ? renameOwnFile(from, to) : Failure::system(EEXIST);
 }
 
-std::optional<QString> putOwnFile(const QString &fileName, QByteArrayView bytes)
+Result<> putOwnFile(const QString &fileName, QByteArrayView bytes)
 {
     const QString unfinished = unfinishedName(fileName + u'.');
-    if (auto reason = writeOwnFile(unfinished, bytes)) {
-        return reason;
+    if (auto written = writeOwnFile(unfinished, bytes); !written) {
+        return written;
     }
-    auto reason = renameOwnFile(unfinished, fileName);
-    if (reason) {
-        QFile::remove(unfinished); // nothing where the name was changed already
+    auto renamed = renameOwnFile(unfinished, fileName);
+    if (!renamed) {
+        QFile::remove(unfinished); // nothing if the name was changed already
     }
-    return reason;
+    return renamed;
 }
 
 QString unfinishedName(const QString &beginning)

@@ -103,11 +103,7 @@ PrivateProfile::PrivateProfile(QByteArray bytes, const AnsiCodePage &page) : m_b
 
 PrivateProfile PrivateProfile::fromFile(const QString &fileName)
 {
-    QByteArray bytes;
-    if (readWholeFile(fileName, bytes)) {
-        bytes.clear();
-    }
-    return PrivateProfile(std::move(bytes));
+    return PrivateProfile(readWholeFile(fileName).valueOr({}));
 }
 
 std::optional<QString> PrivateProfile::value(const QString &section, const QString &key, int bufferSize) const

@@ -19,6 +19,15 @@
 #include <unistd.h>
 #endif
 
+namespace {
+
+Failure lockHeld()
+{
+    return {.code = FailureCode::LockHeld, .systemError = EBUSY};
+}
+
+} // namespace
+
 #ifdef Q_OS_WIN
 
 struct ProcessLock::Holder
@@ -28,16 +37,15 @@ struct ProcessLock::Holder
     QLockFile file; // the system removes it with its program
 };
 
-ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
+Result<> ProcessLock::lock(std::chrono::milliseconds longestWait)
 {
     auto holder = std::make_unique<Holder>(m_fileName);
     holder->file.setStaleLockTime(0);
     if (!holder->file.tryLock(int(longestWait.count()))) {
-        m_reason = qt_error_string(EBUSY);
-        return holder->file.error() == QLockFile::LockFailedError ? Result::Held : Result::Failed;
+        return holder->file.error() == QLockFile::LockFailedError ? lockHeld() : Failure::system(EBUSY);
     }
     m_holder = std::move(holder);
-    return Result::Locked;
+    return {};
 }
 
 #else
@@ -58,8 +66,8 @@ struct ProcessLock::Holder
     }
     Q_DISABLE_COPY_MOVE(Holder)
 
-    /// Whether the open file is still the one of that name: its last owner may have removed it meanwhile. Nothing when
-    /// the system does not tell, and errno says why.
+    /// Whether the open file is still the one of that name: its last owner may have removed it meanwhile.
+    /// `std::nullopt` if the system does not tell; errno then says why.
     std::optional<bool> isNamed(const QByteArray &name) const
     {
         struct stat mine
@@ -80,7 +88,7 @@ struct ProcessLock::Holder
     int file;
 };
 
-ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
+Result<> ProcessLock::lock(std::chrono::milliseconds longestWait)
 {
     constexpr unsigned long pause = 10; // ms
     const QByteArray name = QFile::encodeName(m_fileName);
@@ -92,15 +100,13 @@ ProcessLock::Result ProcessLock::lock(std::chrono::milliseconds longestWait)
         const std::optional<bool> isNamed = isMine ? holder->isNamed(name) : false;
         if (isNamed == true) {
             m_holder = std::move(holder);
-            return Result::Locked;
+            return {};
         }
         if (!isNamed || (!isMine && errno != EWOULDBLOCK && errno != EINTR)) {
-            m_reason = qt_error_string(errno);
-            return Result::Failed;
+            return Failure::system(errno);
         }
         if (deadline.hasExpired()) {
-            m_reason = qt_error_string(EBUSY);
-            return Result::Held;
+            return lockHeld();
         }
         QThread::msleep(pause);
     }

@@ -1,12 +1,14 @@
 #pragma once
 
+#include "runtime/Result.h"
+
 #include <QString>
 
 #include <chrono>
 #include <memory>
 
-/// A lock between programs, as a file. It ends with its program, however that ends: what stands in the file, how old it
-/// is and whether it can be removed do not matter.
+/// A lock between programs, as a file. It ends with its program, however that ends: the content of the file, its age
+/// and whether it can be removed do not matter.
 class ProcessLock
 {
 public:
@@ -15,20 +17,13 @@ public:
     ~ProcessLock();
     Q_DISABLE_COPY_MOVE(ProcessLock)
 
-    enum class Result {
-        Locked,
-        Held, ///< by another program, to the end of the wait
-        Failed ///< the system gives no lock there
-    };
-    Result lock(std::chrono::milliseconds longestWait = std::chrono::milliseconds(0));
-
-    /// Why the last lock was not given, as the system says it.
-    QString reason() const { return m_reason; }
+    /// Fails with LockHeld if another program has the lock to the end of the wait, and with what the system says if it
+    /// gives no lock there.
+    Result<> lock(std::chrono::milliseconds longestWait = std::chrono::milliseconds(0));
 
 private:
     struct Holder;
 
     QString m_fileName;
-    QString m_reason;
     std::unique_ptr<Holder> m_holder; ///< while locked
 };

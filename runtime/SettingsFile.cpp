@@ -50,7 +50,8 @@ public:
         // Who holds the turn that long has been stopped: he must not hold up the next acts of the user as well.
         static QDeadlineTimer impatient;
         const bool waits = impatient.hasExpired();
-        if (m_lock.lock(waits ? longestWait : 0s) == ProcessLock::Result::Held && waits) {
+        const auto locked = m_lock.lock(waits ? longestWait : 0s);
+        if (!locked && locked.failure().code == FailureCode::LockHeld && waits) {
             impatient.setRemainingTime(memory);
         }
     }
@@ -93,11 +94,11 @@ std::optional<QByteArray> changedContent(const QByteArray &content, const std::f
     QSettings settings(draft, QSettings::IniFormat);
     change(settings);
     settings.sync();
-    QByteArray bytes;
-    if (!QFile::rename(draft, result) || readWholeFile(result, bytes) || !isWhole(settings, result)) {
+    if (!QFile::rename(draft, result)) {
         return std::nullopt;
     }
-    return bytes;
+    auto bytes = readWholeFile(result);
+    return bytes && isWhole(settings, result) ? std::optional(*std::move(bytes)) : std::nullopt;
 }
 
 /// QSettings tells by time and size whether a file is the one that it remembers.
@@ -116,34 +117,44 @@ bool replaceStore(const QString &store, const QByteArray &bytes)
     const QString linked = QFileInfo(store).canonicalFilePath();
     const QString target = linked.isEmpty() ? store : linked;
     const QString unfinished = unfinishedName(target + u'.');
-    if (writeOwnFile(unfinished, bytes)) {
+    if (!writeOwnFile(unfinished, bytes)) {
         return false;
     }
     makeDistinct(unfinished, target);
-    if (renameOwnFile(unfinished, target)) {
-        QFile::remove(unfinished); // nothing where the name was changed already
+    if (!renameOwnFile(unfinished, target)) {
+        QFile::remove(unfinished); // nothing if the name was changed already
         return false;
     }
     return true;
 }
 
+/// The content of the store, empty if there is none.
+Result<QByteArray> readStore(const QString &store)
+{
+    const auto kind = findKind(store);
+    if (!kind) {
+        return kind.failure();
+    }
+    return *kind == FileKind::Nothing ? QByteArray() : readWholeFile(store);
+}
+
 bool changeStore(const QString &store, const std::function<void(QSettings &)> &change)
 {
-    FileKind kind = FileKind::Nothing;
-    QByteArray content;
-    if (!isSane(store) || findKind(store, kind) || (kind != FileKind::Nothing && readWholeFile(store, content))) {
+    if (!isSane(store)) {
+        return false;
+    }
+    const auto content = readStore(store);
+    if (!content) {
         return false; // what cannot be read is not lost by being written
     }
-    const auto bytes = changedContent(content, change);
-    return bytes && (*bytes == content || replaceStore(store, *bytes));
+    const auto bytes = changedContent(*content, change);
+    return bytes && (*bytes == *content || replaceStore(store, *bytes));
 }
 
 void removeLeftOvers(const QString &store)
 {
     const QFileInfo info(store);
-    QList<FolderEntry> entries;
-    listFolder(info.path(), entries);
-    removeUnfinished(info.path(), entries, info.fileName() + u'.');
+    removeUnfinished(info.path(), listFolder(info.path()).entries, info.fileName() + u'.');
 }
 
 } // namespace
@@ -184,7 +195,7 @@ bool SettingsFile::change(const std::function<void(QSettings &)> &change)
         settings.sync();
         return settings.status() == QSettings::NoError;
     }
-    if (makeOwnFolder(QFileInfo(store).path())) {
+    if (!makeOwnFolder(QFileInfo(store).path())) {
         return false;
     }
     keepForUser(QFileInfo(store).path());

@@ -18,9 +18,10 @@
 
 namespace {
 
-std::optional<FileError> failureOf(qint64 result)
+/// What a system call came to that returns a negative number for failure.
+Result<> outcomeOf(qint64 result)
 {
-    return result < 0 ? std::optional(FileError::last()) : std::nullopt;
+    return result < 0 ? Failure::lastSystemCall() : Result<>();
 }
 
 #ifdef Q_OS_WIN
@@ -91,10 +92,10 @@ int statusOf(int handle, Status &status)
 /// Does not wait for a writer where a pipe has just taken the file's place.
 int openFile(const QString &fileName, bool replace)
 {
-    constexpr mode_t usualRights = 0666;
+    constexpr mode_t defaultRights = 0666;
     const QByteArray name = fileNameBytes(fileName);
     const int flags = O_CLOEXEC | O_NOCTTY | (replace ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY | O_NONBLOCK);
-    return uninterrupted([&] { return ::open(name.constData(), flags, usualRights); });
+    return uninterrupted([&] { return ::open(name.constData(), flags, defaultRights); });
 }
 
 int openOwnFile(const QString &fileName)
@@ -132,12 +133,17 @@ bool isQueue(const Status &status)
 
 #endif
 
-std::optional<FileError> irregularity(const Status &status)
+Failure notAFile()
+{
+    return {.code = FailureCode::NotAFile, .systemError = EINVAL};
+}
+
+Result<> requireRegular(const Status &status)
 {
     if (isFolder(status)) {
-        return FileError{FileError::Kind::System, EISDIR};
+        return Failure::system(EISDIR);
     }
-    return isRegular(status) ? std::nullopt : std::optional(FileError{FileError::Kind::NotAFile, EINVAL});
+    return isRegular(status) ? Result<>() : notAFile();
 }
 
 } // namespace
@@ -147,84 +153,88 @@ SystemFile::~SystemFile()
     static_cast<void>(close());
 }
 
-std::optional<FileError> SystemFile::openToRead(const QString &fileName)
+Result<> SystemFile::openToRead(const QString &fileName)
 {
     Status status{};
-    if (auto error = failureOf(statusOf(fileName, status))) {
-        return error;
+    if (auto found = outcomeOf(statusOf(fileName, status)); !found) {
+        return found;
     }
-    if (auto error = irregularity(status)) {
-        return error;
+    if (auto regular = requireRegular(status); !regular) {
+        return regular;
     }
     m_handle = openFile(fileName, false);
-    if (auto error = failureOf(m_handle)) {
-        return error;
+    if (auto opened = outcomeOf(m_handle); !opened) {
+        return opened;
     }
-    if (auto error = failureOf(statusOf(m_handle, status))) {
-        return error;
+    if (auto found = outcomeOf(statusOf(m_handle, status)); !found) {
+        return found;
     }
-    return irregularity(status);
+    return requireRegular(status);
 }
 
-std::optional<FileError> SystemFile::openToReplace(const QString &fileName)
+Result<> SystemFile::openToReplace(const QString &fileName)
 {
     Status status{};
     if (statusOf(fileName, status) == 0 && isQueue(status)) {
-        return FileError{FileError::Kind::NotAFile, EINVAL};
+        return notAFile();
     }
     m_handle = openFile(fileName, true);
-    return failureOf(m_handle);
+    return outcomeOf(m_handle);
 }
 
-std::optional<FileError> SystemFile::openOwn(const QString &fileName)
+Result<> SystemFile::openOwn(const QString &fileName)
 {
     m_handle = openOwnFile(fileName);
-    return failureOf(m_handle);
+    return outcomeOf(m_handle);
 }
 
-std::optional<FileError> SystemFile::state(State &state) const
+Result<SystemFile::State> SystemFile::state() const
 {
     Status status{};
-    auto error = failureOf(statusOf(m_handle, status));
-    state = stateOf(status);
-    return error;
+    if (statusOf(m_handle, status) < 0) {
+        return Failure::lastSystemCall();
+    }
+    return stateOf(status);
 }
 
-std::optional<FileError> SystemFile::read(char *bytes, qint64 room, qint64 &count) const
+Result<qint64> SystemFile::read(char *bytes, qint64 maxBytes) const
 {
-    const auto wanted = static_cast<unsigned>(std::min<qint64>(room, std::numeric_limits<int>::max()));
-    count = uninterrupted([&] { return ::read(m_handle, bytes, wanted); });
-    return failureOf(count);
+    const auto wanted = static_cast<unsigned>(std::min<qint64>(maxBytes, std::numeric_limits<int>::max()));
+    const qint64 count = uninterrupted([&] { return ::read(m_handle, bytes, wanted); });
+    if (count < 0) {
+        return Failure::lastSystemCall();
+    }
+    return count;
 }
 
 // The system may take a part first and say only at the next call why it takes no more.
-std::optional<FileError> SystemFile::write(QByteArrayView bytes) const
+Result<> SystemFile::write(QByteArrayView bytes) const
 {
     while (!bytes.isEmpty()) {
         const auto wanted = static_cast<unsigned>(std::min<qint64>(bytes.size(), std::numeric_limits<int>::max()));
         const qint64 written = uninterrupted([&] { return ::write(m_handle, bytes.data(), wanted); });
         if (written <= 0) {
-            return written < 0 ? FileError::last() : FileError{FileError::Kind::System, ENOSPC};
+            return written < 0 ? Failure::lastSystemCall() : Failure::system(ENOSPC);
         }
         bytes = bytes.sliced(written);
     }
-    return std::nullopt;
+    return {};
 }
 
-std::optional<FileError> SystemFile::sync() const
+Result<> SystemFile::sync() const
 {
-    return failureOf(syncFile(m_handle));
+    return outcomeOf(syncFile(m_handle));
 }
 
 // Interrupted or not, the handle is gone afterwards: a second call might close a file that another has opened
 // meanwhile.
-std::optional<FileError> SystemFile::close()
+Result<> SystemFile::close()
 {
     const int handle = std::exchange(m_handle, -1);
     if (handle < 0 || ::close(handle) == 0 || errno == EINTR) {
-        return std::nullopt;
+        return {};
     }
-    return FileError::last();
+    return Failure::lastSystemCall();
 }
 
 bool isRegularFile(const QString &fileName)

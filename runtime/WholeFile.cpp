@@ -7,86 +7,93 @@
 
 namespace {
 
-constexpr FileError tooLarge{FileError::Kind::TooLarge, EFBIG};
+Failure tooLarge(qint64 maxBytes)
+{
+    constexpr qint64 megabyte = 1024 * 1024;
+    return {
+        .code = FailureCode::FileTooLarge, .arguments = {QString::number(maxBytes / megabyte)}, .systemError = EFBIG};
+}
 
 /// Reads to the end, which may come later than the system said: the file may grow, and some files that the system
 /// makes up have no size.
-std::optional<FileError> readToEnd(const SystemFile &file, qint64 expected, qint64 most, QByteArray &bytes)
+Result<QByteArray> readToEnd(const SystemFile &file, qint64 expected, qint64 maxBytes)
 {
     constexpr qint64 step = 65536;
-    bytes.resize(expected + 1); // one more, so that a file of the expected size takes no further piece
+    QByteArray bytes(expected + 1, Qt::Uninitialized); // one more, so that a file of that size takes no further piece
     qint64 length = 0;
     while (true) {
-        qint64 count = 0;
-        if (auto error = file.read(bytes.data() + length, bytes.size() - length, count)) {
-            return error;
+        const auto count = file.read(bytes.data() + length, bytes.size() - length);
+        if (!count) {
+            return count.failure();
         }
-        length += count;
-        if (length > most) {
-            return tooLarge;
+        length += *count;
+        if (length > maxBytes) {
+            return tooLarge(maxBytes);
         }
-        if (count == 0) {
+        if (*count == 0) {
             bytes.truncate(length);
-            return std::nullopt;
+            return bytes;
         }
         if (length == bytes.size()) {
-            bytes.resize(std::min(length + std::max(step, length / 2), most + 1));
+            bytes.resize(std::min(length + std::max(step, length / 2), maxBytes + 1));
         }
     }
 }
 
-/// Reads the file once. isWhole tells whether nobody has changed it meanwhile.
-std::optional<FileError> readOnce(const QString &fileName, QByteArray &bytes, qint64 most, bool &isWhole)
+/// Reads the file once. It fails as changing if somebody has changed it meanwhile.
+Result<QByteArray> readOnce(const QString &fileName, qint64 maxBytes)
 {
     SystemFile file;
-    SystemFile::State before;
-    SystemFile::State after;
-    if (auto error = file.openToRead(fileName)) {
-        return error;
+    if (const auto opened = file.openToRead(fileName); !opened) {
+        return opened.failure();
     }
-    if (auto error = file.state(before)) {
-        return error;
+    const auto before = file.state();
+    if (!before) {
+        return before.failure();
     }
-    if (before.size > most) {
-        return tooLarge;
+    if (before->size > maxBytes) {
+        return tooLarge(maxBytes);
     }
-    if (auto error = readToEnd(file, before.size, most, bytes)) {
-        return error;
+    auto bytes = readToEnd(file, before->size, maxBytes);
+    if (!bytes) {
+        return bytes;
     }
-    if (auto error = file.state(after)) {
-        return error;
+    const auto after = file.state();
+    if (!after) {
+        return after.failure();
     }
-    isWhole = before == after && (after.size == bytes.size() || after.size == 0);
-    return std::nullopt;
+    const bool isWhole = *before == *after && (after->size == bytes->size() || after->size == 0);
+    return isWhole ? bytes : Failure{.code = FailureCode::FileChanging, .systemError = EBUSY};
+}
+
+bool isChanging(const Result<QByteArray> &bytes)
+{
+    return !bytes && bytes.failure().code == FailureCode::FileChanging;
 }
 
 } // namespace
 
-std::optional<FileError> readWholeFile(const QString &fileName, QByteArray &bytes, qint64 most)
+Result<QByteArray> readWholeFile(const QString &fileName, qint64 maxBytes)
 {
     constexpr int attempts = 5;
-    bool isWhole = false;
-    std::optional<FileError> error;
-    for (int attempt = 0; attempt < attempts && !isWhole && !error; ++attempt) {
-        error = readOnce(fileName, bytes, most, isWhole);
+    auto bytes = readOnce(fileName, maxBytes);
+    for (int attempt = 1; attempt < attempts && isChanging(bytes); ++attempt) {
+        bytes = readOnce(fileName, maxBytes);
     }
-    if (!isWhole) {
-        bytes = {}; // half of what another program is writing must not pass for the whole
-    }
-    return isWhole || error ? error : FileError{FileError::Kind::Changing, EBUSY};
+    return bytes;
 }
 
-std::optional<FileError> writeWholeFile(const QString &fileName, QByteArrayView bytes)
+Result<> writeWholeFile(const QString &fileName, QByteArrayView bytes)
 {
     SystemFile file;
-    if (auto error = file.openToReplace(fileName)) {
-        return error;
+    if (auto opened = file.openToReplace(fileName); !opened) {
+        return opened;
     }
-    if (auto error = file.write(bytes)) {
-        return error;
+    if (auto written = file.write(bytes); !written) {
+        return written;
     }
-    if (auto error = file.sync()) {
-        return error;
+    if (auto synced = file.sync(); !synced) {
+        return synced;
     }
     return file.close();
 }

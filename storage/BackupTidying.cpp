@@ -42,15 +42,12 @@ bool isFolderName(const QString &name)
 /// Whether the document is gone although its folder is there. One on a drive that is not there now may come back.
 bool hasVanished(const QString &folder)
 {
-    QByteArray path;
-    FileKind kind = FileKind::Nothing;
-    if (readWholeFile(documentNote(folder), path) || path.isEmpty()) {
+    const auto path = readWholeFile(documentNote(folder));
+    if (!path || path->isEmpty()) {
         return false;
     }
-    const QString document = QString::fromUtf8(path);
-    FileKind parent = FileKind::Nothing;
-    return !findKind(document, kind) && kind == FileKind::Nothing && !findKind(QFileInfo(document).path(), parent)
-        && parent == FileKind::Folder;
+    const QString document = QString::fromUtf8(*path);
+    return findKind(document) == FileKind::Nothing && findKind(QFileInfo(document).path()) == FileKind::Folder;
 }
 
 class Tidying
@@ -99,9 +96,8 @@ void Tidying::readAll()
 {
     keepForUser(dataFolder());
     keepForUser(backupRoot());
-    QList<FolderEntry> entries;
-    listFolder(backupRoot(), entries); // what is not listed stays
-    for (const FolderEntry &entry : entries) {
+    const FolderListing listing = listFolder(backupRoot()); // what is not listed stays
+    for (const FolderEntry &entry : listing.entries) {
         if (entry.kind == FileKind::Folder && isFolderName(entry.name)) {
             read(backupRoot() + u'/' + entry.name);
         }
@@ -110,14 +106,14 @@ void Tidying::readAll()
 
 void Tidying::read(const QString &folder)
 {
-    QList<FolderEntry> entries;
-    if (listFolder(folder, entries)) {
+    const FolderListing listing = listFolder(folder);
+    if (!listing.outcome) {
         return;
     }
-    removeUnfinished(folder, entries, {});
+    removeUnfinished(folder, listing.entries, {});
     keepForUser(folder);
     KeptDocument document{VersionFolder(folder), {}};
-    for (const Version &version : VersionFolder::versionsIn(entries)) {
+    for (const Version &version : VersionFolder::versionsIn(listing.entries)) {
         const QString path = document.folder.pathOf(version);
         keepForUser(path);
         document.versions << KeptVersion{version, QFileInfo(path).size()};

@@ -37,9 +37,8 @@ void noteDocument(const QString &folder, const QString &fileName)
 {
     const QByteArray path = QFileInfo(fileName).absoluteFilePath().toUtf8();
     const QString note = documentNote(folder);
-    FileKind kind = FileKind::Nothing;
-    if (!findOwnKind(note, kind) && kind == FileKind::Nothing) {
-        putOwnFile(note, path);
+    if (findOwnKind(note) == FileKind::Nothing) {
+        static_cast<void>(putOwnFile(note, path)); // without it, the document is never taken for a vanished one
     }
 }
 
@@ -66,25 +65,26 @@ QString documentNote(const QString &folder)
     return folder + u".document"_s;
 }
 
-std::optional<QString> keepVersion(const QString &fileName, const QByteArray &content)
+Result<> keepVersion(const QString &fileName, const QByteArray &content)
 {
     if (leftOvers().value(properName(fileName)) == sumOf(content)) {
-        return std::nullopt;
+        return {};
     }
     const VersionFolder folder(backupFolder(fileName));
-    auto reason = folder.add(content);
-    if (!reason) {
+    auto added = folder.add(content);
+    if (added) {
         noteDocument(folder.path(), fileName);
     }
-    return reason;
+    return added;
 }
 
 void leaveOutOfBackups(const QString &fileName, const QByteArray &earlier)
 {
-    QByteArray content;
-    FileKind kind = FileKind::Nothing;
-    if (!findKind(fileName, kind) && kind == FileKind::File && !readWholeFile(fileName, content)
-        && content != earlier) {
-        leftOvers().insert(properName(fileName), sumOf(content));
+    if (findKind(fileName) != FileKind::File) {
+        return;
+    }
+    const auto content = readWholeFile(fileName);
+    if (content && *content != earlier) {
+        leftOvers().insert(properName(fileName), sumOf(*content));
     }
 }

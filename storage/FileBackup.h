@@ -1,9 +1,9 @@
 #pragma once
 
+#include "runtime/Result.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 /// Where the versions of all documents are kept.
 QString backupRoot();
@@ -16,9 +16,9 @@ QString backupFolder(const QString &fileName);
 QString documentNote(const QString &folder);
 
 /// Keeps content, which stands in fileName and is about to be replaced, in the per-user data folder: one folder per
-/// full path, the last ten versions. It is on the disk when this returns nothing; else the system's reason is returned.
-/// What the newest version holds already, and what a save left half-done, needs no version.
-std::optional<QString> keepVersion(const QString &fileName, const QByteArray &content);
+/// full path, the last ten versions. Fails if it is not on the disk afterwards. What the newest version holds already,
+/// and what a save left half-done, needs no version.
+Result<> keepVersion(const QString &fileName, const QByteArray &content);
 
 /// To be called when a save has left a part of a document: what fileName holds now is no version to keep, however often
 /// the user tries again. earlier: what it held before; while it still does, nothing was left.

@@ -8,34 +8,38 @@
 
 namespace {
 
-/// Reads what the file holds and keeps it. Returns the system's reason when it is not kept.
-std::optional<QString> keepEarlier(const QString &fileName, QByteArray &earlier)
+Failure versionNotKept(const QString &fileName, const Failure &cause)
 {
-    const auto error = readWholeFile(fileName, earlier);
-    return error ? std::optional(error->reason()) : keepVersion(fileName, earlier);
+    return {.code = FailureCode::VersionNotKept,
+        .arguments = {QDir::toNativeSeparators(backupFolder(fileName)), cause.reason()}};
+}
+
+/// Keeps what the file holds as a version.
+Result<> keepEarlier(const QString &fileName, const Result<QByteArray> &earlier)
+{
+    const auto kept = earlier ? keepVersion(fileName, *earlier) : Result<>(earlier.failure());
+    return kept ? kept : versionNotKept(fileName, kept.failure());
 }
 
 } // namespace
 
-std::optional<FileFailure> replaceFile(
-    const QString &fileName, const NewContent &content, std::optional<FileFailure> &question)
+Result<> replaceFile(const QString &fileName, const NewContent &content)
 {
-    question.reset();
-    FileKind kind = FileKind::Nothing;
-    if (const auto reason = findKind(fileName, kind)) {
-        return FileFailure::ofSystem(*reason); // not "no file": there may be one, and then it would be lost
+    const auto kind = findKind(fileName);
+    if (!kind) {
+        return kind.failure(); // not "no file": there may be one, and then it would be lost
     }
-    QByteArray earlier;
-    if (kind == FileKind::File) {
-        const auto reason = keepEarlier(fileName, earlier);
-        if (reason && !content.mayLoseEarlier) {
-            question = {OwnText::SaveWithoutVersion, {QDir::toNativeSeparators(backupFolder(fileName)), *reason}};
-            return std::nullopt;
+    Result<QByteArray> earlier = QByteArray();
+    if (*kind == FileKind::File) {
+        earlier = readWholeFile(fileName);
+        auto kept = keepEarlier(fileName, earlier);
+        if (!kept && !content.mayLoseEarlier) {
+            return kept;
         }
     }
-    const auto error = writeWholeFile(fileName, content.bytes);
-    if (error || content.extent == Extent::Part) {
-        leaveOutOfBackups(fileName, earlier);
+    auto written = writeWholeFile(fileName, content.bytes);
+    if (!written || content.extent == Extent::Part) {
+        leaveOutOfBackups(fileName, earlier.valueOr({}));
     }
-    return error ? std::optional(FileFailure::of(*error)) : std::nullopt;
+    return written;
 }

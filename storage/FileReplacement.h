@@ -1,6 +1,6 @@
 #pragma once
 
-#include "runtime/FileFailure.h"
+#include "runtime/Result.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -15,9 +15,7 @@ struct NewContent
     bool mayLoseEarlier = false; ///< the user has agreed that no version is kept of what the file holds
 };
 
-/// The one way in which a document's file is replaced: its earlier content is kept as a version first. Where that
-/// cannot be, and may not be done without, question is what to ask the user, and nothing was touched. Otherwise the new
-/// content is on the disk when this returns nothing. What a failed save or a part leaves in the file never pushes a
-/// version out.
-std::optional<FileFailure> replaceFile(
-    const QString &fileName, const NewContent &content, std::optional<FileFailure> &question);
+/// The one way in which a document's file is replaced: its earlier content is kept as a version first. If that cannot
+/// be, and may not be done without, this fails with VersionNotKept, and nothing was touched. After a success the new
+/// content is on the disk. What a failed save or a part leaves in the file never pushes a version out.
+Result<> replaceFile(const QString &fileName, const NewContent &content);

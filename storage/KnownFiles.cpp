@@ -44,8 +44,8 @@ size_t contentHash(QByteArrayView bytes)
 
 std::optional<size_t> hashOfFile(const QString &fileName)
 {
-    QByteArray bytes;
-    return readWholeFile(fileName, bytes) ? std::nullopt : std::optional(contentHash(bytes));
+    const auto bytes = readWholeFile(fileName);
+    return bytes ? std::optional(contentHash(*bytes)) : std::nullopt;
 }
 
 void note(int docNo, const QString &fileName, const FileStamp &stamp, std::optional<size_t> content)
@@ -72,7 +72,7 @@ void noteNoFile(int docNo)
     knowledge().files.remove(docNo);
 }
 
-std::optional<OwnText> ForeignChangeGuard::find()
+Result<> ForeignChangeGuard::check()
 {
     const FileStamp stamp = FileStamp::of(m_fileName);
     const QString path = pathOf(m_fileName);
@@ -81,14 +81,14 @@ std::optional<OwnText> ForeignChangeGuard::find()
     // Of a file that could not be read when it was noted, the stamp is all that is known.
     const bool isAsNoted = known.path == path && known.stamp == stamp && (known.isSettled || !known.content);
     if (!stamp.isFile || isAsNoted) {
-        return std::nullopt;
+        return {};
     }
     m_found = hashOfFile(m_fileName);
     if (!m_found || m_found == m_agreed || (isKnown && m_found == known.content)
         || knowledge().own.value(path, ~*m_found) == *m_found) {
-        return std::nullopt;
+        return {};
     }
-    return isKnown ? OwnText::FileChangedQuestion : OwnText::FileAppearedQuestion;
+    return isKnown ? FailureCode::FileChanged : FailureCode::FileAppeared;
 }
 
 void ForeignChangeGuard::agreeToPresent()

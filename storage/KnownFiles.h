@@ -1,6 +1,6 @@
 #pragma once
 
-#include "resources/OwnTexts.h"
+#include "runtime/Result.h"
 #include "storage/FileStamp.h"
 
 #include <QByteArrayView>
@@ -23,13 +23,13 @@ class ForeignChangeGuard
 public:
     ForeignChangeGuard(int docNo, const QString &fileName) : m_docNo(docNo), m_fileName(fileName) { }
 
-    /// What to ask the user, because another program's content would be lost; nothing when the file holds what the
-    /// document, or this program, knows, or what the user has agreed to. A file that is not there or cannot be read is
-    /// the save's to deal with.
-    std::optional<OwnText> find();
-    /// The user agrees that what find() came upon goes.
+    /// Fails with FileChanged or FileAppeared if another program's content would be lost: the file holds neither what
+    /// the document, or this program, knows, nor what the user has agreed to. A file that is not there or cannot be
+    /// read is the save's to deal with.
+    Result<> check();
+    /// The user agrees that what check() came upon goes.
     void agree() { m_agreed = m_found; }
-    /// The user has agreed to that already, whatever stands in the file now.
+    /// The user has agreed to that already, whatever is in the file now.
     void agreeToPresent();
 
     /// The save has written bytes.
@@ -40,7 +40,7 @@ public:
 private:
     int m_docNo;
     QString m_fileName;
-    std::optional<size_t> m_found; ///< hash of the content that find() looked at
+    std::optional<size_t> m_found; ///< hash of the content that check() looked at
     std::optional<size_t> m_agreed;
 };
 

@@ -73,17 +73,17 @@ QString RecoveryStore::copyPath(int number) const
     return m_folder + u"/%1.copy"_s.arg(number, digits, 10, QLatin1Char('0'));
 }
 
-std::optional<QString> RecoveryStore::open()
+Result<> RecoveryStore::open()
 {
     if (!m_lock) {
-        if (auto reason = makeOwnFolder(m_root)) {
-            return reason;
+        if (auto made = makeOwnFolder(m_root); !made) {
+            return made;
         }
         keepForUser(m_root);
         const QString folder = m_root + u'/' + newFolderName();
         auto lock = std::make_unique<ProcessLock>(lockName(folder));
-        if (lock->lock() != ProcessLock::Result::Locked) {
-            return lock->reason();
+        if (auto locked = lock->lock(); !locked) {
+            return locked;
         }
         m_folder = folder;
         m_lock = std::move(lock);
@@ -93,20 +93,18 @@ std::optional<QString> RecoveryStore::open()
 
 bool RecoveryStore::write(int number, const QByteArray &bytes)
 {
-    return !open() && !putOwnFile(copyPath(number), bytes);
+    return open() && putOwnFile(copyPath(number), bytes);
 }
 
 bool RecoveryStore::has(int number) const
 {
-    FileKind kind = FileKind::Nothing;
-    return !m_folder.isEmpty() && !findOwnKind(copyPath(number), kind) && kind == FileKind::File;
+    return !m_folder.isEmpty() && findOwnKind(copyPath(number)) == FileKind::File;
 }
 
-std::optional<QString> RecoveryStore::read(int number, QByteArray &bytes) const
+Result<QByteArray> RecoveryStore::read(int number) const
 {
     constexpr qint64 largestCopy = 4 * largestFile; // texts in UTF-16, and what each cell has besides
-    const auto error = readWholeFile(copyPath(number), bytes, largestCopy);
-    return error ? std::optional(error->reason()) : std::nullopt;
+    return readWholeFile(copyPath(number), largestCopy);
 }
 
 void RecoveryStore::remove(int number)
@@ -116,19 +114,22 @@ void RecoveryStore::remove(int number)
 
 void RecoveryStore::setAside(int number)
 {
-    renameOwnFileOnce(copyPath(number), m_root + u"/%1-%2.damaged"_s.arg(newFolderName()).arg(number));
+    static_cast<void>(
+        renameOwnFileOnce(copyPath(number), m_root + u"/%1-%2.damaged"_s.arg(newFolderName()).arg(number)));
 }
 
 QList<int> RecoveryStore::takeOver()
 {
     QList<int> numbers;
-    m_leftBehind.reset();
-    QList<FolderEntry> entries;
-    FileKind kind = FileKind::Nothing;
-    note(findKind(m_root, kind));
+    m_lastTakeOver = {};
+    FolderListing listing;
+    const auto kind = findKind(m_root);
+    note(kind);
     if (kind == FileKind::Folder) {
-        note(listFolder(m_root, entries));
+        listing = listFolder(m_root);
+        note(listing.outcome);
     }
+    const QList<FolderEntry> &entries = listing.entries;
     for (const FolderEntry &entry : entries) {
         const QString folder = m_root + u'/' + entry.name;
         if (entry.kind == FileKind::Folder && isNamed(entry, folderPattern) && folder != m_folder) {
@@ -144,18 +145,16 @@ QList<int> RecoveryStore::takeOver()
 void RecoveryStore::takeOverFrom(const QString &folder, QList<int> &numbers)
 {
     ProcessLock lock(lockName(folder));
-    switch (lock.lock()) {
-    case ProcessLock::Result::Held:
-        return; // its owner lives
-    case ProcessLock::Result::Failed:
-        note(lock.reason());
+    const auto locked = lock.lock();
+    if (!locked) {
+        if (locked.failure().code != FailureCode::LockHeld) { // else its owner lives
+            note(locked);
+        }
         return;
-    case ProcessLock::Result::Locked:
-        break;
     }
     // Another start may have taken it over just before.
-    FileKind kind = FileKind::Nothing;
-    note(findOwnKind(folder, kind));
+    const auto kind = findOwnKind(folder);
+    note(kind);
     if (kind == FileKind::Folder) {
         moveFrom(folder, numbers);
     }
@@ -165,9 +164,9 @@ void RecoveryStore::takeOverFrom(const QString &folder, QList<int> &numbers)
 /// meanwhile leaves them to it.
 void RecoveryStore::moveFrom(const QString &folder, QList<int> &numbers)
 {
-    QList<FolderEntry> entries;
-    note(listFolder(folder, entries));
-    for (const FolderEntry &entry : entries) {
+    const FolderListing listing = listFolder(folder);
+    note(listing.outcome);
+    for (const FolderEntry &entry : listing.entries) {
         const QString path = folder + u'/' + entry.name;
         if (entry.kind == FileKind::File && isNamed(entry, copyPattern)) {
             moveCopy(path, numbers);
@@ -181,22 +180,30 @@ void RecoveryStore::moveFrom(const QString &folder, QList<int> &numbers)
 void RecoveryStore::moveCopy(const QString &path, QList<int> &numbers)
 {
     const int number = newNumber();
-    auto reason = open();
-    if (!reason) {
-        reason = renameOwnFileOnce(path, copyPath(number));
+    auto moved = open();
+    if (moved) {
+        moved = renameOwnFileOnce(path, copyPath(number));
     }
     keepForUser(copyPath(number));
-    if (!reason || has(number)) { // also where only the wait for the disk has failed
+    if (moved || has(number)) { // also if only the wait for the disk has failed
         numbers << number;
     } else {
-        note(reason);
+        note(moved);
     }
 }
 
-void RecoveryStore::note(const std::optional<QString> &reason)
+/// The first failure is the one that is told.
+void RecoveryStore::note(const Result<> &outcome)
 {
-    if (!m_leftBehind) {
-        m_leftBehind = reason;
+    if (m_lastTakeOver) {
+        m_lastTakeOver = outcome;
+    }
+}
+
+void RecoveryStore::note(const Result<FileKind> &kind)
+{
+    if (!kind) {
+        note(Result<>(kind.failure()));
     }
 }
 
@@ -205,7 +212,7 @@ void RecoveryStore::removeLock(const QString &folder, const QList<FolderEntry> &
 {
     if (folder != m_folder && !isThere(entries, folder.sliced(m_root.size() + 1))) {
         ProcessLock lock(lockName(folder));
-        lock.lock(); // and gives it back, file and all
+        static_cast<void>(lock.lock()); // gives it back at once, and removes its file
     }
 }
 

@@ -8,14 +8,13 @@
 #include <QString>
 
 #include <memory>
-#include <optional>
 
-/// The recovery copies of one running program, each under a number of its own. They lie in a folder that is locked as
-/// long as the program lives, so that another one takes over copies of the dead only. The folder is made with the first
-/// copy.
+/// The recovery copies of one running program, each under a number of its own. They are in a folder that is locked as
+/// long as the program lives, so that another one takes over the copies of crashed instances only. The folder is made
+/// with the first copy.
 ///
-/// Whatever in the folder of all programs is not named as this class names it is somebody's and left alone; links are
-/// never followed, and no folder is removed that is not empty.
+/// Whatever in the folder of all programs is not named as this class names it is somebody else's and left alone; links
+/// are never followed, and no folder is removed that is not empty.
 class RecoveryStore
 {
 public:
@@ -35,8 +34,8 @@ public:
     bool write(int number, const QByteArray &bytes);
     /// Whether there is a copy of that number.
     bool has(int number) const;
-    /// Returns the system's reason when a copy cannot be read now; nothing when bytes holds it.
-    std::optional<QString> read(int number, QByteArray &bytes) const;
+    /// The bytes of a copy. Fails if it cannot be read now.
+    Result<QByteArray> read(int number) const;
     void remove(int number);
     /// Takes a copy that is of no use out of every program's way, without destroying it.
     void setAside(int number);
@@ -44,15 +43,16 @@ public:
     /// Makes the copies of programs that have died this program's own; returns their numbers, oldest first. What cannot
     /// be taken over now stays for the next start.
     QList<int> takeOver();
-    /// Why not all copies could be taken over the last time; nothing when they could.
-    const std::optional<QString> &leftBehind() const { return m_leftBehind; }
+    /// Fails if not all copies could be taken over the last time.
+    const Result<> &lastTakeOver() const { return m_lastTakeOver; }
 
 private:
-    std::optional<QString> open();
+    Result<> open();
     void takeOverFrom(const QString &folder, QList<int> &numbers);
     void moveFrom(const QString &folder, QList<int> &numbers);
     void moveCopy(const QString &path, QList<int> &numbers);
-    void note(const std::optional<QString> &reason);
+    void note(const Result<> &outcome);
+    void note(const Result<FileKind> &kind);
     void removeLock(const QString &folder, const QList<FolderEntry> &entries) const;
     void dropOldDamaged(const QList<FolderEntry> &entries) const;
     QString copyPath(int number) const;
@@ -61,5 +61,5 @@ private:
     QString m_folder; ///< empty before the first copy
     std::unique_ptr<ProcessLock> m_lock;
     int m_lastNumber = 0;
-    std::optional<QString> m_leftBehind;
+    Result<> m_lastTakeOver;
 };

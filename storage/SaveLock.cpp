@@ -37,6 +37,7 @@ QString lockPath(const QString &fileName)
 SaveLock::SaveLock(const QString &fileName) : m_lock(lockPath(fileName))
 {
     constexpr auto longest = 3s;
-    makeOwnFolder(lockFolder());
-    m_result = m_lock.lock(longest);
+    static_cast<void>(makeOwnFolder(lockFolder())); // without it, there is no lock
+    const auto locked = m_lock.lock(longest);
+    m_isTaken = !locked && locked.failure().code == FailureCode::LockHeld;
 }

@@ -14,9 +14,9 @@ public:
 
     /// Whether another program still saves the file. Where no lock can be made (the home folder is full or read-only)
     /// the save goes on without.
-    bool isTaken() const { return m_result == ProcessLock::Result::Held; }
+    bool isTaken() const { return m_isTaken; }
 
 private:
     ProcessLock m_lock;
-    ProcessLock::Result m_result;
+    bool m_isTaken;
 };

@@ -53,66 +53,70 @@ QList<Version> VersionFolder::versionsIn(const QList<FolderEntry> &entries)
     return versions;
 }
 
-std::optional<QString> VersionFolder::list(QList<Version> &versions) const
+Result<QList<Version>> VersionFolder::list() const
 {
-    QList<FolderEntry> entries;
-    FileKind kind = FileKind::Nothing;
-    auto reason = findKind(m_path, kind);
-    if (!reason && kind != FileKind::Nothing) {
-        reason = listFolder(m_path, entries);
+    const auto kind = findKind(m_path);
+    if (!kind) {
+        return kind.failure();
     }
-    versions = versionsIn(entries);
-    return reason;
+    if (*kind == FileKind::Nothing) {
+        return QList<Version>();
+    }
+    const FolderListing listing = listFolder(m_path);
+    if (!listing.outcome) {
+        return listing.outcome.failure();
+    }
+    return versionsIn(listing.entries);
 }
 
-std::optional<QString> VersionFolder::add(const QByteArray &content) const
+Result<> VersionFolder::add(const QByteArray &content) const
 {
-    QList<Version> versions;
-    if (auto reason = list(versions)) {
-        return reason;
+    auto listed = list();
+    if (!listed) {
+        return listed.failure();
     }
+    QList<Version> &versions = *listed;
     if (!versions.isEmpty() && holds(versions.last(), content)) {
-        return std::nullopt; // another copy of it would only push an earlier version out
+        return {}; // another copy of it would only push an earlier version out
     }
-    if (auto reason = makeOwnFolder(m_path)) {
-        return reason;
+    if (auto made = makeOwnFolder(m_path); !made) {
+        return made;
     }
     keepForUser(m_path);
-    if (auto reason = write(versions.isEmpty() ? 1 : versions.last().number + 1, content)) {
-        return reason;
+    if (auto written = write(versions.isEmpty() ? 1 : versions.last().number + 1, content); !written) {
+        return written;
     }
     // The new one is not among these, so it is never the one that goes.
     while (versions.size() >= keptVersions) {
         QFile::remove(pathOf(versions.takeFirst()));
     }
-    return std::nullopt;
+    return {};
 }
 
 /// Writes beside the versions and renames, so that a version is whole whenever it is there.
-std::optional<QString> VersionFolder::write(qint64 number, const QByteArray &content) const
+Result<> VersionFolder::write(qint64 number, const QByteArray &content) const
 {
     const QString unfinished = unfinishedName(m_path + u'/');
-    if (auto reason = writeOwnFile(unfinished, content)) {
-        return reason;
+    if (auto written = writeOwnFile(unfinished, content); !written) {
+        return written;
     }
     // Another Tabrix may take the same number at the same moment.
     constexpr int attempts = 10;
-    std::optional<QString> reason;
+    Result<> renamed;
     for (int attempt = 0; attempt < attempts; ++attempt) {
-        reason =
+        renamed =
             renameOwnFileOnce(unfinished, m_path + u'/' + versionName(number + attempt, QDateTime::currentDateTime()));
-        if (reason != qt_error_string(EEXIST)) {
+        if (renamed || renamed.failure().systemError != EEXIST) {
             break;
         }
     }
-    if (reason) {
-        QFile::remove(unfinished); // nothing where only the wait for the disk has failed
+    if (!renamed) {
+        QFile::remove(unfinished); // nothing if only the wait for the disk has failed
     }
-    return reason;
+    return renamed;
 }
 
 bool VersionFolder::holds(const Version &version, const QByteArray &content) const
 {
-    QByteArray kept;
-    return !readWholeFile(pathOf(version), kept) && kept == content;
+    return readWholeFile(pathOf(version)) == content;
 }

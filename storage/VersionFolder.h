@@ -28,21 +28,20 @@ public:
     const QString &path() const { return m_path; }
     QString pathOf(const Version &version) const { return m_path + u'/' + version.name; }
 
-    /// The versions, oldest first; none for a folder that is not there. Returns the system's reason when the folder
-    /// cannot be listed.
-    std::optional<QString> list(QList<Version> &versions) const;
+    /// The versions, oldest first; none for a folder that is not there. Fails if the folder cannot be listed.
+    Result<QList<Version>> list() const;
 
-    /// Keeps content as the newest version, unless that holds the same, and lets the oldest go beyond ten. Returns the
-    /// system's reason when the version is not on the disk as a whole.
-    std::optional<QString> add(const QByteArray &content) const;
+    /// Keeps content as the newest version, unless that holds the same, and lets the oldest go beyond ten. Fails
+    /// if the version is not on the disk as a whole.
+    Result<> add(const QByteArray &content) const;
 
-    /// What a file of that name is a version of; nothing for any other name.
+    /// What a file of that name is a version of; `std::nullopt` for any other name.
     static std::optional<Version> versionOf(const QString &name);
     /// The versions among the entries of such a folder, oldest first.
     static QList<Version> versionsIn(const QList<FolderEntry> &entries);
 
 private:
-    std::optional<QString> write(qint64 number, const QByteArray &content) const;
+    Result<> write(qint64 number, const QByteArray &content) const;
     bool holds(const Version &version, const QByteArray &content) const;
 
     QString m_path;

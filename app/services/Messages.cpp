@@ -1,7 +1,8 @@
 #include "app/services/Messages.h"
 
 #include "app/services/Language.h"
-#include "runtime/FileFailure.h"
+
+#include <optional>
 
 namespace {
 
@@ -21,6 +22,51 @@ QString filled(QStringView text, const QStringList &arguments)
     return result;
 }
 
+/// The text for a code; `std::nullopt` for a silent one.
+std::optional<OwnText> textOf(FailureCode code)
+{
+    switch (code) {
+    case FailureCode::Overflow:
+        return OwnText::Overflow;
+    case FailureCode::TypeMismatch:
+        return OwnText::TypeMismatch;
+    case FailureCode::SubscriptOutOfRange:
+        return OwnText::SubscriptOutOfRange;
+    case FailureCode::InputPastEnd:
+        return OwnText::InputPastEnd;
+    case FailureCode::PrinterError:
+        return OwnText::PrinterError;
+    case FailureCode::System:
+    case FailureCode::LockHeld:
+        return OwnText::SystemReason;
+    case FailureCode::NotAFile:
+        return OwnText::NotAFile;
+    case FailureCode::FileTooLarge:
+        return OwnText::FileTooLarge;
+    case FailureCode::FileChanging:
+        return OwnText::FileChanging;
+    case FailureCode::RowCharacterMissing:
+        return OwnText::RowCharacterMissing;
+    case FailureCode::KeyCharacterMissing:
+        return OwnText::KeyCharacterMissing;
+    case FailureCode::FileBeingSaved:
+        return OwnText::FileBeingSaved;
+    case FailureCode::FileChanged:
+        return OwnText::FileChangedQuestion;
+    case FailureCode::FileAppeared:
+        return OwnText::FileAppearedQuestion;
+    case FailureCode::VersionNotKept:
+        return OwnText::SaveWithoutVersion;
+    case FailureCode::CopiesNotRead:
+        return OwnText::CopiesNotRead;
+    case FailureCode::NoParameterSection:
+    case FailureCode::NoFileName:
+    case FailureCode::Declined:
+        return std::nullopt;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
 QString ownText(OwnText id, const QStringList &arguments)
@@ -29,12 +75,11 @@ QString ownText(OwnText id, const QStringList &arguments)
     return filled(LanguageBase == JapaneseBase ? entry.japanese : entry.english, arguments);
 }
 
-QString runTimeErrorText(RunTimeError error)
+QString failureText(const Failure &failure)
 {
-    return failureText(FileFailure::of(error));
-}
-
-QString failureText(const FileFailure &failure)
-{
-    return failure.text ? ownText(*failure.text, failure.arguments) : QString();
+    const auto text = textOf(failure.code);
+    if (!text) {
+        return {};
+    }
+    return ownText(*text, *text == OwnText::SystemReason ? QStringList{failure.reason()} : failure.arguments);
 }

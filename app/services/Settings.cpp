@@ -44,9 +44,7 @@ void setText(QSettings &store, QLatin1StringView section, const QString &key, co
 /// A text that is no boolean counts as missing.
 bool storedFlag(const QSettings &store, QLatin1StringView section, const QString &key, bool otherwise)
 {
-    const Converted<bool> value = toBoolean(storedText(store, section, key));
-    const bool *flag = std::get_if<bool>(&value);
-    return flag ? *flag : otherwise;
+    return toBoolean(storedText(store, section, key)).valueOr(otherwise);
 }
 
 void setFlag(QSettings &store, QLatin1StringView section, const QString &key, bool flag)
@@ -89,9 +87,7 @@ qint16 windowStateFrom(const QString &text)
     if (text.isEmpty()) {
         return maximised;
     }
-    const Converted<qint16> state = toInt16(leadingNumber(text));
-    const qint16 *fits = std::get_if<qint16>(&state);
-    return fits ? *fits : maximised;
+    return toInt16(leadingNumber(text)).valueOr(maximised);
 }
 
 } // namespace

@@ -64,7 +64,7 @@ void DocumentPrinter::toPrinter(QPrinter &printer)
         outcome = runJob(printer, &DocumentPrinter::printParameters);
     }
     if (outcome == PrintOutcome::Failed) {
-        report(runTimeErrorText(RunTimeError::PrinterError));
+        report(failureText({FailureCode::PrinterError}));
     }
 }
 
@@ -96,7 +96,7 @@ void DocumentPrinter::toPdf(const QString &fileName, const QPageLayout &layout)
     }
     if (!isWhole || !file.commit()) {
         const QString reason = file.errorString();
-        report(reason.isEmpty() ? runTimeErrorText(RunTimeError::PrinterError) : reason);
+        report(reason.isEmpty() ? failureText({FailureCode::PrinterError}) : reason);
     }
 }
 

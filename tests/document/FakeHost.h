@@ -12,15 +12,19 @@ class FakeHost : public SaveHost
 {
 public:
     void showMessage(const QString &text) override { messages << text; }
-    void showFailure(const FileFailure &failure, const QString &title) override
+    void showFailure(const Failure &failure, const QString &title) override
     {
         messages << failureText(failure);
         titles << title;
         busyAtError = busyAtError || busy;
     }
-    bool askYesNo(const FileFailure &question, const QString &title) override
+    bool askToReplace(const Failure &obstacle, const QString &title) override
     {
-        questions << failureText(question);
+        return askYesNo(failureText(obstacle), title);
+    }
+    bool askYesNo(const QString &question, const QString &title) override
+    {
+        questions << question;
         titles << title;
         if (duringQuestion) {
             duringQuestion();
@@ -33,7 +37,7 @@ public:
         titles << title;
         return answersYes;
     }
-    void showPlace(const CellPlace &place) override { places << place; }
+    void showCell(const CellPosition &cell) override { cells << cell; }
     void setBusy(bool on) override
     {
         busy = on;
@@ -50,11 +54,11 @@ public:
     QStringList messages; ///< of both kinds, in order
     QStringList questions;
     QList<ReadBackFinding> findings; ///< of the last question about them
-    QList<CellPlace> places; ///< that the user was led to
+    QList<CellPosition> cells; ///< that the user was led to
     bool answersYes = false; ///< to every question
     QStringList titles; ///< of the errors and questions
     bool busy = false;
-    bool busyAtError = false; ///< an error was shown under the busy pointer
+    bool busyAtError = false; ///< an error was shown under the busy cursor
     int busyCalls = 0;
     int eventPasses = 0;
     std::function<void()> duringEvents;

@@ -152,10 +152,10 @@ TEST(RangeTexts, thatAreEmptyLeaveTheRangesAlone)
 
 TEST(RangeTexts, overflowBeyondASingleAndBeyondACount)
 {
-    EXPECT_TRUE(std::holds_alternative<RunTimeError>(rangesFromText(u"0-1e39")));
-    EXPECT_TRUE(std::holds_alternative<RunTimeError>(rangesFromText(u"1e400,2")));
-    EXPECT_TRUE(std::holds_alternative<RunTimeError>(rangesFromText(QString(32767, u','))));
-    EXPECT_TRUE(std::holds_alternative<QList<SettingRange>>(rangesFromText(QString(32766, u','))));
+    EXPECT_FALSE(rangesFromText(u"0-1e39"));
+    EXPECT_FALSE(rangesFromText(u"1e400,2"));
+    EXPECT_FALSE(rangesFromText(QString(32767, u',')));
+    EXPECT_TRUE(rangesFromText(QString(32766, u',')));
 }
 
 /// What a grid of one row with that cell becomes.
@@ -164,7 +164,7 @@ PrRecord collected(int column, const QString &cell)
     FakeGrid grid;
     grid.rows = {FakeGrid::emptyRow()};
     grid.rows[0][column - 1] = cell;
-    EXPECT_EQ(CollectPrRecords(grid), std::nullopt);
+    EXPECT_TRUE(CollectPrRecords(grid));
     return PrRecords.value(0);
 }
 
@@ -235,7 +235,7 @@ TEST(Collecting, countsTheConditionsItself)
     grid.rows = {FakeGrid::emptyRow()};
     grid.rows[0][11] = u"9"_s;
     grid.rows[0][12] = u"79=1,X=2"_s;
-    ASSERT_EQ(CollectPrRecords(grid), std::nullopt);
+    ASSERT_TRUE(CollectPrRecords(grid));
     EXPECT_EQ(PrRecords[0].conditionCount, 1);
     EXPECT_EQ(PrRecords[0].conditions, (QList<PrCondition>{{u"79"_s, 0, u"1"_s, {}}}));
 }
@@ -247,7 +247,7 @@ TEST(Collecting, holdsExactlyTheGridsRows)
     FakeGrid grid;
     grid.rows = {FakeGrid::emptyRow(), FakeGrid::emptyRow()};
     grid.rows[1][0] = u"second"_s;
-    ASSERT_EQ(CollectPrRecords(grid), std::nullopt);
+    ASSERT_TRUE(CollectPrRecords(grid));
     ASSERT_EQ(PrRecords.size(), 2);
     EXPECT_EQ(PrRecords[0].name, u""_s);
     EXPECT_EQ(PrRecords[1].number, u"second"_s);
@@ -261,7 +261,7 @@ TEST(Collecting, stopsAtANumberThatItsFieldCannotHold)
         FakeGrid grid;
         grid.rows = {FakeGrid::emptyRow()};
         grid.rows[0][column - 1] = cell;
-        EXPECT_EQ(CollectPrRecords(grid), RunTimeError::Overflow) << column;
+        EXPECT_EQ(CollectPrRecords(grid), FailureCode::Overflow) << column;
     }
 }
 

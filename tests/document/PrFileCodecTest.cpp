@@ -33,7 +33,7 @@ TEST(PrFileCodec, decodesAndEncodesTheSameBytes)
 {
     const QByteArray file = fileOf(firstRow + secondRow, "2");
     DecodedPrFile decoded = decodePrFile(file, western());
-    ASSERT_FALSE(decoded.failure);
+    ASSERT_TRUE(decoded.outcome);
     EXPECT_EQ(decoded.document.machine.Name, u"XT"_s);
     EXPECT_EQ(decoded.document.codePage, 1252);
     ASSERT_EQ(decoded.document.rows.size(), 3);
@@ -66,7 +66,7 @@ TEST(PrFileCodec, callsBackAfterEachRow)
     Document document;
     document.codePage = 1252;
     PrFileDecoder decoder(fileOf(firstRow + secondRow, "2"), western());
-    EXPECT_FALSE(decoder.decodeRows(2, document.rows, [&] { EXPECT_EQ(document.rows.size(), ++calls); }));
+    EXPECT_TRUE(decoder.decodeRows(2, document.rows, [&] { EXPECT_EQ(document.rows.size(), ++calls); }));
     EXPECT_EQ(calls, 2);
     encodePrFile(document, [&] { ++calls; });
     EXPECT_EQ(calls, 5);
@@ -78,7 +78,7 @@ TEST(PrFileCodec, keepsWhatTheFileDoesNotName)
     earlier.Name = u"old"_s;
     earlier.Paramater = 1;
     MachineInfo machine = earlier;
-    EXPECT_FALSE(PrFileDecoder("[Inverter]\r\nCode=9\r\n[Paramater]\r\n", western()).decodeMachine(machine));
+    EXPECT_TRUE(PrFileDecoder("[Inverter]\r\nCode=9\r\n[Paramater]\r\n", western()).decodeMachine(machine));
     EXPECT_EQ(machine, earlier);
 }
 
@@ -86,7 +86,7 @@ struct Broken
 {
     const char *what;
     QByteArray file;
-    OwnText text;
+    FailureCode code;
     FilePosition position; ///< offset from the first row on; in the section from the file's beginning
     int rowsLeft; ///< that were read, the broken one included
 };
@@ -98,16 +98,17 @@ class BrokenFile : public testing::TestWithParam<Broken>
 TEST_P(BrokenFile, saysWhatIsWrongAndWhere)
 {
     const auto decoded = decodePrFile(GetParam().file, western());
-    ASSERT_TRUE(decoded.failure);
-    EXPECT_EQ(decoded.failure->text, GetParam().text);
-    ASSERT_TRUE(decoded.failure->position);
+    ASSERT_FALSE(decoded.outcome);
+    EXPECT_EQ(decoded.outcome.failure().code, GetParam().code);
+    const auto position = decoded.outcome.failure().position;
+    ASSERT_TRUE(position);
     FilePosition expected = GetParam().position;
     if (expected.row > 0) {
         expected.offset += GetParam().file.indexOf("[Paramater]\r\n") + 13;
     }
-    EXPECT_EQ(decoded.failure->position->row, expected.row);
-    EXPECT_EQ(decoded.failure->position->field, expected.field);
-    EXPECT_EQ(decoded.failure->position->offset, expected.offset);
+    EXPECT_EQ(position->row, expected.row);
+    EXPECT_EQ(position->field, expected.field);
+    EXPECT_EQ(position->offset, expected.offset);
     EXPECT_EQ(decoded.document.rows.size(), GetParam().rowsLeft);
 }
 
@@ -115,14 +116,14 @@ const int rowLength = int(firstRow.size());
 
 INSTANTIATE_TEST_SUITE_P(Files, BrokenFile,
     testing::ValuesIn(std::vector<Broken>{
-        {"count of the section", fileOf(firstRow, "x"), OwnText::TypeMismatch, {0, 0, usualSection.size() + 10}, 0},
-        {"condition count", fileOf(firstRow + "99999,", "2"), OwnText::Overflow, {2, 1, rowLength}, 2},
-        {"end in a row", fileOf(firstRow + "0,1,2,n", "2"), OwnText::InputPastEnd, {2, 5, rowLength + 7}, 2},
-        {"negative range count", fileOf("0,1,2,n,u,1,-1,-1,0,0,0,-2,\r\n", "1"), OwnText::SubscriptOutOfRange,
+        {"count of the section", fileOf(firstRow, "x"), FailureCode::TypeMismatch, {0, 0, usualSection.size() + 10}, 0},
+        {"condition count", fileOf(firstRow + "99999,", "2"), FailureCode::Overflow, {2, 1, rowLength}, 2},
+        {"end in a row", fileOf(firstRow + "0,1,2,n", "2"), FailureCode::InputPastEnd, {2, 5, rowLength + 7}, 2},
+        {"negative range count", fileOf("0,1,2,n,u,1,-1,-1,0,0,0,-2,\r\n", "1"), FailureCode::SubscriptOutOfRange,
             {1, 12, 24}, 1},
-        {"kind of a condition", fileOf("1,1,2,n,u,1,-1,-1,0,0,0,0,79,999,1\r\n", "1"), OwnText::Overflow, {1, 14, 29},
-            1},
-        {"two rows too many", fileOf(firstRow + firstRow + firstRow, "1"), OwnText::SubscriptOutOfRange,
+        {"kind of a condition", fileOf("1,1,2,n,u,1,-1,-1,0,0,0,0,79,999,1\r\n", "1"), FailureCode::Overflow,
+            {1, 14, 29}, 1},
+        {"two rows too many", fileOf(firstRow + firstRow + firstRow, "1"), FailureCode::SubscriptOutOfRange,
             {3, 0, 2 * rowLength}, 2},
     }),
     [](const auto &tested) { return QByteArray(tested.param.what).replace(' ', '_').toStdString(); });
@@ -130,8 +131,9 @@ INSTANTIATE_TEST_SUITE_P(Files, BrokenFile,
 TEST(PrFileCodec, isSilentWithoutTheRowsLine)
 {
     const auto decoded = decodePrFile(usualSection, western());
-    ASSERT_TRUE(decoded.failure);
-    EXPECT_FALSE(decoded.failure->text);
+    ASSERT_FALSE(decoded.outcome);
+    EXPECT_EQ(decoded.outcome.failure().code, FailureCode::NoParameterSection);
+    EXPECT_TRUE(decoded.outcome.failure().isSilent());
     EXPECT_FALSE(decoded.findings);
     EXPECT_EQ(decoded.document.machine.Code, u"35"_s);
 }
@@ -150,7 +152,7 @@ TEST(PrFileCodec, writesUpToACapacityWithoutItsCurrent)
     const EncodedPrFile encoded = encodePrFile(document);
     EXPECT_TRUE(encoded.isWritable());
     EXPECT_TRUE(encoded.isPart);
-    EXPECT_EQ(encoded.failure->text, OwnText::SubscriptOutOfRange);
+    EXPECT_EQ(encoded.outcome.failure().code, FailureCode::SubscriptOutOfRange);
     EXPECT_TRUE(encoded.bytes.endsWith("Capacity1=0.75\r\n"));
 }
 
@@ -161,10 +163,10 @@ TEST(PrFileCodec, refusesACharacterThatThePageLacks)
     const EncodedPrFile encoded = encodePrFile(document);
     EXPECT_FALSE(encoded.isWritable());
     EXPECT_TRUE(encoded.bytes.isEmpty());
-    EXPECT_EQ(encoded.failure->text, OwnText::RowCharacterMissing);
-    EXPECT_EQ(encoded.failure->arguments, (QStringList{u"1"_s, u"度"_s, u"5EA6"_s, u"1252"_s}));
-    ASSERT_TRUE(encoded.failure->place);
-    EXPECT_EQ(encoded.failure->place->row, 1);
+    EXPECT_EQ(encoded.outcome.failure().code, FailureCode::RowCharacterMissing);
+    EXPECT_EQ(encoded.outcome.failure().arguments, (QStringList{u"1"_s, u"度"_s, u"5EA6"_s, u"1252"_s}));
+    ASSERT_TRUE(encoded.outcome.failure().cell);
+    EXPECT_EQ(encoded.outcome.failure().cell->row, 1);
     document.codePage = 932;
     EXPECT_TRUE(encodePrFile(document).isWritable());
 }

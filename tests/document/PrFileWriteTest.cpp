@@ -148,14 +148,14 @@ TEST_F(Writing, refusesACharacterThatTheCodePageDoesNotHave)
     grid.rows << FakeGrid::emptyRow();
     grid.rows[1][1] = u"Drehzahl 漢"_s;
     expectRefusal(u"Row 2: the character \"漢\" (U+6F22) does not exist in code page 1252."_s);
-    EXPECT_EQ(host.places, (QList<CellPlace>{{.row = 2, .column = ParameterColumn::Name}}));
+    EXPECT_EQ(host.cells, (QList<CellPosition>{{.row = 2, .column = ParameterColumn::Name}}));
 }
 
 TEST_F(Writing, refusesACharacterOfTwoUnitsAsAWhole)
 {
     setCell(8, u"\U0001F600"_s);
     expectRefusal(u"Row 1: the character \"\U0001F600\" (U+1F600) does not exist in code page 1252."_s);
-    EXPECT_EQ(host.places, (QList<CellPlace>{{.row = 1, .column = ParameterColumn::Unit}}));
+    EXPECT_EQ(host.cells, (QList<CellPosition>{{.row = 1, .column = ParameterColumn::Unit}}));
 }
 
 TEST_F(Writing, refusesSuchACharacterInTheMachineInformationEvenBeforeAMissingCurrent)

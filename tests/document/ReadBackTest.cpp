@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 void PrintTo(const ReadBackFinding &finding, std::ostream *out)
 {
-    *out << "fault " << int(finding.fault) << " in row " << finding.place.row << ", column " << finding.place.column
+    *out << "fault " << int(finding.fault) << " in row " << finding.cell.row << ", column " << finding.cell.column
          << ", " << finding.name.toStdString();
 }
 
@@ -57,7 +57,7 @@ protected:
         EXPECT_FALSE(save(file, grid));
         EXPECT_EQ(host.findings, findings);
         EXPECT_EQ(host.titles, QStringList{file});
-        EXPECT_EQ(host.places, QList<CellPlace>{findings.first().place});
+        EXPECT_EQ(host.cells, QList<CellPosition>{findings.first().cell});
         EXPECT_TRUE(host.messages.isEmpty());
         EXPECT_EQ(contentOf(file), "earlier");
         EXPECT_TRUE(DocFlags[docNo].changed);
@@ -87,7 +87,7 @@ TEST_P(SpoiledCell, isAskedAbout)
 {
     setCell(GetParam().column, GetParam().text);
     const QString number = grid.rows[1][0];
-    expectQuestion({{.fault = GetParam().fault, .place = {.row = 2, .column = GetParam().column}, .name = number}});
+    expectQuestion({{.fault = GetParam().fault, .cell = {.row = 2, .column = GetParam().column}, .name = number}});
     EXPECT_FALSE(comesBack());
 }
 
@@ -116,7 +116,7 @@ TEST_F(ReadBack, asksAboutABoundThatTheGridWouldTakeForARange)
 {
     setCell(ParameterColumn::SettingRange, u"0.00005"_s);
     expectQuestion({{.fault = ReadBackFault::BoundDigits,
-        .place = {.row = 2, .column = ParameterColumn::SettingRange},
+        .cell = {.row = 2, .column = ParameterColumn::SettingRange},
         .name = u"79"_s}});
 }
 
@@ -124,7 +124,7 @@ TEST_F(ReadBack, asksAboutBytesThatWouldMeanAnotherCharacter)
 {
     setAnsiCodePageNumber(932);
     setCell(Name, u"\uF781A"_s); // a lead byte and what would be its second
-    expectQuestion({{.fault = ReadBackFault::Character, .place = {.row = 2, .column = Name}, .name = u"79"_s}});
+    expectQuestion({{.fault = ReadBackFault::Character, .cell = {.row = 2, .column = Name}, .name = u"79"_s}});
     EXPECT_FALSE(comesBack());
 }
 
@@ -135,10 +135,10 @@ TEST_F(ReadBack, asksAboutEachCellOnceByRowAndColumnAfterTheMachineInformation)
     setCell(Name, u"d,e"_s);
     setCell(Unit, u" x"_s);
     MachineInfos[docNo].Code = u"3 "_s;
-    expectQuestion({{.fault = ReadBackFault::EdgeBlanks, .place = {}, .name = u"Code"_s},
-        {.fault = ReadBackFault::Comma, .place = {.row = 1, .column = Name}, .name = u"1"_s},
-        {.fault = ReadBackFault::Comma, .place = {.row = 2, .column = Name}, .name = u"79"_s},
-        {.fault = ReadBackFault::EdgeBlanks, .place = {.row = 2, .column = Unit}, .name = u"79"_s}});
+    expectQuestion({{.fault = ReadBackFault::EdgeBlanks, .cell = {}, .name = u"Code"_s},
+        {.fault = ReadBackFault::Comma, .cell = {.row = 1, .column = Name}, .name = u"1"_s},
+        {.fault = ReadBackFault::Comma, .cell = {.row = 2, .column = Name}, .name = u"79"_s},
+        {.fault = ReadBackFault::EdgeBlanks, .cell = {.row = 2, .column = Unit}, .name = u"79"_s}});
 }
 
 class HarmlessCell : public ReadBack, public testing::WithParamInterface<std::pair<int, QString>>
@@ -181,7 +181,7 @@ class SpoiledMachine : public ReadBack, public testing::WithParamInterface<Machi
 TEST_P(SpoiledMachine, isAskedAbout)
 {
     GetParam().spoil(MachineInfos[docNo]);
-    expectQuestion({{.fault = GetParam().fault, .place = {}, .name = GetParam().key}});
+    expectQuestion({{.fault = GetParam().fault, .cell = {}, .name = GetParam().key}});
     EXPECT_FALSE(comesBack());
 }
 
@@ -228,7 +228,7 @@ TEST_F(ReadBack, writesOnYesWhatItWouldHaveWrittenAnyway)
     EXPECT_TRUE(save(path(u"saved.inv"_s), grid));
     EXPECT_TRUE(contentOf(path(u"saved.inv"_s)).endsWith(",0,0,79,,a,b,,1,-1,-1,0,0,0,0,"));
     EXPECT_FALSE(DocFlags[docNo].changed);
-    EXPECT_TRUE(host.places.isEmpty());
+    EXPECT_TRUE(host.cells.isEmpty());
 }
 
 /// Documents full of what could go wrong: a question comes exactly where the document does not.

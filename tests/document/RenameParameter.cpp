@@ -27,13 +27,13 @@ int main(int count, char **arguments)
         return fail("usage: rename_parameter IN OUT NUMBER NAME");
     }
     const auto argument = [arguments](int i) { return QString::fromLocal8Bit(arguments[i]); };
-    QByteArray bytes;
-    if (readWholeFile(argument(1), bytes)) {
+    const auto bytes = readWholeFile(argument(1));
+    if (!bytes) {
         return fail("cannot be read");
     }
-    DecodedPrFile decoded = decodePrFile(bytes, pageOfBytes(bytes, ansiCodePage()));
-    if (decoded.failure) {
-        return fail("is not a parameter file", decoded.failure->position.value_or(FilePosition{}));
+    DecodedPrFile decoded = decodePrFile(*bytes, pageOfBytes(*bytes, ansiCodePage()));
+    if (!decoded.outcome) {
+        return fail("is not a parameter file", decoded.outcome.failure().position.value_or(FilePosition{}));
     }
     QList<PrRecord> &rows = decoded.document.rows;
     rows.resize(decoded.document.machine.Paramater);
@@ -46,5 +46,5 @@ int main(int count, char **arguments)
     if (!encoded.isWritable()) {
         return fail("cannot be written in its code page");
     }
-    return writeWholeFile(argument(2), encoded.bytes) ? fail("cannot be written") : 0;
+    return writeWholeFile(argument(2), encoded.bytes) ? 0 : fail("cannot be written");
 }

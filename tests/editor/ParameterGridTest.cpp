@@ -247,6 +247,6 @@ TEST_F(ParameterGrid, isCollectedAsItWasFilled)
     filled.conditions = {{u"OP"_s, 0, u"A1"_s, {}}};
     filled.conditionCount = 1;
     shown(filled);
-    EXPECT_FALSE(CollectPrRecords(ParameterCells(grid)));
+    EXPECT_TRUE(CollectPrRecords(ParameterCells(grid)));
     EXPECT_EQ(PrRecords, QList<PrRecord>{filled});
 }

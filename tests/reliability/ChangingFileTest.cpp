@@ -74,15 +74,13 @@ class ReadingAChangingFile : public testing::TestWithParam<int>
 TEST_P(ReadingAChangingFile, endsAsBusyAndNotWithHalfOfIt)
 {
     const ChangingFile file(GetParam());
-    QByteArray bytes;
-    std::optional<FileError> error;
+    Result<QByteArray> bytes = QByteArray();
     // On a machine with much to do the other program may rest for the time of a whole reading.
-    for (const QDeadlineTimer end(patience); !error && !end.hasExpired();) {
-        error = readWholeFile(file.fileName(), bytes);
+    for (const QDeadlineTimer end(patience); bytes && !end.hasExpired();) {
+        bytes = readWholeFile(file.fileName());
     }
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->kind, FileError::Kind::Changing);
-    EXPECT_EQ(bytes, "");
+    ASSERT_FALSE(bytes);
+    EXPECT_EQ(bytes.failure().code, FailureCode::FileChanging);
 }
 
 INSTANTIATE_TEST_SUITE_P(GrowingAndShrinking, ReadingAChangingFile, testing::Values(1, -1));
@@ -93,7 +91,5 @@ TEST(WholeFile, isReadOnceNobodyChangesItAnyMore)
     QFile file(folder.filePath(u"a.inv"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
     ASSERT_EQ(file.write("whole"), 5);
-    QByteArray bytes;
-    EXPECT_EQ(readWholeFile(file.fileName(), bytes), std::nullopt);
-    EXPECT_EQ(bytes, "whole");
+    EXPECT_EQ(readWholeFile(file.fileName()), QByteArray("whole"));
 }

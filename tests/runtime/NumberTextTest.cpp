@@ -159,7 +159,7 @@ TEST(LeadingNumberText, isWhatIsTakenForTheNumber)
 struct Int16Case
 {
     QString text;
-    Converted<qint16> result;
+    Result<qint16> result;
 };
 
 Int16Case gives(const QString &text, int value)
@@ -179,38 +179,38 @@ TEST_P(Int16Text, convertsWithHalvesToEven)
 INSTANTIATE_TEST_SUITE_P(Texts, Int16Text,
     testing::Values(gives(u"0.5"_s, 0), gives(u"1.5"_s, 2), gives(u"2.5"_s, 2), gives(u"3.5"_s, 4), gives(u"-0.5"_s, 0),
         gives(u"-1.5"_s, -2), gives(u"-2.5"_s, -2), gives(u"2.4999"_s, 2), gives(u"32767"_s, 32767),
-        gives(u"32767.4"_s, 32767), Int16Case{u"32767.5"_s, RunTimeError::Overflow},
-        Int16Case{u"32768"_s, RunTimeError::Overflow}, gives(u"-32768"_s, -32768),
-        Int16Case{u"-32769"_s, RunTimeError::Overflow}, gives(u"1e3"_s, 1000), gives(u"&HFFFF"_s, -1),
-        gives(u"&H8000"_s, -32768), gives(u"&H7FFF"_s, 32767), Int16Case{u"&H10000"_s, RunTimeError::Overflow},
-        Int16Case{u"3abc"_s, RunTimeError::TypeMismatch}, Int16Case{u""_s, RunTimeError::TypeMismatch},
-        Int16Case{u"1e400"_s, RunTimeError::Overflow}, gives(u" 3 "_s, 3), gives(u"0.01"_s, 0), gives(u".09"_s, 0)));
+        gives(u"32767.4"_s, 32767), Int16Case{u"32767.5"_s, FailureCode::Overflow},
+        Int16Case{u"32768"_s, FailureCode::Overflow}, gives(u"-32768"_s, -32768),
+        Int16Case{u"-32769"_s, FailureCode::Overflow}, gives(u"1e3"_s, 1000), gives(u"&HFFFF"_s, -1),
+        gives(u"&H8000"_s, -32768), gives(u"&H7FFF"_s, 32767), Int16Case{u"&H10000"_s, FailureCode::Overflow},
+        Int16Case{u"3abc"_s, FailureCode::TypeMismatch}, Int16Case{u""_s, FailureCode::TypeMismatch},
+        Int16Case{u"1e400"_s, FailureCode::Overflow}, gives(u" 3 "_s, 3), gives(u"0.01"_s, 0), gives(u".09"_s, 0)));
 
 TEST(Int16FromHex, takesLeadingDigitsAsBits)
 {
-    EXPECT_EQ(hexToInt16(u""), Converted<qint16>(qint16(0)));
-    EXPECT_EQ(hexToInt16(u"xyz"), Converted<qint16>(qint16(0)));
-    EXPECT_EQ(hexToInt16(u"0003"), Converted<qint16>(qint16(3)));
-    EXPECT_EQ(hexToInt16(u"00001a"), Converted<qint16>(qint16(26)));
-    EXPECT_EQ(hexToInt16(u" 1A"), Converted<qint16>(qint16(26)));
-    EXPECT_EQ(hexToInt16(u"12G4"), Converted<qint16>(qint16(0x12)));
-    EXPECT_EQ(hexToInt16(u"7FFF"), Converted<qint16>(qint16(32767)));
-    EXPECT_EQ(hexToInt16(u"8000"), Converted<qint16>(qint16(-32768)));
-    EXPECT_EQ(hexToInt16(u"FFFF"), Converted<qint16>(qint16(-1)));
-    EXPECT_EQ(hexToInt16(u"10000"), Converted<qint16>(RunTimeError::Overflow));
-    EXPECT_EQ(hexToInt16(u"FFFFFFFFFFFFFFFFFFFF"), Converted<qint16>(RunTimeError::Overflow));
+    EXPECT_EQ(hexToInt16(u""), qint16(0));
+    EXPECT_EQ(hexToInt16(u"xyz"), qint16(0));
+    EXPECT_EQ(hexToInt16(u"0003"), qint16(3));
+    EXPECT_EQ(hexToInt16(u"00001a"), qint16(26));
+    EXPECT_EQ(hexToInt16(u" 1A"), qint16(26));
+    EXPECT_EQ(hexToInt16(u"12G4"), qint16(0x12));
+    EXPECT_EQ(hexToInt16(u"7FFF"), qint16(32767));
+    EXPECT_EQ(hexToInt16(u"8000"), qint16(-32768));
+    EXPECT_EQ(hexToInt16(u"FFFF"), qint16(-1));
+    EXPECT_EQ(hexToInt16(u"10000"), FailureCode::Overflow);
+    EXPECT_EQ(hexToInt16(u"FFFFFFFFFFFFFFFFFFFF"), FailureCode::Overflow);
 }
 
 TEST(BooleanText, isAWordOrANumber)
 {
     for (const auto &text : {u"True"_s, u"true"_s, u"TRUE"_s, u"1"_s, u"-1"_s, u"2"_s, u"#TRUE#"_s, u"0.5"_s}) {
-        EXPECT_EQ(toBoolean(text), Converted<bool>(true)) << text.toStdString();
+        EXPECT_EQ(toBoolean(text), true) << text.toStdString();
     }
     for (const auto &text : {u"False"_s, u"FALSE"_s, u"0"_s, u"#FALSE#"_s}) {
-        EXPECT_EQ(toBoolean(text), Converted<bool>(false)) << text.toStdString();
+        EXPECT_EQ(toBoolean(text), false) << text.toStdString();
     }
     for (const auto &text : {u""_s, u"yes"_s, u"Truely"_s}) {
-        EXPECT_EQ(toBoolean(text), Converted<bool>(RunTimeError::TypeMismatch)) << text.toStdString();
+        EXPECT_EQ(toBoolean(text), FailureCode::TypeMismatch) << text.toStdString();
     }
 }
 

@@ -106,51 +106,44 @@ TEST_F(WholeFile, isReadAndWrittenThoughSignalsInterruptEveryCall)
     for (int calls = 1; calls <= 12; ++calls) { // each call in turn is interrupted, the first one several times
         interrupted = 0;
         interruptions = calls;
-        const auto writeError = writeWholeFile(path(u"a.inv"_s), "content");
+        const auto written = writeWholeFile(path(u"a.inv"_s), "content");
         interruptions = 0;
-        ASSERT_EQ(writeError, std::nullopt);
+        ASSERT_TRUE(written);
         ASSERT_EQ(interrupted, calls);
         interruptions = calls;
-        QByteArray bytes;
-        const auto readError = readWholeFile(path(u"a.inv"_s), bytes);
+        const auto bytes = readWholeFile(path(u"a.inv"_s));
         interruptions = 0;
-        ASSERT_EQ(readError, std::nullopt);
-        ASSERT_EQ(bytes, "content");
+        ASSERT_EQ(bytes, QByteArray("content"));
     }
 }
 
 TEST_F(WholeFile, beyondTheBoundIsRefusedBeforeItTakesMemory)
 {
-    QByteArray bytes = "former";
     for (const qint64 size : {largestFile + 1, qint64(3) << 30, qint64(1) << 40}) {
         const QString file = putSparse(size);
-        EXPECT_EQ(readWholeFile(file, bytes), (FileError{FileError::Kind::TooLarge, EFBIG})) << size;
-        EXPECT_EQ(bytes.capacity(), 0);
+        EXPECT_EQ(readWholeFile(file),
+            (Failure{.code = FailureCode::FileTooLarge, .arguments = {u"256"_s}, .systemError = EFBIG}))
+            << size;
     }
 }
 
 TEST_F(WholeFile, ofExactlyTheBoundIsRead)
 {
-    QByteArray bytes;
-    EXPECT_EQ(readWholeFile(put("12345"), bytes, 5), std::nullopt);
-    EXPECT_EQ(bytes, "12345");
-    EXPECT_EQ(readWholeFile(put("123456"), bytes, 5)->kind, FileError::Kind::TooLarge);
-    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(readWholeFile(put("12345"), 5), QByteArray("12345"));
+    EXPECT_EQ(readWholeFile(put("123456"), 5).failure().code, FailureCode::FileTooLarge);
 }
 
 TEST_F(WholeFile, thatTheSystemMakesUpIsReadThoughItSaysThatItHasNoBytes)
 {
-    QByteArray bytes;
-    ASSERT_EQ(readWholeFile(u"/proc/self/status"_s, bytes), std::nullopt);
-    EXPECT_TRUE(bytes.startsWith("Name:"));
-    EXPECT_EQ(readWholeFile(u"/proc/self/status"_s, bytes, 20)->kind, FileError::Kind::TooLarge);
+    const auto bytes = readWholeFile(u"/proc/self/status"_s);
+    ASSERT_TRUE(bytes);
+    EXPECT_TRUE(bytes->startsWith("Name:"));
+    EXPECT_EQ(readWholeFile(u"/proc/self/status"_s, 20).failure().code, FailureCode::FileTooLarge);
 }
 
 TEST_F(WholeFile, emptyIsRead)
 {
-    QByteArray bytes = "former";
-    EXPECT_EQ(readWholeFile(put(""), bytes), std::nullopt);
-    EXPECT_EQ(bytes, "");
+    EXPECT_EQ(readWholeFile(put("")), QByteArray());
 }
 
 namespace {
@@ -159,7 +152,7 @@ namespace {
 struct Obstacle
 {
     const char *name;
-    FileError error;
+    Failure failure;
     void (*make)(const QByteArray &path);
 };
 
@@ -168,8 +161,7 @@ void PrintTo(const Obstacle &obstacle, std::ostream *out)
     *out << obstacle.name;
 }
 
-constexpr FileError::Kind System = FileError::Kind::System;
-constexpr FileError::Kind NotAFile = FileError::Kind::NotAFile;
+const Failure notAFile{.code = FailureCode::NotAFile, .systemError = EINVAL};
 
 void makeSocket(const QByteArray &path)
 {
@@ -183,13 +175,14 @@ void makeSocket(const QByteArray &path)
 }
 
 const Obstacle obstacles[] = {
-    {"Nothing", {System, ENOENT}, [](const QByteArray &) {}},
-    {"AFolder", {System, EISDIR}, [](const QByteArray &path) { EXPECT_EQ(::mkdir(path, 0700), 0); }},
-    {"APipe", {NotAFile, EINVAL}, [](const QByteArray &path) { EXPECT_EQ(::mkfifo(path, 0600), 0); }},
-    {"ASocket", {NotAFile, EINVAL}, makeSocket},
-    {"ADevice", {NotAFile, EINVAL}, [](const QByteArray &path) { EXPECT_EQ(::symlink("/dev/zero", path), 0); }},
-    {"ALinkIntoNowhere", {System, ENOENT}, [](const QByteArray &path) { EXPECT_EQ(::symlink("/nowhere/a", path), 0); }},
-    {"ALinkToItself", {System, ELOOP}, [](const QByteArray &path) { EXPECT_EQ(::symlink(path, path), 0); }},
+    {"Nothing", Failure::system(ENOENT), [](const QByteArray &) {}},
+    {"AFolder", Failure::system(EISDIR), [](const QByteArray &path) { EXPECT_EQ(::mkdir(path, 0700), 0); }},
+    {"APipe", notAFile, [](const QByteArray &path) { EXPECT_EQ(::mkfifo(path, 0600), 0); }},
+    {"ASocket", notAFile, makeSocket},
+    {"ADevice", notAFile, [](const QByteArray &path) { EXPECT_EQ(::symlink("/dev/zero", path), 0); }},
+    {"ALinkIntoNowhere", Failure::system(ENOENT),
+        [](const QByteArray &path) { EXPECT_EQ(::symlink("/nowhere/a", path), 0); }},
+    {"ALinkToItself", Failure::system(ELOOP), [](const QByteArray &path) { EXPECT_EQ(::symlink(path, path), 0); }},
 };
 
 class ReadingAnObstacle : public WholeFile, public testing::WithParamInterface<Obstacle>
@@ -201,8 +194,7 @@ class ReadingAnObstacle : public WholeFile, public testing::WithParamInterface<O
 TEST_P(ReadingAnObstacle, failsWithTheTrueReason)
 {
     GetParam().make(QFile::encodeName(path(u"a.inv"_s)));
-    QByteArray bytes;
-    EXPECT_EQ(readWholeFile(path(u"a.inv"_s), bytes), GetParam().error);
+    EXPECT_EQ(readWholeFile(path(u"a.inv"_s)), GetParam().failure);
 }
 
 INSTANTIATE_TEST_SUITE_P(Obstacles, ReadingAnObstacle, testing::ValuesIn(obstacles),
@@ -213,34 +205,32 @@ TEST_F(WholeFile, isNotWaitedForWhereAPipeOrASocketStands)
     const QByteArray pipe = QFile::encodeName(path(u"pipe"_s));
     ASSERT_EQ(::mkfifo(pipe, 0600), 0);
     makeSocket(QFile::encodeName(path(u"socket"_s)));
-    EXPECT_EQ(writeWholeFile(path(u"pipe"_s), "content"), (FileError{NotAFile, EINVAL}));
-    EXPECT_EQ(writeWholeFile(path(u"socket"_s), "content"), (FileError{NotAFile, EINVAL}));
+    EXPECT_EQ(writeWholeFile(path(u"pipe"_s), "content"), notAFile);
+    EXPECT_EQ(writeWholeFile(path(u"socket"_s), "content"), notAFile);
 }
 
 TEST_F(WholeFile, ofALongNameOrWithoutAHandleFailsWithTheSystemsReason)
 {
-    QByteArray bytes;
-    EXPECT_EQ(readWholeFile(path(QString(300, u'a')), bytes), (FileError{System, ENAMETOOLONG}));
-    EXPECT_EQ(writeWholeFile(path(QString(300, u'a')), "content"), (FileError{System, ENAMETOOLONG}));
+    EXPECT_EQ(readWholeFile(path(QString(300, u'a'))), Failure::system(ENAMETOOLONG));
+    EXPECT_EQ(writeWholeFile(path(QString(300, u'a')), "content"), Failure::system(ENAMETOOLONG));
     const QString file = put("content");
     rlimit former{};
     ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &former), 0);
     const rlimit none{0, former.rlim_max};
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
-    const auto readError = readWholeFile(file, bytes);
-    const auto writeError = writeWholeFile(file, "other");
+    const auto bytes = readWholeFile(file);
+    const auto written = writeWholeFile(file, "other");
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &former), 0);
-    EXPECT_EQ(readError, (FileError{System, EMFILE}));
-    EXPECT_EQ(writeError, (FileError{System, EMFILE}));
-    EXPECT_EQ(readError->reason(), u"Too many open files"_s);
-    EXPECT_EQ(readWholeFile(file, bytes), std::nullopt);
-    EXPECT_EQ(bytes, "content");
+    EXPECT_EQ(bytes, Failure::system(EMFILE));
+    EXPECT_EQ(written, Failure::system(EMFILE));
+    EXPECT_EQ(bytes.failure().reason(), u"Too many open files"_s);
+    EXPECT_EQ(readWholeFile(file), QByteArray("content"));
 }
 
-TEST(FileErrors, haveTheReasonOfTheLastCall)
+TEST(SystemFailure, hasTheReasonOfTheLastCall)
 {
     errno = EACCES;
-    EXPECT_EQ(lastSystemReason(), u"Permission denied"_s);
+    EXPECT_EQ(Failure::lastSystemCall().reason(), u"Permission denied"_s);
     errno = 0;
-    EXPECT_EQ(FileError::last(), (FileError{System, EIO})); // never "Success"
+    EXPECT_EQ(Failure::lastSystemCall(), Failure::system(EIO)); // never "Success"
 }
