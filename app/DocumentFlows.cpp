@@ -8,14 +8,11 @@
 #include "desktop/PlainCaption.h"
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
-#include "document/ReadFindings.h"
 #include "document/RecoveryCopy.h"
 #include "editor/EditorFrame.h"
 #include "editor/ParameterCells.h"
 #include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
-#include "runtime/AnsiText.h"
-#include "storage/KnownFiles.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -104,12 +101,18 @@ SaveOutcome DocumentFlows::write(frmPrFile &editor, const QString &fileName, boo
     editor.vaspdParam().commitEdit();
     const InputHold hold;
     const ParameterCells cells(editor.vaspdParam());
-    const PrFileSource source{.docNo = qint16(editor.docNo()), .grid = cells, .mayReplace = mayReplace};
+    const int docNo = editor.docNo();
+    const SaveSource source{.machine = MachineInfos[docNo],
+        .grid = cells,
+        .origin = documentOrigin(docNo),
+        .mayReplace = mayReplace};
     EditorSaveHost host(m_host, m_frame, editor);
-    if (WritePrFile(fileName, source, host)) {
+    if (const auto saved = saveDocument(fileName, source, host); !saved) {
+        tellOfFailure(saved.failure(), fileName, host);
         return host.isDeclined() ? SaveOutcome::Declined : SaveOutcome::Failed;
     }
-    emit documentSaved(source.docNo);
+    DocFlags[docNo].changed = false;
+    emit documentSaved(docNo);
     return SaveOutcome::Saved;
 }
 
@@ -160,8 +163,7 @@ void DocumentFlows::NewDocumentWindow(int slot)
     info.Option.clear();
     info.Paramater = 1; // the one row that the window shows, so that it can be saved and read back
     DocFlags[slot] = {};
-    noteNoFile(slot);
-    setDocumentCodePage(slot, ansiCodePageNumber());
+    documentOrigin(slot) = {};
     frmPrFile &editor = createEditor(slot);
     editor.setWindowTitle(ResString(untitledId));
     showEditor(editor);
@@ -171,12 +173,8 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
 {
     const int slot = FindFreeDocumentSlot();
     MachineInfos[slot] = copy.info;
-    setDocumentCodePage(slot, copy.codePage);
-    if (copy.fileName.isEmpty()) {
-        noteNoFile(slot);
-    } else {
-        notePresentFile(slot, copy.fileName);
-    }
+    documentOrigin(slot) = {.file = copy.fileName.isEmpty() ? KnownFile() : KnownFile::present(copy.fileName),
+        .codePage = copy.codePage};
     frmPrFile &editor = createEditor(slot);
     restoreCells(editor.vaspdParam(), copy);
     editor.setWindowTitle(copy.fileName.isEmpty() ? ResString(untitledId) : copy.fileName);
@@ -198,7 +196,7 @@ int DocumentFlows::FindFreeDocumentSlot()
         if (DocFlags[slot].free) {
             DocFlags[slot].free = false;
             MachineInfos[slot] = {}; // the reader keeps what a file does not name
-            forgetReadFindings(slot);
+            documentOrigin(slot).findings.reset();
             return slot;
         }
     }

@@ -34,7 +34,7 @@ QByteArray pack(const frmPrFile &editor)
     return packRecoveryCopy({.fileName = DocumentFlows::isUntitled(title) ? QString() : title,
         .info = MachineInfos.at(editor.docNo()),
         .grid = cells,
-        .codePage = documentCodePage(editor.docNo())});
+        .codePage = documentOrigin(editor.docNo()).codePageNumber()});
 }
 
 } // namespace

@@ -42,7 +42,9 @@ void BenchDocument::read(bool events) const
 void BenchDocument::save(bool events) const
 {
     BenchHost host(events);
-    WritePrFile(savedName(), {docNo, *m_grid}, host);
+    if (!saveDocument(savedName(), {MachineInfos[docNo], *m_grid, documentOrigin(docNo)}, host)) {
+        qFatal("not saved");
+    }
 }
 
 QString benchFolderTemplate()

@@ -1,8 +1,5 @@
 #include "document/DocumentTables.h"
 
-#include "document/ReadFindings.h"
-#include "runtime/AnsiText.h"
-#include "storage/KnownFiles.h"
 
 QList<DocFlag> DocFlags;
 std::map<int, MachineInfo> MachineInfos;
@@ -11,7 +8,7 @@ QList<PrCondition> PrConditions;
 
 namespace {
 
-std::map<int, int> codePages; // by document number
+std::map<int, DocumentOrigin> origins; // by document number
 
 std::function<void()> &changeObserver()
 {
@@ -49,23 +46,15 @@ void growDocumentTables(int docNo)
     }
 }
 
-int documentCodePage(int docNo)
+DocumentOrigin &documentOrigin(int docNo)
 {
-    const auto known = codePages.find(docNo);
-    return known == codePages.end() ? ansiCodePageNumber() : known->second;
-}
-
-void setDocumentCodePage(int docNo, int number)
-{
-    codePages[docNo] = number;
+    return origins[docNo];
 }
 
 void forgetDocument(int docNo)
 {
-    codePages.erase(docNo);
+    origins.erase(docNo);
     MachineInfos.erase(docNo);
-    noteNoFile(docNo);
-    forgetReadFindings(docNo);
 }
 
 void resetDocumentTables()
@@ -74,6 +63,6 @@ void resetDocumentTables()
     DocFlags.clear();
     PrRecords.clear();
     PrConditions.clear();
-    codePages.clear();
-    forgetKnownFiles();
+    origins.clear();
+    forgetWrittenFiles();
 }

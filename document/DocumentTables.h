@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/DocumentFile.h"
 #include "document/MachineInfo.h"
 #include "document/PrRecord.h"
 
@@ -57,9 +58,8 @@ int documentUpperBound();
 /// Makes the tables hold document number docNo, keeping what they hold.
 void growDocumentTables(int docNo);
 
-/// The number of the code page that a document was read in and is written in; the system's for one of no file.
-int documentCodePage(int docNo);
-void setDocumentCodePage(int docNo, int number);
+/// What the document of that number knows of its file.
+DocumentOrigin &documentOrigin(int docNo);
 
 /// Gives up what is kept for a number that no document will have any more; of that number only the flag stays.
 void forgetDocument(int docNo);

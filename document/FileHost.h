@@ -21,3 +21,15 @@ public:
     /// Lets paint and timer events run; user input stays in the queue.
     virtual void runPendingEvents() = 0;
 };
+
+/// The busy cursor of a host, for as long as this object lives.
+class HostBusy
+{
+public:
+    explicit HostBusy(FileHost &host) : m_host(host) { m_host.setBusy(true); }
+    ~HostBusy() { m_host.setBusy(false); }
+    Q_DISABLE_COPY_MOVE(HostBusy)
+
+private:
+    FileHost &m_host;
+};

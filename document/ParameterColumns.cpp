@@ -2,7 +2,6 @@
 
 #include "document/FieldText.h"
 #include "document/PrCondText.h"
-#include "document/TextPool.h"
 
 #include <algorithm>
 #include <charconv>
@@ -13,22 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QLatin1StringView increments[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
-
-/// A text that already is what the cell says keeps its storage: after an open and after a save that is nearly all.
-template <typename View>
-void assign(QString &field, View text, TextPool &pool)
-{
-    if (field != text) {
-        field = pool.share(text);
-    }
-}
-
 /// otherwise: stored for "No" and for an empty cell.
-void assignIncrement(QString &field, QStringView cell, QLatin1StringView otherwise, TextPool &pool)
+QStringView increment(QStringView cell, QStringView otherwise)
 {
-    const auto *step = std::ranges::find_if(increments, [cell](QLatin1StringView known) { return cell == known; });
-    assign(field, step != std::end(increments) ? *step : otherwise, pool);
+    constexpr QLatin1StringView steps[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
+    const bool isStep = std::ranges::any_of(steps, [cell](QLatin1StringView step) { return cell == step; });
+    return isStep ? cell : otherwise;
 }
 
 /// What a check box with that text shows. Any text can be pasted into it, but a file knows no other values.
@@ -60,50 +49,50 @@ QString ColumnConversions::shownConditions(const PrRecord &record)
     return conditionText(record);
 }
 
-bool ColumnConversions::collectText(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectText(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    assign(record.*column.field, cell, pool);
+    row.fields.text(column.fileField) = cell;
     return true;
 }
 
-bool ColumnConversions::collectFirstIncrement(
-    const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectFirstIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    assignIncrement(record.*column.field, cell, "1"_L1, pool);
+    row.fields.text(column.fileField) = increment(cell, u"1");
     return true;
 }
 
-bool ColumnConversions::collectOtherIncrement(
-    const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectOtherIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    assignIncrement(record.*column.field, cell, "-1"_L1, pool);
+    row.fields.text(column.fileField) = increment(cell, u"-1");
     return true;
 }
 
-bool ColumnConversions::collectRanges(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &)
+bool ColumnConversions::collectRanges(const ColumnInfo &, QStringView cell, CollectedRow &row)
 {
-    const bool fits = bool(parseRanges(cell, record.ranges));
-    record.rangeCount = fits ? static_cast<qint16>(record.ranges.size()) : qint16(0);
+    const bool fits = bool(parseRanges(cell, row.ranges));
+    row.fields.rangeCount = fits ? static_cast<qint16>(row.ranges.size()) : qint16(0);
+    row.fields.ranges = {row.ranges.constData(), std::size_t(row.ranges.size())};
     return fits;
 }
 
-bool ColumnConversions::collectRangeCheck(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectRangeCheck(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    assign(record.rangeCheck, checkBoxValue(cell), pool);
+    row.fields.text(column.fileField) = checkBoxValue(cell);
     return true;
 }
 
-bool ColumnConversions::collectFactorySetting(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectFactorySetting(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
     if (isNormalizedNum(cell)) {
-        assign(record.factorySetting, cell, pool);
+        row.fields.text(column.fileField) = cell;
     } else {
-        assign(record.factorySetting, QStringView(NormalizeNumText(cell)), pool);
+        row.factorySetting = NormalizeNumText(cell);
+        row.fields.text(column.fileField) = row.factorySetting;
     }
     return true;
 }
 
-bool ColumnConversions::collectFunctionCode(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &pool)
+bool ColumnConversions::collectFunctionCode(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
     const auto code = hexToInt16(cell);
     if (!code) {
@@ -111,19 +100,21 @@ bool ColumnConversions::collectFunctionCode(const ColumnInfo &, QStringView cell
     }
     char digits[numberTextLength];
     const auto written = std::to_chars(digits, std::end(digits), *code);
-    assign(record.functionCode, QLatin1StringView(digits, written.ptr - digits), pool);
+    const auto end = std::copy(digits, written.ptr, row.functionCode.begin());
+    row.fields.text(column.fileField) = QStringView(row.functionCode.begin(), end);
     return true;
 }
 
-bool ColumnConversions::collectNothing(const ColumnInfo &, QStringView, PrRecord &, TextPool &)
+bool ColumnConversions::collectNothing(const ColumnInfo &, QStringView, CollectedRow &)
 {
     return true;
 }
 
-bool ColumnConversions::collectConditions(const ColumnInfo &, QStringView cell, PrRecord &record, TextPool &)
+bool ColumnConversions::collectConditions(const ColumnInfo &, QStringView cell, CollectedRow &row)
 {
-    record.conditions = conditionsFromText(cell);
-    const bool fits = record.conditions.size() <= std::numeric_limits<qint16>::max();
-    record.conditionCount = fits ? static_cast<qint16>(record.conditions.size()) : qint16(0);
+    row.conditions = conditionsFromText(cell);
+    const bool fits = row.conditions.size() <= std::numeric_limits<qint16>::max();
+    row.fields.conditionCount = fits ? static_cast<qint16>(row.conditions.size()) : qint16(0);
+    row.fields.conditions = {row.conditions.constData(), std::size_t(row.conditions.size())};
     return fits;
 }

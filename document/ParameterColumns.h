@@ -1,13 +1,11 @@
 #pragma once
 
 #include "document/ParameterColumn.h"
-#include "document/PrRecord.h"
+#include "document/RowFields.h"
 
 #include <QStringView>
 
 #include <array>
-
-class TextPool;
 
 /// What a user may type into a column's cells.
 enum class ColumnKind {
@@ -27,8 +25,8 @@ struct ColumnInfo
     int fileField; ///< its place among a row's texts in the file, from 1; 0 when field is null
     /// What the cell shows of a record; null when it is the field, or the field as an increment, itself.
     QString (*shown)(const PrRecord &record);
-    /// Takes the cell's text into the record; false for one that its field cannot hold (an overflow).
-    bool (*collect)(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
+    /// Takes the cell's text into the row; false for one that its field cannot hold (an overflow).
+    bool (*collect)(const ColumnInfo &column, QStringView cell, CollectedRow &row);
     bool isAsTyped; ///< the file has what was typed, so that it may not come back as it was
     ColumnKind kind;
     int limit;
@@ -43,16 +41,16 @@ QString shownRanges(const PrRecord &record);
 QString shownFunctionCode(const PrRecord &record);
 QString shownConditionCount(const PrRecord &record);
 QString shownConditions(const PrRecord &record);
-bool collectText(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectFirstIncrement(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectOtherIncrement(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectRanges(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectRangeCheck(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectFactorySetting(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectFunctionCode(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
+bool collectText(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectFirstIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectOtherIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectRanges(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectRangeCheck(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectFactorySetting(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectFunctionCode(const ColumnInfo &column, QStringView cell, CollectedRow &row);
 /// The number of conditions is that of the list, whatever the cell says.
-bool collectNothing(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
-bool collectConditions(const ColumnInfo &column, QStringView cell, PrRecord &record, TextPool &pool);
+bool collectNothing(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+bool collectConditions(const ColumnInfo &column, QStringView cell, CollectedRow &row);
 } // namespace ColumnConversions
 
 // clang-format off
@@ -84,14 +82,7 @@ inline constexpr std::array<ColumnInfo, ParameterColumn::Count> parameterColumns
 
 /// The texts of a row in the order of the file, between the row's two counts.
 inline constexpr auto fileTexts = [] {
-    constexpr int count = [] {
-        int texts = 0;
-        for (const ColumnInfo &column : parameterColumns) {
-            texts += column.field != nullptr ? 1 : 0;
-        }
-        return texts;
-    }();
-    std::array<QString PrRecord::*, count> fields{};
+    std::array<QString PrRecord::*, RowFields::textCount> fields{};
     for (const ColumnInfo &column : parameterColumns) {
         if (column.field != nullptr) {
             fields.at(column.fileField - 1) = column.field;

@@ -5,6 +5,7 @@
 #include "document/InverterSection.h"
 #include "document/ParameterColumns.h"
 #include "document/ReadBackCheck.h"
+#include "document/RowCollector.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
 
@@ -158,42 +159,73 @@ void putCondition(const PrCondition &condition, AnsiBuffer &out)
 }
 
 /// A row with neither ranges nor conditions ends in a comma, without a line end: readers go by commas.
-void putRecord(const PrRecord &record, AnsiBuffer &out)
+void putFields(const RowFields &fields, AnsiBuffer &out)
 {
-    out.putInteger(record.conditionCount);
+    out.putInteger(fields.conditionCount);
     out.put(',');
-    for (const auto field : fileTexts) {
-        out.putText(record.*field);
+    for (const QStringView text : fields.texts) {
+        out.putText(text);
         out.put(',');
     }
-    out.putInteger(record.rangeCount);
-    for (const SettingRange &range : record.ranges) {
+    out.putInteger(fields.rangeCount);
+    for (const SettingRange &range : fields.ranges) {
         putRange(range, out);
     }
-    for (const PrCondition &condition : record.conditions) {
+    for (const PrCondition &condition : fields.conditions) {
         putCondition(condition, out);
     }
-    const bool endsLine = !record.ranges.isEmpty() || !record.conditions.isEmpty();
+    const bool endsLine = !fields.ranges.empty() || !fields.conditions.empty();
     out.put(endsLine ? QByteArrayView("\r\n") : QByteArrayView(","));
 }
 
-Result<> putRecords(const QList<PrRecord> &rows, const AnsiCodePage &page, AnsiBuffer &out, const AfterRow &afterRow)
+/// Puts a file together; nothing is put after the first failure.
+class Encoder
+{
+public:
+    explicit Encoder(const AnsiCodePage &page) : m_page(page), m_out(page) { }
+
+    void putMachine(const MachineInfo &machine, qsizetype rowCount);
+    void putRow(const RowFields &fields, int row);
+    bool hasFailed() const { return !m_outcome; }
+    EncodedPrFile finish();
+
+private:
+    const AnsiCodePage &m_page;
+    AnsiBuffer m_out;
+    Result<> m_outcome;
+    bool m_isPart = false;
+};
+
+void Encoder::putMachine(const MachineInfo &machine, qsizetype rowCount)
 {
     constexpr qsizetype typicalRow = 80;
-    out.reserve(rows.size() * typicalRow);
-    for (qsizetype i = 0; i < rows.size(); ++i) {
-        putRecord(rows.at(i), out);
-        if (const auto missing = out.missingCharacter()) {
-            const int row = int(i + 1);
-            return Failure{.code = FailureCode::RowCharacterMissing,
-                .arguments = QStringList{QString::number(row)} + *missing,
-                .cell = findMissingCharacter(rows.at(i), row, page)};
-        }
-        if (afterRow) {
-            afterRow();
-        }
+    m_out.reserve(rowCount * typicalRow);
+    m_out.put("[Inverter]\r\n");
+    m_outcome = WriteInverterSection(machine, m_out);
+    // More capacities than rated currents: what precedes the gap is still written.
+    m_isPart = !m_outcome && m_outcome.failure().code == FailureCode::SubscriptOutOfRange;
+    if (m_outcome) {
+        m_out.put(sectionLine);
+        m_out.put("\r\n");
     }
-    return {};
+}
+
+void Encoder::putRow(const RowFields &fields, int row)
+{
+    if (hasFailed()) {
+        return;
+    }
+    putFields(fields, m_out);
+    if (const auto missing = m_out.missingCharacter()) {
+        m_outcome = Failure{.code = FailureCode::RowCharacterMissing,
+            .arguments = QStringList{QString::number(row)} + *missing,
+            .cell = findMissingCharacter(fields, row, m_page)};
+    }
+}
+
+EncodedPrFile Encoder::finish()
+{
+    return {.bytes = m_outcome || m_isPart ? m_out.takeBytes() : QByteArray(), .outcome = m_outcome, .isPart = m_isPart};
 }
 
 } // namespace
@@ -235,20 +267,35 @@ DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page)
 
 EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow)
 {
+    Encoder encoder(AnsiCodePage::page(document.codePage));
+    encoder.putMachine(document.machine, document.rows.size());
+    for (qsizetype i = 0; i < document.rows.size() && !encoder.hasFailed(); ++i) {
+        encoder.putRow(fieldsOf(document.rows.at(i)), int(i + 1));
+        if (afterRow && !encoder.hasFailed()) {
+            afterRow();
+        }
+    }
+    return encoder.finish();
+}
+
+EncodedGrid encodePrFile(const GridDocument &document, const AfterRow &afterRow)
+{
     const AnsiCodePage &page = AnsiCodePage::page(document.codePage);
-    AnsiBuffer out(page);
-    EncodedPrFile encoded;
-    out.put("[Inverter]\r\n");
-    encoded.outcome = WriteInverterSection(document.machine, out);
-    // More capacities than rated currents: what precedes the gap is still written.
-    encoded.isPart = !encoded.outcome && encoded.outcome.failure().code == FailureCode::SubscriptOutOfRange;
-    if (encoded.outcome) {
-        out.put(sectionLine);
-        out.put("\r\n");
-        encoded.outcome = putRecords(document.rows, page, out, afterRow);
+    const int rowCount = document.grid.rowCount();
+    Encoder encoder(page);
+    encoder.putMachine(document.machine, rowCount);
+    ReadBackCheck check(page);
+    check.checkMachine(document.machine, rowCount > 0);
+    RowCollector rows(document.grid);
+    for (int row = 1; row <= rowCount; ++row) {
+        if (auto collected = rows.collect(row); !collected) {
+            return {{.bytes = {}, .outcome = collected}, {}};
+        }
+        check.checkRow(rows.fields(), row);
+        encoder.putRow(rows.fields(), row);
+        if (afterRow && !encoder.hasFailed()) {
+            afterRow();
+        }
     }
-    if (encoded.isWritable()) {
-        encoded.bytes = out.takeBytes();
-    }
-    return encoded;
+    return {encoder.finish(), check.takeFindings()};
 }

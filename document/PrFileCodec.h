@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/Document.h"
+#include "document/ReadBackCheck.h"
 #include "document/ReadFindings.h"
 #include "runtime/Result.h"
 
@@ -10,6 +11,7 @@
 #include <optional>
 
 class AnsiCodePage;
+class PrGrid;
 
 /// Called after each row, so that a window stays responsive.
 using AfterRow = std::function<void()>;
@@ -60,3 +62,21 @@ struct EncodedPrFile
 
 /// Encodes a document in its own code page. Its row count is written as machine.Paramater has it.
 EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow = {});
+
+/// A document whose rows are a grid's.
+struct GridDocument
+{
+    const MachineInfo &machine;
+    const PrGrid &grid;
+    int codePage;
+};
+
+/// The file of a grid's document, and what of it would not be read back.
+struct EncodedGrid : EncodedPrFile
+{
+    QList<ReadBackFinding> findings;
+};
+
+/// Encodes a grid's document row by row from the grid's own texts. A cell that its field cannot hold (an overflow) comes
+/// before every other failure. The grid must stay as it is while afterRow() runs.
+EncodedGrid encodePrFile(const GridDocument &document, const AfterRow &afterRow = {});

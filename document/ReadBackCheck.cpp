@@ -3,6 +3,7 @@
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
 #include "document/ParameterColumns.h"
+#include "document/RowCollector.h"
 #include "runtime/AnsiText.h"
 #include "runtime/BlankText.h"
 #include "runtime/PrivateProfile.h"
@@ -72,41 +73,41 @@ class RowCheck
 public:
     RowCheck(const AnsiCodePage &page, QList<ReadBackFinding> &findings) : m_page(page), m_findings(findings) { }
 
-    void check(const PrRecord &record, int row);
+    void check(const RowFields &fields, int row);
 
 private:
     std::optional<ReadBackFault> textFault(QStringView text) const;
-    std::optional<ReadBackFault> conditionFault(const PrRecord &record) const;
+    std::optional<ReadBackFault> conditionFault(const RowFields &fields) const;
     bool comesBack(float bound) const;
     bool comesBack(const SettingRange &range) const { return comesBack(range.lower) && comesBack(range.upper); }
     void add(ReadBackFault fault, int column);
 
     const AnsiCodePage &m_page;
     QList<ReadBackFinding> &m_findings;
-    const PrRecord *m_record = nullptr;
+    QStringView m_number; ///< of the row's parameter
     int m_row = 0;
 };
 
-void RowCheck::check(const PrRecord &record, int row)
+void RowCheck::check(const RowFields &fields, int row)
 {
-    m_record = &record;
+    m_number = fields.text(parameterColumns[ParameterColumn::Number - 1].fileField);
     m_row = row;
     for (const ColumnInfo &typed : typedColumns) {
-        if (const auto fault = textFault(record.*typed.field)) {
+        if (const auto fault = textFault(fields.text(typed.fileField))) {
             add(*fault, typed.column);
         }
     }
-    if (!std::ranges::all_of(record.ranges, [this](const SettingRange &range) { return comesBack(range); })) {
+    if (!std::ranges::all_of(fields.ranges, [this](const SettingRange &range) { return comesBack(range); })) {
         add(ReadBackFault::BoundDigits, ParameterColumn::SettingRange);
     }
-    if (const auto fault = conditionFault(record)) {
+    if (const auto fault = conditionFault(fields)) {
         add(*fault, ParameterColumn::Condition);
     }
 }
 
 void RowCheck::add(ReadBackFault fault, int column)
 {
-    m_findings.append({.fault = fault, .cell = {.row = m_row, .column = column}, .name = m_record->number});
+    m_findings.append({.fault = fault, .cell = {.row = m_row, .column = column}, .name = m_number.toString()});
 }
 
 /// A text comes back when the reader's own field is the text, and ends where the text does.
@@ -123,9 +124,9 @@ std::optional<ReadBackFault> RowCheck::textFault(QStringView text) const
     return isSame ? std::nullopt : std::optional(faultOf(text));
 }
 
-std::optional<ReadBackFault> RowCheck::conditionFault(const PrRecord &record) const
+std::optional<ReadBackFault> RowCheck::conditionFault(const RowFields &fields) const
 {
-    for (const PrCondition &condition : record.conditions) {
+    for (const PrCondition &condition : fields.conditions) {
         for (const auto text : conditionTexts) {
             if (const auto fault = textFault(condition.*text)) {
                 return fault;
@@ -258,26 +259,35 @@ bool isMissingIn(QStringView text, const AnsiCodePage &page)
 
 } // namespace
 
+void ReadBackCheck::checkMachine(const MachineInfo &info, bool hasRows)
+{
+    MachineCheck(m_page, m_findings).check(info, hasRows);
+}
+
+void ReadBackCheck::checkRow(const RowFields &fields, int row)
+{
+    RowCheck(m_page, m_findings).check(fields, row);
+}
+
 QList<ReadBackFinding> findReadBackFaults(
     const MachineInfo &info, const QList<PrRecord> &records, const AnsiCodePage &page)
 {
-    QList<ReadBackFinding> findings;
-    MachineCheck(page, findings).check(info, !records.isEmpty());
-    RowCheck rows(page, findings);
+    ReadBackCheck check(page);
+    check.checkMachine(info, !records.isEmpty());
     for (qsizetype i = 0; i < records.size(); ++i) {
-        rows.check(records.at(i), int(i + 1));
+        check.checkRow(fieldsOf(records.at(i)), int(i + 1));
     }
-    return findings;
+    return check.takeFindings();
 }
 
-std::optional<CellPosition> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page)
+std::optional<CellPosition> findMissingCharacter(const RowFields &fields, int row, const AnsiCodePage &page)
 {
     for (const ColumnInfo &typed : typedColumns) {
-        if (isMissingIn(record.*typed.field, page)) {
+        if (isMissingIn(fields.text(typed.fileField), page)) {
             return CellPosition{.row = row, .column = typed.column};
         }
     }
-    for (const PrCondition &condition : record.conditions) {
+    for (const PrCondition &condition : fields.conditions) {
         for (const auto text : conditionTexts) {
             if (isMissingIn(condition.*text, page)) {
                 return CellPosition{.row = row, .column = ParameterColumn::Condition};

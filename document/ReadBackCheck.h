@@ -8,8 +8,10 @@
 #include <QString>
 
 #include <optional>
+#include <utility>
 
 class AnsiCodePage;
+struct RowFields;
 
 /// Why a text does not come back from its file as it was.
 enum class ReadBackFault {
@@ -37,11 +39,28 @@ struct ReadBackFinding
     bool operator==(const ReadBackFinding &) const = default;
 };
 
-/// What of a document would not be read back from its file as it is written: by row and column, after the machine
-/// information. Texts that the code page lacks are not looked for; they are never written.
+/// Finds what of a document would not be read back from its file as it is written. Texts that the code page lacks are not
+/// looked for; they are never written.
+class ReadBackCheck
+{
+public:
+    explicit ReadBackCheck(const AnsiCodePage &page) : m_page(page) { }
+
+    void checkMachine(const MachineInfo &info, bool hasRows);
+    /// row: from 1.
+    void checkRow(const RowFields &fields, int row);
+
+    /// By row and column, in the order of the calls.
+    QList<ReadBackFinding> takeFindings() { return std::exchange(m_findings, {}); }
+
+private:
+    const AnsiCodePage &m_page;
+    QList<ReadBackFinding> m_findings;
+};
+
+/// The findings in a whole document: the machine information, then the rows.
 QList<ReadBackFinding> findReadBackFaults(
     const MachineInfo &info, const QList<PrRecord> &records, const AnsiCodePage &page);
 
-/// The cell of the record, in that row, whose text has a character that the code page lacks; `std::nullopt` if there is
-/// none.
-std::optional<CellPosition> findMissingCharacter(const PrRecord &record, int row, const AnsiCodePage &page);
+/// The cell of the row whose text has a character that the code page lacks; `std::nullopt` if there is none.
+std::optional<CellPosition> findMissingCharacter(const RowFields &fields, int row, const AnsiCodePage &page);

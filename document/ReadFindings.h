@@ -2,8 +2,6 @@
 
 #include <QtGlobal>
 
-#include <optional>
-
 /// What reading a document found out about its file: whether something of it may be missing.
 struct ReadFindings
 {
@@ -12,16 +10,9 @@ struct ReadFindings
     int cutRow = 0; ///< the row, from 1, in which the file ends; 0 when the last one has its end
     qint64 cutRowAt = 0; ///< the byte, from 0, that the cut row begins with
     qint64 bytesUnread = 0; ///< what follows the place where an error ended the reading
-    qint64 bytesUndecoded = 0; ///< bytes of the rows that are no character of the code page; they are kept as they are
+    qint64 bytesUndecoded = 0; ///< bytes of the rows that are not a character of the code page; they are kept as they are
 
     /// Whether the file has all rows that it announces, each to its end, and was read to its own.
     bool isWhole() const { return rowsFound >= rowsAnnounced && cutRow == 0 && bytesUnread == 0; }
     bool operator==(const ReadFindings &) const = default;
 };
-
-/// The findings of the last reading into a document number, failed ones included; nothing when it came to no rows,
-/// when the document comes from no file, and after it has been saved.
-std::optional<ReadFindings> readFindings(int docNo);
-
-void setReadFindings(int docNo, const ReadFindings &findings);
-void forgetReadFindings(int docNo);

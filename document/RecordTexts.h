@@ -8,7 +8,7 @@
 
 #include <array>
 
-/// The cell texts of a record as the grid shows it, by column from 0. RecordCollector is the way back.
+/// The cell texts of a record as the grid shows it, by column from 0. RowCollector is the way back.
 class RecordTexts
 {
 public:

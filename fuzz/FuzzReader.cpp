@@ -88,7 +88,7 @@ QByteArray save()
 
 const AnsiCodePage &documentPage()
 {
-    return AnsiCodePage::page(documentCodePage(docNo));
+    return AnsiCodePage::page(documentOrigin(docNo).codePageNumber());
 }
 
 bool isEncodable(const QString &text)

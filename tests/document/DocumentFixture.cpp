@@ -52,7 +52,7 @@ QByteArray DocumentFixture::contentOf(const QString &fileName)
 void DocumentFixture::useCodePage(int number)
 {
     setAnsiCodePageNumber(number);
-    setDocumentCodePage(docNo, number);
+    documentOrigin(docNo).codePage = number;
 }
 
 bool DocumentFixture::read(const QString &fileName)

@@ -3,7 +3,7 @@
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
 #include "storage/FileBackup.h"
-#include "storage/KnownFiles.h"
+#include "storage/KnownFile.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/QtPrinters.h"
 
@@ -33,7 +33,7 @@ protected:
     QString putOwnFile()
     {
         const QString file = put("earlier");
-        notePresentFile(docNo, file);
+        documentOrigin(docNo).file = KnownFile::present(file);
         return file;
     }
     /// The rows that stand in the saved file.
@@ -116,6 +116,38 @@ TEST_F(Writing, takesEveryColumnButTheConditionCount)
     EXPECT_EQ(savedRows(), "1,79,1079,Name, with comma,Hz,0.1,-1,0.001,1.5,-1,1,1,1,0,MODE,0,1\r\n");
     EXPECT_EQ(PrRecords.size(), 1);
     EXPECT_EQ(PrRecords[0].conditionCount, 1);
+}
+
+TEST_F(Writing, ofAWindowLeavesTheSharedRecordsAlone)
+{
+    PrRecords = {PrRecord()};
+    grid.rows = {FakeGrid::emptyRow(), FakeGrid::emptyRow()};
+    setCell(1, u"79"_s);
+    DocumentOrigin origin;
+    ASSERT_TRUE(saveDocument(path(u"saved.inv"_s), {MachineInfos[docNo], grid, origin}, host));
+    const QByteArray saved = contentOf(path(u"saved.inv"_s));
+    EXPECT_EQ(PrRecords, QList<PrRecord>{PrRecord()});
+    EXPECT_EQ(host.eventPasses, 2);
+    ASSERT_FALSE(WritePrFile(path(u"rim.inv"_s), {docNo, grid}, host));
+    EXPECT_EQ(contentOf(path(u"rim.inv"_s)), saved);
+    ASSERT_EQ(PrRecords.size(), 2);
+    EXPECT_EQ(PrRecords[0].number, u"79"_s);
+}
+
+TEST_F(Writing, tellsOfAnOverflowBeforeEverythingElse)
+{
+    MachineInfos[docNo].Name = u"\u6295"_s; // not in code page 1252
+    grid.rows = {FakeGrid::emptyRow(), FakeGrid::emptyRow()};
+    setCell(2, u"\u6295"_s);
+    grid.rows[1][10] = u"10000"_s;
+    DocumentOrigin origin;
+    const SaveSource document{MachineInfos[docNo], grid, origin};
+    EXPECT_EQ(saveDocument(path(u"saved.inv"_s), document, host), FailureCode::Overflow);
+    MachineInfos[docNo].Name = u"XT"_s;
+    EXPECT_EQ(saveDocument(path(u"saved.inv"_s), document, host), FailureCode::Overflow);
+    EXPECT_FALSE(QFile::exists(path(u"saved.inv"_s)));
+    EXPECT_EQ(MachineInfos[docNo].Paramater, 0);
+    EXPECT_EQ(host.eventPasses, 0);
 }
 
 TEST_F(Writing, ofAGridWithoutRowsEndsBehindTheSectionLine)
@@ -283,7 +315,7 @@ TEST_F(Writing, savesOnYesWhereTheEarlierVersionCannotBeKept)
     qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
     host.answersYes = true;
     const QString file = put("earlier");
-    notePresentFile(docNo, file);
+    documentOrigin(docNo).file = KnownFile::present(file);
     EXPECT_TRUE(write(file));
     EXPECT_EQ(host.questions.size(), 1);
     EXPECT_TRUE(contentOf(file).startsWith("[Inverter]"));

@@ -35,7 +35,7 @@ void Properties::roundTrip(const MachineInfo &info, const QList<PrRecord> &recor
     const MachineInfo written = MachineInfos[docNo];
     MachineInfos[docNo] = {};
     ASSERT_TRUE(read(path(u"first.inv"_s))) << host.messages.value(0).toStdString();
-    if (documentCodePage(docNo) == ansiCodePageNumber()) {
+    if (documentOrigin(docNo).codePageNumber() == ansiCodePageNumber()) {
         EXPECT_EQ(MachineInfos[docNo], written);
         ASSERT_EQ(PrRecords.size(), records.size() + 1);
         EXPECT_EQ(PrRecords.first(records.size()), records);

@@ -2,7 +2,7 @@
 #include "document/ParameterColumn.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
-#include "storage/KnownFiles.h"
+#include "storage/KnownFile.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/document/RandomDocument.h"
 #include "tests/document/RecordPrinters.h"
@@ -52,7 +52,7 @@ protected:
     void expectQuestion(const QList<ReadBackFinding> &findings)
     {
         const QString file = put("earlier");
-        notePresentFile(docNo, file);
+        documentOrigin(docNo).file = KnownFile::present(file);
         DocFlags[docNo].changed = true;
         EXPECT_FALSE(save(file, grid));
         EXPECT_EQ(host.findings, findings);

@@ -1,5 +1,3 @@
-#include "document/ReadFindings.h"
-
 #include "document/DocumentTables.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/QtPrinters.h"
@@ -65,9 +63,9 @@ const Broken files[] = {
 TEST_P(Findings, areKeptBesideTheDocument)
 {
     EXPECT_EQ(readBytes(section + GetParam().rows), GetParam().isRead);
-    ASSERT_TRUE(readFindings(docNo));
-    EXPECT_EQ(*readFindings(docNo), GetParam().findings);
-    EXPECT_EQ(readFindings(docNo)->isWhole(), GetParam().isWhole);
+    ASSERT_TRUE(documentOrigin(docNo).findings);
+    EXPECT_EQ(*documentOrigin(docNo).findings, GetParam().findings);
+    EXPECT_EQ(documentOrigin(docNo).findings->isWhole(), GetParam().isWhole);
     EXPECT_EQ(host.messages.isEmpty(), GetParam().isRead);
 }
 
@@ -78,17 +76,17 @@ TEST_F(Findings, areOfTheLastReadingOnly)
 {
     ASSERT_TRUE(readBytes(section + ranged));
     EXPECT_FALSE(readBytes("[Inverter]\r\nName=a\r\n")); // comes to no rows
-    EXPECT_EQ(readFindings(docNo), std::nullopt);
+    EXPECT_EQ(documentOrigin(docNo).findings, std::nullopt);
     ASSERT_TRUE(readBytes(section + ranged));
     EXPECT_FALSE(read(path(u"missing.inv"_s)));
-    EXPECT_EQ(readFindings(docNo), std::nullopt);
+    EXPECT_EQ(documentOrigin(docNo).findings, std::nullopt);
 }
 
 TEST_F(Findings, areVoidOnceTheDocumentIsSaved)
 {
     ASSERT_TRUE(readBytes(section + ranged));
     EXPECT_FALSE(save(path(u"no/folder.inv"_s)));
-    EXPECT_TRUE(readFindings(docNo));
+    EXPECT_TRUE(documentOrigin(docNo).findings);
     ASSERT_TRUE(save(path(u"saved.inv"_s)));
-    EXPECT_EQ(readFindings(docNo), std::nullopt);
+    EXPECT_EQ(documentOrigin(docNo).findings, std::nullopt);
 }

@@ -1,4 +1,4 @@
-#include "storage/KnownFiles.h"
+#include "storage/KnownFile.h"
 
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
@@ -220,7 +220,7 @@ TEST_F(KnownFiles, thatAppearedAreAskedAbout)
 TEST_F(KnownFiles, ofARecoveredDocumentAreTheOnesThatWereThereThen)
 {
     put("what the crash left");
-    notePresentFile(docNo, file);
+    documentOrigin(docNo).file = KnownFile::present(file);
     expectNoQuestion();
     put("theirs");
     DocFlags[docNo].changed = true;
@@ -231,7 +231,7 @@ TEST_F(KnownFiles, ofARecoveredDocumentAreTheOnesThatWereThereThen)
 TEST_F(KnownFiles, ofARecoveredDocumentMayHaveAppearedSince)
 {
     ASSERT_TRUE(QFile::remove(file));
-    notePresentFile(docNo, file);
+    documentOrigin(docNo).file = KnownFile::present(file);
     put("theirs");
     expectQuestion(appearedQuestion);
 }

@@ -8,20 +8,26 @@
 
 #include <optional>
 
-/// The document was read from those bytes. stamp: taken before they were read.
-void noteReadFile(int docNo, const QString &fileName, const FileStamp &stamp, QByteArrayView bytes);
+/// What a document knows of its file: the content that it was read from or saved as. By default, that it has none.
+struct KnownFile
+{
+    QString path;
+    FileStamp stamp;
+    bool isSettled = false; ///< a later change cannot have left the stamp as it is
+    std::optional<size_t> content; ///< its hash; `std::nullopt` if there was no file or it could not be read
 
-/// The document belongs to that file, whose present content it is taken to know: what a crash left behind.
-void notePresentFile(int docNo, const QString &fileName);
-
-/// The document has no file yet.
-void noteNoFile(int docNo);
+    /// A document was read from those bytes. stamp: taken before they were read.
+    static KnownFile read(const QString &fileName, const FileStamp &stamp, QByteArrayView bytes);
+    /// A document belongs to that file, whose present content it is taken to know: what a crash left behind.
+    static KnownFile present(const QString &fileName);
+};
 
 /// Looks after what others do to a file while one save of a document replaces it.
 class ForeignChangeGuard
 {
 public:
-    ForeignChangeGuard(int docNo, const QString &fileName) : m_docNo(docNo), m_fileName(fileName) { }
+    /// known: the document's; brought up to date by a save.
+    ForeignChangeGuard(KnownFile &known, const QString &fileName) : m_known(known), m_fileName(fileName) { }
 
     /// Fails with FileChanged or FileAppeared if another program's content would be lost: the file holds neither what
     /// the document, or this program, knows, nor what the user has agreed to. A file that is not there or cannot be
@@ -38,11 +44,11 @@ public:
     void noteLeftOver();
 
 private:
-    int m_docNo;
+    KnownFile &m_known;
     QString m_fileName;
     std::optional<size_t> m_found; ///< hash of the content that check() looked at
     std::optional<size_t> m_agreed;
 };
 
-/// Forgets every document's file. For tests.
-void forgetKnownFiles();
+/// Forgets what this program wrote to which file. For tests.
+void forgetWrittenFiles();
