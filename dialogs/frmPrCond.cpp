@@ -4,8 +4,7 @@
 #include "dialogs/DialogGrid.h"
 #include "dialogs/ListButton.h"
 #include "dialogs/ParameterHeading.h"
-#include "document/DocumentTables.h"
-#include "document/TableTexts.h"
+#include "document/PrCondText.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -15,8 +14,9 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <limits>
 #include <span>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -114,9 +114,10 @@ void frmPrCond::connectKind(int kind)
 
 bool frmPrCond::ShowPrCond(const QString &pr, qint16 &count, QString &condText)
 {
-    PrConditions.clear();
-    m_result.count = ParsePrCondText(condText);
-    load(pr, std::exchange(PrConditions, {}).first(m_result.count));
+    QList<PrCondition> conditions = conditionsFromText(condText);
+    conditions.resize(std::min<qsizetype>(conditions.size(), std::numeric_limits<qint16>::max()));
+    m_result.count = static_cast<qint16>(conditions.size());
+    load(pr, conditions);
     const bool confirmed = exec() == Accepted;
     if (!confirmed || m_result == PrCondResult{count, condText}) {
         return false;

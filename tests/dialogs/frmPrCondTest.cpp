@@ -191,14 +191,16 @@ TEST_F(CondDialog, enterInAGridIsOk)
     EXPECT_EQ(text, u"OP=A,MODE=1"_s);
 }
 
-TEST_F(CondDialog, theSharedConditionsAreEmptiedBeforeAndAfter)
+TEST_F(CondDialog, leavesTheSharedConditionsAlone)
 {
-    PrConditions = {{u"1"_s, 0, u"1"_s, u""_s}};
+    const QList<PrCondition> shared{{u"1"_s, 0, u"1"_s, u""_s}};
+    PrConditions = shared;
     EXPECT_FALSE(show(u"79=1"_s, 1, [&] {
         EXPECT_EQ(rows(0), QStringList{u"79|=|1|"_s});
         ok();
     }));
-    EXPECT_TRUE(PrConditions.isEmpty());
+    EXPECT_EQ(PrConditions, shared);
+    PrConditions.clear();
 }
 
 TEST_F(CondDialog, tabFollowsTheReadingOrder)
