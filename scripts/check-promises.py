@@ -8,7 +8,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 PAGE = ROOT / "docs/reliability.md"
 TEST = re.compile(r"^TEST(?:_[FP])?\((\w+),\s*(\w+)\)", re.MULTILINE)
-PROGRAM = re.compile(r"(?:add_executable|tabrix_(?:core|widget|document|dialog)_test)\((\w+)")
+PROGRAM = re.compile(r"(?:add_executable|tabrix_(?:core|display|widget|document|dialog)_test)\((\w+)")
 NAME = re.compile(r"`([^`]+)`")
 
 
