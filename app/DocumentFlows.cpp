@@ -25,9 +25,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 untitledId = 7;
-constexpr qint16 openFilterId = 160;
-constexpr qint16 extensionId = 161;
 constexpr int parameterFilter = 2;
 
 } // namespace
@@ -44,8 +41,8 @@ bool DocumentFlows::OpenPrFile()
     }
     const frmPrFile *active = m_frame.activeEditor();
     const QString fileName = askForFileToOpen(m_area.window(),
-        {.defaultExtension = ResString(extensionId),
-            .filter = ResString(openFilterId),
+        {.defaultExtension = ResString(Text::DefaultExtension),
+            .filter = ResString(Text::OpenFilter),
             .filterIndex = parameterFilter,
             .folder = folderOf(active ? active->windowTitle() : QString())});
     keepFolder(fileName);
@@ -165,7 +162,7 @@ void DocumentFlows::NewDocumentWindow(int slot)
     DocFlags[slot] = {};
     documentOrigin(slot) = {};
     frmPrFile &editor = createEditor(slot);
-    editor.setWindowTitle(ResString(untitledId));
+    editor.setWindowTitle(ResString(Text::Untitled));
     showEditor(editor);
 }
 
@@ -177,7 +174,7 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
         .codePage = copy.codePage};
     frmPrFile &editor = createEditor(slot);
     restoreCells(editor.vaspdParam(), copy);
-    editor.setWindowTitle(copy.fileName.isEmpty() ? ResString(untitledId) : copy.fileName);
+    editor.setWindowTitle(copy.fileName.isEmpty() ? ResString(Text::Untitled) : copy.fileName);
     DocFlags[slot].changed = true;
     showEditor(editor);
     emit documentOpened();
@@ -186,7 +183,7 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
 
 bool DocumentFlows::isUntitled(const QString &title)
 {
-    return title.isEmpty() || title == ResString(untitledId);
+    return title.isEmpty() || title == ResString(Text::Untitled);
 }
 
 int DocumentFlows::FindFreeDocumentSlot()

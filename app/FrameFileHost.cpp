@@ -6,15 +6,9 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-constexpr qint16 programNameId = 9;
-
-} // namespace
-
 void FrameFileHost::showMessage(const QString &text)
 {
-    MessageBox::showPlain(&m_frame, text, ResString(programNameId));
+    MessageBox::showPlain(&m_frame, text, ResString(Text::ProgramName));
 }
 
 void FrameFileHost::showFailure(const Failure &failure, const QString &title)

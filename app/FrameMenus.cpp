@@ -46,9 +46,9 @@ void FrameMenus::setCaptions()
 {
     const auto menus = all();
     for (qsizetype i = 0; i < menus.size(); ++i) {
-        menus[i]->setTitle(ResString(menuLines[i].textId));
+        menus[i]->setTitle(ResString(*menuLines[i].caption));
     }
-    const auto caption = [this](const MenuLine &line) { action(line.name).setText(ResString(line.textId)); };
+    const auto caption = [this](const MenuLine &line) { action(line.name).setText(ResString(*line.caption)); };
     caption(openLine);
     caption(exitLine);
     std::ranges::for_each(barLines, caption);

@@ -19,7 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int tipIntervalInMilliseconds = 100;
-constexpr qint16 firstTipId = 50;
 constexpr int firstEditTip = 10;
 constexpr int firstEditPicture = 1010;
 constexpr int editButtons = 8;
@@ -42,7 +41,7 @@ QLabel *newTipPanel(QWidget *frame)
 
 QString tipText(int tip)
 {
-    return ResString(qint16(firstTipId + tip));
+    return ResString(textAfter(Text::TipOpen, tip));
 }
 
 } // namespace

@@ -126,7 +126,7 @@ void MDIfrmTabrix::load(const QString &commandLine)
 {
     SelectLanguage();
     loadQtTexts();
-    MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
+    MessageBox::setButtonTexts(ResString(Text::Ok), ResString(Text::Yes), ResString(Text::No), ResString(Text::Cancel));
     RefusedInput::setWording(limitText);
     HelpFilePath = helpFileOf(LanguageBase);
     qint16 windowState = 0;
@@ -151,8 +151,8 @@ void MDIfrmTabrix::load(const QString &commandLine)
 
 void MDIfrmTabrix::SetFrameCaptions()
 {
-    setWindowTitle(ResString(8));
-    m_statusBar->setCaptions(ResString(71), ResString(70));
+    setWindowTitle(ResString(Text::FrameTitle));
+    m_statusBar->setCaptions(ResString(Text::ParameterCount), ResString(Text::ParameterNumber));
     m_menus->setCaptions();
 }
 

@@ -67,10 +67,11 @@ void frmVersion::readUser()
 
 void frmVersion::CaptionSet()
 {
-    setWindowTitle(ResString(80));
-    m_lblSwName->setText(ResString(8) + "\r\n"_L1 + ResString(9) + "  V2.0"_L1);
+    setWindowTitle(ResString(Text::AboutTitle));
+    m_lblSwName->setText(ResString(Text::FrameTitle) + "\r\n"_L1 + ResString(Text::ProgramName) + "  V2.0"_L1);
     m_lblName->setText(m_userName + u'\n' + m_userCorp);
-    m_lblMemory->setText(ResString(83) + QString::number(memoryInKilobytes(totalPhysicalMemory())) + "KB"_L1);
-    m_cmdOK->setText(ResString(1));
+    m_lblMemory->setText(
+        ResString(Text::AboutMemory) + QString::number(memoryInKilobytes(totalPhysicalMemory())) + "KB"_L1);
+    m_cmdOK->setText(ResString(Text::Ok));
     PrepareDialog(*this); // places the box by its size, so last
 }

@@ -41,27 +41,27 @@ void EditDialog::layOut(QLayout *contents, Resizing resizing, const QList<QPushB
 
 void EditDialog::addCommonButtons()
 {
-    QPushButton *ok = addButton(u"cmdOK"_s, 1);
+    QPushButton *ok = addButton(u"cmdOK"_s, Text::Ok);
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &EditDialog::accept);
-    connect(addButton(u"cmdCancel"_s, 2), &QPushButton::clicked, this, &EditDialog::reject);
+    connect(addButton(u"cmdCancel"_s, Text::Cancel), &QPushButton::clicked, this, &EditDialog::reject);
     if (m_helpContext != 0) {
         addHelp();
     }
 }
 
-QPushButton *EditDialog::addButton(const QString &name, qint16 captionText)
+QPushButton *EditDialog::addButton(const QString &name, Text caption)
 {
     auto *button = new QPushButton(this);
     button->setObjectName(name);
     m_buttonRow->addWidget(button);
-    m_buttons << Button{button, captionText};
+    m_buttons << Button{button, caption};
     return button;
 }
 
 void EditDialog::addHelp()
 {
-    connect(addButton(u"cmdHelp"_s, 45), &QPushButton::clicked, this, &EditDialog::showHelp);
+    connect(addButton(u"cmdHelp"_s, Text::MenuHelp), &QPushButton::clicked, this, &EditDialog::showHelp);
     auto *key = new QShortcut(QKeySequence(Qt::Key_F1), this);
     connect(key, &QShortcut::activated, this, &EditDialog::showHelp);
 }
@@ -71,9 +71,9 @@ void EditDialog::showHelp()
     ShowHelp(this, m_helpContext);
 }
 
-void EditDialog::prepare(qint16 captionText)
+void EditDialog::prepare(Text caption)
 {
-    prepare(ResString(captionText));
+    prepare(ResString(caption));
 }
 
 void EditDialog::prepare(const QString &caption)
@@ -81,7 +81,7 @@ void EditDialog::prepare(const QString &caption)
     setObjectName(QString::fromLatin1(metaObject()->className()));
     setWindowTitle(plainTitle(caption));
     for (const Button &button : std::as_const(m_buttons)) {
-        button.widget->setText(ResString(button.captionText));
+        button.widget->setText(ResString(button.caption));
     }
     ApplyUserFont(*this);
     setEqualButtonWidths();

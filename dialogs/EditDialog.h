@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/Texts.h"
+
 #include <QDialog>
 
 class ContentsArea;
@@ -27,7 +29,7 @@ protected:
     void layOut(QLayout *contents, Resizing resizing, const QList<QPushButton *> &furtherButtons = {});
     /// The end of every opening's preparations, when all texts are set: captions of window and buttons, font, size
     /// and place.
-    void prepare(qint16 captionText);
+    void prepare(Text caption);
     /// The same with a caption of the caller's, which is shown as it is.
     void prepare(const QString &caption);
 
@@ -35,11 +37,11 @@ private:
     struct Button
     {
         QPushButton *widget;
-        qint16 captionText;
+        Text caption;
     };
 
     void addCommonButtons();
-    QPushButton *addButton(const QString &name, qint16 captionText);
+    QPushButton *addButton(const QString &name, Text caption);
     void addHelp();
     void showHelp();
     void setEqualButtonWidths();

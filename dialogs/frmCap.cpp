@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // By index of the boxes: capacity, rated current.
-constexpr qint16 labelTexts[] = {181, 182};
+constexpr Text labelTexts[] = {Text::CapCapacity, Text::CapCurrent};
 
 } // namespace
 
@@ -50,7 +50,7 @@ void frmCap::load()
         m_boxes[i]->clear();
     }
     m_boxes[0]->setFocus();
-    prepare(180);
+    prepare(Text::CapTitle);
 }
 
 void frmCap::accept()

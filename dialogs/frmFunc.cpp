@@ -66,8 +66,8 @@ bool frmFunc::ShowFuncCode(const QString &pr, qint16 &code, const QString &fileP
 
 void frmFunc::load(const QString &pr, qint16 code)
 {
-    m_heading->setTexts(pr, ResString(154));
-    m_frame->setTitle(ResString(141));
+    m_heading->setTexts(pr, ResString(Text::FuncCode));
+    m_frame->setTitle(ResString(Text::FuncGroups));
     const FunctionGroups groups = groupsOfCode(code, m_labels);
     for (int group = 0; group < FunctionGroupCount; ++group) {
         loadBox(group, groups[group]);
@@ -76,7 +76,7 @@ void frmFunc::load(const QString &pr, qint16 code)
     showCode(code);
     m_boxes[0]->setFocus();
     setCodeWidth();
-    prepare(140);
+    prepare(Text::FuncTitle);
 }
 
 // The same for every code, so that nothing moves while the user ticks.

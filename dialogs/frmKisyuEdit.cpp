@@ -26,9 +26,11 @@ namespace {
 
 constexpr int helpContext = 100;
 constexpr int capacityMaximum = 3600;
-constexpr qint16 frameTexts[] = {120, 121, 122, 123, 126}; // in the order in which the frames are made
+// In the order in which the frames are made
+constexpr Text frameTexts[] = {
+    Text::MachineType, Text::MachineVoltageCode, Text::MachineCode, Text::MachineCapacities, Text::MachineOptions};
 
-DialogGrid::Column capacityColumn(qint16 headingText)
+DialogGrid::Column capacityColumn(Text headingText)
 {
     const QString heading = ResString(headingText);
     // In code page 932 a text has as many bytes as it is half-width places wide.
@@ -123,7 +125,7 @@ void frmKisyuEdit::load()
     loadBoxes(info);
     loadCapacities(info);
     m_name->setFocus();
-    prepare(119);
+    prepare(Text::MachineTitle);
     m_changed = false;
 }
 
@@ -132,9 +134,9 @@ void frmKisyuEdit::loadTexts()
     for (int i = 0; i < m_frames.size(); ++i) {
         m_frames[i]->setTitle(ResString(frameTexts[i]));
     }
-    m_capacities->setAccessibleName(withoutAccessKey(ResString(123)));
-    m_add->setText(ResString(124));
-    m_delete->setText(ResString(125));
+    m_capacities->setAccessibleName(withoutAccessKey(ResString(Text::MachineCapacities)));
+    m_add->setText(ResString(Text::MachineAddCapacity));
+    m_delete->setText(ResString(Text::MachineDeleteCapacity));
 }
 
 void frmKisyuEdit::loadBoxes(const MachineInfo &info)
@@ -152,7 +154,7 @@ void frmKisyuEdit::loadCapacities(const MachineInfo &info)
     for (qsizetype i = 0; i < info.Capacity.size(); ++i) {
         rows << QStringList{info.Capacity[i], info.ICapacity.value(i)};
     }
-    m_capacities->layOut({capacityColumn(128), capacityColumn(129)});
+    m_capacities->layOut({capacityColumn(Text::CapacityHeading), capacityColumn(Text::CurrentHeading)});
     m_capacities->setRows(rows);
 }
 

@@ -23,14 +23,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int helpContext = 60;
-constexpr qint16 firstModeText = 230;
 constexpr int modeCount = 8;
 
 QStringList modeNames()
 {
     QStringList names;
-    for (qint16 mode = 0; mode < modeCount; ++mode) {
-        names << ResString(firstModeText + mode);
+    for (int mode = 0; mode < modeCount; ++mode) {
+        names << ResString(textAfter(Text::CondFirstMode, mode));
     }
     return names;
 }
@@ -136,18 +135,18 @@ void frmPrCond::load(const QString &pr, const QList<PrCondition> &conditions)
     }
     m_kinds[ParameterGrid].grid->setFocus();
     giveAccessKeysTo(ParameterGrid);
-    prepare(220);
+    prepare(Text::CondTitle);
 }
 
 void frmPrCond::loadTexts(const QString &pr)
 {
-    m_heading->setTexts(pr, ResString(226));
+    m_heading->setTexts(pr, ResString(Text::CondCount));
     m_heading->value().setText(QString::number(m_result.count));
     for (int kind = 0; kind < CondGridCount; ++kind) {
-        m_kinds[kind].frame->setTitle(ResString(223 + kind));
+        m_kinds[kind].frame->setTitle(ResString(textAfter(Text::CondParameters, kind)));
         m_kinds[kind].grid->setAccessibleName(withoutAccessKey(m_kinds[kind].frame->title()));
-        m_kinds[kind].add->setText(ResString(221));
-        m_kinds[kind].remove->setText(ResString(222));
+        m_kinds[kind].add->setText(ResString(Text::CondAdd));
+        m_kinds[kind].remove->setText(ResString(Text::CondDelete));
     }
 }
 

@@ -9,11 +9,11 @@ namespace {
 struct LabelSet
 {
     quint16 groups; ///< bit i: the set has group i
-    qint16 firstText; ///< identifier of group 0's label, the others follow
+    Text firstText; ///< group 0's label, the others follow
 };
 
 // By FunctionLabels.
-constexpr LabelSet labelSets[] = {{0x0FFF, 142}, {0x7EFF, 242}};
+constexpr LabelSet labelSets[] = {{0x0FFF, Text::FuncFirstGroup}, {0x7EFF, Text::FuncFirstGroupOfKqm3}};
 
 const LabelSet &labelSet(FunctionLabels labels)
 {
@@ -39,9 +39,9 @@ bool hasFunctionGroup(FunctionLabels labels, int group)
     return labelSet(labels).groups >> group & 1;
 }
 
-qint16 functionGroupText(FunctionLabels labels, int group)
+Text functionGroupText(FunctionLabels labels, int group)
 {
-    return static_cast<qint16>(labelSet(labels).firstText + group);
+    return textAfter(labelSet(labels).firstText, group);
 }
 
 FunctionGroups groupsOfCode(qint16 code, FunctionLabels labels)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/Texts.h"
+
 #include <QString>
 
 #include <array>
@@ -22,8 +24,8 @@ FunctionLabels functionLabels(const QString &filePath);
 /// Whether the label set has that group (0 to 14) at all.
 bool hasFunctionGroup(FunctionLabels labels, int group);
 
-/// String-table identifier of a group's label; to be asked only for a group that the set has.
-qint16 functionGroupText(FunctionLabels labels, int group);
+/// A group's label; to be asked only for a group that the set has.
+Text functionGroupText(FunctionLabels labels, int group);
 
 /// The groups of a code; a group that the set does not have is never ticked.
 FunctionGroups groupsOfCode(qint16 code, FunctionLabels labels);

@@ -2,6 +2,7 @@
 
 #include "document/ParameterColumn.h"
 #include "document/RowFields.h"
+#include "resources/Texts.h"
 
 #include <QStringView>
 
@@ -20,7 +21,7 @@ enum class ColumnKind {
 struct ColumnInfo
 {
     int column; ///< from 1
-    qint16 headerText; ///< identifier of its heading among the fixed texts
+    Text heading;
     QString PrRecord::*field; ///< the field, where it is one text; null for a list
     int fileField; ///< its place among a row's texts in the file, from 1; 0 when field is null
     /// What the cell shows of a record; null when it is the field, or the field as an increment, itself.
@@ -62,20 +63,20 @@ inline constexpr std::array<ColumnInfo, ParameterColumn::Count> parameterColumns
     constexpr auto none = nullptr;
     constexpr double fitted = 0;
     return std::array<ColumnInfo, ParameterColumn::Count>{{
-        //                                field        in file  shown                collect                typed  kind, limit        new      width   centred hidden
-        {ParameterColumn::Number,         101, &R::number,         1, none,                collectText,           true,  Integer, 1000,   u"",     4,      true,  false},
-        {ParameterColumn::Name,           102, &R::name,           3, none,                collectText,           true,  Text, 0,         u"",     25,     false, false},
-        {ParameterColumn::SettingRange,   103, none,               0, shownRanges,         collectRanges,         false, Text, 100,       u"",     20,     false, false},
-        {ParameterColumn::RangeCheck,     104, &R::rangeCheck,    10, none,                collectRangeCheck,     false, CheckBox, 0,     u"0",    fitted, true,  false},
-        {ParameterColumn::Min1,           105, &R::min1,           5, none,                collectFirstIncrement, false, Increment, 0,    u"No",   7,      true,  false},
-        {ParameterColumn::Min2,           106, &R::min2,           6, none,                collectOtherIncrement, false, Increment, 0,    u"No",   7,      true,  false},
-        {ParameterColumn::Min3,           107, &R::min3,           7, none,                collectOtherIncrement, false, Increment, 0,    u"No",   7,      true,  true},
-        {ParameterColumn::Unit,           108, &R::unit,           4, none,                collectText,           true,  Text, 0,         u"",     6,      true,  true},
-        {ParameterColumn::FactorySetting, 109, &R::factorySetting, 8, none,                collectFactorySetting, false, Text, 0,         u"",     fitted, true,  false},
-        {ParameterColumn::HelpId,         110, &R::helpId,         2, none,                collectText,           true,  Integer, 32767,  u"0",    fitted, true,  false},
-        {ParameterColumn::FuncCode,       111, &R::functionCode,   9, shownFunctionCode,   collectFunctionCode,   false, Text, 0,         u"0000", fitted, true,  true},
-        {ParameterColumn::ConditionCount, 112, none,               0, shownConditionCount, collectNothing,        false, Integer, 9,      u"0",    fitted, true,  false},
-        {ParameterColumn::Condition,      113, none,               0, shownConditions,     collectConditions,     false, Text, 100,       {},      20,     false, true},
+        //                                heading                      field               in file  shown                collect                typed  kind, limit        new      width   centred hidden
+        {ParameterColumn::Number,         Text::HeadingNumber,         &R::number,         1, none,                collectText,           true,  Integer, 1000,   u"",     4,      true,  false},
+        {ParameterColumn::Name,           Text::HeadingName,           &R::name,           3, none,                collectText,           true,  Text, 0,         u"",     25,     false, false},
+        {ParameterColumn::SettingRange,   Text::HeadingSettingRange,   none,               0, shownRanges,         collectRanges,         false, Text, 100,       u"",     20,     false, false},
+        {ParameterColumn::RangeCheck,     Text::HeadingRangeCheck,     &R::rangeCheck,    10, none,                collectRangeCheck,     false, CheckBox, 0,     u"0",    fitted, true,  false},
+        {ParameterColumn::Min1,           Text::HeadingMin1,           &R::min1,           5, none,                collectFirstIncrement, false, Increment, 0,    u"No",   7,      true,  false},
+        {ParameterColumn::Min2,           Text::HeadingMin2,           &R::min2,           6, none,                collectOtherIncrement, false, Increment, 0,    u"No",   7,      true,  false},
+        {ParameterColumn::Min3,           Text::HeadingMin3,           &R::min3,           7, none,                collectOtherIncrement, false, Increment, 0,    u"No",   7,      true,  true},
+        {ParameterColumn::Unit,           Text::HeadingUnit,           &R::unit,           4, none,                collectText,           true,  Text, 0,         u"",     6,      true,  true},
+        {ParameterColumn::FactorySetting, Text::HeadingFactorySetting, &R::factorySetting, 8, none,                collectFactorySetting, false, Text, 0,         u"",     fitted, true,  false},
+        {ParameterColumn::HelpId,         Text::HeadingHelpId,         &R::helpId,         2, none,                collectText,           true,  Integer, 32767,  u"0",    fitted, true,  false},
+        {ParameterColumn::FuncCode,       Text::HeadingFuncCode,       &R::functionCode,   9, shownFunctionCode,   collectFunctionCode,   false, Text, 0,         u"0000", fitted, true,  true},
+        {ParameterColumn::ConditionCount, Text::HeadingConditionCount, none,               0, shownConditionCount, collectNothing,        false, Integer, 9,      u"0",    fitted, true,  false},
+        {ParameterColumn::Condition,      Text::HeadingCondition,      none,               0, shownConditions,     collectConditions,     false, Text, 100,       {},      20,     false, true},
     }};
 }();
 // clang-format on

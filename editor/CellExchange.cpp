@@ -16,8 +16,6 @@
 
 namespace {
 
-constexpr qint16 programNameId = 9;
-
 QString trimmedCell(const SpreadGrid &grid, int column)
 {
     const QString text = grid.text(column, grid.activeRow());
@@ -46,7 +44,7 @@ void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
     }
     const auto shown = hexToInt16(grid.text(ParameterColumn::FuncCode, row));
     if (!shown) {
-        MessageBox::showExclamation(grid.window(), failureText(shown.failure()), ResString(programNameId));
+        MessageBox::showExclamation(grid.window(), failureText(shown.failure()), ResString(Text::ProgramName));
         return;
     }
     qint16 code = *shown;

@@ -14,32 +14,32 @@ namespace {
 // box: the menu only shows them.
 constexpr MenuLine fileLines[] = {
     openLine,
-    {u"mneFileClose", 12},
+    {u"mneFileClose", Text::MenuClose},
     separatorLine,
-    {u"mneFileSave", 13, MenuLine::Own, Qt::CTRL | Qt::Key_S},
-    {u"mneFileSaveAs", 14, MenuLine::Own, Qt::CTRL | Qt::SHIFT | Qt::Key_S},
+    {u"mneFileSave", Text::MenuSave, MenuLine::Own, Qt::CTRL | Qt::Key_S},
+    {u"mneFileSaveAs", Text::MenuSaveAs, MenuLine::Own, Qt::CTRL | Qt::SHIFT | Qt::Key_S},
     separatorLine,
-    {u"mneFilePrint", 15, MenuLine::Own, Qt::CTRL | Qt::Key_P},
+    {u"mneFilePrint", Text::MenuPrint, MenuLine::Own, Qt::CTRL | Qt::Key_P},
 };
 constexpr MenuLine editLines[] = {
-    {u"mneEditCut", 21, MenuLine::Others, Qt::CTRL | Qt::Key_X},
-    {u"mneEditCopy", 22, MenuLine::Others, Qt::CTRL | Qt::Key_C},
-    {u"mneEditPaste", 23, MenuLine::Others, Qt::CTRL | Qt::Key_V},
-    {u"mneEditAddPaste", 24},
+    {u"mneEditCut", Text::MenuCut, MenuLine::Others, Qt::CTRL | Qt::Key_X},
+    {u"mneEditCopy", Text::MenuCopy, MenuLine::Others, Qt::CTRL | Qt::Key_C},
+    {u"mneEditPaste", Text::MenuPaste, MenuLine::Others, Qt::CTRL | Qt::Key_V},
+    {u"mneEditAddPaste", Text::MenuAddPaste},
     separatorLine,
-    {u"mneEditAdd", 25},
-    {u"mneEditDel", 26},
+    {u"mneEditAdd", Text::MenuAddLine},
+    {u"mneEditDel", Text::MenuDeleteLines},
     separatorLine,
-    {u"mneEditInf", 27},
-    {u"mneEditFunc", 28},
-    {u"mneEditCond", 29},
+    {u"mneEditInf", Text::MenuMachineInfo},
+    {u"mneEditFunc", Text::MenuFuncCode},
+    {u"mneEditCond", Text::MenuPrCond},
 };
 constexpr MenuLine visibleLines[] = {
     barLines[0],
     barLines[1],
     {u"mneVisualItem(2)"},
-    {u"mneVisualItem(3)", 33},
-    {u"mneVisualInf", 34},
+    {u"mneVisualItem(3)", Text::MenuFont},
+    {u"mneVisualInf", Text::MenuColumns},
 };
 
 } // namespace
@@ -47,7 +47,7 @@ constexpr MenuLine visibleLines[] = {
 EditorMenus::EditorMenus(QWidget *window)
     : QObject(window)
     , m_file(newMenu(fileMenuLine, window))
-    , m_edit(newMenu({u"mneEdit", 20}, window))
+    , m_edit(newMenu({u"mneEdit", Text::MenuEdit}, window))
     , m_visible(newMenu(visibleMenuLine, window))
     , m_window(newMenu(windowMenuLine, window))
     , m_help(newMenu(helpMenuLine, window))

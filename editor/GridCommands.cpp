@@ -21,9 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 programNameId = 9;
-// The heading's text stands where one would expect the message of identifier 114.
-constexpr qint16 sizeMismatchId = 113;
 constexpr int deleteFloor = 2;
 // A file counts its rows in a 16-bit integer.
 constexpr int mostRows = std::numeric_limits<qint16>::max();
@@ -96,7 +93,7 @@ void GridCommands::pasteBlock(const QString &text)
     const auto target =
         blockPasteTarget(clipboardRecord(), m_grid.selectedBlock(), m_grid.columnCount(), m_grid.rowCount());
     if (!target) {
-        MessageBox::showExclamation(&m_grid, ResString(sizeMismatchId), ResString(programNameId));
+        MessageBox::showExclamation(&m_grid, ResString(Text::SizeMismatch), ResString(Text::ProgramName));
         return;
     }
     m_grid.selectBlock(*target);
@@ -146,7 +143,7 @@ bool GridCommands::addLines(int lines)
     m_grid.commitEdit();
     const int lastRow = m_grid.rowCount();
     if (lastRow + lines > mostRows) {
-        MessageBox::showExclamation(&m_grid, failureText({FailureCode::Overflow}), ResString(programNameId));
+        MessageBox::showExclamation(&m_grid, failureText({FailureCode::Overflow}), ResString(Text::ProgramName));
         return false;
     }
     const UndoStep step(m_grid.history());
@@ -188,7 +185,7 @@ void GridCommands::deleteLines()
 bool GridCommands::confirmsDeletingAll()
 {
     const QString question = ownText(OwnText::DeleteAllRowsQuestion, {QString::number(m_grid.rowCount())});
-    return MessageBox::askYesNo(&m_grid, question, ResString(programNameId));
+    return MessageBox::askYesNo(&m_grid, question, ResString(Text::ProgramName));
 }
 
 void GridCommands::undo()

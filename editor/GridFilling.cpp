@@ -19,8 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 programNameId = 9;
-
 // Ranges and conditions are codes rather than numbers, and a count belongs to its conditions.
 SeriesRule seriesRule(int column)
 {
@@ -68,7 +66,7 @@ void GridFilling::fill(SpreadGrid::Fill way)
     adaptToCells(filling);
     const QString refusal = firstRefusal(filling);
     if (!refusal.isEmpty()) {
-        MessageBox::showExclamation(&m_grid, refusal, ResString(programNameId));
+        MessageBox::showExclamation(&m_grid, refusal, ResString(Text::ProgramName));
         return;
     }
     m_grid.dropEdit();

@@ -4,18 +4,18 @@
 
 QMenu *newMenu(const MenuLine &line, QWidget *parent)
 {
-    auto *menu = new QMenu(ResString(line.textId), parent);
+    auto *menu = new QMenu(ResString(*line.caption), parent);
     menu->setObjectName(line.name.toString());
     return menu;
 }
 
 void addMenuLine(QMenu &menu, const MenuLine &line)
 {
-    if (line.textId == 0) {
+    if (!line.caption) {
         menu.addSeparator()->setObjectName(line.name.toString());
         return;
     }
-    QAction *action = menu.addAction(ResString(line.textId));
+    QAction *action = menu.addAction(ResString(*line.caption));
     action->setObjectName(line.name.toString());
     if (line.shortcut.toCombined() != 0) {
         action->setShortcut(line.shortcut);

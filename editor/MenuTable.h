@@ -1,19 +1,22 @@
 #pragma once
 
+#include "resources/Texts.h"
+
 #include <QKeySequence>
 #include <QMenu>
 #include <QString>
 
+#include <optional>
 #include <span>
 
-/// A menu, or one line of it: a command, or a separator when textId is 0.
+/// A menu, or one line of it: a command, or a separator when it has no caption.
 struct MenuLine
 {
     /// Who acts on the shortcut: the line itself, or what has the focus, with the menu only showing the key.
     enum KeyOwner : quint8 { Own, Others };
 
     QStringView name; ///< the object name
-    qint16 textId = 0;
+    std::optional<Text> caption = {};
     KeyOwner keyOwner = Own;
     QKeyCombination shortcut = QKeyCombination::fromCombined(0); ///< 0 for none
 };

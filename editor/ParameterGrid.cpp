@@ -17,8 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 rowNumbersId = 100;
-
 CellType cellType(const ColumnInfo &column)
 {
     switch (column.kind) {
@@ -37,7 +35,7 @@ CellType cellType(const ColumnInfo &column)
 void layOutColumn(SpreadGrid &grid, const ColumnInfo &column)
 {
     grid.setCellType(column.column, -1, cellType(column));
-    grid.setText(column.column, 0, ResString(column.headerText));
+    grid.setText(column.column, 0, ResString(column.heading));
     grid.setAlignment(column.column, column.isCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     if (column.width > 0) {
         grid.setWidthInCharacters(column.column, column.width);
@@ -63,7 +61,7 @@ void layOutParameterGrid(SpreadGrid &grid, int rows)
 {
     grid.setColumnCount(ParameterColumn::Count);
     grid.setFrozenColumns(1);
-    grid.setText(0, 0, ResString(rowNumbersId));
+    grid.setText(0, 0, ResString(Text::HeadingRowNumber));
     grid.setAlignment(0, Qt::AlignCenter);
     grid.setWidthInCharacters(0, 4);
     for (const ColumnInfo &column : parameterColumns) {

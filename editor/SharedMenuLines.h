@@ -5,24 +5,24 @@
 /// The menus and commands that the frame has without an editor window and every editor window has too.
 namespace SharedMenuLines {
 
-inline constexpr MenuLine fileMenuLine{u"mneFile", 10};
-inline constexpr MenuLine visibleMenuLine{u"mneVisual", 30};
-inline constexpr MenuLine windowMenuLine{u"mneWin", 40};
-inline constexpr MenuLine helpMenuLine{u"mneHelp", 45};
+inline constexpr MenuLine fileMenuLine{u"mneFile", Text::MenuFile};
+inline constexpr MenuLine visibleMenuLine{u"mneVisual", Text::MenuVisible};
+inline constexpr MenuLine windowMenuLine{u"mneWin", Text::MenuWindow};
+inline constexpr MenuLine helpMenuLine{u"mneHelp", Text::MenuHelp};
 
-inline constexpr MenuLine openLine{u"mneFileOpen", 11, MenuLine::Own, Qt::CTRL | Qt::Key_O};
-inline constexpr MenuLine exitLine{u"mneFileExit", 16, MenuLine::Own, Qt::CTRL | Qt::Key_Q};
+inline constexpr MenuLine openLine{u"mneFileOpen", Text::MenuOpen, MenuLine::Own, Qt::CTRL | Qt::Key_O};
+inline constexpr MenuLine exitLine{u"mneFileExit", Text::MenuExit, MenuLine::Own, Qt::CTRL | Qt::Key_Q};
 inline constexpr MenuLine barLines[] = {
-    {u"mneVisualItem(0)", 31},
-    {u"mneVisualItem(1)", 32},
+    {u"mneVisualItem(0)", Text::MenuToolBar},
+    {u"mneVisualItem(1)", Text::MenuStatusBar},
 };
 inline constexpr MenuLine windowLines[] = {
-    {u"mneWinItem(0)", 41},
-    {u"mneWinItem(1)", 42},
+    {u"mneWinItem(0)", Text::MenuCascade},
+    {u"mneWinItem(1)", Text::MenuTile},
 };
 inline constexpr MenuLine helpLines[] = {
-    {u"mneHelpItem", 46, MenuLine::Own, Qt::Key_F1},
-    {u"mneHelpVer", 47},
+    {u"mneHelpItem", Text::MenuContents, MenuLine::Own, Qt::Key_F1},
+    {u"mneHelpVer", Text::MenuAbout},
 };
 
 } // namespace SharedMenuLines

@@ -36,8 +36,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint16 frameCaptionId = 8;
-constexpr qint16 changedPromptId = 210;
 constexpr int contentsContext = 1;
 
 } // namespace
@@ -303,8 +301,8 @@ bool frmPrFile::queryUnload()
         return true;
     }
     m_frame.makeActive(*this);
-    const QString prompt = ResString(changedPromptId, {u"|1"_s, windowTitle()});
-    switch (MessageBox::askYesNoCancel(window(), prompt, ResString(frameCaptionId))) {
+    const QString prompt = ResString(Text::SaveChangesQuestion, {u"|1"_s, windowTitle()});
+    switch (MessageBox::askYesNoCancel(window(), prompt, ResString(Text::FrameTitle))) {
     case MessageBox::Answer::Yes:
         return saveToClose();
     case MessageBox::Answer::No:

@@ -44,21 +44,21 @@ frmVisualInf::frmVisualInf(const SpreadGrid &shown, const QList<SpreadGrid *> &g
 
 void frmVisualInf::load(const SpreadGrid &shown)
 {
-    m_lblInf->setText(ResString(172));
+    m_lblInf->setText(ResString(Text::ColumnsPrompt));
     QStringList captions;
     QList<QStringList> states;
     for (int column = 1; column <= shown.columnCount(); ++column) {
         captions << shown.text(column, 0);
         states << QStringList{shown.isColumnShown(column) ? u"1"_s : u"0"_s};
     }
-    m_list->layOut({{ResString(171), widthFor(captions), CellType::checkBox()}}, shown.columnCount());
+    m_list->layOut({{ResString(Text::ColumnsHeading), widthFor(captions), CellType::checkBox()}}, shown.columnCount());
     m_list->setAccessibleName(m_list->text(1, 0));
     m_list->setRows(states);
     for (int column = 1; column <= shown.columnCount(); ++column) {
         m_list->setCellType(1, column, CellType::checkBox(captions[column - 1]));
     }
     m_list->setFocus();
-    prepare(170);
+    prepare(Text::ColumnsTitle);
 }
 
 void frmVisualInf::accept()

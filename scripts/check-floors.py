@@ -26,7 +26,7 @@ ONLY = {
     "runtime": ("resources/OwnTexts",),
     "storage": ("runtime/", "resources/OwnTexts"),
     "grid/cells": ("runtime/",),
-    "document": ("runtime/", "storage/", "resources/OwnTexts"),
+    "document": ("runtime/", "storage/", "resources/OwnTexts", "resources/Texts"),
     "desktop": ("runtime/", "resources/"),
     "help": ("desktop/", "runtime/"),
     "grid/editors": ("grid/cells/", "desktop/", "runtime/"),

@@ -20,8 +20,6 @@
 
 namespace {
 
-constexpr qint16 programNameText = 9;
-
 /// The sizes that the font dialog offers; anything else in the settings store is damage.
 constexpr float smallestFont = 1;
 constexpr float largestFont = 512;
@@ -126,6 +124,6 @@ void ShowHelp(QWidget *window, int contextId)
     HelpWindow::setFont(userFont());
     if (!HelpWindow::showTopic(HelpFilePath, contextId, window)) {
         const QString text = QDir::toNativeSeparators(HelpFilePath) + u'\n' + fileError(HelpFilePath);
-        MessageBox::showExclamation(window, text, ResString(programNameText));
+        MessageBox::showExclamation(window, text, ResString(Text::ProgramName));
     }
 }

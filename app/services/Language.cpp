@@ -114,9 +114,9 @@ QString helpFileOf(qint32 languageBase)
     return JoinPath(programFolder(), languageFiles(languageBase).helpFile);
 }
 
-QString ResString(qint16 id, const QStringList &pairs)
+QString ResString(Text id, const QStringList &pairs)
 {
-    const InterfaceText *entry = interfaceText(id);
+    const InterfaceText *entry = interfaceText(static_cast<int>(id));
     Q_ASSERT(entry);
     if (!entry) {
         return {};

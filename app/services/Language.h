@@ -1,5 +1,7 @@
 #pragma once
 
+#include "resources/Texts.h"
+
 #include <QStringList>
 
 inline constexpr qint32 JapaneseBase = 5000;
@@ -32,10 +34,10 @@ QString setupIniPath(qint32 languageBase);
 /// The full path of a language's help file, whether it exists or not.
 QString helpFileOf(qint32 languageBase);
 
-/// The user-interface text of identifier id (1 to 256, with gaps) in the language chosen. pairs are taken two by two:
-/// a placeholder and its value, e.g. ResString(210, {u"|1"_s, title}). Every occurrence of the placeholder is replaced
-/// without regard to case, but not in the inserted value. A last placeholder without a value takes the value before.
-QString ResString(qint16 id, const QStringList &pairs = {});
+/// A text of the fixed table in the language chosen. pairs are taken two by two: a placeholder and its value, e.g.
+/// ResString(Text::SaveChangesQuestion, {u"|1"_s, title}). Every occurrence of the placeholder is replaced without
+/// regard to case, but not in the inserted value. A last placeholder without a value takes the value before.
+QString ResString(Text id, const QStringList &pairs = {});
 
 /// A caption as it is read out: without its access key, e.g. "&Type:" and "形名(&T):" without "&" and "(&T)".
 QString withoutAccessKey(QString caption);

@@ -18,19 +18,20 @@ MachineInfoLine line(const QString &first, const QString &second = {})
 void addHead(QList<MachineInfoLine> &lines, const QString &title)
 {
     lines << line({}) << line({});
-    lines << MachineInfoLine{cutToField(ResString(202)), title};
-    lines << line({}) << line(ResString(208)) << line({});
+    lines << MachineInfoLine{cutToField(ResString(Text::PageFileName)), title};
+    lines << line({}) << line(ResString(Text::PageMachineInfo)) << line({});
 }
 
 void addCodes(QList<MachineInfoLine> &lines, const MachineInfo &info)
 {
-    lines << line(ResString(203), info.Name) << line(ResString(204), info.TypeCode);
-    lines << line(ResString(206), info.VCapacity) << line(ResString(205), info.Code);
+    lines << line(ResString(Text::PageType), info.Name) << line(ResString(Text::PageTypeCode), info.TypeCode);
+    lines << line(ResString(Text::PageVoltageCode), info.VCapacity)
+          << line(ResString(Text::PageMachineCode), info.Code);
 }
 
 void addCapacities(QList<MachineInfoLine> &lines, const MachineInfo &info)
 {
-    lines << line({}) << line(ResString(128), ResString(129));
+    lines << line({}) << line(ResString(Text::CapacityHeading), ResString(Text::CurrentHeading));
     for (qsizetype i = 0; i < info.Capacity.size(); ++i) {
         lines << line(info.Capacity.at(i), info.ICapacity.value(i));
     }
@@ -38,7 +39,7 @@ void addCapacities(QList<MachineInfoLine> &lines, const MachineInfo &info)
 
 void addOptions(QList<MachineInfoLine> &lines, const MachineInfo &info)
 {
-    lines << line({}) << line(ResString(207));
+    lines << line({}) << line(ResString(Text::PageOptions));
     for (const QString &option : info.Option) {
         lines << line(option);
     }
@@ -53,6 +54,6 @@ QList<MachineInfoLine> machineInfoLines(const MachineInfo &info, const QString &
     addCodes(lines, info);
     addCapacities(lines, info);
     addOptions(lines, info);
-    lines << line({}) << line(ResString(71), QString::number(info.Paramater));
+    lines << line({}) << line(ResString(Text::ParameterCount), QString::number(info.Paramater));
     return lines;
 }

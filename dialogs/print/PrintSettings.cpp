@@ -12,9 +12,9 @@ GridPrintOptions gridPrintOptions(const SpreadGrid &grid, const PrintSettings &s
     options.block = grid.selectedBlock();
     options.pageFrom = settings.pageFrom;
     options.pageTo = settings.pageTo;
-    options.header.addCodes(u"/l").addText(ResString(202)).addText(title).addCodes(u"/n");
+    options.header.addCodes(u"/l").addText(ResString(Text::PageFileName)).addText(title).addCodes(u"/n");
     options.footer.addCodes(u"/c /p");
-    options.abortText = ResString(201);
-    options.cancelText = ResString(2);
+    options.abortText = ResString(Text::PrintAbort);
+    options.cancelText = ResString(Text::Cancel);
     return options;
 }

@@ -78,18 +78,18 @@ void frmPrint::createControls()
 
 void frmPrint::setTexts()
 {
-    m_printerCaption->setText(ResString(190));
-    m_print[0]->setText(ResString(191));
-    m_print[1]->setText(ResString(192));
-    m_range->setTitle(ResString(193));
+    m_printerCaption->setText(ResString(Text::PrintPrinter));
+    m_print[0]->setText(ResString(Text::PrintMachineInfo));
+    m_print[1]->setText(ResString(Text::PrintParameters));
+    m_range->setTitle(ResString(Text::PrintRange));
     for (size_t i = 0; i < m_options.size(); ++i) {
-        m_options[i]->setText(ResString(qint16(194 + i)));
+        m_options[i]->setText(ResString(textAfter(Text::PrintAll, i)));
     }
-    m_pageLabels[0]->setText(ResString(198));
-    m_pageLabels[1]->setText(ResString(199));
-    m_setup->setText(ResString(200));
-    m_pages[0]->setAccessibleName(ResString(198));
-    m_pages[1]->setAccessibleName(ResString(199));
+    m_pageLabels[0]->setText(ResString(Text::PrintFirstPage));
+    m_pageLabels[1]->setText(ResString(Text::PrintLastPage));
+    m_setup->setText(ResString(Text::PrintSetup));
+    m_pages[0]->setAccessibleName(ResString(Text::PrintFirstPage));
+    m_pages[1]->setAccessibleName(ResString(Text::PrintLastPage));
 }
 
 QLayout *frmPrint::createContents()
@@ -171,8 +171,8 @@ void frmPrint::enablePages()
 
 void frmPrint::setUpPrinter()
 {
-    CurrentPrinter::showSetup(
-        this, withoutAccessKey(ResString(200)), ResString(1), ResString(2), pdfFileName(m_caption));
+    CurrentPrinter::showSetup(this, withoutAccessKey(ResString(Text::PrintSetup)), ResString(Text::Ok),
+        ResString(Text::Cancel), pdfFileName(m_caption));
     m_printerName->setText(CurrentPrinter::deviceName());
 }
 

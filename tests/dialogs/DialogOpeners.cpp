@@ -106,15 +106,16 @@ void openVisibleColumns(const DialogAct &act)
 
 void openMessage(const DialogAct &act)
 {
-    MessageBox::setButtonTexts(ResString(1), ResString(3), ResString(4), ResString(2));
+    MessageBox::setButtonTexts(ResString(Text::Ok), ResString(Text::Yes), ResString(Text::No), ResString(Text::Cancel));
     whileNextIsShown(act);
-    MessageBox::askYesNoCancel(
-        nullptr, ResString(210, {u"|1"_s, u"/home/user/parameters/a.inv"_s}), u"/home/user/parameters/a.inv"_s);
+    MessageBox::askYesNoCancel(nullptr,
+        ResString(Text::SaveChangesQuestion, {u"|1"_s, u"/home/user/parameters/a.inv"_s}),
+        u"/home/user/parameters/a.inv"_s);
 }
 
 void openPrintAbort(const DialogAct &act)
 {
-    PrintAbortBox box(ResString(201), ResString(2), userFont(), nullptr);
+    PrintAbortBox box(ResString(Text::PrintAbort), ResString(Text::Cancel), userFont(), nullptr);
     box.setWindowTitle(u"a.inv"_s);
     whileShown(box, [&] { act(box); });
     box.exec();

@@ -133,7 +133,7 @@ void GuideScenes::openAbout(const Look &look)
 {
     openDialog<openVersion>([&look](QWidget &box) {
         control<QLabel>(box, u"lblName"_s).setText(u"A. Smith\nWorks"_s);
-        control<QLabel>(box, u"lblMemory"_s).setText(ResString(83) + u"65536KB"_s);
+        control<QLabel>(box, u"lblMemory"_s).setText(ResString(Text::AboutMemory) + u"65536KB"_s);
         look(box);
     });
 }

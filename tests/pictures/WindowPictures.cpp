@@ -123,12 +123,14 @@ TEST_P(Pictures, ofTheToolkitsDialogs)
 {
     QWidget *window = &frame();
     const FileDialogSettings files{
-        .defaultExtension = u"INV"_s, .filter = ResString(160), .filterIndex = 2, .folder = path(u"."_s)};
+        .defaultExtension = u"INV"_s, .filter = ResString(Text::OpenFilter), .filterIndex = 2, .folder = path(u"."_s)};
     saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
     saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
     saveModal(u"font"_s, [&] { chooseGridFont(grid()); });
-    saveModal(u"printerSetup"_s,
-        [&] { CurrentPrinter::showSetup(window, ResString(200), ResString(1), ResString(2), path(u"a.pdf"_s)); });
+    saveModal(u"printerSetup"_s, [&] {
+        CurrentPrinter::showSetup(
+            window, ResString(Text::PrintSetup), ResString(Text::Ok), ResString(Text::Cancel), path(u"a.pdf"_s));
+    });
 }
 
 TEST_P(Pictures, ofTheMenus)

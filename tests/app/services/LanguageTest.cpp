@@ -209,44 +209,45 @@ protected:
 
 TEST_F(TextOf, anIdentifierFollowsTheLanguage)
 {
-    EXPECT_EQ(ResString(7), u"No Name"_s);
+    EXPECT_EQ(ResString(Text::Untitled), u"No Name"_s);
     LanguageBase = JapaneseBase;
-    EXPECT_EQ(ResString(7), u"\u7121\u984c"_s);
+    EXPECT_EQ(ResString(Text::Untitled), u"\u7121\u984c"_s);
 }
 
 TEST_F(TextOf, theChangedFilePromptNamesTheFile)
 {
-    EXPECT_EQ(ResString(210, {u"|1"_s, u"a.inv"_s}), u"a.inv is update.\nSave?"_s);
-    EXPECT_EQ(ResString(210, {{u"|1"_s, u"a.inv"_s}}), u"a.inv is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"|1"_s, u"a.inv"_s}), u"a.inv is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {{u"|1"_s, u"a.inv"_s}}), u"a.inv is update.\nSave?"_s);
 }
 
 TEST_F(TextOf, aPlaceholderIsFoundWithoutRegardToCaseAndEverywhere)
 {
-    EXPECT_EQ(ResString(210, {u"S"_s, u"z"_s}), u"|1 iz update.\nzave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"S"_s, u"z"_s}), u"|1 iz update.\nzave?"_s);
 }
 
 TEST_F(TextOf, aValueThatHoldsItsPlaceholderIsLeftAlone)
 {
-    EXPECT_EQ(ResString(210, {u"|1"_s, u"|1|1.inv"_s}), u"|1|1.inv is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"|1"_s, u"|1|1.inv"_s}), u"|1|1.inv is update.\nSave?"_s);
 }
 
 TEST_F(TextOf, aValueMayBeEmpty)
 {
-    EXPECT_EQ(ResString(210, {u"|1"_s, u""_s}), u" is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"|1"_s, u""_s}), u" is update.\nSave?"_s);
 }
 
 TEST_F(TextOf, laterPairsSeeWhatEarlierOnesInserted)
 {
-    EXPECT_EQ(ResString(210, {u"|1"_s, u"|2"_s, u"|2"_s, u"b.inv"_s}), u"b.inv is update.\nSave?"_s);
+    EXPECT_EQ(
+        ResString(Text::SaveChangesQuestion, {u"|1"_s, u"|2"_s, u"|2"_s, u"b.inv"_s}), u"b.inv is update.\nSave?"_s);
 }
 
 TEST_F(TextOf, aLastPlaceholderWithoutValueTakesTheValueBefore)
 {
-    EXPECT_EQ(ResString(210, {u"|1"_s}), u" is update.\nSave?"_s);
-    EXPECT_EQ(ResString(210, {u"|1"_s, u"a"_s, u"Save"_s}), u"a is update.\na?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"|1"_s}), u" is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u"|1"_s, u"a"_s, u"Save"_s}), u"a is update.\na?"_s);
 }
 
 TEST_F(TextOf, anEmptyPlaceholderReplacesNothing)
 {
-    EXPECT_EQ(ResString(210, {u""_s, u"a"_s}), u"|1 is update.\nSave?"_s);
+    EXPECT_EQ(ResString(Text::SaveChangesQuestion, {u""_s, u"a"_s}), u"|1 is update.\nSave?"_s);
 }
