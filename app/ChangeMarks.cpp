@@ -1,29 +1,17 @@
 #include "app/ChangeMarks.h"
 
-#include "app/DocumentFlows.h"
 #include "desktop/Picture.h"
-#include "document/DocumentTables.h"
-#include "editor/frmPrFile.h"
+#include "editor/OpenDocument.h"
 
-ChangeMarks::ChangeMarks(DocumentFlows &documents) : m_documents(documents)
-{
-    connect(&documents, &DocumentFlows::editorCreated, this, &ChangeMarks::show);
-    ChangedFlag::setObserver([this] { show(); });
-}
+#include <QWidget>
 
-ChangeMarks::~ChangeMarks()
+void showChangesByIcon(QWidget &window, const OpenDocument &document)
 {
-    ChangedFlag::setObserver({});
-}
-
-void ChangeMarks::show() const
-{
-    static const QIcon saved = Picture::programIcon();
-    static const QIcon changed = Picture::changedIcon();
-    for (const frmPrFile *editor : m_documents.openEditors()) {
-        const QIcon &icon = DocFlags[editor->docNo()].changed ? changed : saved;
-        if (editor->parentWidget()->windowIcon().cacheKey() != icon.cacheKey()) {
-            editor->parentWidget()->setWindowIcon(icon);
-        }
-    }
+    const auto show = [&window](bool changed) {
+        static const QIcon unchangedIcon = Picture::programIcon();
+        static const QIcon changedIcon = Picture::changedIcon();
+        window.setWindowIcon(changed ? changedIcon : unchangedIcon);
+    };
+    show(document.isChanged());
+    QObject::connect(&document, &OpenDocument::changedFlagChanged, &window, show);
 }

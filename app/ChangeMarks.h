@@ -1,21 +1,7 @@
 #pragma once
 
-#include <QObject>
+class OpenDocument;
+class QWidget;
 
-class DocumentFlows;
-
-/// The icons of the editor windows: whether a document has unsaved changes can be seen by them, also of one that a
-/// crash had cut short. They follow the documents' flags at once.
-class ChangeMarks : public QObject
-{
-    Q_OBJECT
-
-public:
-    explicit ChangeMarks(DocumentFlows &documents);
-    ~ChangeMarks() override;
-
-private:
-    void show() const;
-
-    DocumentFlows &m_documents;
-};
+/// Shows by the window's icon, from now on, whether the document has unsaved changes.
+void showChangesByIcon(QWidget &window, const OpenDocument &document);

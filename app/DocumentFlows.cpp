@@ -1,5 +1,6 @@
 #include "app/DocumentFlows.h"
 
+#include "app/ChangeMarks.h"
 #include "app/EditorSaveHost.h"
 #include "app/services/Language.h"
 #include "desktop/BusyCursor.h"
@@ -10,6 +11,7 @@
 #include "document/PrFile.h"
 #include "document/RecoveryCopy.h"
 #include "editor/EditorFrame.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterCells.h"
 #include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
@@ -44,7 +46,7 @@ bool DocumentFlows::OpenPrFile()
         {.defaultExtension = ResString(Text::DefaultExtension),
             .filter = ResString(Text::OpenFilter),
             .filterIndex = parameterFilter,
-            .folder = folderOf(active ? active->windowTitle() : QString())});
+            .folder = folderOf(active ? active->document().path() : QString())});
     keepFolder(fileName);
     return !fileName.isEmpty() && OpenPrFile(fileName);
 }
@@ -61,9 +63,8 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
         forgetDocument(slot); // its number is lost, so nobody reaches what was read
         return false;
     }
-    frmPrFile &editor = createEditor(slot);
+    frmPrFile &editor = createEditor(slot, fileName);
     editor.SetPrInfSpread();
-    editor.setWindowTitle(fileName);
     showEditor(editor);
     emit documentOpened();
     emit fileUsed(fileName);
@@ -75,11 +76,12 @@ SaveOutcome DocumentFlows::SavePrFile(frmPrFile &editor, const QString &fileName
     if (postponedFor(editor, [this, &editor, fileName] { SavePrFile(editor, fileName); })) {
         return SaveOutcome::Failed;
     }
-    const bool asks = isUntitled(fileName);
-    const QString target = asks ? ShowFileDialog(editor.windowTitle()) : fileName;
+    const QString path = OpenDocument::pathFromName(fileName);
+    const bool asks = path.isEmpty();
+    const QString target = asks ? ShowFileDialog(editor.document()) : path;
     const SaveOutcome outcome = write(editor, target, asks); // the dialog has asked before it gave a name that exists
     if (outcome == SaveOutcome::Saved) {
-        editor.setWindowTitle(target);
+        editor.document().setPath(target);
         emit fileUsed(target);
     }
     return outcome;
@@ -98,18 +100,11 @@ SaveOutcome DocumentFlows::write(frmPrFile &editor, const QString &fileName, boo
     editor.vaspdParam().commitEdit();
     const InputHold hold;
     const ParameterCells cells(editor.vaspdParam());
-    const int docNo = editor.docNo();
-    const SaveSource source{.machine = MachineInfos[docNo],
-        .grid = cells,
-        .origin = documentOrigin(docNo),
-        .mayReplace = mayReplace};
     EditorSaveHost host(m_host, m_frame, editor);
-    if (const auto saved = saveDocument(fileName, source, host); !saved) {
+    if (const auto saved = editor.document().save(fileName, cells, mayReplace, host); !saved) {
         tellOfFailure(saved.failure(), fileName, host);
         return host.isDeclined() ? SaveOutcome::Declined : SaveOutcome::Failed;
     }
-    DocFlags[docNo].changed = false;
-    emit documentSaved(docNo);
     return SaveOutcome::Saved;
 }
 
@@ -123,23 +118,23 @@ bool DocumentFlows::postponedFor(frmPrFile &editor, std::function<void()> save)
     });
 }
 
-QString DocumentFlows::ShowFileDialog(const QString &title)
+QString DocumentFlows::ShowFileDialog(const OpenDocument &document)
 {
     // Fixed English texts in either language, unlike the dialog that opens files
     QString fileName = askForFileToSave(m_area.window(),
         {.defaultExtension = u"INV"_s,
             .filter = u"All Files(*.*)|*.*|Parameter Files(*.inv;*.ine)|*.inv;*.ine"_s,
             .filterIndex = parameterFilter,
-            .folder = folderOf(title),
-            .fileName = isUntitled(title) ? QString() : QFileInfo(title).fileName()});
+            .folder = folderOf(document.path()),
+            .fileName = QFileInfo(document.path()).fileName()});
     keepFolder(fileName);
     return fileName;
 }
 
-/// Where a file dialog begins: beside the document of that title, in the working folder while it has no file.
-QString DocumentFlows::folderOf(const QString &title)
+/// Where a file dialog begins: beside the document of that path, in the working folder while it has no file.
+QString DocumentFlows::folderOf(const QString &path)
 {
-    const QString folder = isUntitled(title) ? QString() : QFileInfo(title).path();
+    const QString folder = path.isEmpty() ? QString() : QFileInfo(path).path();
     return QFileInfo(folder).isDir() ? folder : QDir::currentPath();
 }
 
@@ -153,37 +148,20 @@ void DocumentFlows::keepFolder(const QString &fileName)
 
 void DocumentFlows::NewDocumentWindow(int slot)
 {
-    growDocumentTables(slot);
-    MachineInfo &info = MachineInfos[slot];
-    info.Capacity.clear();
-    info.ICapacity.clear();
-    info.Option.clear();
-    info.Paramater = 1; // the one row that the window shows, so that it can be saved and read back
-    DocFlags[slot] = {};
-    documentOrigin(slot) = {};
-    frmPrFile &editor = createEditor(slot);
-    editor.setWindowTitle(ResString(Text::Untitled));
-    showEditor(editor);
+    OpenDocument::prepareUntitled(slot);
+    showEditor(createEditor(slot, {}));
 }
 
 int DocumentFlows::openRecovered(const RecoveryCopy &copy)
 {
     const int slot = FindFreeDocumentSlot();
-    MachineInfos[slot] = copy.info;
-    documentOrigin(slot) = {.file = copy.fileName.isEmpty() ? KnownFile() : KnownFile::present(copy.fileName),
-        .codePage = copy.codePage};
-    frmPrFile &editor = createEditor(slot);
+    OpenDocument::prepareRecovered(slot, copy);
+    frmPrFile &editor = createEditor(slot, copy.fileName);
     restoreCells(editor.vaspdParam(), copy);
-    editor.setWindowTitle(copy.fileName.isEmpty() ? ResString(Text::Untitled) : copy.fileName);
-    DocFlags[slot].changed = true;
+    editor.document().markChanged();
     showEditor(editor);
     emit documentOpened();
     return slot;
-}
-
-bool DocumentFlows::isUntitled(const QString &title)
-{
-    return title.isEmpty() || title == ResString(Text::Untitled);
 }
 
 int DocumentFlows::FindFreeDocumentSlot()
@@ -213,19 +191,20 @@ QList<frmPrFile *> DocumentFlows::openEditors() const
     return editors;
 }
 
-frmPrFile &DocumentFlows::createEditor(int slot)
+frmPrFile &DocumentFlows::createEditor(int slot, const QString &fileName)
 {
-    DocFlags[slot].changed = false;
     auto *editor = new frmPrFile(slot, m_frame);
     m_windows.insert(slot, editor);
     QMdiSubWindow *window = m_area.addSubWindow(editor);
     window->setAttribute(Qt::WA_DeleteOnClose);
     connect(editor, &frmPrFile::unloaded, this, [this, slot, editor, window] {
         m_windows.remove(slot);
-        m_placer.remember(*window, editor->windowTitle());
+        m_placer.remember(*window, editor->document().title());
     });
     connect(editor, &QWidget::windowTitleChanged, window,
         [window](const QString &title) { window->setWindowTitle(plainTitle(title)); });
+    editor->document().setPath(fileName);
+    showChangesByIcon(*window, editor->document());
     emit editorCreated(editor);
     return *editor;
 }
@@ -233,7 +212,7 @@ frmPrFile &DocumentFlows::createEditor(int slot)
 void DocumentFlows::showEditor(frmPrFile &editor)
 {
     auto *window = qobject_cast<QMdiSubWindow *>(editor.parentWidget());
-    m_placer.show(*window, editor.windowTitle());
+    m_placer.show(*window, editor.document().title());
     m_area.setActiveSubWindow(window);
     editor.setFocus();
 }

@@ -13,6 +13,7 @@
 
 class EditorFrame;
 class FileHost;
+class OpenDocument;
 class QMdiArea;
 struct RecoveryCopy;
 class frmPrFile;
@@ -34,16 +35,16 @@ public:
     /// Opens fileName as it is given; an empty name is the reader's to refuse. Returns true when a window was opened.
     bool OpenPrFile(const QString &fileName);
 
-    /// Saves the editor's document under fileName, and names window and recent file after it. Asks for a name when
-    /// fileName is empty or that of an untitled document.
+    /// Saves the editor's document under fileName, and names document and recent file after it. Asks for a name if
+    /// fileName is empty or what untitled documents are called.
     SaveOutcome SavePrFile(frmPrFile &editor, const QString &fileName = {});
 
     /// Writes the editor's document to fileName, without a dialog for the name.
     SaveOutcome write(frmPrFile &editor, const QString &fileName);
 
-    /// The name to save the document of that title under, or an empty text when the user cancelled. It begins
-    /// with the document's own folder and name, where it has a file.
-    QString ShowFileDialog(const QString &title);
+    /// Asks for the name to save the document under, beginning with its own folder and name if it has a file. Empty
+    /// if the user cancelled.
+    QString ShowFileDialog(const OpenDocument &document);
 
     /// Creates and shows the editor window of an untitled document with one row.
     void NewDocumentWindow(int slot);
@@ -51,9 +52,6 @@ public:
     /// Opens a document that a crash had cut short, changed as it was and under its name, without touching its file.
     /// Returns its slot.
     int openRecovered(const RecoveryCopy &copy);
-
-    /// Whether a window of that title has no file yet.
-    static bool isUntitled(const QString &title);
 
     /// The lowest free slot, its free mark cleared, or a new one.
     int FindFreeDocumentSlot();
@@ -68,15 +66,13 @@ signals:
     void documentOpened();
     /// A file was opened or saved under that name.
     void fileUsed(const QString &fileName);
-    /// Everything that the document holds is in its file.
-    void documentSaved(int slot);
 
 private:
     bool postponedFor(frmPrFile &editor, std::function<void()> save);
     SaveOutcome write(frmPrFile &editor, const QString &fileName, bool mayReplace);
-    static QString folderOf(const QString &title);
+    static QString folderOf(const QString &path);
     static void keepFolder(const QString &fileName);
-    frmPrFile &createEditor(int slot);
+    frmPrFile &createEditor(int slot, const QString &fileName);
     void showEditor(frmPrFile &editor);
 
     QMdiArea &m_area;

@@ -14,6 +14,7 @@
 #include "desktop/PlainCaption.h"
 #include "desktop/RefusedInput.h"
 #include "editor/GridFinder.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmPrFile.h"
@@ -81,7 +82,6 @@ MDIfrmTabrix::MDIfrmTabrix()
     , m_menus(new FrameMenus(this))
     , m_host(*this)
     , m_documents(*m_area, *this, m_host)
-    , m_marks(m_documents)
     , m_recovery(m_documents)
     , m_recent(m_menus->recentFiles(), *this)
 {
@@ -256,9 +256,14 @@ void MDIfrmTabrix::makeActive(frmPrFile &editor)
     m_area->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(editor.parentWidget()));
 }
 
-SaveOutcome MDIfrmTabrix::save(frmPrFile &editor, const QString &fileName)
+SaveOutcome MDIfrmTabrix::save(frmPrFile &editor)
 {
-    return m_documents.SavePrFile(editor, fileName);
+    return m_documents.SavePrFile(editor, editor.document().path());
+}
+
+SaveOutcome MDIfrmTabrix::saveAs(frmPrFile &editor)
+{
+    return m_documents.SavePrFile(editor);
 }
 
 void MDIfrmTabrix::showParameterCount(int count)
@@ -309,7 +314,7 @@ void MDIfrmTabrix::fillWindowList(QMenu &menu)
         if (number++ == 0) {
             menu.addSeparator()->setObjectName(listed);
         }
-        const QString title = plainMenuText(editor->windowTitle());
+        const QString title = plainMenuText(editor->document().title());
         const QString caption = number <= mostAccessKeys ? u"&%1 %2"_s : u"%1 %2"_s;
         QAction *item = menu.addAction(caption.arg(QString::number(number), title));
         item->setObjectName(listed);
@@ -342,7 +347,7 @@ void MDIfrmTabrix::saveByButton()
 {
     // Unlike the menu's Save: no dialog for an untitled document, no entry among the recent files.
     if (frmPrFile *editor = activeEditor()) {
-        m_documents.write(*editor, editor->windowTitle());
+        m_documents.write(*editor, editor->document().title());
     }
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/ChangeMarks.h"
 #include "app/DocumentFlows.h"
 #include "app/FrameFileHost.h"
 #include "app/RecentMenus.h"
@@ -38,7 +37,8 @@ public:
     frmPrFile *activeEditor() const override;
     QList<frmPrFile *> openEditors() const override { return m_documents.openEditors(); }
     void makeActive(frmPrFile &editor) override;
-    SaveOutcome save(frmPrFile &editor, const QString &fileName) override;
+    SaveOutcome save(frmPrFile &editor) override;
+    SaveOutcome saveAs(frmPrFile &editor) override;
     bool keepForNextStart(const frmPrFile &editor) override { return m_recovery.keepForNextStart(editor); }
     void showParameterCount(int count) override;
     void showPrNumber(const QString &number) override;
@@ -77,7 +77,6 @@ private:
     FrameMenus *m_menus;
     FrameFileHost m_host;
     DocumentFlows m_documents;
-    ChangeMarks m_marks;
     RecoveryKeeper m_recovery;
     RecentMenus m_recent;
 };

@@ -4,6 +4,7 @@
 #include "app/services/Language.h"
 #include "document/DocumentTables.h"
 #include "document/RecoveryCopy.h"
+#include "editor/OpenDocument.h"
 #include "editor/RecoveryCells.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
@@ -23,18 +24,15 @@ constexpr int copyLifetime = 2; // intervals
 
 bool hasChanges(const frmPrFile &editor)
 {
-    return DocFlags[editor.docNo()].changed || editor.vaspdParam().textBeingTyped();
+    return editor.document().isChanged() || editor.vaspdParam().textBeingTyped();
 }
 
 QByteArray pack(const frmPrFile &editor)
 {
     const RecoveryCells cells(editor.vaspdParam());
-    const QString title = editor.windowTitle();
-    // Without its name, an untitled document is one in the next start's language as well.
-    return packRecoveryCopy({.fileName = DocumentFlows::isUntitled(title) ? QString() : title,
-        .info = MachineInfos.at(editor.docNo()),
-        .grid = cells,
-        .codePage = documentOrigin(editor.docNo()).codePageNumber()});
+    const OpenDocument &document = editor.document();
+    return packRecoveryCopy(
+        {.fileName = document.path(), .info = document.machine(), .grid = cells, .codePage = document.codePage()});
 }
 
 } // namespace
@@ -42,7 +40,6 @@ QByteArray pack(const frmPrFile &editor)
 RecoveryKeeper::RecoveryKeeper(DocumentFlows &documents) : m_documents(documents)
 {
     connect(&documents, &DocumentFlows::editorCreated, this, &RecoveryKeeper::watch);
-    connect(&documents, &DocumentFlows::documentSaved, this, &RecoveryKeeper::dropCopy);
     connect(&m_timer, &QTimer::timeout, this, &RecoveryKeeper::lookAtDocuments);
     m_timer.setSingleShot(true);
     setInterval(usualInterval);
@@ -60,8 +57,9 @@ RecoveryKeeper::~RecoveryKeeper()
 
 void RecoveryKeeper::watch(frmPrFile *editor)
 {
-    const int docNo = editor->docNo();
+    const int docNo = editor->document().number();
     connect(&editor->vaspdParam(), &SpreadGrid::cellsEdited, this, &RecoveryKeeper::noteAct);
+    connect(&editor->document(), &OpenDocument::saved, this, [this, docNo] { dropCopy(docNo); });
     connect(editor, &frmPrFile::unloaded, this, [this, docNo] { dropCopy(docNo); });
 }
 
@@ -92,8 +90,8 @@ void RecoveryKeeper::lookAtDocuments()
 {
     for (const frmPrFile *editor : m_documents.openEditors()) {
         if (!hasChanges(*editor)) {
-            dropCopy(editor->docNo());
-        } else if (!isDue(editor->docNo()) || !refreshCopy(*editor)) {
+            dropCopy(editor->document().number());
+        } else if (!isDue(editor->document().number()) || !refreshCopy(*editor)) {
             noteAct(); // to come back to it
         }
     }
@@ -111,19 +109,19 @@ void RecoveryKeeper::refresh()
         if (hasChanges(*editor)) {
             refreshCopy(*editor);
         } else {
-            dropCopy(editor->docNo());
+            dropCopy(editor->document().number());
         }
     }
 }
 
 bool RecoveryKeeper::keepForNextStart(const frmPrFile &editor)
 {
-    return keep(editor) && m_copies.remove(editor.docNo());
+    return keep(editor) && m_copies.remove(editor.document().number());
 }
 
 bool RecoveryKeeper::keep(const frmPrFile &editor)
 {
-    const auto known = m_copies.find(editor.docNo());
+    const auto known = m_copies.find(editor.document().number());
     if (known != m_copies.end() && !m_store.has(known->number)) {
         known->sum.clear();
     }
@@ -134,10 +132,10 @@ bool RecoveryKeeper::refreshCopy(const frmPrFile &editor)
 {
     const QByteArray bytes = pack(editor);
     const QByteArray sum = recoverySum(bytes);
-    if (!m_copies.contains(editor.docNo())) {
-        m_copies.insert(editor.docNo(), {.number = m_store.newNumber()});
+    if (!m_copies.contains(editor.document().number())) {
+        m_copies.insert(editor.document().number(), {.number = m_store.newNumber()});
     }
-    Copy &copy = m_copies[editor.docNo()];
+    Copy &copy = m_copies[editor.document().number()];
     copy.age.start();
     if (copy.sum == sum) {
         return true;

@@ -3,6 +3,7 @@
 #include "bench/BenchDocument.h"
 #include "bench/DocumentGenerator.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 
@@ -23,7 +24,7 @@ Desk::Desk(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
 
 Desk::~Desk()
 {
-    DocFlags[editor().docNo()].changed = false;
+    DocFlags[editor().document().number()].changed = false;
 }
 
 frmPrFile &Desk::editor() const

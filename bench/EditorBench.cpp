@@ -8,6 +8,7 @@
 #include "document/DocumentTables.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
@@ -185,7 +186,7 @@ static void KeepARecoveryCopy(benchmark::State &state)
     desk.recovery().setInterval(std::chrono::hours(1));
     int edits = 0;
     const auto edit = [&] {
-        DocFlags[desk.editor().docNo()].changed = true;
+        desk.editor().document().markChanged();
         desk.grid().setText(ParameterColumn::Name, 1, QString::number(++edits));
     };
     measure(state, desk, edit, [&] { desk.recovery().refresh(); });
@@ -196,7 +197,7 @@ static void FindARecoveryCopyUpToDate(benchmark::State &state)
 {
     Desk desk(rowCount);
     desk.recovery().setInterval(std::chrono::hours(1));
-    DocFlags[desk.editor().docNo()].changed = true;
+    desk.editor().document().markChanged();
     measure(
         state, desk, [] {}, [&] { desk.recovery().refresh(); });
 }

@@ -7,7 +7,6 @@
 #include "dialogs/PlainBox.h"
 #include "dialogs/SelectAllBox.h"
 #include "dialogs/frmCap.h"
-#include "document/DocumentTables.h"
 #include "document/MachineInfoText.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
@@ -40,7 +39,7 @@ DialogGrid::Column capacityColumn(Text headingText)
 
 } // namespace
 
-frmKisyuEdit::frmKisyuEdit(QWidget *parent, int docNo) : EditDialog(parent, helpContext), m_docNo(docNo)
+frmKisyuEdit::frmKisyuEdit(QWidget *parent, MachineInfo &machine) : EditDialog(parent, helpContext), m_machine(machine)
 {
     createTypeFrame();
     m_voltage = createBox<SelectAllBox>(*createFrame(u"fraVoltage"_s), u"txtV"_s);
@@ -120,10 +119,9 @@ void frmKisyuEdit::layOutFrames()
 
 void frmKisyuEdit::load()
 {
-    const MachineInfo &info = MachineInfos.at(m_docNo);
     loadTexts();
-    loadBoxes(info);
-    loadCapacities(info);
+    loadBoxes(m_machine);
+    loadCapacities(m_machine);
     m_name->setFocus();
     prepare(Text::MachineTitle);
     m_changed = false;
@@ -210,8 +208,8 @@ void frmKisyuEdit::accept()
         return;
     }
     if (m_changed) {
-        collect(MachineInfos[m_docNo]);
-        DocFlags[m_docNo].changed = true;
+        collect(m_machine);
+        m_isWritten = true;
     }
     EditDialog::accept();
 }

@@ -7,15 +7,16 @@ class DialogGrid;
 class QGroupBox;
 class QLineEdit;
 
-/// Edits the machine information of a document: MachineInfos[docNo], which OK writes back when the user changed
-/// anything, together with the document's changed flag.
+/// Edits a document's machine information, which OK writes back if the user changed anything.
 class frmKisyuEdit : public EditDialog
 {
     Q_OBJECT
 
 public:
-    /// docNo: document number from 1; the tables must hold it.
-    frmKisyuEdit(QWidget *parent, int docNo);
+    frmKisyuEdit(QWidget *parent, MachineInfo &machine);
+
+    /// Once it is closed: whether the machine information was written back.
+    bool isChanged() const { return m_isWritten; }
 
     void accept() override;
 
@@ -40,8 +41,9 @@ private:
     void collect(MachineInfo &info) const;
     void collectCapacities(MachineInfo &info) const;
 
-    int m_docNo;
-    bool m_changed = false;
+    MachineInfo &m_machine;
+    bool m_changed = false; ///< by the user, in the controls
+    bool m_isWritten = false;
     QList<QGroupBox *> m_frames; ///< type, voltage, code, capacities, options
     QLineEdit *m_name;
     QLineEdit *m_type;

@@ -1,6 +1,5 @@
 #include "document/DocumentTables.h"
 
-
 QList<DocFlag> DocFlags;
 std::map<int, MachineInfo> MachineInfos;
 QList<PrRecord> PrRecords;
@@ -10,28 +9,7 @@ namespace {
 
 std::map<int, DocumentOrigin> origins; // by document number
 
-std::function<void()> &changeObserver()
-{
-    static std::function<void()> observer;
-    return observer;
-}
-
 } // namespace
-
-ChangedFlag &ChangedFlag::operator=(const ChangedFlag &other)
-{
-    const bool differs = m_changed != other.m_changed;
-    m_changed = other.m_changed;
-    if (differs && changeObserver()) {
-        changeObserver()();
-    }
-    return *this;
-}
-
-void ChangedFlag::setObserver(std::function<void()> observer)
-{
-    changeObserver() = std::move(observer);
-}
 
 int documentUpperBound()
 {

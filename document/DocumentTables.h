@@ -6,32 +6,14 @@
 
 #include <QList>
 
-#include <functional>
 #include <limits>
 #include <map>
-
-/// Whether a document has unsaved changes. Whoever shows that is told of each change, wherever it was made.
-class ChangedFlag
-{
-public:
-    ChangedFlag(bool changed = false) : m_changed(changed) { }
-    ChangedFlag(const ChangedFlag &) = default;
-    ChangedFlag &operator=(const ChangedFlag &other);
-    ~ChangedFlag() = default;
-    operator bool() const { return m_changed; }
-
-    /// Called when a flag has taken another value; an empty function for no observer.
-    static void setObserver(std::function<void()> observer);
-
-private:
-    bool m_changed;
-};
 
 /// What the program remembers of a document slot.
 struct DocFlag
 {
     bool free = false; ///< the slot's window was closed: the slot may be reused
-    ChangedFlag changed; ///< unsaved changes
+    bool changed = false; ///< unsaved changes
 
     bool operator==(const DocFlag &) const = default;
 };

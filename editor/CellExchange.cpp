@@ -5,8 +5,8 @@
 #include "desktop/MessageBox.h"
 #include "dialogs/frmFunc.h"
 #include "dialogs/frmPrCond.h"
-#include "document/DocumentTables.h"
 #include "document/FieldText.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "grid/SpreadGrid.h"
 #include "grid/UndoStep.h"
@@ -35,7 +35,7 @@ frmPrCond &prCondDialog(QWidget *window)
 
 } // namespace
 
-void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
+void exchangeFuncCode(SpreadGrid &grid, OpenDocument &document)
 {
     grid.commitEdit();
     const int row = grid.activeRow();
@@ -48,14 +48,14 @@ void exchangeFuncCode(SpreadGrid &grid, int docNo, const QString &fileName)
         return;
     }
     qint16 code = *shown;
-    if (frmFunc(grid.window()).ShowFuncCode(grid.text(ParameterColumn::Number, row), code, fileName)) {
+    if (frmFunc(grid.window()).ShowFuncCode(grid.text(ParameterColumn::Number, row), code, document.title())) {
         const UndoStep step(grid.history());
-        DocFlags[docNo].changed = true;
+        document.markChanged();
         grid.setText(ParameterColumn::FuncCode, row, functionCodeText(code));
     }
 }
 
-void exchangePrCond(SpreadGrid &grid, int docNo)
+void exchangePrCond(SpreadGrid &grid, OpenDocument &document)
 {
     grid.commitEdit();
     const int row = grid.activeRow();
@@ -66,7 +66,7 @@ void exchangePrCond(SpreadGrid &grid, int docNo)
     QString conditions = trimmedCell(grid, ParameterColumn::Condition);
     if (prCondDialog(grid.window()).ShowPrCond(grid.text(ParameterColumn::Number, row), count, conditions)) {
         const UndoStep step(grid.history());
-        DocFlags[docNo].changed = true;
+        document.markChanged();
         grid.setText(ParameterColumn::ConditionCount, row, QString::number(count));
         grid.setText(ParameterColumn::Condition, row, conditions);
     }

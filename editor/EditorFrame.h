@@ -21,9 +21,10 @@ public:
     /// Shows that editor window above the others, in a frame that is not minimised.
     virtual void makeActive(frmPrFile &editor) = 0;
 
-    /// Saves the editor's document, active or not. Asks for a name when fileName is empty or that of an untitled
-    /// document.
-    virtual SaveOutcome save(frmPrFile &editor, const QString &fileName) = 0;
+    /// Saves the editor's document, active or not, in its file. Asks for a name while it is untitled.
+    virtual SaveOutcome save(frmPrFile &editor) = 0;
+    /// Saves the editor's document under a name that is asked for.
+    virtual SaveOutcome saveAs(frmPrFile &editor) = 0;
     /// Keeps the unsaved document for the next start, beyond the end of its window. False when that is not possible.
     virtual bool keepForNextStart(const frmPrFile &editor) = 0;
 

@@ -3,9 +3,8 @@
 #include "app/services/Language.h"
 #include "app/services/Messages.h"
 #include "desktop/MessageBox.h"
-#include "document/DocumentTables.h"
 #include "editor/Clipboard.h"
-#include "editor/EditorFrame.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "grid/RedrawOff.h"
 #include "grid/SpreadGrid.h"
@@ -35,10 +34,9 @@ QString withoutOnlyLineEnd(const QString &text)
 
 } // namespace
 
-GridCommands::GridCommands(SpreadGrid &grid, int docNo, EditorFrame &frame, QObject *parent)
-    : QObject(parent), m_grid(grid), m_docNo(docNo), m_frame(frame)
+GridCommands::GridCommands(SpreadGrid &grid, OpenDocument &document, QObject *parent)
+    : QObject(parent), m_grid(grid), m_document(document)
 {
-    connect(&grid.history(), &SpreadHistory::stepBegins, this, &GridCommands::noteSaved);
 }
 
 void GridCommands::copy()
@@ -66,7 +64,7 @@ void GridCommands::cut()
     }
     m_grid.setFocus();
     m_grid.clearSelectedCells();
-    noteChange();
+    m_document.markChanged();
 }
 
 void GridCommands::paste()
@@ -112,7 +110,7 @@ void GridCommands::pasteCell(const QString &text)
     const UndoStep step(m_grid.history());
     m_grid.setTextColour({column, row, column, row}, QColor(changedCellColour));
     m_grid.setText(column, row, text);
-    noteChange();
+    m_document.markChanged();
 }
 
 void GridCommands::place(const GridBlock &target, const QString &text)
@@ -121,7 +119,7 @@ void GridCommands::place(const GridBlock &target, const QString &text)
     const RedrawOff redrawOff(m_grid);
     m_grid.setTextColour(target, QColor(changedCellColour));
     m_grid.setBlockText(target, text);
-    noteChange();
+    m_document.markChanged();
 }
 
 void GridCommands::addPaste()
@@ -201,30 +199,14 @@ void GridCommands::redo()
 void GridCommands::restore(bool (SpreadHistory::*way)())
 {
     m_grid.commitEdit();
-    noteSaved();
-    SpreadHistory &history = m_grid.history();
-    if ((history.*way)()) {
-        noteRowCount();
-        DocFlags[m_docNo].changed = !history.isClean();
-    }
-}
-
-// Whoever saved the document cleared its flag: what stands in the grid is what the file says.
-void GridCommands::noteSaved()
-{
-    if (!DocFlags[m_docNo].changed) {
-        m_grid.history().setClean();
+    if ((m_grid.history().*way)()) {
+        m_document.setRowCount(m_grid.rowCount());
+        m_document.noteRestored();
     }
 }
 
 void GridCommands::noteRowCount()
 {
-    m_frame.showParameterCount(m_grid.rowCount());
-    MachineInfos[m_docNo].Paramater = qint16(m_grid.rowCount());
-    noteChange();
-}
-
-void GridCommands::noteChange()
-{
-    DocFlags[m_docNo].changed = true;
+    m_document.setRowCount(m_grid.rowCount());
+    m_document.markChanged();
 }

@@ -2,8 +2,8 @@
 
 #include <QObject>
 
-class EditorFrame;
 struct GridBlock;
+class OpenDocument;
 class SpreadGrid;
 class SpreadHistory;
 
@@ -13,8 +13,7 @@ class GridCommands : public QObject
     Q_OBJECT
 
 public:
-    /// docNo counts from 1.
-    GridCommands(SpreadGrid &grid, int docNo, EditorFrame &frame, QObject *parent);
+    GridCommands(SpreadGrid &grid, OpenDocument &document, QObject *parent);
 
     void copy();
     void cut();
@@ -46,10 +45,7 @@ private:
     bool confirmsDeletingAll();
     void restore(bool (SpreadHistory::*way)());
     void noteRowCount();
-    void noteSaved();
-    void noteChange();
 
     SpreadGrid &m_grid;
-    int m_docNo;
-    EditorFrame &m_frame;
+    OpenDocument &m_document;
 };

@@ -3,11 +3,11 @@
 #include "app/services/Language.h"
 #include "app/services/Messages.h"
 #include "desktop/MessageBox.h"
-#include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
 #include "editor/Clipboard.h"
 #include "editor/FillLimits.h"
 #include "editor/FillSeries.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "grid/RedrawOff.h"
 #include "grid/SpreadGrid.h"
@@ -43,7 +43,8 @@ QStringView newText(int column)
 
 } // namespace
 
-GridFilling::GridFilling(SpreadGrid &grid, int docNo, QObject *parent) : QObject(parent), m_grid(grid), m_docNo(docNo)
+GridFilling::GridFilling(SpreadGrid &grid, OpenDocument &document, QObject *parent)
+    : QObject(parent), m_grid(grid), m_document(document)
 {
 }
 
@@ -294,7 +295,7 @@ void GridFilling::write(const Filling &filling)
         return found == filling.columns.end() ? m_grid.cellText(column, row)
                                               : *found->second[size_t(row - filling.row1)];
     });
-    DocFlags[m_docNo].changed = true;
+    m_document.markChanged();
 }
 
 // Only what becomes another text: the colour is there to find changes by.

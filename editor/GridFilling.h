@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+class OpenDocument;
 struct CellType;
 struct GridBlock;
 
@@ -20,8 +21,7 @@ class GridFilling : public QObject
     Q_OBJECT
 
 public:
-    /// docNo counts from 1.
-    GridFilling(SpreadGrid &grid, int docNo, QObject *parent);
+    GridFilling(SpreadGrid &grid, OpenDocument &document, QObject *parent);
 
     /// Down and Right copy the first row or column of the selected block over the others; of a block of one row or
     /// column the one above or to the left. Selection puts the open editor's text, else the one cell that was copied
@@ -55,5 +55,5 @@ private:
     bool colourChanged(const Filling &filling);
 
     SpreadGrid &m_grid;
-    int m_docNo;
+    OpenDocument &m_document;
 };

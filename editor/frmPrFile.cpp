@@ -6,7 +6,6 @@
 #include "desktop/MessageBox.h"
 #include "dialogs/frmKisyuEdit.h"
 #include "dialogs/print/PrintCommand.h"
-#include "document/DocumentTables.h"
 #include "editor/CellExchange.h"
 #include "editor/Clipboard.h"
 #include "editor/EditorFrame.h"
@@ -15,6 +14,7 @@
 #include "editor/GridFilling.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
 #include "editor/frmVisualInf.h"
@@ -42,26 +42,29 @@ constexpr int contentsContext = 1;
 
 frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     : QWidget(parent)
-    , m_docNo(docNo)
     , m_frame(frame)
     , m_grid(new SpreadGrid(this))
+    , m_document(new OpenDocument(docNo, m_grid->history(), this))
     , m_menus(new EditorMenus(this))
-    , m_commands(new GridCommands(*m_grid, docNo, frame, this))
+    , m_commands(new GridCommands(*m_grid, *m_document, this))
     , m_finder(new GridFinder(*m_grid, this))
 {
     setObjectName(u"frmPrFile"_s);
     m_grid->setObjectName(u"vaspdParam"_s);
     m_grid->setFrameShape(QFrame::NoFrame);
     connect(this, &QWidget::windowTitleChanged, m_grid, &QWidget::setAccessibleName);
+    connect(m_document, &OpenDocument::titleChanged, this, &QWidget::setWindowTitle);
+    connect(m_document, &OpenDocument::rowCountChanged, this, &frmPrFile::showRowCount);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_grid);
     setFocusProxy(m_grid);
     ApplyUserFont(*this);
     connectMenus();
-    layOutParameterGrid(*m_grid, MachineInfos[docNo].Paramater);
+    layOutParameterGrid(*m_grid, m_document->rowCount());
     connectGrid();
     m_grid->history().start();
+    m_document->noteLoaded();
     new SpreadZoom(*m_grid);
 }
 
@@ -99,8 +102,8 @@ void frmPrFile::connectMenus()
     const auto on = [this](
                         QStringView name, auto handler) { connect(&action(name), &QAction::triggered, this, handler); };
     on(u"mneFileClose", [this] { parentWidget() ? parentWidget()->close() : close(); });
-    on(u"mneFileSave", [this] { m_frame.save(*this, windowTitle()); });
-    on(u"mneFileSaveAs", [this] { m_frame.save(*this, {}); });
+    on(u"mneFileSave", [this] { m_frame.save(*this); });
+    on(u"mneFileSaveAs", [this] { m_frame.saveAs(*this); });
     on(u"mneVisualItem(0)", [this] { toggleBar(0); });
     on(u"mneVisualItem(1)", [this] { toggleBar(1); });
     on(u"mneVisualItem(3)", [this] { chooseGridFont(*m_grid); });
@@ -128,7 +131,7 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
     connect(m_grid, &SpreadGrid::undoRequested, m_commands, &GridCommands::undo);
     connect(m_grid, &SpreadGrid::redoRequested, m_commands, &GridCommands::redo);
-    connect(m_grid, &SpreadGrid::fillRequested, new GridFilling(*m_grid, m_docNo, this), &GridFilling::fill);
+    connect(m_grid, &SpreadGrid::fillRequested, new GridFilling(*m_grid, *m_document, this), &GridFilling::fill);
     connect(m_commands, &GridCommands::copied, this, [this](bool wholeRows) {
         action(u"mneEditPaste").setEnabled(true);
         m_frame.enablePasteButton(true);
@@ -142,11 +145,12 @@ void frmPrFile::connectGrid()
 void frmPrFile::SetPrInfSpread()
 {
     fillParameterGrid(*m_grid);
+    m_document->noteLoaded();
 }
 
 void frmPrFile::activate()
 {
-    m_frame.showParameterCount(MachineInfos[m_docNo].Paramater);
+    showRowCount();
     showPrNumber();
     updatePaste();
     for (const int bar : {0, 1}) {
@@ -191,8 +195,15 @@ void frmPrFile::chooseColumns()
 
 void frmPrFile::markChanged(const GridBlock &block)
 {
-    DocFlags[m_docNo].changed = true;
+    m_document->markChanged();
     m_grid->setTextColour(block, QColor(changedCellColour));
+}
+
+void frmPrFile::showRowCount()
+{
+    if (m_frame.activeEditor() == this) {
+        m_frame.showParameterCount(m_document->rowCount());
+    }
 }
 
 void frmPrFile::showPrNumber()
@@ -263,27 +274,28 @@ void frmPrFile::deleteLines()
 
 void frmPrFile::editFuncCode()
 {
-    exchangeFuncCode(*m_grid, m_docNo, windowTitle());
+    exchangeFuncCode(*m_grid, *m_document);
 }
 
 void frmPrFile::editPrCond()
 {
-    exchangePrCond(*m_grid, m_docNo);
+    exchangePrCond(*m_grid, *m_document);
 }
 
 void frmPrFile::editMachineInfo()
 {
-    const MachineInfo before = MachineInfos[m_docNo];
-    frmKisyuEdit(window(), m_docNo).exec();
-    if (MachineInfos[m_docNo] != before) {
-        m_grid->history().forgetClean(); // taking the grid's edits back does not give the file's machine back
+    MachineInfo machine = m_document->machine();
+    frmKisyuEdit dialog(window(), machine);
+    dialog.exec();
+    if (dialog.isChanged()) {
+        m_document->setMachine(machine);
     }
 }
 
 void frmPrFile::print()
 {
     m_grid->commitEdit();
-    printDocument(window(), *m_grid, m_docNo, windowTitle());
+    printDocument(window(), *m_grid, m_document->number(), m_document->title());
 }
 
 QSize frmPrFile::sizeHint() const
@@ -297,33 +309,32 @@ QSize frmPrFile::sizeHint() const
 bool frmPrFile::queryUnload()
 {
     m_grid->commitEdit();
-    if (!DocFlags[m_docNo].changed) {
+    if (!m_document->isChanged()) {
         return true;
     }
     m_frame.makeActive(*this);
-    const QString prompt = ResString(Text::SaveChangesQuestion, {u"|1"_s, windowTitle()});
+    const QString prompt = ResString(Text::SaveChangesQuestion, {u"|1"_s, m_document->title()});
     switch (MessageBox::askYesNoCancel(window(), prompt, ResString(Text::FrameTitle))) {
     case MessageBox::Answer::Yes:
         return saveToClose();
     case MessageBox::Answer::No:
-        DocFlags[m_docNo].changed = false;
-        break;
+        return true;
     case MessageBox::Answer::Cancel:
-        return false;
+        break;
     }
-    return true;
+    return false;
 }
 
 /// Whether the window may go: its document is in the file or, where saving it failed, kept for the next start.
 bool frmPrFile::saveToClose()
 {
-    if (m_frame.save(*this, windowTitle()) == SaveOutcome::Declined) {
+    if (m_frame.save(*this) == SaveOutcome::Declined) {
         return false;
     }
-    if (!DocFlags[m_docNo].changed || m_frame.keepForNextStart(*this)) {
+    if (!m_document->isChanged() || m_frame.keepForNextStart(*this)) {
         return true;
     }
-    MessageBox::showExclamation(window(), ownText(OwnText::ChangesNotKept), windowTitle());
+    MessageBox::showExclamation(window(), ownText(OwnText::ChangesNotKept), m_document->title());
     return false;
 }
 
@@ -333,7 +344,7 @@ void frmPrFile::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    DocFlags[m_docNo] = {.free = true, .changed = false};
+    m_document->release();
     event->accept();
     emit unloaded();
 }

@@ -7,13 +7,14 @@ class EditorFrame;
 class EditorMenus;
 class GridCommands;
 class GridFinder;
+class OpenDocument;
 class QAction;
 class QMenu;
 class SpreadGrid;
 struct GridBlock;
 
-/// The window in which one parameter file is edited. Its title is the file's name as it was given, or "No Name"; its
-/// grid is the only live copy of the rows.
+/// The window in which one parameter file is edited. Its title is its document's; its grid is the only live copy of the
+/// rows.
 class frmPrFile : public QWidget
 {
     Q_OBJECT
@@ -22,9 +23,7 @@ public:
     /// docNo counts from 1; MachineInfos and DocFlags must hold it.
     frmPrFile(int docNo, EditorFrame &frame, QWidget *parent = nullptr);
 
-    int docNo() const { return m_docNo; }
-    /// The document number as text.
-    QString tag() const { return QString::number(m_docNo); }
+    OpenDocument &document() const { return *m_document; }
     SpreadGrid &vaspdParam() const { return *m_grid; }
     QList<QMenu *> menus() const;
     GridFinder &finder() const { return *m_finder; }
@@ -76,14 +75,15 @@ private:
     void updatePaste();
     void toggleBar(int bar);
     void chooseColumns();
+    void showRowCount();
     void showPrNumber();
     QAction &action(QStringView name) const;
     bool queryUnload();
     bool saveToClose();
 
-    int m_docNo;
     EditorFrame &m_frame;
     SpreadGrid *m_grid;
+    OpenDocument *m_document;
     EditorMenus *m_menus;
     GridCommands *m_commands;
     GridFinder *m_finder;

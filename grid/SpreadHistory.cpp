@@ -31,7 +31,6 @@ void SpreadHistory::setMaxBytes(qsizetype bytes)
 void SpreadHistory::beginStep()
 {
     if (m_depth++ == 0 && m_started) {
-        emit stepBegins();
         m_open = {.changes = {}, .selectedBefore = m_selection.block(), .selectedAfter = {}};
     }
 }

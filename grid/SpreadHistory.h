@@ -60,10 +60,6 @@ public:
     void forgetClean() { m_clean.reset(); }
     bool isClean() const { return m_clean == m_done; }
 
-signals:
-    /// Raised before the first change of a step.
-    void stepBegins();
-
 private:
     struct Step
     {

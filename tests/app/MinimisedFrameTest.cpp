@@ -2,6 +2,7 @@
 
 #include "app/services/Settings.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
@@ -123,6 +124,6 @@ TEST_F(MinimisedFrame, savesTheDocumentThatIsMeantWithItsOwnRowsAndName)
     EXPECT_EQ(readFile(path(u"elsewhere.inv"_s)), changed("first.inv", 2));
     EXPECT_EQ(meant.windowTitle(), path(u"elsewhere.inv"_s));
     EXPECT_EQ(frame().openEditors().at(2)->windowTitle(), second);
-    EXPECT_FALSE(DocFlags[meant.docNo()].changed);
-    EXPECT_TRUE(DocFlags[frame().openEditors().at(2)->docNo()].changed);
+    EXPECT_FALSE(DocFlags[meant.document().number()].changed);
+    EXPECT_TRUE(DocFlags[frame().openEditors().at(2)->document().number()].changed);
 }

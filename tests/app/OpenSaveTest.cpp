@@ -2,6 +2,7 @@
 #include "desktop/FileDialog.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
@@ -132,7 +133,7 @@ TEST_F(OpenSave, usesUpASlotWhenAnOpenFails)
     script.thenEscape();
     EXPECT_FALSE(open(path(u"missing.inv"_s)));
     EXPECT_TRUE(open(writeFile(u"a.inv"_s, document(2))));
-    EXPECT_EQ(editor().tag(), u"3"_s);
+    EXPECT_EQ(editor().document().number(), 3);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
@@ -141,15 +142,15 @@ TEST_F(OpenSave, reusesTheLowestFreeSlot)
     const QString file = writeFile(u"a.inv"_s, document(2));
     open(file);
     open(file);
-    ASSERT_EQ(editor().tag(), u"3"_s);
+    ASSERT_EQ(editor().document().number(), 3);
     frame().openEditors().at(1)->parentWidget()->close();
     frame().openEditors().at(0)->parentWidget()->close();
     open(file);
-    EXPECT_EQ(editor().tag(), u"1"_s);
+    EXPECT_EQ(editor().document().number(), 1);
     open(file);
-    EXPECT_EQ(editor().tag(), u"2"_s);
+    EXPECT_EQ(editor().document().number(), 2);
     open(file);
-    EXPECT_EQ(editor().tag(), u"4"_s);
+    EXPECT_EQ(editor().document().number(), 4);
 }
 
 TEST_F(OpenSave, showsNothingOfASlotsFormerDocument)
@@ -260,7 +261,7 @@ TEST_F(OpenSave, keepsTheTitleWhenTheSaveDialogIsCancelled)
 {
     open(writeFile(u"a.inv"_s, document(2)));
     const QString title = editor().windowTitle();
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     ModalScript script;
     script.thenEscape();
     chooseMenu(u"mneFile"_s, u"mneFileSaveAs"_s);

@@ -1,4 +1,5 @@
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
@@ -344,7 +345,7 @@ TEST_F(Recovery, opensRecoveredDocumentsBehindTheFileOfTheCommandLine)
     start(other);
     ASSERT_EQ(frame().openEditors().size(), 3);
     EXPECT_EQ(frame().openEditors().at(1)->windowTitle(), other);
-    EXPECT_EQ(editor().tag(), u"3"_s);
+    EXPECT_EQ(editor().document().number(), 3);
 }
 
 TEST_F(Recovery, keepsAnUntitledDocumentUntitledInEitherLanguage)
@@ -461,7 +462,7 @@ TEST_P(DamagedCopy, hindersNeitherTheStartNorTheOthers)
     EXPECT_EQ(editor().windowTitle(), file);
     EXPECT_EQ(script.asked(), 0);
     EXPECT_EQ(found(u"*.damaged"_s).size(), 1);
-    EXPECT_EQ(editor().tag(), u"2"_s);
+    EXPECT_EQ(editor().document().number(), 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Damages, DamagedCopy,

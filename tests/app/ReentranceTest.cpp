@@ -4,6 +4,7 @@
 #include "desktop/InputHold.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
@@ -125,7 +126,7 @@ void Reentrance::expectWhole()
         const SpreadGrid &cells = editor->vaspdParam();
         EXPECT_FALSE(editor->windowTitle().isEmpty());
         EXPECT_TRUE(editor->isVisible()) << editor->windowTitle().toStdString();
-        EXPECT_EQ(cells.rowCount(), MachineInfos[editor->docNo()].Paramater);
+        EXPECT_EQ(cells.rowCount(), MachineInfos[editor->document().number()].Paramater);
     }
 }
 
@@ -204,7 +205,7 @@ TEST_F(Reentrance, theWheelScrollsAfterwards)
 
 TEST_F(Reentrance, aWindowIsClosedAfterItsSave)
 {
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     with([this] { EXPECT_FALSE(editor().parentWidget()->close()); }, [this] { return save(); });
     EXPECT_EQ(titles(), QStringList(u"No Name"_s)); // and nothing was asked: it was saved by then
 }
@@ -218,7 +219,7 @@ TEST_F(Reentrance, theProgramEndsAfterTheRead)
 
 TEST_F(Reentrance, aClosedFrameAsksAfterwardsAndStaysOnCancel)
 {
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     ModalScript script;
     script.then([this](QWidget &box) {
         EXPECT_EQ(dynamic_cast<QMessageBox &>(box).text(), first + u" is update.\nSave?"_s);

@@ -2,6 +2,7 @@
 #include "app/services/Settings.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
@@ -37,7 +38,7 @@ TEST_F(StartUp, showsOneUntitledDocumentWithOneRow)
     start();
     ASSERT_EQ(frame().openEditors().size(), 1);
     EXPECT_EQ(editor().windowTitle(), u"No Name"_s);
-    EXPECT_EQ(editor().tag(), u"1"_s);
+    EXPECT_EQ(editor().document().number(), 1);
     EXPECT_EQ(grid().rowCount(), 1);
     EXPECT_EQ(MachineInfos[1].Paramater, 1);
     EXPECT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), u"1"_s);
@@ -49,7 +50,7 @@ TEST_F(StartUp, opensTheCommandLineAsOneFileName)
     start(file);
     ASSERT_EQ(frame().openEditors().size(), 2);
     EXPECT_EQ(editor().windowTitle(), file);
-    EXPECT_EQ(editor().tag(), u"2"_s);
+    EXPECT_EQ(editor().document().number(), 2);
     EXPECT_EQ(grid().text(2, 3), u"Parameter 3"_s);
 }
 

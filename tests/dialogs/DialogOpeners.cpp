@@ -64,7 +64,7 @@ void openKisyuEdit(const DialogAct &act)
         .Option = {u"A1"_s},
         .Paramater = 1,
         .SoftWareVersion = u"1.0"_s};
-    frmKisyuEdit dialog(nullptr, 1);
+    frmKisyuEdit dialog(nullptr, MachineInfos[1]);
     whileShown(dialog, [&] { act(dialog); });
     dialog.exec();
 }

@@ -32,12 +32,12 @@ void MachineDialog::SetUp()
 
 bool MachineDialog::show(const std::function<void()> &act)
 {
-    frmKisyuEdit opened(nullptr, docNo);
+    frmKisyuEdit opened(nullptr, info());
     dialog = &opened;
     whileShown(opened, act);
     opened.exec();
     dialog = nullptr;
-    return DocFlags[docNo].changed;
+    return opened.isChanged();
 }
 
 MachineInfo &MachineDialog::info()

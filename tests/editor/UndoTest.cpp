@@ -1,6 +1,7 @@
 // Ctrl+Z, Ctrl+Y and Ctrl+Shift+Z in the editor window: every act is one step, and all that shows it goes with it.
 
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/editor/UndoSupport.h"
@@ -317,7 +318,7 @@ TEST_F(UndoTest, savesWhatWasTakenBack)
     addPaste();
     undo();
     undo();
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     save();
     EXPECT_EQ(readFile(editor().windowTitle()), before);
 }

@@ -3,6 +3,7 @@
 #include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "editor/GridFont.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
@@ -244,7 +245,7 @@ TEST_F(ZoomTest, changesNeitherSettingsNorDocument)
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     EXPECT_EQ(readFile(editor().windowTitle()), before);
 }

@@ -4,6 +4,7 @@
 #include "app/services/Settings.h"
 #include "desktop/Picture.h"
 #include "editor/FindField.h"
+#include "editor/OpenDocument.h"
 #include "editor/ParameterCells.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
@@ -75,7 +76,7 @@ void GuideScenes::openEditor()
     frame().setWindowState(Qt::WindowNoState);
     frame().resize(frameSize);
     editor().parentWidget()->setGeometry(8, 8, frameSize.width() - 24, area.height() - 16);
-    editor().setWindowTitle(u"/home/user/xt200.inv"_s);
+    editor().document().setPath(u"/home/user/xt200.inv"_s);
     const QString names[] = {u"Torque boost"_s, u"Maximum frequency"_s, u"Minimum frequency"_s, u"Base frequency"_s,
         u"Multi-speed setting, high speed range"_s};
     for (int row = 1; row <= 5; ++row) {

@@ -2,6 +2,7 @@
 
 #include "app/MDIfrmTabrix.h"
 #include "desktop/RibbonButton.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
@@ -162,7 +163,7 @@ void DayHands::chooseWindow(int docNo)
     int place = 0;
     for (const frmPrFile *editor : m_frame.openEditors()) {
         ++place;
-        if (editor->docNo() == docNo) {
+        if (editor->document().number() == docNo) {
             break;
         }
     }

@@ -3,6 +3,7 @@
 #include "app/MDIfrmTabrix.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/Controls.h"
@@ -60,8 +61,8 @@ QJsonObject windowState(const frmPrFile &editor)
         colours << rowColours(grid, row);
     }
     const GridBlock selection = grid.selectedBlock();
-    return {{u"number"_s, editor.docNo()}, {u"caption"_s, editor.windowTitle()}, {u"rows"_s, rows},
-        {u"colours"_s, colours}, {u"changed"_s, bool(DocFlags[editor.docNo()].changed)},
+    return {{u"number"_s, editor.document().number()}, {u"caption"_s, editor.windowTitle()}, {u"rows"_s, rows},
+        {u"colours"_s, colours}, {u"changed"_s, bool(DocFlags[editor.document().number()].changed)},
         {u"recent"_s, recentEntries(*editor.menus().constFirst())},
         {u"selection"_s, QJsonArray{selection.column1, selection.row1, selection.column2, selection.row2}},
         {u"cell"_s, QJsonArray{grid.activeColumn(), grid.activeRow()}},
@@ -94,7 +95,7 @@ QJsonObject dayState(const MDIfrmTabrix &frame)
         windows << windowState(*editor);
     }
     const frmPrFile *active = frame.activeEditor();
-    return {{u"minimised"_s, frame.isMinimized()}, {u"active"_s, active ? active->docNo() : 0},
+    return {{u"minimised"_s, frame.isMinimized()}, {u"active"_s, active ? active->document().number() : 0},
         {u"count"_s, control<QLabel>(frame, u"lblPrcount"_s).text()},
         {u"pr"_s, control<QLineEdit>(frame, u"txtPr"_s).text()},
         {u"paste"_s, control<RibbonButton>(frame, u"ssrbnEdit(2)"_s).isEnabled()},

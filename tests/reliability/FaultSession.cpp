@@ -3,6 +3,7 @@
 #include "app/MDIfrmTabrix.h"
 #include "app/services/Language.h"
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/AnsiText.h"
@@ -85,7 +86,7 @@ private:
         }
         return found;
     }
-    static bool isChanged(const frmPrFile &editor) { return DocFlags[editor.docNo()].changed; }
+    static bool isChanged(const frmPrFile &editor) { return DocFlags[editor.document().number()].changed; }
     void activate(frmPrFile &editor)
     {
         m_frame->activateWindow();

@@ -1,4 +1,5 @@
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/support/FrameTest.h"
@@ -138,7 +139,7 @@ TEST_P(PlainName, standsInTheMenus)
 TEST_P(PlainName, standsInMessages)
 {
     open();
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     ModalScript script;
     script.then([this](QWidget &box) {
         EXPECT_EQ(markedUp(box), QStringList());
@@ -247,7 +248,7 @@ TEST_F(PlainText, ofALongNameWithoutBlanksIsShownWholeInAMessage)
         QTest::mouseClick(&control<QPushButton>(window, u"cmdNo"_s), Qt::LeftButton);
     });
     ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(QFileInfo(file).fileName(), document(2))));
-    DocFlags[docNo()].changed = true;
+    editor().document().markChanged();
     editor().parentWidget()->close();
     EXPECT_EQ(frame().openEditors().size(), 1);
 }
@@ -264,7 +265,7 @@ TEST_F(PlainText, ofAnEndlessNameKeepsItsBeginningAndItsEnd)
         EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
         QTest::keyClick(&window, Qt::Key_Escape);
     });
-    editor().setWindowTitle(file);
-    DocFlags[docNo()].changed = true;
+    editor().document().setPath(file);
+    editor().document().markChanged();
     chooseMenu(u"mneFile"_s, u"mneFileClose"_s);
 }

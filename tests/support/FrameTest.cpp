@@ -4,6 +4,7 @@
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/Clipboard.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/AnsiText.h"
@@ -70,7 +71,7 @@ SpreadGrid &FrameTest::grid()
 
 int FrameTest::docNo()
 {
-    return editor().docNo();
+    return editor().document().number();
 }
 
 QString FrameTest::writeFile(const QString &name, const QByteArray &bytes)
