@@ -19,12 +19,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int tipIntervalInMilliseconds = 100;
-constexpr int firstEditTip = 10;
-constexpr int firstEditPicture = 1010;
-constexpr int editButtons = 8;
-constexpr int pasteIndex = 2;
-constexpr int addPasteIndex = 3;
-constexpr int groupStarts[] = {0, 4, 6}; // edit buttons with a gap before them
 constexpr int tipMargin = 4;
 
 QLabel *newTipPanel(QWidget *frame)
@@ -39,9 +33,22 @@ QLabel *newTipPanel(QWidget *frame)
     return panel;
 }
 
-QString tipText(int tip)
+QString tipText(const CommandInfo &command)
 {
-    return ResString(textAfter(Text::TipOpen, tip));
+    return ResString(command.button->tip);
+}
+
+/// The commands that have a button, from left to right.
+QList<const CommandInfo *> commandsWithButtons()
+{
+    QList<const CommandInfo *> found;
+    for (const CommandInfo &command : commands()) {
+        if (command.button) {
+            found << &command;
+        }
+    }
+    std::ranges::sort(found, {}, [](const CommandInfo *command) { return command->button->position; });
+    return found;
 }
 
 } // namespace
@@ -52,48 +59,38 @@ FrameToolBar::FrameToolBar(QWidget *frame)
     setObjectName(u"pictToolBar"_s);
     setMovable(false);
     setMouseTracking(true);
-    m_ssrbnOpen = addButton(u"ssrbnOpen"_s, 0);
-    m_ssrbnSave = addButton(u"ssrbnSave"_s, 1);
-    m_ssrbnPrint = addButton(u"ssrbnPrint"_s, 2);
-    for (int i = 0; i < editButtons; ++i) {
-        if (std::ranges::find(groupStarts, i) != std::end(groupStarts)) {
-            addSeparator();
-        }
-        m_ssrbnEdit << addButton(u"ssrbnEdit(%1)"_s.arg(i), firstEditTip + i);
-        connect(m_ssrbnEdit.back(), &RibbonButton::clickedByUser, this, [this, i] { emit editClicked(i); });
+    for (const CommandInfo *command : commandsWithButtons()) {
+        addButton(*command);
     }
-    connect(m_ssrbnOpen, &RibbonButton::clickedByUser, this, &FrameToolBar::openClicked);
-    connect(m_ssrbnSave, &RibbonButton::clickedByUser, this, &FrameToolBar::saveClicked);
-    connect(m_ssrbnPrint, &RibbonButton::clickedByUser, this, &FrameToolBar::printClicked);
     m_timer1->setObjectName(u"Timer1"_s);
     m_timer1->setInterval(tipIntervalInMilliseconds);
     connect(m_timer1, &QTimer::timeout, this, &FrameToolBar::ShowTip);
 }
 
-RibbonButton *FrameToolBar::addButton(const QString &name, int tip)
+void FrameToolBar::addButton(const CommandInfo &command)
 {
-    auto *button = new RibbonButton(this);
-    button->setObjectName(name);
-    button->setIconSize(iconSize());
-    addWidget(button);
-    const TippedButton tipped{button, tip};
-    m_tippedButtons << tipped;
-    connect(button, &RibbonButton::mouseMoved, this, [this, tipped] { startTip(tipped); });
+    if (command.button->startsGroup) {
+        addSeparator();
+    }
+    auto *widget = new RibbonButton(this);
+    widget->setObjectName(command.button->name.toString());
+    widget->setIconSize(iconSize());
+    addWidget(widget);
+    const CommandButton button{widget, &command};
+    m_buttons << button;
+    connect(widget, &RibbonButton::mouseMoved, this, [this, button] { startTip(button); });
     // A push button in the guise of a toggle: up again before the command runs.
-    connect(button, &RibbonButton::clickedByUser, button, [button] { button->setValue(false); });
-    return button;
+    connect(widget, &RibbonButton::clickedByUser, this, [this, button] {
+        button.widget->setValue(false);
+        emit chosen(*button.command);
+    });
 }
 
 void FrameToolBar::loadPictures()
 {
-    m_ssrbnOpen->setPictures(1000, 0);
-    m_ssrbnSave->setPictures(1001, 1002);
-    m_ssrbnPrint->setPictures(1003, 1004);
-    for (int i = 0; i < editButtons; ++i) {
-        m_ssrbnEdit[i]->setPictures(firstEditPicture + 2 * i, firstEditPicture + 1 + 2 * i);
-    }
-    for (const TippedButton &tipped : m_tippedButtons) {
-        tipped.button->setAccessibleName(tipText(tipped.tip));
+    for (const CommandButton &button : std::as_const(m_buttons)) {
+        button.widget->setPictures(button.command->button->picture, button.command->button->otherPicture);
+        button.widget->setAccessibleName(tipText(*button.command));
     }
 }
 
@@ -104,36 +101,33 @@ void FrameToolBar::clearTip()
 
 void FrameToolBar::enableDocumentButtons(bool enabled)
 {
-    m_ssrbnSave->setEnabled(enabled);
-    m_ssrbnPrint->setEnabled(enabled);
-    for (RibbonButton *button : m_ssrbnEdit) {
-        button->setEnabled(enabled);
+    for (const CommandNeeds needs : {CommandNeeds::Document, CommandNeeds::CopiedText, CommandNeeds::CopiedRows}) {
+        enableButtons(needs, enabled);
     }
 }
 
-void FrameToolBar::enablePasteButton(bool enabled)
+void FrameToolBar::enableButtons(CommandNeeds needs, bool enabled)
 {
-    m_ssrbnEdit[pasteIndex]->setEnabled(enabled);
+    for (const CommandButton &button : std::as_const(m_buttons)) {
+        if (button.command->needs == needs) {
+            button.widget->setEnabled(enabled);
+        }
+    }
 }
 
-void FrameToolBar::enableAddPasteButton(bool enabled)
+void FrameToolBar::startTip(const CommandButton &button)
 {
-    m_ssrbnEdit[addPasteIndex]->setEnabled(enabled);
-}
-
-void FrameToolBar::startTip(const TippedButton &tipped)
-{
-    m_tipped = tipped;
+    m_tipped = button;
     m_timer1->start();
 }
 
 void FrameToolBar::ShowTip()
 {
-    if (!m_tipped.button || QApplication::widgetAt(QCursor::pos()) != m_tipped.button) {
+    if (!m_tipped.widget || QApplication::widgetAt(QCursor::pos()) != m_tipped.widget) {
         endTip();
         return;
     }
-    m_sspnlToolTip->setText(tipText(m_tipped.tip));
+    m_sspnlToolTip->setText(tipText(*m_tipped.command));
     placeTip();
 }
 
@@ -141,7 +135,7 @@ void FrameToolBar::placeTip()
 {
     QWidget *frame = m_sspnlToolTip->parentWidget();
     m_sspnlToolTip->adjustSize();
-    QPoint place = m_tipped.button->mapTo(frame, m_tipped.button->rect().bottomLeft()) + QPoint(0, tipMargin);
+    QPoint place = m_tipped.widget->mapTo(frame, m_tipped.widget->rect().bottomLeft()) + QPoint(0, tipMargin);
     place.setX(std::clamp(place.x(), 0, std::max(0, frame->width() - m_sspnlToolTip->width())));
     m_sspnlToolTip->move(place);
     m_sspnlToolTip->raise();

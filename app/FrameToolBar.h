@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/Commands.h"
+
 #include <QList>
 #include <QToolBar>
 
@@ -7,7 +9,7 @@ class QLabel;
 class QTimer;
 class RibbonButton;
 
-/// The frame's tool bar with its tips. Tip numbers: 0 open, 1 save, 2 print, 10 to 17 the edit buttons 0 to 7.
+/// The frame's tool bar: the buttons of the command table, with their tips.
 class FrameToolBar : public QToolBar
 {
     Q_OBJECT
@@ -19,42 +21,34 @@ public:
     void loadPictures();
     void clearTip();
 
-    /// Enables what acts on a document: save, print and the edit buttons.
+    /// Enables the buttons of all commands that act on a document.
     void enableDocumentButtons(bool enabled);
-    void enablePasteButton(bool enabled);
-    void enableAddPasteButton(bool enabled);
+    /// Enables the buttons of the commands that need this.
+    void enableButtons(CommandNeeds needs, bool enabled);
 
     /// Shows the tip of the button last moved over, or ends it when the mouse has left that button.
     void ShowTip();
 
 signals:
-    void openClicked();
-    void saveClicked();
-    void printClicked();
-    /// index 0 to 7: cut, copy, paste, add-paste, add line, delete line, functional list code, machine information
-    void editClicked(int index);
+    void chosen(const CommandInfo &command);
 
 protected:
     bool event(QEvent *event) override;
 
 private:
-    struct TippedButton
+    struct CommandButton
     {
-        RibbonButton *button;
-        int tip;
+        RibbonButton *widget;
+        const CommandInfo *command;
     };
 
-    RibbonButton *addButton(const QString &name, int tip);
-    void startTip(const TippedButton &tipped);
+    void addButton(const CommandInfo &command);
+    void startTip(const CommandButton &button);
     void placeTip();
     void endTip();
 
-    RibbonButton *m_ssrbnOpen;
-    RibbonButton *m_ssrbnSave;
-    RibbonButton *m_ssrbnPrint;
-    QList<RibbonButton *> m_ssrbnEdit;
-    QList<TippedButton> m_tippedButtons;
-    TippedButton m_tipped{nullptr, 0}; ///< the button that the mouse last moved over
+    QList<CommandButton> m_buttons; ///< from left to right
+    CommandButton m_tipped{nullptr, nullptr}; ///< the button that the mouse last moved over
     QLabel *m_sspnlToolTip;
     QTimer *m_timer1;
 };

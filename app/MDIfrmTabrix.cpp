@@ -1,6 +1,5 @@
 #include "app/MDIfrmTabrix.h"
 
-#include "app/FrameMenus.h"
 #include "app/FrameStatusBar.h"
 #include "app/FrameToolBar.h"
 #include "app/QtTexts.h"
@@ -13,7 +12,7 @@
 #include "desktop/MessageBox.h"
 #include "desktop/PlainCaption.h"
 #include "desktop/RefusedInput.h"
-#include "editor/GridFinder.h"
+#include "editor/CommandMenus.h"
 #include "editor/OpenDocument.h"
 #include "editor/ParameterGrid.h"
 #include "editor/RecentFileGroup.h"
@@ -79,7 +78,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     : m_area(new QMdiArea(this))
     , m_toolBar(new FrameToolBar(this))
     , m_statusBar(new FrameStatusBar(this))
-    , m_menus(new FrameMenus(this))
+    , m_menus(new CommandMenus(this, CommandMenus::Scope::Frame))
     , m_host(*this)
     , m_documents(*m_area, *this, m_host)
     , m_recovery(m_documents)
@@ -97,7 +96,7 @@ MDIfrmTabrix::MDIfrmTabrix()
     setStatusBar(m_statusBar);
     showMenus(m_menus->all());
     connectMenus();
-    connectToolBar();
+    connect(m_toolBar, &FrameToolBar::chosen, this, &MDIfrmTabrix::run);
     connectKeys();
     new MenuKey(this);
     m_toolBar->enableDocumentButtons(false);
@@ -163,56 +162,35 @@ void MDIfrmTabrix::ShowTip()
 
 void MDIfrmTabrix::connectMenus()
 {
-    const auto on = [this](QStringView name, auto handler) {
-        connect(&m_menus->action(name), &QAction::triggered, this, handler);
-    };
-    on(u"mneFileOpen", [this] { m_documents.OpenPrFile(); });
-    on(u"mneFileExit", [this] { close(); });
-    on(u"mneVisualItem(0)", [this] { showBar(0, !isBarShown(0)); });
-    on(u"mneVisualItem(1)", [this] { showBar(1, !isBarShown(1)); });
-    on(u"mneWinItem(0)", [this] { arrangeWindows(0); });
-    on(u"mneWinItem(1)", [this] { arrangeWindows(1); });
-    on(u"mneHelpItem", [this] { ShowHelp(this, contentsContext); });
-    on(u"mneHelpVer", [this] { showAbout(); });
+    connect(m_menus, &CommandMenus::chosen, this, &MDIfrmTabrix::run);
     connect(&m_menus->recentFiles(), &RecentFileGroup::chosen, this, &MDIfrmTabrix::openRecent);
-    connect(&m_menus->windowMenu(), &QMenu::aboutToShow, this, [this] { fillWindowList(m_menus->windowMenu()); });
+    QMenu &windows = m_menus->menu(MenuName::Window);
+    connect(&windows, &QMenu::aboutToShow, this, [this, &windows] { fillWindowList(windows); });
 }
 
-void MDIfrmTabrix::connectToolBar()
-{
-    connect(m_toolBar, &FrameToolBar::openClicked, this, [this] { m_documents.OpenPrFile(); });
-    connect(m_toolBar, &FrameToolBar::saveClicked, this, &MDIfrmTabrix::saveByButton);
-    connect(m_toolBar, &FrameToolBar::printClicked, this, &MDIfrmTabrix::printByButton);
-    connect(m_toolBar, &FrameToolBar::editClicked, this, &MDIfrmTabrix::runEditCommand);
-}
-
-// Keys without a menu entry; they work wherever the focus is.
+// Keys without a menu line; they work wherever the focus is.
 void MDIfrmTabrix::connectKeys()
 {
-    const auto on = [this](const QKeySequence &key, auto command) {
-        connect(new QShortcut(key, this), &QShortcut::activated, this, [this, command] {
-            if (frmPrFile *editor = activeEditor()) {
-                command(*editor);
-            }
-        });
-    };
-    on(Qt::CTRL | Qt::Key_F, [](const frmPrFile &editor) { editor.finder().open(); });
-    on(Qt::Key_F3, [](const frmPrFile &editor) { editor.finder().findNext(); });
-    on(Qt::SHIFT | Qt::Key_F3, [](const frmPrFile &editor) { editor.finder().findPrevious(); });
-    on(Qt::Key_F7, [](frmPrFile &editor) { editor.goToChanged(1); });
-    on(Qt::SHIFT | Qt::Key_F7, [](frmPrFile &editor) { editor.goToChanged(-1); });
-    connect(new QShortcut(Qt::CTRL | Qt::Key_G, this), &QShortcut::activated, this, &MDIfrmTabrix::enterJumpBox);
+    for (const CommandInfo &command : commands()) {
+        if (command.menu == MenuName::None && command.hasKey()) {
+            connect(new QShortcut(command.key, this), &QShortcut::activated, this, [this, &command] { run(command); });
+        }
+    }
+}
+
+void MDIfrmTabrix::run(const CommandInfo &command)
+{
+    if (command.ofFrame) {
+        command.ofFrame(*this);
+    } else if (frmPrFile *editor = activeEditor()) {
+        command.ofEditor(*editor);
+    }
 }
 
 void MDIfrmTabrix::connectEditor(frmPrFile *editor)
 {
     m_toolBar->enableDocumentButtons(true);
     m_recent.repeatIn(*editor);
-    connect(editor, &frmPrFile::openRequested, this, [this] { m_documents.OpenPrFile(); });
-    connect(editor, &frmPrFile::openRecentRequested, this, &MDIfrmTabrix::openRecent);
-    connect(editor, &frmPrFile::exitRequested, this, &QWidget::close);
-    connect(editor, &frmPrFile::aboutRequested, this, &MDIfrmTabrix::showAbout);
-    connect(editor, &frmPrFile::arrangeRequested, this, &MDIfrmTabrix::arrangeWindows);
     connect(editor, &frmPrFile::unloaded, this, &MDIfrmTabrix::editorUnloaded);
 }
 
@@ -266,6 +244,11 @@ SaveOutcome MDIfrmTabrix::saveAs(frmPrFile &editor)
     return m_documents.SavePrFile(editor);
 }
 
+SaveOutcome MDIfrmTabrix::saveUnderTitle(frmPrFile &editor)
+{
+    return m_documents.write(editor, editor.document().title());
+}
+
 void MDIfrmTabrix::showParameterCount(int count)
 {
     m_statusBar->showParameterCount(count);
@@ -276,30 +259,28 @@ void MDIfrmTabrix::showPrNumber(const QString &number)
     m_statusBar->showPrNumber(number);
 }
 
-void MDIfrmTabrix::enablePasteButton(bool enabled)
+void MDIfrmTabrix::enableButtons(CommandNeeds needs, bool enabled)
 {
-    m_toolBar->enablePasteButton(enabled);
+    m_toolBar->enableButtons(needs, enabled);
 }
 
-void MDIfrmTabrix::enableAddPasteButton(bool enabled)
+QWidget &MDIfrmTabrix::bar(Bar bar) const
 {
-    m_toolBar->enableAddPasteButton(enabled);
+    return bar == Bar::Tool ? static_cast<QWidget &>(*m_toolBar) : static_cast<QWidget &>(*m_statusBar);
 }
 
-QWidget &MDIfrmTabrix::bar(int bar) const
+bool MDIfrmTabrix::isBarShown(Bar bar) const
 {
-    return bar == 0 ? static_cast<QWidget &>(*m_toolBar) : static_cast<QWidget &>(*m_statusBar);
+    return !this->bar(bar).isHidden();
 }
 
-bool MDIfrmTabrix::isBarShown(int index) const
+void MDIfrmTabrix::showBar(Bar bar, bool shown)
 {
-    return !bar(index).isHidden();
-}
-
-void MDIfrmTabrix::showBar(int index, bool shown)
-{
-    bar(index).setVisible(shown);
-    m_menus->action(u"mneVisualItem(%1)"_s.arg(index)).setChecked(shown);
+    this->bar(bar).setVisible(shown);
+    m_menus->showBarMark(bar, shown);
+    for (frmPrFile *editor : openEditors()) {
+        editor->showBarMark(bar, shown);
+    }
 }
 
 void MDIfrmTabrix::fillWindowList(QMenu &menu)
@@ -331,33 +312,6 @@ void MDIfrmTabrix::openRecent(const QString &fileName)
     m_recent.BuildRecentMenus();
 }
 
-void MDIfrmTabrix::runEditCommand(int index)
-{
-    using EditorCommand = void (frmPrFile::*)();
-    static constexpr EditorCommand commands[] = {&frmPrFile::cut, &frmPrFile::copy, &frmPrFile::paste,
-        &frmPrFile::addPaste, &frmPrFile::addLine, &frmPrFile::deleteLines, &frmPrFile::editFuncCode,
-        &frmPrFile::editMachineInfo};
-    if (frmPrFile *editor = activeEditor()) {
-        const EditorCommand command = commands[index];
-        (editor->*command)();
-    }
-}
-
-void MDIfrmTabrix::saveByButton()
-{
-    // Unlike the menu's Save: no dialog for an untitled document, no entry among the recent files.
-    if (frmPrFile *editor = activeEditor()) {
-        m_documents.write(*editor, editor->document().title());
-    }
-}
-
-void MDIfrmTabrix::printByButton()
-{
-    if (frmPrFile *editor = activeEditor()) {
-        editor->print();
-    }
-}
-
 void MDIfrmTabrix::jumpToParameter(const QString &text)
 {
     frmPrFile *editor = activeEditor();
@@ -374,22 +328,24 @@ void MDIfrmTabrix::jumpToParameter(const QString &text)
 
 void MDIfrmTabrix::enterJumpBox()
 {
-    if (!isBarShown(1)) {
-        showBar(1, true);
-        if (frmPrFile *editor = activeEditor()) {
-            editor->showBarMark(1, true);
-        }
+    if (!isBarShown(Bar::Status)) {
+        showBar(Bar::Status, true);
     }
     m_statusBar->enterJumpBox();
 }
 
-void MDIfrmTabrix::arrangeWindows(int arrangement)
+void MDIfrmTabrix::arrange(Arrangement arrangement)
 {
-    if (arrangement == 0) {
+    if (arrangement == Arrangement::Cascaded) {
         cascadeWindows(*m_area);
     } else {
         tileWindows(*m_area);
     }
+}
+
+void MDIfrmTabrix::showHelp()
+{
+    ShowHelp(this, contentsContext);
 }
 
 void MDIfrmTabrix::showAbout()

@@ -8,11 +8,12 @@
 
 #include <QMainWindow>
 
-class FrameMenus;
+class CommandMenus;
 class FrameStatusBar;
 class FrameToolBar;
 class QMdiArea;
 class QMdiSubWindow;
+struct CommandInfo;
 
 /// The frame window: it holds the editor windows, shows the menus of the active one, and passes commands on to it.
 class MDIfrmTabrix : public QMainWindow, public EditorFrame
@@ -39,13 +40,20 @@ public:
     void makeActive(frmPrFile &editor) override;
     SaveOutcome save(frmPrFile &editor) override;
     SaveOutcome saveAs(frmPrFile &editor) override;
+    SaveOutcome saveUnderTitle(frmPrFile &editor) override;
     bool keepForNextStart(const frmPrFile &editor) override { return m_recovery.keepForNextStart(editor); }
     void showParameterCount(int count) override;
     void showPrNumber(const QString &number) override;
-    void enablePasteButton(bool enabled) override;
-    void enableAddPasteButton(bool enabled) override;
-    bool isBarShown(int bar) const override;
-    void showBar(int bar, bool shown) override;
+    void enableButtons(CommandNeeds needs, bool enabled) override;
+    bool isBarShown(Bar bar) const override;
+    void showBar(Bar bar, bool shown) override;
+    void open() override { m_documents.OpenPrFile(); }
+    void openRecent(const QString &fileName) override;
+    void quit() override { close(); }
+    void arrange(Arrangement arrangement) override;
+    void showHelp() override;
+    void showAbout() override;
+    void enterJumpBox() override;
     void fillWindowList(QMenu &menu) override;
 
 protected:
@@ -55,26 +63,19 @@ protected:
 
 private:
     void connectMenus();
-    void connectToolBar();
     void connectKeys();
+    void run(const CommandInfo &command);
     void connectEditor(frmPrFile *editor);
     void windowActivated(QMdiSubWindow *window);
     void editorUnloaded();
     void showMenus(const QList<QMenu *> &menus);
-    void openRecent(const QString &fileName);
-    void runEditCommand(int index);
-    void saveByButton();
-    void printByButton();
     void jumpToParameter(const QString &number);
-    void enterJumpBox();
-    void arrangeWindows(int arrangement);
-    void showAbout();
-    QWidget &bar(int bar) const;
+    QWidget &bar(Bar bar) const;
 
     QMdiArea *m_area;
     FrameToolBar *m_toolBar;
     FrameStatusBar *m_statusBar;
-    FrameMenus *m_menus;
+    CommandMenus *m_menus;
     FrameFileHost m_host;
     DocumentFlows m_documents;
     RecoveryKeeper m_recovery;

@@ -6,6 +6,7 @@
 #include "bench/RatioReporter.h"
 #include "bench/Stopwatch.h"
 #include "document/DocumentTables.h"
+#include "editor/GridCommands.h"
 #include "editor/GridFinder.h"
 #include "editor/GridFont.h"
 #include "editor/OpenDocument.h"
@@ -63,16 +64,16 @@ static void CopyAllRows(benchmark::State &state)
 {
     const Desk desk(rowCount);
     measure(
-        state, desk, [&] { desk.grid().selectBlock(allRows); }, [&] { desk.editor().copy(); });
+        state, desk, [&] { desk.grid().selectBlock(allRows); }, [&] { desk.editor().commands().copy(); });
 }
 
 static void PasteAllRows(benchmark::State &state)
 {
     const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
-    desk.editor().copy();
+    desk.editor().commands().copy();
     measure(
-        state, desk, [&] { desk.grid().selectBlock(firstCell); }, [&] { desk.editor().paste(); });
+        state, desk, [&] { desk.grid().selectBlock(firstCell); }, [&] { desk.editor().commands().paste(); });
 }
 
 static void CutAllRows(benchmark::State &state)
@@ -82,7 +83,7 @@ static void CutAllRows(benchmark::State &state)
         desk.restore();
         desk.grid().selectBlock(allRows);
     };
-    measure(state, desk, prepare, [&] { desk.editor().cut(); });
+    measure(state, desk, prepare, [&] { desk.editor().commands().cut(); });
 }
 
 static void AddLineAtTheTop(benchmark::State &state)
@@ -92,7 +93,7 @@ static void AddLineAtTheTop(benchmark::State &state)
         desk.grid().setRowCount(rowCount - 1);
         desk.grid().selectBlock(firstCell);
     };
-    measure(state, desk, prepare, [&] { desk.editor().addLine(); });
+    measure(state, desk, prepare, [&] { desk.editor().commands().addLines(); });
 }
 
 static void DeleteTheFirstRow(benchmark::State &state)
@@ -102,7 +103,7 @@ static void DeleteTheFirstRow(benchmark::State &state)
         desk.grid().setRowCount(rowCount);
         desk.grid().selectBlock(firstRow);
     };
-    measure(state, desk, prepare, [&] { desk.editor().deleteLines(); });
+    measure(state, desk, prepare, [&] { desk.editor().commands().deleteLines(); });
 }
 
 /// Measures taking back, or making again, what act did; act is one step.
@@ -122,11 +123,11 @@ static void WayOfPasteOfAllRows(benchmark::State &state)
 {
     const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
-    desk.editor().copy();
+    desk.editor().commands().copy();
     for (int row = 1; row <= rowCount; ++row) {
         desk.grid().setText(ParameterColumn::Name, row, u"other"_s); // so that every row changes
     }
-    measureWay(state, desk, Back, [&] { desk.editor().paste(); });
+    measureWay(state, desk, Back, [&] { desk.editor().commands().paste(); });
 }
 
 template <bool Back>
@@ -135,7 +136,7 @@ static void WayOfAddLineAtTheTop(benchmark::State &state)
     const Desk desk(rowCount);
     desk.grid().setRowCount(rowCount - 1);
     desk.grid().selectBlock(firstCell);
-    measureWay(state, desk, Back, [&] { desk.editor().addLine(); });
+    measureWay(state, desk, Back, [&] { desk.editor().commands().addLines(); });
 }
 
 template <bool Back>
@@ -143,7 +144,7 @@ static void WayOfDeleteOfAllRows(benchmark::State &state)
 {
     const Desk desk(rowCount);
     desk.grid().selectBlock(allRows);
-    measureWay(state, desk, Back, [&] { desk.editor().deleteLines(); });
+    measureWay(state, desk, Back, [&] { desk.editor().commands().deleteLines(); });
 }
 
 static void JumpToTheLastRow(benchmark::State &state)

@@ -4,6 +4,7 @@
 #include "bench/Floors.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
+#include "editor/GridCommands.h"
 #include "editor/frmPrFile.h"
 
 #include <QApplication>
@@ -60,7 +61,7 @@ void addCommandRows(SpeedTable &table, Desk &desk)
 {
     const PlainRows texts = desk.plainRows();
     desk.grid().selectBlock(firstRows);
-    desk.editor().copy();
+    desk.editor().commands().copy();
     std::vector<double> withPaint;
     for (const Command &command : commands) {
         withPaint.clear();

@@ -8,8 +8,7 @@
 #include "dialogs/print/PrintCommand.h"
 #include "editor/CellExchange.h"
 #include "editor/Clipboard.h"
-#include "editor/EditorFrame.h"
-#include "editor/EditorMenus.h"
+#include "editor/CommandMenus.h"
 #include "editor/GridCommands.h"
 #include "editor/GridFilling.h"
 #include "editor/GridFinder.h"
@@ -22,7 +21,6 @@
 #include "grid/SpreadHistory.h"
 #include "grid/SpreadZoom.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -34,18 +32,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int contentsContext = 1;
-
-} // namespace
-
 frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     : QWidget(parent)
     , m_frame(frame)
     , m_grid(new SpreadGrid(this))
     , m_document(new OpenDocument(docNo, m_grid->history(), this))
-    , m_menus(new EditorMenus(this))
+    , m_menus(new CommandMenus(this, CommandMenus::Scope::Editor))
     , m_commands(new GridCommands(*m_grid, *m_document, this))
     , m_finder(new GridFinder(*m_grid, this))
 {
@@ -73,47 +65,22 @@ QList<QMenu *> frmPrFile::menus() const
     return m_menus->all();
 }
 
-QAction &frmPrFile::action(QStringView name) const
-{
-    return m_menus->action(name);
-}
-
 void frmPrFile::connectMenus()
 {
-    using Command = void (frmPrFile::*)();
-    static constexpr std::pair<QStringView, Command> commands[] = {
-        {u"mneFileOpen", &frmPrFile::openRequested},
-        {u"mneFilePrint", &frmPrFile::print},
-        {u"mneFileExit", &frmPrFile::exitRequested},
-        {u"mneEditCut", &frmPrFile::cut},
-        {u"mneEditCopy", &frmPrFile::copy},
-        {u"mneEditPaste", &frmPrFile::paste},
-        {u"mneEditAddPaste", &frmPrFile::addPaste},
-        {u"mneEditAdd", &frmPrFile::addLine},
-        {u"mneEditDel", &frmPrFile::deleteLines},
-        {u"mneEditInf", &frmPrFile::editMachineInfo},
-        {u"mneEditFunc", &frmPrFile::editFuncCode},
-        {u"mneEditCond", &frmPrFile::editPrCond},
-        {u"mneHelpVer", &frmPrFile::aboutRequested},
-    };
-    for (const auto &[name, command] : commands) {
-        connect(&action(name), &QAction::triggered, this, command);
+    connect(m_menus, &CommandMenus::chosen, this, &frmPrFile::run);
+    connect(&m_menus->recentFiles(), &RecentFileGroup::chosen, this,
+        [this](const QString &fileName) { m_frame.openRecent(fileName); });
+    QMenu &windows = m_menus->menu(MenuName::Window);
+    connect(&windows, &QMenu::aboutToShow, this, [this, &windows] { m_frame.fillWindowList(windows); });
+}
+
+void frmPrFile::run(const CommandInfo &command)
+{
+    if (command.ofFrame) {
+        command.ofFrame(m_frame);
+    } else {
+        command.ofEditor(*this);
     }
-    const auto on = [this](
-                        QStringView name, auto handler) { connect(&action(name), &QAction::triggered, this, handler); };
-    on(u"mneFileClose", [this] { parentWidget() ? parentWidget()->close() : close(); });
-    on(u"mneFileSave", [this] { m_frame.save(*this); });
-    on(u"mneFileSaveAs", [this] { m_frame.saveAs(*this); });
-    on(u"mneVisualItem(0)", [this] { toggleBar(0); });
-    on(u"mneVisualItem(1)", [this] { toggleBar(1); });
-    on(u"mneVisualItem(3)", [this] { chooseGridFont(*m_grid); });
-    on(u"mneVisualInf", [this] { chooseColumns(); });
-    on(u"mneWinItem(0)", [this] { emit arrangeRequested(0); });
-    on(u"mneWinItem(1)", [this] { emit arrangeRequested(1); });
-    on(u"mneHelpItem", [this] { ShowHelp(window(), contentsContext); });
-    connect(&m_menus->recentFiles(), &RecentFileGroup::chosen, this, &frmPrFile::openRecentRequested);
-    connect(
-        &m_menus->windowMenu(), &QMenu::aboutToShow, this, [this] { m_frame.fillWindowList(m_menus->windowMenu()); });
 }
 
 void frmPrFile::connectGrid()
@@ -124,20 +91,18 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::contentsChanged, this, &frmPrFile::showPrNumber);
     connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
     connect(m_grid, &SpreadGrid::rightClicked, this,
-        [this](int, int, const QPoint &position) { m_menus->edit().popup(position); });
+        [this](int, int, const QPoint &position) { m_menus->menu(MenuName::Edit).popup(position); });
     connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &frmPrFile::noteClipboard);
-    connect(m_grid, &SpreadGrid::copyRequested, this, &frmPrFile::copy);
-    connect(m_grid, &SpreadGrid::cutRequested, this, &frmPrFile::cut);
-    connect(m_grid, &SpreadGrid::pasteRequested, this, &frmPrFile::paste);
+    connect(m_grid, &SpreadGrid::copyRequested, m_commands, &GridCommands::copy);
+    connect(m_grid, &SpreadGrid::cutRequested, m_commands, &GridCommands::cut);
+    connect(m_grid, &SpreadGrid::pasteRequested, m_commands, &GridCommands::paste);
     connect(m_grid, &SpreadGrid::undoRequested, m_commands, &GridCommands::undo);
     connect(m_grid, &SpreadGrid::redoRequested, m_commands, &GridCommands::redo);
     connect(m_grid, &SpreadGrid::fillRequested, new GridFilling(*m_grid, *m_document, this), &GridFilling::fill);
     connect(m_commands, &GridCommands::copied, this, [this](bool wholeRows) {
-        action(u"mneEditPaste").setEnabled(true);
-        m_frame.enablePasteButton(true);
+        enable(CommandNeeds::CopiedText, true);
         if (wholeRows) {
-            action(u"mneEditAddPaste").setEnabled(true);
-            m_frame.enableAddPasteButton(true);
+            enable(CommandNeeds::CopiedRows, true);
         }
     });
 }
@@ -153,19 +118,22 @@ void frmPrFile::activate()
     showRowCount();
     showPrNumber();
     updatePaste();
-    for (const int bar : {0, 1}) {
+    for (const Bar bar : {Bar::Tool, Bar::Status}) {
         showBarMark(bar, m_frame.isBarShown(bar));
     }
 }
 
 void frmPrFile::updatePaste()
 {
-    const bool paste = !readClipboard().isEmpty();
-    const bool addPaste = paste && clipboardRecord().kind == ClipboardRecord::WholeRows;
-    action(u"mneEditPaste").setEnabled(paste);
-    action(u"mneEditAddPaste").setEnabled(addPaste);
-    m_frame.enablePasteButton(paste);
-    m_frame.enableAddPasteButton(addPaste);
+    const bool hasText = !readClipboard().isEmpty();
+    enable(CommandNeeds::CopiedText, hasText);
+    enable(CommandNeeds::CopiedRows, hasText && clipboardRecord().kind == ClipboardRecord::WholeRows);
+}
+
+void frmPrFile::enable(CommandNeeds needs, bool enabled)
+{
+    m_menus->enable(needs, enabled);
+    m_frame.enableButtons(needs, enabled);
 }
 
 void frmPrFile::showRecentFiles(const QStringList &files)
@@ -173,15 +141,14 @@ void frmPrFile::showRecentFiles(const QStringList &files)
     m_menus->recentFiles().show(files);
 }
 
-void frmPrFile::showBarMark(int bar, bool shown)
+void frmPrFile::showBarMark(Bar bar, bool shown)
 {
-    action(bar == 0 ? u"mneVisualItem(0)" : u"mneVisualItem(1)").setChecked(shown);
+    m_menus->showBarMark(bar, shown);
 }
 
-void frmPrFile::toggleBar(int bar)
+void frmPrFile::chooseFont()
 {
-    m_frame.showBar(bar, !m_frame.isBarShown(bar));
-    showBarMark(bar, m_frame.isBarShown(bar));
+    chooseGridFont(*m_grid);
 }
 
 void frmPrFile::chooseColumns()
@@ -242,34 +209,9 @@ void frmPrFile::noteClipboard()
     }
 }
 
-void frmPrFile::cut()
+void frmPrFile::closeWindow()
 {
-    m_commands->cut();
-}
-
-void frmPrFile::copy()
-{
-    m_commands->copy();
-}
-
-void frmPrFile::paste()
-{
-    m_commands->paste();
-}
-
-void frmPrFile::addPaste()
-{
-    m_commands->addPaste();
-}
-
-void frmPrFile::addLine()
-{
-    m_commands->addLines();
-}
-
-void frmPrFile::deleteLines()
-{
-    m_commands->deleteLines();
+    parentWidget() ? parentWidget()->close() : close();
 }
 
 void frmPrFile::editFuncCode()

@@ -1,16 +1,17 @@
 #pragma once
 
+#include "editor/EditorFrame.h"
+
 #include <QList>
 #include <QWidget>
 
-class EditorFrame;
-class EditorMenus;
+class CommandMenus;
 class GridCommands;
 class GridFinder;
 class OpenDocument;
-class QAction;
 class QMenu;
 class SpreadGrid;
+struct CommandInfo;
 struct GridBlock;
 
 /// The window in which one parameter file is edited. Its title is its document's; its grid is the only live copy of the
@@ -25,7 +26,9 @@ public:
 
     OpenDocument &document() const { return *m_document; }
     SpreadGrid &vaspdParam() const { return *m_grid; }
+    EditorFrame &frame() const { return m_frame; }
     QList<QMenu *> menus() const;
+    GridCommands &commands() const { return *m_commands; }
     GridFinder &finder() const { return *m_finder; }
 
     /// To the next cell (step 1) or the one before (-1) that is shown as changed, around the end of the grid.
@@ -37,30 +40,21 @@ public:
     /// Brings the frame's labels, buttons and this window's menus up to date; to be called whenever it becomes active.
     void activate();
     void showRecentFiles(const QStringList &files);
-    /// Sets the check mark of bar 0 (tool bar) or 1 (status bar).
-    void showBarMark(int bar, bool shown);
+    /// Ticks the menu line of a bar that is shown.
+    void showBarMark(Bar bar, bool shown);
 
-    // The commands that the tool bar shares with the menus
-    void cut();
-    void copy();
-    void paste();
-    void addPaste();
-    void addLine();
-    void deleteLines();
+    // Commands
+    void closeWindow();
+    void print();
     void editFuncCode();
     void editPrCond();
     void editMachineInfo();
-    void print();
+    void chooseFont();
+    void chooseColumns();
 
     QSize sizeHint() const override;
 
 signals:
-    void openRequested();
-    void openRecentRequested(const QString &fileName);
-    void exitRequested();
-    void aboutRequested();
-    /// 0: cascaded, 1: tiled
-    void arrangeRequested(int arrangement);
     void unloaded();
 
 protected:
@@ -72,19 +66,18 @@ private:
     void markChanged(const GridBlock &block);
     void forgetClipboard(Qt::KeyboardModifiers modifiers);
     void noteClipboard();
+    void enable(CommandNeeds needs, bool enabled);
     void updatePaste();
-    void toggleBar(int bar);
-    void chooseColumns();
     void showRowCount();
     void showPrNumber();
-    QAction &action(QStringView name) const;
+    void run(const CommandInfo &command);
     bool queryUnload();
     bool saveToClose();
 
     EditorFrame &m_frame;
     SpreadGrid *m_grid;
     OpenDocument *m_document;
-    EditorMenus *m_menus;
+    CommandMenus *m_menus;
     GridCommands *m_commands;
     GridFinder *m_finder;
 };

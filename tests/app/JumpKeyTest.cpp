@@ -47,9 +47,9 @@ TEST_F(JumpKey, selectsTheTextAgainInTheBoxItself)
 TEST_F(JumpKey, showsAHiddenStatusBarAndItsMarks)
 {
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(1)"_s);
-    ASSERT_FALSE(frame().isBarShown(1));
+    ASSERT_FALSE(frame().isBarShown(Bar::Status));
     pressKey(grid(), Qt::Key_G, Qt::ControlModifier);
-    EXPECT_TRUE(frame().isBarShown(1));
+    EXPECT_TRUE(frame().isBarShown(Bar::Status));
     EXPECT_TRUE(menuCommand(u"mneVisual"_s, u"mneVisualItem(1)"_s).isChecked());
     EXPECT_EQ(QApplication::focusWidget(), &box());
 }
