@@ -7,7 +7,6 @@
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
-#include "tests/support/MenuCaptions.h"
 
 #include <QDir>
 #include <QLabel>
@@ -15,8 +14,6 @@
 #include <QMdiSubWindow>
 #include <QSettings>
 #include <QTest>
-
-#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -168,33 +165,3 @@ TEST_F(StartUp, givesTheFirstDocumentRoomForItsVisibleColumns)
     EXPECT_LE(window->geometry().bottom(), area->height());
     EXPECT_GT(window->height(), area->height() / 2);
 }
-
-class FrameCaptions : public MenuCaptions
-{
-};
-
-TEST_P(FrameCaptions, areOfTheLanguage)
-{
-    for (const auto &[country, caption] : {std::pair(1, GetParam().english), std::pair(81, GetParam().japanese)}) {
-        setCountryCode(country);
-        start();
-        EXPECT_TRUE(editor().parentWidget()->close());
-        EXPECT_EQ(shown(), caption);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Menus, FrameCaptions,
-    testing::ValuesIn(std::vector<MenuCaption>{
-        {u"mneFile"_s, {}, u"&File"_s, u"ﾌｧｲﾙ(&F)"_s},
-        {u"mneFile"_s, u"mneFileOpen"_s, u"&Open..."_s, u"開く(&O)..."_s},
-        {u"mneFile"_s, u"mneFileExit"_s, u"E&xit"_s, u"終了(&X)"_s},
-        {u"mneVisual"_s, {}, u"&Visible"_s, u"表示(&V)"_s},
-        {u"mneVisual"_s, u"mneVisualItem(0)"_s, u"&Tool bar"_s, u"ﾂｰﾙﾊﾞｰ(&T)"_s},
-        {u"mneVisual"_s, u"mneVisualItem(1)"_s, u"&Status bar"_s, u"ｽﾃｰﾀｽﾊﾞｰ(&S)"_s},
-        {u"mneWin"_s, {}, u"&Window"_s, u"ｳｨﾝﾄﾞｳ(&W)"_s},
-        {u"mneWin"_s, u"mneWinItem(0)"_s, u"&Cascade"_s, u"重ねて表示(&C)"_s},
-        {u"mneWin"_s, u"mneWinItem(1)"_s, u"&Tile"_s, u"並べて表示(&T)"_s},
-        {u"mneHelp"_s, {}, u"&Help"_s, u"ﾍﾙﾌﾟ(&H)"_s},
-        {u"mneHelp"_s, u"mneHelpItem"_s, u"&Contents"_s, u"目次(&C)"_s},
-        {u"mneHelp"_s, u"mneHelpVer"_s, u"&About Tabrix..."_s, u"ﾊﾞｰｼﾞｮﾝ情報(&A)..."_s},
-    }));
