@@ -60,7 +60,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     const InputHold hold;
     const int slot = FindFreeDocumentSlot();
     if (ReadPrFile(fileName, qint16(slot), m_host)) {
-        forgetDocument(slot); // its number is lost, so nobody reaches what was read
+        forgetDocument(slot); // its number is lost, so that nothing could use what was read
         return false;
     }
     frmPrFile &editor = createEditor(slot, fileName);
@@ -108,7 +108,7 @@ SaveOutcome DocumentFlows::write(frmPrFile &editor, const QString &fileName, boo
     return SaveOutcome::Saved;
 }
 
-/// Lets a save wait until a file that is being read or written is done with, unless the window is closed meanwhile.
+/// Postpones a save while a file is being read or written. It is dropped if the window is closed meanwhile.
 bool DocumentFlows::postponedFor(frmPrFile &editor, std::function<void()> save)
 {
     return InputHold::postpone(editor, [this, &editor, save = std::move(save)] {
@@ -176,7 +176,7 @@ int DocumentFlows::FindFreeDocumentSlot()
         }
     }
     const int added = last + 1;
-    growDocumentTables(std::min(added, highestDocNo)); // the reader refuses a number beyond, and no document gets it
+    growDocumentTables(std::min(added, highestDocNo)); // the reader refuses a higher number, so no document gets it
     return added;
 }
 

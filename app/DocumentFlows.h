@@ -21,8 +21,8 @@ class frmPrFile;
 /// Opening, saving and closing of documents: slots, file dialogs, reader, writer and editor windows.
 /// Slots count from 1; slot n's window, machine information and flags share the number.
 ///
-/// While a file is read or written, events run between its rows, but nothing begins: what the user does then follows
-/// afterwards, a second open or save included.
+/// While a file is read or written, events run between its rows, but nothing new begins: what the user does meanwhile,
+/// a second open or save included, is done afterwards.
 class DocumentFlows : public QObject
 {
     Q_OBJECT
@@ -49,7 +49,7 @@ public:
     /// Creates and shows the editor window of an untitled document with one row.
     void NewDocumentWindow(int slot);
 
-    /// Opens a document that a crash had cut short, changed as it was and under its name, without touching its file.
+    /// Opens a document of a crashed instance, changed and under its name as it was, without touching its file.
     /// Returns its slot.
     int openRecovered(const RecoveryCopy &copy);
 

@@ -54,15 +54,15 @@ OwnText valueText(ReadBackFault fault)
     }
 }
 
-/// On one line, no longer than a list can do with; a dash for nothing.
+/// On one line and short enough for a list; a dash if it is empty.
 QString shortened(const QString &text)
 {
-    constexpr qsizetype longest = 20;
+    constexpr qsizetype maxLength = 20;
     const QString line = text.simplified();
     if (line.isEmpty()) {
         return u"\u2013"_s;
     }
-    return line.size() > longest ? line.first(longest) + u'…' : line;
+    return line.size() > maxLength ? line.first(maxLength) + u'…' : line;
 }
 
 } // namespace
@@ -81,9 +81,9 @@ bool EditorSaveHost::askToReplace(const Failure &obstacle, const QString &title)
 
 bool EditorSaveHost::askToWrite(const QList<ReadBackFinding> &findings, const QString &title)
 {
-    constexpr qsizetype mostLines = 5;
+    constexpr qsizetype maxLines = 5;
     QStringList lines;
-    for (const ReadBackFinding &finding : findings.first(std::min(findings.size(), mostLines))) {
+    for (const ReadBackFinding &finding : findings.first(std::min(findings.size(), maxLines))) {
         lines << u"\u2022 "_s + line(finding);
     }
     const bool isAll = lines.size() == findings.size();

@@ -73,7 +73,7 @@ void FrameStatusBar::showNoDocument()
 void FrameStatusBar::jump()
 {
     emit jumpRequested(m_txtPr->text());
-    restorePrNumber(); // after a miss the typed number is not the active row's
+    restorePrNumber(); // a number that was not found is not the active row's
 }
 
 void FrameStatusBar::restorePrNumber()
@@ -110,8 +110,8 @@ void FrameStatusBar::placeControls()
     place(m_countCaption);
 }
 
-// What was typed and not looked for is no active row's number. A menu or another program takes the focus for a while
-// only.
+// A number that was typed but not looked for is not the active row's. A menu or another program takes the focus only
+// for a while.
 bool FrameStatusBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_txtPr && event->type() == QEvent::FocusOut) {

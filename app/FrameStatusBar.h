@@ -16,7 +16,7 @@ public:
     void setCaptions(const QString &count, const QString &number);
     void showParameterCount(int count);
     void showPrNumber(const QString &number);
-    /// Neither count nor number: there is no document.
+    /// Shows neither count nor number, because there is no document.
     void showNoDocument();
     /// Gives the jump box the focus, its text selected.
     void enterJumpBox();

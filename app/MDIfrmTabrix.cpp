@@ -40,7 +40,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int contentsContext = 1;
-constexpr auto quietTime = std::chrono::seconds(3); // from the start, until the window is there and its file open
+constexpr auto quietTime = std::chrono::seconds(3); // after the start, until the window is shown and its file is open
 
 constexpr std::pair<qint16, Qt::WindowState> windowStates[] = {
     {0, Qt::WindowNoState},
@@ -61,7 +61,7 @@ qint16 storedWindowState(Qt::WindowStates states)
     return found == std::end(windowStates) ? qint16(0) : found->first;
 }
 
-/// The last row whose parameter number equals the number that text begins with; 0 when there is none.
+/// The last row whose parameter number equals the number that text begins with; 0 if there is none.
 int lastRowWithNumber(const SpreadGrid &grid, const QString &text)
 {
     const auto number = toInt16(leadingNumber(text));
@@ -285,7 +285,7 @@ void MDIfrmTabrix::showBar(Bar bar, bool shown)
 
 void MDIfrmTabrix::fillWindowList(QMenu &menu)
 {
-    constexpr int mostAccessKeys = 9;
+    constexpr int maxAccessKeys = 9;
     const QString listed = u"windowListItem"_s;
     for (QAction *old : menu.findChildren<QAction *>(listed, Qt::FindDirectChildrenOnly)) {
         delete old;
@@ -296,7 +296,7 @@ void MDIfrmTabrix::fillWindowList(QMenu &menu)
             menu.addSeparator()->setObjectName(listed);
         }
         const QString title = plainMenuText(editor->document().title());
-        const QString caption = number <= mostAccessKeys ? u"&%1 %2"_s : u"%1 %2"_s;
+        const QString caption = number <= maxAccessKeys ? u"&%1 %2"_s : u"%1 %2"_s;
         QAction *item = menu.addAction(caption.arg(QString::number(number), title));
         item->setObjectName(listed);
         item->setCheckable(true);

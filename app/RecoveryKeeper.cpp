@@ -17,9 +17,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// The first copy is there ten seconds after the first change, and every other one at most thirty seconds old, since
-// what is under way at such a moment takes its time as well.
-constexpr auto usualInterval = 8s;
+// The first copy exists ten seconds after the first change, and no copy lacks more than thirty seconds: two seconds and
+// six are left for what is just being done at such a moment.
+constexpr auto defaultInterval = 8s;
 constexpr int copyLifetime = 2; // intervals
 
 bool hasChanges(const frmPrFile &editor)
@@ -42,7 +42,7 @@ RecoveryKeeper::RecoveryKeeper(DocumentFlows &documents) : m_documents(documents
     connect(&documents, &DocumentFlows::editorCreated, this, &RecoveryKeeper::watch);
     connect(&m_timer, &QTimer::timeout, this, &RecoveryKeeper::lookAtDocuments);
     m_timer.setSingleShot(true);
-    setInterval(usualInterval);
+    setInterval(defaultInterval);
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -58,12 +58,12 @@ RecoveryKeeper::~RecoveryKeeper()
 void RecoveryKeeper::watch(frmPrFile *editor)
 {
     const int docNo = editor->document().number();
-    connect(&editor->vaspdParam(), &SpreadGrid::cellsEdited, this, &RecoveryKeeper::noteAct);
+    connect(&editor->vaspdParam(), &SpreadGrid::cellsEdited, this, &RecoveryKeeper::noteAction);
     connect(&editor->document(), &OpenDocument::saved, this, [this, docNo] { dropCopy(docNo); });
     connect(editor, &frmPrFile::unloaded, this, [this, docNo] { dropCopy(docNo); });
 }
 
-// Whatever a user changes, in a cell, a dialog or a text that is still being typed, begins with one of these.
+// Every change by the user, in a cell, a dialog or a text that is still being typed, begins with one of these.
 bool RecoveryKeeper::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -71,7 +71,7 @@ bool RecoveryKeeper::eventFilter(QObject *watched, QEvent *event)
     case QEvent::InputMethod:
     case QEvent::MouseButtonRelease:
     case QEvent::Drop:
-        noteAct();
+        noteAction();
         break;
     default:
         break;
@@ -79,7 +79,7 @@ bool RecoveryKeeper::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
-void RecoveryKeeper::noteAct()
+void RecoveryKeeper::noteAction()
 {
     if (!m_timer.isActive()) {
         m_timer.start();
@@ -92,7 +92,7 @@ void RecoveryKeeper::lookAtDocuments()
         if (!hasChanges(*editor)) {
             dropCopy(editor->document().number());
         } else if (!isDue(editor->document().number()) || !refreshCopy(*editor)) {
-            noteAct(); // to come back to it
+            noteAction(); // to look again
         }
     }
 }
@@ -173,7 +173,7 @@ Result<> RecoveryKeeper::recoverCopy(int number)
 {
     const auto bytes = m_store.read(number);
     if (!bytes) {
-        return bytes.failure(); // it may be whole: the next start tries again
+        return bytes.failure(); // it may be intact: the next start tries again
     }
     if (const auto copy = unpackRecoveryCopy(*bytes)) {
         const int docNo = m_documents.openRecovered(*copy);

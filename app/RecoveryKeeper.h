@@ -14,35 +14,35 @@
 class DocumentFlows;
 class frmPrFile;
 
-/// Keeps a recovery copy of every document with changes, so that a crash costs no more than what was done since the
-/// last copy. A copy goes when its document is saved or given up, and a start opens what the dead left behind. The
-/// user notices nothing of it: no message, no pointer, no event; and while nothing is done, nothing is looked at.
+/// Keeps a recovery copy of every changed document, so that a crash loses no more than what was done since the last
+/// copy. A copy is removed when its document is saved or given up, and a start opens what crashed instances left. The
+/// user notices nothing of it: no message, no busy cursor, no event; and while the user does nothing, no document is
+/// looked at.
 class RecoveryKeeper : public QObject
 {
     Q_OBJECT
 
 public:
     explicit RecoveryKeeper(DocumentFlows &documents);
-    /// Documents that are unchanged by now need no copy any more.
+    /// Removes the copies of unchanged documents.
     ~RecoveryKeeper() override;
 
-    /// How long after a change the documents are looked at. A first copy is made then; one that is there is replaced
-    /// when it is older than two of these times, so that it is never further behind than three.
+    /// How long after a change the documents are looked at. A first copy is made then; an existing one is replaced if
+    /// it is older than two intervals, so that it never lacks more than three.
     void setInterval(std::chrono::milliseconds interval) { m_timer.setInterval(interval); }
     std::chrono::milliseconds interval() const { return m_timer.intervalAsDuration(); }
     /// Whether the documents are going to be looked at.
     bool isWaiting() const { return m_timer.isActive(); }
 
-    /// Opens the documents of programs that have died. Their copies stay until these are saved or given up. Fails
-    /// with what the user has to know: that not all of them can be read now.
+    /// Opens the documents of crashed instances. Their copies stay until the documents are saved or given up. Fails with
+    /// what the user has to know if not all of them can be read now.
     Result<> recover();
 
     /// Brings the copies up to date now.
     void refresh();
-    /// Brings the copy of one document up to date now. True when the copy on the disk is the document as it stands.
+    /// Brings the copy of one document up to date now. True if the copy on the disk is the present document.
     bool keep(const frmPrFile &editor);
-    /// Keeps the document as it is now, beyond the end of its window, for the next start. False when that is not
-    /// possible.
+    /// Keeps the document as it is now for the next start, after its window has closed. False if that is impossible.
     bool keepForNextStart(const frmPrFile &editor);
 
 protected:
@@ -57,7 +57,7 @@ private:
     };
 
     void watch(frmPrFile *editor);
-    void noteAct();
+    void noteAction();
     void lookAtDocuments();
     bool isDue(int docNo) const;
     bool refreshCopy(const frmPrFile &editor);
@@ -67,5 +67,5 @@ private:
     DocumentFlows &m_documents;
     RecoveryStore m_store;
     QHash<int, Copy> m_copies; ///< by document number
-    QTimer m_timer{this}; ///< runs from an act of the user's until the documents were looked at
+    QTimer m_timer{this}; ///< runs from an action of the user until the documents have been looked at
 };

@@ -7,7 +7,7 @@
 
 QList<QRect> tiledHorizontally(const QRect &area, int count)
 {
-    QList<QRect> places;
+    QList<QRect> rectangles;
     const int columns = int(std::sqrt(count));
     int placed = 0;
     for (int column = 0; column < columns; ++column) {
@@ -18,10 +18,10 @@ QList<QRect> tiledHorizontally(const QRect &area, int count)
         for (int row = 0; row < rows; ++row, ++placed) {
             const int top = area.top() + area.height() * row / rows;
             const int bottom = area.top() + area.height() * (row + 1) / rows;
-            places << QRect(left, top, right - left, bottom - top);
+            rectangles << QRect(left, top, right - left, bottom - top);
         }
     }
-    return places;
+    return rectangles;
 }
 
 void cascadeWindows(QMdiArea &area)
@@ -43,9 +43,9 @@ void tileWindows(QMdiArea &area)
             windows << window;
         }
     }
-    const QList<QRect> places = tiledHorizontally(area.viewport()->rect(), int(windows.size()));
+    const QList<QRect> rectangles = tiledHorizontally(area.viewport()->rect(), int(windows.size()));
     for (qsizetype i = 0; i < windows.size(); ++i) {
         windows[i]->showNormal();
-        windows[i]->setGeometry(places[i]);
+        windows[i]->setGeometry(rectangles[i]);
     }
 }

@@ -5,11 +5,11 @@
 
 class QMdiArea;
 
-/// Where count windows stand when they are tiled into area: wide rather than tall, stacked from top to bottom, in
-/// several columns from four windows on, every pixel covered.
+/// The rectangles of count windows tiled into area: wide rather than tall, stacked from top to bottom, in several
+/// columns from four windows on, every pixel covered.
 QList<QRect> tiledHorizontally(const QRect &area, int count);
 
-/// Lays the area's windows over one another, each title bar in view, none reaching beyond the area.
+/// Lays the area's windows over one another, each title bar in view, none extending past the area.
 void cascadeWindows(QMdiArea &area);
 
 /// Tiles the area's windows that are not minimised.

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int cascadeLength = 6; // as many windows as stand one below the other before the top is reached again
+constexpr int cascadeLength = 6; // windows, before the next one begins at the top again
 
 } // namespace
 
@@ -24,7 +24,7 @@ void WindowPlacer::show(QMdiSubWindow &window, const QString &fileName)
     m_placed.removeIf([](const Placed &placed) { return placed.window.isNull(); });
     m_placed << Placed{&window, int(m_placed.size()) % cascadeLength, {}, {}};
     window.installEventFilter(this);
-    const QRect former = m_closed.take(fileName); // once: a second window of the file gets a place of its own
+    const QRect former = m_closed.take(fileName); // once: a second window of the file gets a position of its own
     if (m_viewport.rect().contains(former.topLeft()) && former.isValid()) {
         window.setGeometry(former);
     } else {
@@ -60,12 +60,12 @@ void WindowPlacer::setGeometry(Placed &placed)
     const int step =
         style.pixelMetric(QStyle::PM_TitleBarHeight) + style.pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const QPoint offset(step * placed.position, step * placed.position);
-    const QSize room = available.size() - QSize(offset.x(), offset.y());
-    placed.geometry = QRect(available.topLeft() + offset, placed.window->sizeHint().boundedTo(room));
+    const QSize maxSize = available.size() - QSize(offset.x(), offset.y());
+    placed.geometry = QRect(available.topLeft() + offset, placed.window->sizeHint().boundedTo(maxSize));
     placed.window->setGeometry(placed.geometry);
 }
 
-void WindowPlacer::placeAgain()
+void WindowPlacer::followArea()
 {
     for (Placed &placed : m_placed) {
         if (placed.window && !placed.window->isMaximized() && placed.window->geometry() == placed.geometry) {
@@ -78,7 +78,7 @@ bool WindowPlacer::eventFilter(QObject *watched, QEvent *event)
 {
     const bool moved = event->type() == QEvent::Move || event->type() == QEvent::Resize;
     if (watched == &m_viewport && event->type() == QEvent::Resize) {
-        placeAgain();
+        followArea();
     } else if (Placed *placed = moved ? find(watched) : nullptr) {
         if (!placed->window->isMaximized() && !placed->window->isMinimized()) {
             placed->normal = placed->window->geometry();

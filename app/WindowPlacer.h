@@ -10,10 +10,10 @@
 class QMdiArea;
 class QMdiSubWindow;
 
-/// Gives new windows a place next to the others and the size that their content asks for, as far as the area allows.
+/// Gives new windows a position next to the others and the size that their content asks for, as far as the area allows.
 /// While the area changes its size, as it does before the frame is first shown, windows that the user has not moved,
-/// sized or maximised follow. A file that is opened again finds the place and size that its window was closed with; a
-/// window that opens alone is maximised when the last one was.
+/// resized or maximised follow. A file that is opened again gets the position and size that its window had when it was
+/// closed; a window that opens alone is maximised if the last one was.
 class WindowPlacer : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
 
     /// Places and shows a new window of that file.
     void show(QMdiSubWindow &window, const QString &fileName);
-    /// Notes how a window stands that is about to close.
+    /// Notes the geometry of a window that is about to close.
     void remember(const QMdiSubWindow &window, const QString &fileName);
 
 protected:
@@ -34,17 +34,17 @@ private:
     {
         QPointer<QMdiSubWindow> window;
         int position; ///< in the cascade, from 0
-        QRect geometry; ///< as it was placed; none when it was given back the place that it had
-        QRect normal; ///< as it stands while it is neither maximised nor minimised
+        QRect geometry; ///< as it was placed; invalid if it was given the geometry of an earlier window
+        QRect normal; ///< while it is neither maximised nor minimised
     };
 
     Placed *find(const QObject *window);
     void setGeometry(Placed &placed);
-    void placeAgain();
+    void followArea();
 
     QMdiArea &m_area;
     QWidget &m_viewport; ///< its events still come while the area is being destroyed and can no longer be asked
     QList<Placed> m_placed;
-    QHash<QString, QRect> m_closed; ///< where closed windows stood, by their files
+    QHash<QString, QRect> m_closed; ///< of closed windows, by their files
     bool m_lastMaximized = false;
 };

@@ -5,45 +5,45 @@
 #include <QScrollBar>
 
 ContentsArea::ContentsArea(QLayout *contents, QWidget *dialog)
-    : QScrollArea(dialog), m_room(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)
+    : QScrollArea(dialog), m_maxSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX)
 {
     auto *page = new QWidget;
     contents->setContentsMargins({});
     page->setLayout(contents);
     setWidget(page);
-    page->setAutoFillBackground(false); // the dialog's ground
+    page->setAutoFillBackground(false); // the dialog's background
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
 }
 
-void ContentsArea::setRoom(const QSize &room)
+void ContentsArea::setMaxSize(const QSize &size)
 {
-    m_room = room;
+    m_maxSize = size;
     updateGeometry();
 }
 
 QSize ContentsArea::sizeHint() const
 {
-    return withinRoom(widget()->sizeHint());
+    return withinMaxSize(widget()->sizeHint());
 }
 
 QSize ContentsArea::minimumSizeHint() const
 {
-    return withinRoom(widget()->minimumSizeHint());
+    return withinMaxSize(widget()->minimumSizeHint());
 }
 
 // Where one direction scrolls, its bar takes its part of the other.
-QSize ContentsArea::withinRoom(QSize needed) const
+QSize ContentsArea::withinMaxSize(QSize needed) const
 {
-    const QSize least = widget()->minimumSizeHint();
-    if (least.height() > m_room.height()) {
+    const QSize minimum = widget()->minimumSizeHint();
+    if (minimum.height() > m_maxSize.height()) {
         needed.rwidth() += verticalScrollBar()->sizeHint().width();
     }
-    if (least.width() > m_room.width()) {
+    if (minimum.width() > m_maxSize.width()) {
         needed.rheight() += horizontalScrollBar()->sizeHint().height();
     }
-    return needed.boundedTo(m_room);
+    return needed.boundedTo(m_maxSize);
 }
 
 bool ContentsArea::eventFilter(QObject *watched, QEvent *event)

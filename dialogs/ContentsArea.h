@@ -4,8 +4,8 @@
 
 class QLayout;
 
-/// What a dialog has above its buttons. It is as large as its contents need; only where the screen has no room for them
-/// it is smaller, and they scroll: whatever takes the focus by Tab comes into view.
+/// What a dialog has above its buttons. It is as large as its contents need. If the screen is too small for that, the
+/// contents scroll, and a control that gets the focus by Tab is scrolled into view.
 class ContentsArea : public QScrollArea
 {
     Q_OBJECT
@@ -13,8 +13,8 @@ class ContentsArea : public QScrollArea
 public:
     ContentsArea(QLayout *contents, QWidget *dialog);
 
-    /// The largest size that it asks for.
-    void setRoom(const QSize &room);
+    /// Limits the size that it asks for.
+    void setMaxSize(const QSize &size);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -23,7 +23,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    QSize withinRoom(QSize needed) const;
+    QSize withinMaxSize(QSize needed) const;
 
-    QSize m_room;
+    QSize m_maxSize;
 };

@@ -91,7 +91,7 @@ void EditDialog::prepare(const QString &caption)
 
 void EditDialog::fitSize()
 {
-    const QSize room = maxSizeOnScreen(*this);
+    const QSize maxSize = maxSizeOnScreen(*this);
     const QList<DialogGrid *> lists = m_contents->findChildren<DialogGrid *>();
     const auto shrinkLists = [&lists](bool shrunk) {
         for (DialogGrid *list : lists) {
@@ -99,13 +99,13 @@ void EditDialog::fitSize()
         }
     };
     // An earlier opening may have left another size.
-    m_contents->setRoom({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
+    m_contents->setMaxSize({QWIDGETSIZE_MAX, QWIDGETSIZE_MAX});
     shrinkLists(false);
     const QSize needed = neededSize();
-    shrinkLists(needed.width() > room.width() || needed.height() > room.height());
+    shrinkLists(needed.width() > maxSize.width() || needed.height() > maxSize.height());
     const QSize besideContents = needed - m_contents->sizeHint();
-    m_contents->setRoom(room - QSize(2 * layout()->contentsMargins().left(), besideContents.height()));
-    resize(neededSize().boundedTo(room));
+    m_contents->setMaxSize(maxSize - QSize(2 * layout()->contentsMargins().left(), besideContents.height()));
+    resize(neededSize().boundedTo(maxSize));
 }
 
 // What the parts of frames need reaches a hidden window's layouts only when told.

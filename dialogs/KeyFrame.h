@@ -2,7 +2,7 @@
 
 #include <QGroupBox>
 
-/// A frame whose access key always leads to its first control; Qt's own leads back to where the focus was last.
+/// A frame whose access key always leads to its first control; Qt's own returns to the control that had the focus last.
 class KeyFrame : public QGroupBox
 {
     Q_OBJECT

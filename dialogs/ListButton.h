@@ -3,8 +3,8 @@
 #include <QPushButton>
 #include <QShortcutEvent>
 
-/// A button that changes a list. Its access key takes effect at once and leaves the focus where it is: otherwise the
-/// button shows itself pressed for a moment first, and what is typed meanwhile goes where the list was before.
+/// A button that changes a list. Its access key takes effect at once and leaves the focus where it is. Qt's own would
+/// show the button pressed for a moment first, and what is typed meanwhile would meet the list as it was.
 class ListButton : public QPushButton
 {
 public:

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Coming back from another window or from the box's own menu is not entering it: what was selected stays selected.
+// Returning from another window or from the box's own menu does not count as entering it: the selection stays.
 bool isEntered(Qt::FocusReason reason)
 {
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
@@ -28,7 +28,7 @@ void SelectAllBox::focusInEvent(QFocusEvent *event)
 void SelectAllBox::mousePressEvent(QMouseEvent *event)
 {
     QLineEdit::mousePressEvent(event);
-    // The press that brings the focus places the caret after it and would leave nothing selected.
+    // The press that brings the focus also places the caret, which would clear the selection.
     if (std::exchange(m_enteredByMouse, false)) {
         SelectAllText(*this);
     }

@@ -19,7 +19,7 @@ namespace {
 constexpr int helpContext = 50;
 constexpr int boxesPerRow = 3;
 constexpr int columnSpacing = 20;
-constexpr int firstExtraGroup = 12; // from here on a group without a label is not shown at all
+constexpr int firstExtraGroup = 12; // from this one on, groups without a label are hidden
 
 } // namespace
 
@@ -79,7 +79,7 @@ void frmFunc::load(const QString &pr, qint16 code)
     prepare(Text::FuncTitle);
 }
 
-// The same for every code, so that nothing moves while the user ticks.
+// The same for every code, so that nothing moves when a box is ticked.
 void frmFunc::setCodeWidth()
 {
     QLabel &code = m_heading->value();

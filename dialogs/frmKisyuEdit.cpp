@@ -181,11 +181,11 @@ void frmKisyuEdit::deleteCapacity()
 // A machine always keeps one capacity.
 void frmKisyuEdit::deleteCapacities(int first, int last)
 {
-    const int most = std::min(last - first + 1, m_capacities->rowCount() - 1);
-    if (first < 1 || most < 1) {
+    const int count = std::min(last - first + 1, m_capacities->rowCount() - 1);
+    if (first < 1 || count < 1) {
         return;
     }
-    m_capacities->removeRows(first, first + most - 1);
+    m_capacities->removeRows(first, first + count - 1);
     setChanged();
 }
 

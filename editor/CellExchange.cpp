@@ -22,8 +22,8 @@ QString trimmedCell(const SpreadGrid &grid, int column)
     return text.trimmed().isEmpty() ? QString() : text;
 }
 
-/// The one dialog of the program. It lives on between calls: the text that it last built stays with it when nothing is
-/// left to build.
+/// The program's only dialog of this kind. It is kept between calls, because with nothing left to build it returns the
+/// text that it built last.
 frmPrCond &prCondDialog(QWidget *window)
 {
     static QPointer<frmPrCond> dialog;

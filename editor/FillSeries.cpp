@@ -7,9 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// As many digits as can be counted on over all rows of the largest file within 64 bits.
-constexpr qsizetype mostDigits = 13;
-constexpr qint64 mostValue = 10'000'000'000'000;
+// So that counting over all rows of the largest file stays within 64 bits.
+constexpr qsizetype maxDigits = 13;
+constexpr qint64 maxValue = 10'000'000'000'000;
 constexpr int codeDigits = 4;
 constexpr int codeBase = 16;
 
@@ -81,20 +81,20 @@ std::optional<FillSeries::Number> FillSeries::codeOf(const QString &text)
     return Number{.before = {}, .value = text.toInt(nullptr, codeBase), .isCode = true};
 }
 
-std::optional<FillSeries::Number> FillSeries::numberOf(const QString &text, bool decimalsBehindText)
+std::optional<FillSeries::Number> FillSeries::numberOf(const QString &text, bool decimalsAfterText)
 {
     qsizetype begin = beginOfDigits(text);
     qsizetype decimals = 0;
     if (begin > 0 && begin < text.size() && text[begin - 1] == u'.') {
         const qsizetype whole = beginOfDigits(QStringView(text).first(begin - 1));
-        if (isNoTextOrSign(QStringView(text).first(whole)) || (decimalsBehindText && whole < begin - 1)) {
+        if (isNoTextOrSign(QStringView(text).first(whole)) || (decimalsAfterText && whole < begin - 1)) {
             decimals = text.size() - begin;
             begin = whole;
         }
     }
     QString digits = text.sliced(begin);
     digits.remove(u'.');
-    if (digits.isEmpty() || digits.size() > mostDigits) {
+    if (digits.isEmpty() || digits.size() > maxDigits) {
         return std::nullopt;
     }
     const qsizetype whole = digits.size() - decimals;
@@ -105,16 +105,16 @@ std::optional<FillSeries::Number> FillSeries::numberOf(const QString &text, bool
         .digits = whole > 1 && digits.startsWith(u'0') ? int(whole) : 0};
 }
 
-/// False when the numbers do not lie equally far from each other, or stand behind different texts.
+/// False if the numbers are not equally spaced, or follow different texts.
 bool FillSeries::findStep(std::vector<Number> numbers)
 {
-    const auto [fewest, most] = std::ranges::minmax(numbers, {}, &Number::decimals);
-    const int decimals = most.decimals;
-    m_dropsZeros = fewest.decimals != decimals;
+    const auto [min, max] = std::ranges::minmax(numbers, {}, &Number::decimals);
+    const int decimals = max.decimals;
+    m_dropsZeros = min.decimals != decimals;
     for (Number &number : numbers) {
         for (; number.decimals < decimals; ++number.decimals) {
             number.value *= 10;
-            if (qAbs(number.value) >= mostValue) {
+            if (qAbs(number.value) >= maxValue) {
                 return false;
             }
         }
@@ -131,12 +131,12 @@ bool FillSeries::findStep(std::vector<Number> numbers)
     return std::ranges::adjacent_find(numbers, breaksOff) == numbers.end();
 }
 
-std::optional<QString> FillSeries::at(int place) const
+std::optional<QString> FillSeries::at(int index) const
 {
     if (!m_counts) {
-        return m_given.empty() ? std::nullopt : std::optional(m_given[size_t(place) % m_given.size()]);
+        return m_given.empty() ? std::nullopt : std::optional(m_given[size_t(index) % m_given.size()]);
     }
-    const qint64 value = m_last.value + m_step * (place + 1);
+    const qint64 value = m_last.value + m_step * (index + 1);
     const bool mayBeNegative = m_last.before.isEmpty() && !m_last.isCode;
     const bool hasEnded = (value < 0 && !mayBeNegative) || (m_last.isCode && value > 0xFFFF);
     return hasEnded ? std::nullopt : std::optional(textOf(value));
@@ -147,8 +147,8 @@ QString FillSeries::textOf(qint64 value) const
     if (m_last.isCode) {
         return QString::number(value, codeBase).toUpper().rightJustified(codeDigits, u'0');
     }
-    const int most = m_last.digits + m_last.decimals;
-    QString number = withPoint(QString::number(qAbs(value)).rightJustified(most, u'0'), m_last.decimals);
+    const int digits = m_last.digits + m_last.decimals;
+    QString number = withPoint(QString::number(qAbs(value)).rightJustified(digits, u'0'), m_last.decimals);
     number = m_dropsZeros ? withoutLastZeros(number) : number;
     return m_last.before + (value < 0 ? u"-"_s : QString()) + number;
 }

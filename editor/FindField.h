@@ -4,8 +4,8 @@
 
 #include <QLineEdit>
 
-/// The small field that takes what is searched for. It stands without any label, and shows at its end which of the
-/// matches has been reached: "3/17".
+/// The small field that takes what is searched for. It has no label, and shows at its end which of the matches has been
+/// reached: "3/17".
 class FindField : public QLineEdit
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class FindField : public QLineEdit
 public:
     explicit FindField(QWidget *parent);
 
-    /// Shows the count, and by its ground that there is nothing of what it asks for.
+    /// Shows the count, and by its background whether there is no match.
     void showCount(const CellSearch::Count &count);
 
     QSize sizeHint() const override;

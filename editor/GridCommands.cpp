@@ -22,7 +22,7 @@ namespace {
 
 constexpr int deleteFloor = 2;
 // A file counts its rows in a 16-bit integer.
-constexpr int mostRows = std::numeric_limits<qint16>::max();
+constexpr int maxRows = std::numeric_limits<qint16>::max();
 
 /// A spreadsheet ends even a single cell by a line end. Several lines stay as they are.
 QString withoutOnlyLineEnd(const QString &text)
@@ -140,7 +140,7 @@ bool GridCommands::addLines(int lines)
 {
     m_grid.commitEdit();
     const int lastRow = m_grid.rowCount();
-    if (lastRow + lines > mostRows) {
+    if (lastRow + lines > maxRows) {
         MessageBox::showExclamation(&m_grid, failureText({FailureCode::Overflow}), ResString(Text::ProgramName));
         return false;
     }

@@ -83,7 +83,7 @@ GridBlock GridFilling::selectedCells() const
     return cells;
 }
 
-// Whoever selects cells means what can be seen; whole rows are parameters, which belong together as a whole.
+// A block of cells means the visible ones; whole rows are parameters, of which no column may be left out.
 std::vector<int> GridFilling::selectedColumns() const
 {
     const bool wholeRows = m_grid.selectedBlock().isWholeRows();
@@ -126,7 +126,7 @@ GridFilling::Filling GridFilling::downward() const
     return filling;
 }
 
-// A row's columns are different things: there is nothing that all of them could take over from the first.
+// The columns of a row have nothing in common that could be filled from the first one into all of them.
 GridFilling::Filling GridFilling::rightward() const
 {
     const GridBlock cells = selectedCells();
@@ -152,7 +152,7 @@ GridFilling::Filling GridFilling::rightward() const
     return filling;
 }
 
-// What another program copied goes into one cell at most.
+// A text that another program copied goes into one cell at most.
 GridFilling::Filling GridFilling::everywhere() const
 {
     const GridBlock cells = selectedCells();
@@ -200,7 +200,7 @@ GridFilling::Texts GridFilling::seriesTexts(int column, const GridBlock &cells) 
     return filled;
 }
 
-// The two cells above tell how it goes on; where they have no number in common, the one above alone.
+// The two cells above say how to continue; if they form no series, the one above alone does.
 GridFilling::Texts GridFilling::textsFromAbove(int column, int row) const
 {
     std::vector<QString> given = texts(column, row - 2, row - 1);
@@ -257,7 +257,7 @@ QString GridFilling::refusalText(int column, int row, const std::optional<QStrin
     return ownText(OwnText::FillLineBreak, arguments);
 }
 
-// A text that stands in its cell already is none that is filled in.
+// A text that the cell has already is not refused.
 QString GridFilling::firstRefusal(const Filling &filling) const
 {
     for (const auto &[column, texts] : filling.columns) {
@@ -298,7 +298,7 @@ void GridFilling::write(const Filling &filling)
     m_document.markChanged();
 }
 
-// Only what becomes another text: the colour is there to find changes by.
+// Only cells whose text becomes another one: the colour is for finding changes.
 bool GridFilling::colourChanged(const Filling &filling)
 {
     bool any = false;

@@ -13,9 +13,9 @@ class OpenDocument;
 struct CellType;
 struct GridBlock;
 
-/// Fills the selected cells of one document's parameter grid by keys. A cell takes what could have been typed there;
-/// where one does not, the user is told why and nothing is filled at all. Hidden columns stay as they are, except where
-/// whole rows are selected. A fill is one step of undo, which gives the selection back as well.
+/// Fills the selected cells of one document's parameter grid by keys. A cell takes what could have been typed there; if
+/// one of them does not, the user is told why and nothing is filled. Hidden columns stay as they are unless whole rows
+/// are selected. A fill is one undo step, which restores the selection as well.
 class GridFilling : public QObject
 {
     Q_OBJECT
@@ -29,8 +29,8 @@ public:
     void fill(SpreadGrid::Fill way);
 
 private:
-    using Texts = std::vector<std::optional<QString>>; ///< nothing: there is no text for the cell
-    /// What cells are to hold: texts of some columns, from row1 on, for each column as many.
+    using Texts = std::vector<std::optional<QString>>; ///< std::nullopt: there is no text for the cell
+    /// What cells are to hold: texts of some columns from row1 on, the same number for each column.
     struct Filling
     {
         int row1 = 1;

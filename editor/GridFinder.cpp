@@ -49,7 +49,7 @@ void GridFinder::open()
 {
     m_grid.commitEdit();
     m_field->setAccessibleName(m_field->parentWidget()->windowTitle()); // what it searches; it has no text of its own
-    place();
+    placeField();
     m_field->show();
     m_field->raise();
     m_field->setFocus(Qt::ShortcutFocusReason);
@@ -74,7 +74,7 @@ void GridFinder::close()
     m_grid.setFocus(Qt::OtherFocusReason);
 }
 
-// What is typed further is looked for from the same place, unless the user has moved on from the match meanwhile.
+// Further typing searches from the same position, unless the user has meanwhile moved on from the match.
 void GridFinder::searchTyped()
 {
     if (!m_origin || here().cell != m_reached) {
@@ -88,23 +88,23 @@ void GridFinder::searchTyped()
     showCount();
 }
 
-GridFinder::Place GridFinder::here() const
+GridFinder::Position GridFinder::here() const
 {
     return {m_grid.selectedBlock(), {m_grid.activeColumn(), m_grid.activeRow()}, m_grid.topRow(),
         m_grid.horizontalScrollBar()->value()};
 }
 
-void GridFinder::returnTo(const Place &place)
+void GridFinder::returnTo(const Position &position)
 {
-    if (here().cell == place.cell) {
+    if (here().cell == position.cell) {
         return;
     }
-    m_grid.setActiveCell(place.cell.x(), place.cell.y());
-    if (!place.block.isSingleCell()) {
-        m_grid.selectBlock(place.block);
+    m_grid.setActiveCell(position.cell.x(), position.cell.y());
+    if (!position.block.isSingleCell()) {
+        m_grid.selectBlock(position.block);
     }
-    m_grid.setTopRow(place.topRow);
-    m_grid.horizontalScrollBar()->setValue(place.left);
+    m_grid.setTopRow(position.topRow);
+    m_grid.horizontalScrollBar()->setValue(position.left);
 }
 
 void GridFinder::showCount()
@@ -129,7 +129,7 @@ void GridFinder::find(int step)
     }
 }
 
-void GridFinder::place()
+void GridFinder::placeField()
 {
     const QRect cells(m_grid.viewport()->mapTo(m_field->parentWidget(), QPoint()), m_grid.viewport()->size());
     const int width = std::min(m_field->sizeHint().width(), cells.width());
@@ -139,7 +139,7 @@ void GridFinder::place()
 bool GridFinder::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize && m_field->isVisible()) {
-        place();
+        placeField();
     }
     return QObject::eventFilter(watched, event);
 }

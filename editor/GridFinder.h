@@ -13,8 +13,8 @@ class QWidget;
 class SpreadGrid;
 
 /// Finds texts in the shown columns of an editor window's grid: as they are typed into a field over the grid's upper
-/// right corner, and from match to match, around the end of the grid. While what is typed is found nowhere, the grid
-/// stays where the search began. Escape returns there, unless the user has gone on from the match; Tab stays at it.
+/// right corner, and from match to match, wrapping around the end of the grid. While there is no match, the grid stays
+/// where the search began. Escape returns there, unless the user has moved on from the match; Tab stays at the match.
 class GridFinder : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,7 @@ class GridFinder : public QObject
 public:
     GridFinder(SpreadGrid &grid, QWidget *window);
 
-    /// Shows the field with what was searched for last, ready to be typed over.
+    /// Shows the field with the last searched text selected.
     void open();
     /// To the next match, also while the field is closed. Without a text to search for, the field opens.
     void findNext() { find(1); }
@@ -33,7 +33,7 @@ protected:
 
 private:
     /// What was selected and in view before a search led elsewhere.
-    struct Place
+    struct Position
     {
         GridBlock block;
         QPoint cell;
@@ -43,17 +43,17 @@ private:
 
     void followGrid();
     void searchTyped();
-    Place here() const;
-    void returnTo(const Place &place);
+    Position here() const;
+    void returnTo(const Position &position);
     void showCount();
     void find(int step);
     void giveUp();
     void close();
-    void place();
+    void placeField();
 
     SpreadGrid &m_grid;
     FindField *m_field;
-    std::optional<Place> m_origin; ///< of what is being typed
+    std::optional<Position> m_origin; ///< of the search that is being typed
     QPoint m_reached; ///< the cell to which typing has led
     QTimer m_recount;
 };

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int mostEntries = 4;
+constexpr int maxEntries = 4;
 
 } // namespace
 
@@ -16,7 +16,7 @@ RecentFileGroup::RecentFileGroup(QMenu &menu) : QObject(&menu), m_separator(menu
 {
     m_separator->setObjectName(u"mnuRecentFile(0)"_s);
     m_separator->setVisible(false);
-    for (int i = 1; i <= mostEntries; ++i) {
+    for (int i = 1; i <= maxEntries; ++i) {
         QAction *entry = menu.addAction(QString());
         entry->setObjectName(u"mnuRecentFile(%1)"_s.arg(i));
         entry->setVisible(false);

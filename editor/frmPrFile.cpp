@@ -196,8 +196,8 @@ void frmPrFile::forgetClipboard(Qt::KeyboardModifiers modifiers)
     updatePaste();
 }
 
-// Only where there is a copy of the program's own to lose: what others copy is not fetched while they work with it.
-// The other windows learn of it when they become active.
+// Only while the clipboard record is that of a copy of our own: texts that other programs copy are not fetched while
+// the user works there. The other windows notice when they become active.
 void frmPrFile::noteClipboard()
 {
     if (clipboardRecord().kind == ClipboardRecord::Nothing || m_frame.activeEditor() != this) {
@@ -242,10 +242,10 @@ void frmPrFile::print()
 
 QSize frmPrFile::sizeHint() const
 {
-    constexpr int fewestRows = 10;
-    constexpr int mostRows = 50;
+    constexpr int minRows = 10;
+    constexpr int maxRows = 50;
     const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    return m_grid->sizeForRows(std::clamp(m_grid->rowCount(), fewestRows, mostRows)) + QSize(bar, bar);
+    return m_grid->sizeForRows(std::clamp(m_grid->rowCount(), minRows, maxRows)) + QSize(bar, bar);
 }
 
 bool frmPrFile::queryUnload()
@@ -267,7 +267,7 @@ bool frmPrFile::queryUnload()
     return false;
 }
 
-/// Whether the window may go: its document is in the file or, where saving it failed, kept for the next start.
+/// Whether the window may close: its document is in the file or, if saving failed, kept for the next start.
 bool frmPrFile::saveToClose()
 {
     if (m_frame.save(*this) == SaveOutcome::Declined) {

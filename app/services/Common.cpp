@@ -21,9 +21,9 @@
 namespace {
 
 /// The sizes that the font dialog offers; anything else in the settings store is damage.
-constexpr float smallestFont = 1;
-constexpr float largestFont = 512;
-constexpr float usualFont = 12;
+constexpr float minFont = 1;
+constexpr float maxFont = 512;
+constexpr float defaultFont = 12;
 
 /// The dialog's inner size as it will be shown.
 QSize innerSize(QDialog &dialog)
@@ -91,8 +91,8 @@ QFont userFont()
 {
     QFont font;
     font.setFamilies({UserFont.FontName}); // one name, whatever commas it holds
-    const bool usable = UserFont.FontSize >= smallestFont && UserFont.FontSize <= largestFont;
-    font.setPointSizeF(usable ? UserFont.FontSize : usualFont);
+    const bool usable = UserFont.FontSize >= minFont && UserFont.FontSize <= maxFont;
+    font.setPointSizeF(usable ? UserFont.FontSize : defaultFont);
     font.setItalic(UserFont.FontItalic);
     font.setBold(UserFont.FontBold);
     return font;

@@ -8,7 +8,7 @@ class QLineEdit;
 class QWidget;
 struct CellType;
 
-/// What a user may type into cells of that type, as a sentence; empty where everything goes.
+/// What a user may type into cells of that type, as a sentence; empty if anything may be typed.
 QString limitText(const CellType &type);
 
 /// UserFont as a Qt font; 12 points when its size cannot be shown (below 1 or above 512). A family that the system does

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int japanCountryCode = 81;
 
-/// What differs from language to language outside the string table.
+/// What depends on the language apart from the string table.
 struct LanguageFiles
 {
     qint32 base;
@@ -76,7 +76,7 @@ void SelectLanguage()
 {
     LanguageBase = CountryLanguageBase();
     QString iniPath = setupIniPath(LanguageBase);
-    // A Japanese system may carry the English set-up software alone; the other way round does not occur.
+    // A Japanese system may have only the English set-up software; the opposite does not occur.
     if (LanguageBase == JapaneseBase && !isFile(iniPath)) {
         iniPath = setupIniPath(EnglishBase);
     }

@@ -9,6 +9,6 @@
 /// whatever they contain. A placeholder without an argument stays.
 QString ownText(OwnText id, const QStringList &arguments = {});
 
-/// What the user is told of the failure, e.g. "Type mismatch", or asked about one that he may agree to; empty for a
-/// silent one.
+/// What the user is told of the failure, e.g. "Type mismatch", or asked about one that he may agree to; empty if it is
+/// a silent one.
 QString failureText(const Failure &failure);

@@ -41,7 +41,7 @@ void setText(QSettings &store, QLatin1StringView section, const QString &key, co
     store.setValue(fullKey(section, key), text);
 }
 
-/// A text that is no boolean counts as missing.
+/// A text that is not a boolean counts as missing.
 bool storedFlag(const QSettings &store, QLatin1StringView section, const QString &key, bool otherwise)
 {
     return toBoolean(storedText(store, section, key)).valueOr(otherwise);
@@ -75,7 +75,7 @@ QString columnKey(std::size_t index)
     return u"ListVisualState"_s + QString::number(index);
 }
 
-/// The stored size as a single; the default for a text that is no number or none that a single can hold.
+/// The stored size as a single; the default for a text that is not a number or that a single cannot hold.
 float fontSizeFrom(const QString &text)
 {
     const double size = numericValue(text).value_or(defaultFontSize);
