@@ -158,7 +158,7 @@ int DocumentFlows::openRecovered(const RecoveryCopy &copy)
     OpenDocument::prepareRecovered(slot, copy);
     frmPrFile &editor = createEditor(slot, copy.fileName);
     restoreCells(editor.vaspdParam(), copy);
-    editor.document().markChanged();
+    editor.document().noteRecovered();
     showEditor(editor);
     emit documentOpened();
     return slot;

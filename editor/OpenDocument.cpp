@@ -95,6 +95,12 @@ void OpenDocument::noteLoaded()
     m_history.setClean();
 }
 
+void OpenDocument::noteRecovered()
+{
+    m_history.forgetClean();
+    markChanged();
+}
+
 Result<> OpenDocument::save(const QString &fileName, const PrGrid &cells, bool mayReplace, SaveHost &host)
 {
     const SaveSource source{

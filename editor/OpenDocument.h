@@ -59,8 +59,10 @@ public:
 
     bool isChanged() const { return m_isChanged; }
     void markChanged() { setChanged(true); }
-    /// The grid has been filled with what the file holds.
+    /// The grid has been laid out or filled with what the file holds.
     void noteLoaded();
+    /// The grid has been filled with what a crashed instance left, which is in no file.
+    void noteRecovered();
     /// Saves the document, whose rows are in cells, as saveDocument() does. The path stays as it is.
     Result<> save(const QString &fileName, const PrGrid &cells, bool mayReplace, SaveHost &host);
     /// Everything is in the file now.

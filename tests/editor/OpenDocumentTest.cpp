@@ -152,6 +152,15 @@ TEST_F(OpenDocumentTest, aMachineThatComesOutAsItWasIsNoObstacleToUndo)
     EXPECT_FALSE(document->isChanged());
 }
 
+TEST_F(OpenDocumentTest, aRecoveredOneIsChangedWhateverIsUndone)
+{
+    document->noteRecovered();
+    edit(u"a"_s);
+    grid.history().undo();
+    document->noteRestored();
+    EXPECT_TRUE(document->isChanged()) << "what was recovered is in no file";
+}
+
 TEST_F(OpenDocumentTest, isTheWayToWhatIsKnownOfItsFile)
 {
     documentOrigin(number).codePage = 932;
