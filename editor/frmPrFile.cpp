@@ -237,7 +237,7 @@ void frmPrFile::editMachineInfo()
 void frmPrFile::print()
 {
     m_grid->commitEdit();
-    printDocument(window(), *m_grid, m_document->number(), m_document->title());
+    printDocument(window(), *m_grid, m_document->machine(), m_document->title());
 }
 
 QSize frmPrFile::sizeHint() const

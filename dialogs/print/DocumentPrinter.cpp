@@ -14,8 +14,8 @@
 
 #include <limits>
 
-DocumentPrinter::DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
-    : m_parent(parent), m_grid(grid), m_docNo(docNo), m_title(shownFileName(title))
+DocumentPrinter::DocumentPrinter(QWidget *parent, SpreadGrid &grid, const MachineInfo &machine, const QString &title)
+    : m_parent(parent), m_grid(grid), m_machine(machine), m_title(shownFileName(title))
 {
 }
 
@@ -45,7 +45,7 @@ PrintOutcome DocumentPrinter::printMachinePage(PrintJob &job) const
     if (SharedPrintSettings.flags[0] != 1) {
         return PrintOutcome::Done;
     }
-    return printMachineInfo(job, m_docNo, m_title) ? PrintOutcome::Done : PrintOutcome::Failed;
+    return printMachineInfo(job, m_machine, m_title) ? PrintOutcome::Done : PrintOutcome::Failed;
 }
 
 PrintOutcome DocumentPrinter::printParameters(PrintJob &job) const

@@ -9,14 +9,15 @@ class QPrinter;
 class QWidget;
 class SpreadGrid;
 enum class PrintOutcome;
+struct MachineInfo;
 
 /// Prints a document with SharedPrintSettings: its machine information, then its grid. A failure is shown in a message
 /// box over parent; cancelling by the user is not.
 class DocumentPrinter
 {
 public:
-    /// docNo counts from 1; title is the editor window's caption.
-    DocumentPrinter(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title);
+    /// title is the document's.
+    DocumentPrinter(QWidget *parent, SpreadGrid &grid, const MachineInfo &machine, const QString &title);
 
     /// Why not a single page of the parameters will be printed although they were chosen, as a text for the user; empty
     /// if there is one.
@@ -38,6 +39,6 @@ private:
 
     QWidget *m_parent;
     SpreadGrid &m_grid;
-    int m_docNo;
+    const MachineInfo &m_machine;
     QString m_title;
 };

@@ -2,7 +2,7 @@
 
 #include "app/services/Common.h"
 #include "dialogs/print/MachineInfoLines.h"
-#include "document/DocumentTables.h"
+#include "document/MachineInfo.h"
 #include "print/PaperText.h"
 #include "print/PrintJob.h"
 
@@ -94,11 +94,9 @@ void PagePainter::drawSqueezed(double left, double width, const QString &text)
 
 } // namespace
 
-bool printMachineInfo(PrintJob &job, int docNo, const QString &title)
+bool printMachineInfo(PrintJob &job, const MachineInfo &machine, const QString &title)
 {
     PagePainter painter(job);
-    const auto known = MachineInfos.find(docNo);
-    const MachineInfo info = known == MachineInfos.end() ? MachineInfo() : known->second;
-    const QList<MachineInfoLine> lines = machineInfoLines(info, title);
+    const QList<MachineInfoLine> lines = machineInfoLines(machine, title);
     return std::ranges::all_of(lines, [&painter](const MachineInfoLine &line) { return painter.paint(line); });
 }

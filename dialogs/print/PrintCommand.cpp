@@ -34,14 +34,14 @@ QString askPdfName(QWidget *parent, const QString &title)
 
 } // namespace
 
-void printDocument(QWidget *parent, SpreadGrid &grid, int docNo, const QString &title)
+void printDocument(QWidget *parent, SpreadGrid &grid, const MachineInfo &machine, const QString &title)
 {
     bool isConfirmed = false;
     frmPrint(title, parent).PrintShow(grid, isConfirmed);
     if (!isConfirmed) {
         return;
     }
-    DocumentPrinter document(parent, grid, docNo, title);
+    DocumentPrinter document(parent, grid, machine, title);
     const QString missing = document.missingParameters(CurrentPrinter::printer());
     if (!missing.isEmpty()) {
         MessageBox::showExclamation(parent, missing, title);

@@ -2,7 +2,6 @@
 #include "app/services/Settings.h"
 #include "dialogs/print/MachineInfoLines.h"
 #include "dialogs/print/MachineInfoPrinter.h"
-#include "document/DocumentTables.h"
 #include "print/PrintJob.h"
 #include "tests/support/PdfText.h"
 #include "tests/support/QtPrinters.h"
@@ -122,30 +121,24 @@ protected:
     {
         UserFont = {};
         UserFont.FontName = u"DejaVu Sans"_s;
-        resetDocumentTables();
-        growDocumentTables(2);
-        MachineInfos[2] = exampleInfo();
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setOutputFileName(fileName());
     }
-    ~MachineInfoPage() override
-    {
-        resetDocumentTables();
-        UserFont = {};
-    }
+    ~MachineInfoPage() override { UserFont = {}; }
 
     QString fileName() const { return folder.filePath(u"page.pdf"_s); }
 
     QList<PdfPage> print(const QString &title = u"a.inv"_s)
     {
         PrintJob job(printer, title);
-        EXPECT_TRUE(printMachineInfo(job, 2, title));
+        EXPECT_TRUE(printMachineInfo(job, machine, title));
         EXPECT_TRUE(job.end());
         return readPdf(fileName());
     }
 
     QTemporaryDir folder;
+    MachineInfo machine = exampleInfo();
     QPrinter printer{QPrinter::HighResolution};
 };
 
@@ -176,10 +169,10 @@ TEST_F(MachineInfoPage, hasEvenlySpacedLines)
 
 TEST_F(MachineInfoPage, beginsFieldsAtTheSamePositionWhateverTheTexts)
 {
-    MachineInfos[2].Name = u"インバータ形名全角文字"_s;
-    MachineInfos[2].TypeCode = u"ASCII"_s;
-    MachineInfos[2].Capacity = {u"全角全角全角全角全角全角全角全角全角全角"_s, u"iiii"_s};
-    MachineInfos[2].ICapacity = {u"二"_s, u"WWWWWWWWWWWWWWWWWWWW"_s};
+    machine.Name = u"インバータ形名全角文字"_s;
+    machine.TypeCode = u"ASCII"_s;
+    machine.Capacity = {u"全角全角全角全角全角全角全角全角全角全角"_s, u"iiii"_s};
+    machine.ICapacity = {u"二"_s, u"WWWWWWWWWWWWWWWWWWWW"_s};
     const PdfPage page = print().at(0);
     const double first = page.word(u"Type:"_s).box.left();
     const double second = page.word(u"ASCII"_s).box.left();
@@ -216,7 +209,7 @@ TEST_F(MachineInfoPage, isInTheUsersFont)
 TEST_F(MachineInfoPage, staysOnThePaperInALargeFont)
 {
     UserFont.FontSize = 72;
-    MachineInfos[2].Code = u"WWWWWWWWWWWWWWWWWWWW"_s;
+    machine.Code = u"WWWWWWWWWWWWWWWWWWWW"_s;
     const QList<PdfPage> pages = print();
     for (const PdfPage &page : pages) {
         for (const PdfWord &word : page.words) {
@@ -243,10 +236,10 @@ TEST_F(MachineInfoPage, showsALongTitleWhole)
 
 TEST_F(MachineInfoPage, goesOnOnTheNextPage)
 {
-    MachineInfos[2].Capacity.clear();
+    machine.Capacity.clear();
     for (int i = 1; i <= 150; ++i) {
-        MachineInfos[2].Capacity << u"cap%1"_s.arg(i);
-        MachineInfos[2].ICapacity << u"cur%1"_s.arg(i);
+        machine.Capacity << u"cap%1"_s.arg(i);
+        machine.ICapacity << u"cur%1"_s.arg(i);
     }
     const QList<PdfPage> pages = print();
     ASSERT_GE(pages.size(), 2);
@@ -267,18 +260,18 @@ TEST_F(MachineInfoPage, goesOnOnTheNextPage)
 TEST_F(MachineInfoPage, keepsLettersApartThatFontsJoin)
 {
     UserFont.FontName = u"DejaVu Sans"_s;
-    MachineInfos[2].Name = u"office"_s;
-    MachineInfos[2].TypeCode = u"flow"_s;
+    machine.Name = u"office"_s;
+    machine.TypeCode = u"flow"_s;
     const PdfPage page = print(u"first.inv"_s).at(0);
     for (const QString &word : {u"office"_s, u"flow"_s, u"first.inv"_s}) {
         EXPECT_EQ(page.count(word), 1) << word.toStdString();
     }
 }
 
-TEST_F(MachineInfoPage, ofAnUnknownDocumentIsEmptyAndHarmless)
+TEST_F(MachineInfoPage, ofAMachineWithoutDataIsEmpty)
 {
     PrintJob job(printer, {});
-    EXPECT_TRUE(printMachineInfo(job, 99, {}));
+    EXPECT_TRUE(printMachineInfo(job, MachineInfo(), {}));
     job.end();
     EXPECT_EQ(readPdf(fileName()).at(0).count(u"0"_s), 1);
 }

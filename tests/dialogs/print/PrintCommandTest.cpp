@@ -144,7 +144,7 @@ protected:
             QTest::keyClick(&box, Qt::Key_Return);
         });
     }
-    void print() { printDocument(&window, grid, 1, title()); }
+    void print() { printDocument(&window, grid, MachineInfos[1], title()); }
 
     QTemporaryDir folder;
     QWidget window;
@@ -294,7 +294,7 @@ TEST_F(PrintCommand, reportsWhyAFileCannotBeWritten)
         box.close();
     });
     SharedPrintSettings.flags = {1, 1};
-    DocumentPrinter(&window, grid, 1, title()).toPdf(place, QPrinter().pageLayout());
+    DocumentPrinter(&window, grid, MachineInfos[1], title()).toPdf(place, QPrinter().pageLayout());
     EXPECT_FALSE(text.isEmpty());
     EXPECT_EQ(caption, title());
     EXPECT_EQ(user.met(), QStringList{u"QMessageBox"_s});
@@ -337,7 +337,7 @@ TEST_F(PrintCommand, reportsAFullDiskAndKeepsTheEarlierFile)
     SharedPrintSettings.flags = {1, 1};
     {
         const SmallDisk disk(2000);
-        DocumentPrinter(&window, grid, 1, title()).toPdf(place, QPrinter().pageLayout());
+        DocumentPrinter(&window, grid, MachineInfos[1], title()).toPdf(place, QPrinter().pageLayout());
     }
     EXPECT_TRUE(text == u"File too large"_s || text == u"Printer error"_s) << text.toStdString();
     ASSERT_TRUE(earlier.open(QIODevice::ReadOnly));
@@ -381,7 +381,7 @@ TEST_F(PrintCommand, sendsAPrinterTheJobsThatAreWanted)
     const QString place = folder.filePath(u"job.pdf"_s);
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(place);
-    DocumentPrinter document(&window, grid, 1, title());
+    DocumentPrinter document(&window, grid, MachineInfos[1], title());
 
     SharedPrintSettings.flags = {1, 0};
     document.toPrinter(printer);
@@ -405,7 +405,7 @@ TEST_F(PrintCommand, reportsThatAPrinterTakesNothing)
         box.close();
     });
     SharedPrintSettings.flags = {1, 1};
-    DocumentPrinter(&window, grid, 1, title()).toPrinter(printer);
+    DocumentPrinter(&window, grid, MachineInfos[1], title()).toPrinter(printer);
     EXPECT_EQ(text, u"Printer error"_s);
     EXPECT_EQ(user.met(), QStringList{u"QMessageBox"_s});
 }
