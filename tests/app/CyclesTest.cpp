@@ -1,4 +1,4 @@
-// What users do again and again, each by itself: done so often that a few bytes left behind each time are seen.
+// What users do again and again, each by itself: done so often that a leak of a few bytes each time is noticed.
 
 #include "document/DocumentTables.h"
 #include "editor/frmPrFile.h"

@@ -104,7 +104,7 @@ TEST_F(LastPlace, dialogsBeginBesideTheActiveDocument)
     EXPECT_EQ(beginning(u"mneFileOpen"_s), folder(u"near"_s)) << "its folder is gone";
 }
 
-// As the dialog stands when the user begins to type: with the files of the folder listed.
+// The dialog is ready for typing once the files of the folder are listed.
 class PresetName : public LastPlace
 {
 protected:

@@ -8,7 +8,7 @@
 /// The value of an environment variable; otherwise when there is no such number.
 int fromEnvironment(const char *name, int otherwise);
 
-/// What Qt complains of while it lives. What the platform without a display cannot do is no complaint.
+/// Collects the warnings of Qt while it lives, except for what the platform without a display cannot do.
 class Complaints
 {
 public:

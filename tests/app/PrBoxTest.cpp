@@ -14,7 +14,7 @@
 
 using namespace Qt::StringLiterals;
 
-/// The box that shows the active row's parameter number. In row r of the document stands the number 100 + r.
+/// The box that shows the active row's parameter number. Row r of the document has the number 100 + r.
 class PrBox : public FrameTest
 {
 protected:

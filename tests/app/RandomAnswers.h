@@ -9,7 +9,7 @@
 class QDialog;
 class QMessageBox;
 
-/// RandomAnswers whatever modal window stands in the way, with one of the keys that users have for it.
+/// Answers every modal window with one of the keys that users have for it.
 class RandomAnswers
 {
 public:
@@ -18,7 +18,7 @@ public:
     /// From now on nothing is saved.
     void giveUpChanges() { m_givesUp = true; }
     void answerFreely() { m_givesUp = false; }
-    /// Where a file dialog's files stand.
+    /// The folder of a file dialog's files.
     void setFile(const QString &fileName) { m_fileName = fileName; }
     int given() const { return m_given; }
 

@@ -56,7 +56,7 @@ protected:
         refresh();
         leaveBehind();
     }
-    /// Moves the copies where those of a dead program stand, and ends the frame.
+    /// Moves the copies to where a crashed instance would have left them, and ends the frame.
     void leaveBehind()
     {
         const QString dead = root() + u"/20250101-1"_s;

@@ -117,7 +117,7 @@ protected:
     QString third;
 };
 
-/// Every window shows a whole document, and the frame is its usual self.
+/// Every window shows a whole document, and the frame works as always.
 void Reentrance::expectWhole()
 {
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);

@@ -278,7 +278,7 @@ void Soak::stretch()
     forgetLastUse();
 }
 
-/// A line through the least values of every so many stretches tells what each step leaves behind. What has been used
+/// A line through the least values of every so many stretches tells what each step leaks. What has been used
 /// once (a size of letters, a dialog) stays in Qt's caches: the line begins when everything was used.
 TEST_F(Soak, leavesNoMemoryAndNoComplaintBehind)
 {

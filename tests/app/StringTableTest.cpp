@@ -51,7 +51,7 @@ std::set<int> expectedIdentifiers()
     return identifiers;
 }
 
-/// The access key of a caption: the character behind its ampersand; NUL when it has none.
+/// The access key of a caption: the character after its ampersand; NUL if it has none.
 QChar accessKey(QStringView caption)
 {
     const qsizetype at = caption.indexOf(u'&');

@@ -217,7 +217,7 @@ TEST_F(CondDialog, tabGoesOnInTheRowThatWasSorted)
         press(Qt::Key_Tab);
         EXPECT_EQ(rows(0), (QStringList{u"20|=|2|"_s, u"30|=|3|"_s, u"40|=|9|"_s}));
         typeIntoCell(grid(0), 1, 3, u"5"_s);
-        press(Qt::Key_Down); // from the first row on, where the condition stands now
+        press(Qt::Key_Down); // from the first row on, where the condition is now
         EXPECT_EQ(grid(0).activeRow(), 2);
         cancel();
     });

@@ -84,7 +84,7 @@ void whileNextIsShown(const std::function<void(QDialog &)> &act)
 void click(const QObject &root, const QString &name)
 {
     auto &button = control<QAbstractButton>(root, name);
-    // A check box reacts on its box and text only, both of which stand at its left.
+    // A check box reacts only to clicks on its box and text, both of which are at its left.
     QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(8, button.height() / 2));
 }
 

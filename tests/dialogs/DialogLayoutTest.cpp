@@ -1,4 +1,4 @@
-// What all dialogs have in common as windows: place, font, and room for every text.
+// What all dialogs have in common as windows: position, font, and space for every text.
 
 #include "app/services/Settings.h"
 #include "dialogs/frmFunc.h"
@@ -77,7 +77,7 @@ void expectNothingCut(const QDialog &dialog)
     }
 }
 
-// It is the inner size that is centred; the window's frame comes on top. A dialog that fills its screen makes room for
+// It is the inner size that is centred; the window's frame comes on top. A dialog that fills its screen makes way for
 // the frame.
 void expectInTheMiddle(const QDialog &dialog)
 {

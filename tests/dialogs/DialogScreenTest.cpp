@@ -1,5 +1,5 @@
 // Every dialog on the screen that the test runs on: nothing of it is off the screen, cut or overlapped, and every text
-// has its room. Lists may scroll.
+// is shown whole. Lists may scroll.
 
 #include "app/services/Settings.h"
 #include "desktop/FileDialog.h"

@@ -33,7 +33,7 @@ protected:
     void ok();
     void cancel();
 
-    /// Clicks into the box and types text in the place of what it holds.
+    /// Clicks into the box and replaces its text by typing.
     void retype(const QString &name, const QString &text);
 
     /// Adds a capacity through the dialog that Add opens; OK there unless cancelled.

@@ -1,5 +1,5 @@
 // Another program at the clipboard. "set FILE" offers the file's text until the program is ended, "get" prints the text
-// that stands there, in UTF-8.
+// that is there, in UTF-8.
 
 #include <QClipboard>
 #include <QFile>

@@ -91,7 +91,7 @@ struct FillCase
     Keys keys;
     GridBlock target;
     QString filled;
-    QString given = {}; ///< a block text that stands from the selection's top left cell on
+    QString given = {}; ///< a block text, from the selection's top left cell on
 };
 
 void PrintTo(const FillCase &test, std::ostream *out)
@@ -291,7 +291,7 @@ struct RefusedFill
     const char *name;
     GridBlock selection;
     Keys keys;
-    QString given; ///< a block text that stands from the selection's top left cell on
+    QString given; ///< a block text, from the selection's top left cell on
     QString message;
 };
 

@@ -25,7 +25,7 @@ protected:
         type(text);
     }
     Cell active() { return {grid().activeColumn(), grid().activeRow()}; }
-    /// The ground of a cell as it is painted: near its lower left corner, where no text and no frame is.
+    /// The background of a cell as it is painted: near its lower left corner, where no text and no frame is.
     QColor ground(int column, int row)
     {
         const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1));

@@ -27,7 +27,7 @@ protected:
         grid().setActiveCell(1, 1);
     }
 
-    /// The darkest or lightest pixel of a cell's text, whichever is farther from its ground.
+    /// The darkest or lightest pixel of a cell's text, whichever differs more from its background.
     QColor ink(int column, int row)
     {
         const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1)).adjusted(3, 3, -4, -4);
@@ -332,7 +332,7 @@ TEST_F(Find, changesNothing)
     EXPECT_TRUE(editor().parentWidget()->close()); // without a question
 }
 
-// Against the plainest search there is, over texts in which matches are frequent.
+// Compared with the simplest possible search, over texts in which matches are frequent.
 TEST_F(Find, agreesWithAPlainSearchFromEveryCell)
 {
     grid().setRowCount(6);

@@ -50,7 +50,7 @@ QStringList rangeFields(const QString &cell)
     return fields;
 }
 
-/// Subject, kind, value and second value; nothing of an item that is no condition.
+/// Subject, kind, value and second value; nothing for an item that is not a condition.
 QStringList conditionFields(const QString &item)
 {
     static const QRegularExpression pattern(u"^(\\d+|MODE|OP)([=/])([^=/-]+)(?:-([^=/-]+))?$"_s);
@@ -91,7 +91,7 @@ QString rowText(const RowsModel::Row &row)
     return (fixed + ranges + conditions).join(u',') + (goesOn ? u","_s : u"\r\n"_s);
 }
 
-/// The fields behind "[Paramater]", one after the other.
+/// The fields after "[Paramater]", one by one.
 class Fields
 {
 public:

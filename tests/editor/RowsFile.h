@@ -15,7 +15,7 @@ QByteArray bytes(const std::vector<RowsModel::Row> &rows);
 /// The whole file of an untitled document, whose machine information is empty.
 QByteArray untitledBytes(const std::vector<RowsModel::Row> &rows);
 
-/// The rows of a file as a window shows them after an open; nothing when it cannot be opened. For files as the above
+/// The rows of a file as a window shows them after an open; std::nullopt if it cannot be opened. For files as the above
 /// write them.
 std::optional<std::vector<RowsModel::Row>> rows(const QByteArray &bytes);
 

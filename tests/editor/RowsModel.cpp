@@ -228,7 +228,7 @@ void RowsModel::paste()
     m_changed = true;
 }
 
-// The one line end that a spreadsheet puts behind a single cell is no part of it.
+// The one line end that a spreadsheet puts after a single cell is not part of its text.
 QString RowsModel::foreignText() const
 {
     const QStringList parts = lines(m_shared.text);
@@ -249,7 +249,7 @@ void RowsModel::pasteRows()
     place(1, m_selection.row1, columnCount, std::min(m_selection.row1 + m_shared.height, rowCount()), 1);
 }
 
-// A line end behind the last row is a row of its own only where a row may be one empty cell.
+// A line end after the last row is a row of its own only if a row may be one empty cell.
 void RowsModel::place(int column1, int row1, int column2, int row2, int dropped)
 {
     redden({column1, row1, column2, row2});
@@ -295,7 +295,7 @@ void RowsModel::addLines(int lines)
     blank(m_selection.row1);
 }
 
-// The read condition stays: it is the one that stood in this place before.
+// The read condition stays: it is that of the row that was here before.
 void RowsModel::blank(int row)
 {
     const QStringList texts{{}, {}, {}, u"0"_s, u"No"_s, u"No"_s, u"No"_s, {}, {}, u"0"_s, u"0000"_s, u"0"_s};
@@ -361,7 +361,7 @@ void RowsModel::fillDown()
     m_touched = m_selection;
 }
 
-// The block that holds all changes of the act is red, with what stands between them.
+// The block around all changes of the action is red, with what is between them.
 void RowsModel::change(int column, int row, const QString &text)
 {
     QString &cell = at(column, row);

@@ -10,7 +10,7 @@
 #include <vector>
 
 /// A parameter table as plain rows of texts, and what the Edit commands and the keyboard do to it: written for the
-/// tests without a look at the grid, so that the two can be held against each other. Columns and rows count from 1.
+/// tests without a look at the grid, so that the two can be compared. Columns and rows count from 1.
 class RowsModel
 {
 public:
@@ -87,7 +87,7 @@ private:
         std::vector<std::array<bool, columnCount>> red;
         int number; ///< no two states share one
     };
-    /// What an act left behind it: for undo the state before, for redo the one after.
+    /// What an action left for undo, the state before it, and for redo, the state after it.
     struct Step
     {
         State other;

@@ -25,7 +25,7 @@ struct Shown
 
 void PrintTo(const Shown &shown, std::ostream *out);
 
-/// A document in which things are done, taken back and made again, all by keys and mouse.
+/// A document in which things are done, undone and redone, all by keys and mouse.
 class UndoTest : public FrameTest
 {
 public:

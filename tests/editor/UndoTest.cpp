@@ -181,7 +181,7 @@ TEST_F(UndoTest, keepsTheHeightsOfRowsThatWereDeleted)
     EXPECT_EQ(grid().rowHeight(11), 63);
 }
 
-// What cannot be taken back
+// What cannot be undone
 
 TEST_F(UndoTest, doesNotTakeBackTheLoading)
 {
@@ -259,7 +259,7 @@ TEST_F(UndoTest, isTheTypedTextsOwnInAnOpenEditor)
     QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(edit.text(), u"Parameter 7"_s);
     QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(grid().text(2, 5), u"other"_s); // nothing left to take back in the editor: the grid stays
+    EXPECT_EQ(grid().text(2, 5), u"other"_s); // nothing left to undo in the editor: the grid stays as it is
     for (const auto &[key, modifiers] : {std::pair(Qt::Key_Y, Qt::KeyboardModifiers(Qt::ControlModifier)),
              std::pair(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier)}) {
         QTest::keyClick(&edit, key, modifiers);

@@ -1,4 +1,4 @@
-// The wheel with Ctrl, and Ctrl+0: how large the grid is shown, and that nothing else changes by it.
+// The wheel with Ctrl, and Ctrl+0: they change how large the grid is shown, and nothing else.
 
 #include "app/services/Settings.h"
 #include "document/DocumentTables.h"

@@ -92,7 +92,7 @@ QPoint expectedPosition(const QSize &inner)
     return {screen.x() + screen.width() / 2 - inner.width() / 2, screen.y() + screen.height() / 2 - inner.height() / 2};
 }
 
-/// Whether every character of text has a picture in font or in the fonts that stand in for it.
+/// Whether every character of text has a picture in font or in its substitutes.
 bool hasAllGlyphs(const QString &text, const QFont &font)
 {
     QTextLayout layout(text, font);

@@ -58,7 +58,7 @@ TEST_F(IniFile, beyondTheBoundIsAsGoodAsEmpty)
 {
     const QString file = put("[Setup]\r\nLanguage=Japanese\r\n");
     QString value;
-    ASSERT_TRUE(QFile::resize(file, largestFile)); // takes no room on the disk
+    ASSERT_TRUE(QFile::resize(file, largestFile)); // takes no space on the disk
     EXPECT_TRUE(ReadIniString(file, u"Setup"_s, u"Language"_s, value));
     ASSERT_TRUE(QFile::resize(file, largestFile + 1));
     EXPECT_FALSE(ReadIniString(file, u"Setup"_s, u"Language"_s, value));

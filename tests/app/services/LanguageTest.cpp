@@ -60,7 +60,7 @@ struct LanguageCase
 {
     const char *name;
     int country;
-    std::optional<QByteArray> inJapaneseIni; ///< the Language value; nothing for no file
+    std::optional<QByteArray> inJapaneseIni; ///< the Language value; std::nullopt: there is no file
     std::optional<QByteArray> inEnglishIni;
     qint32 chosen;
 };
