@@ -65,9 +65,12 @@ QString FieldReader::text()
     }
     if (take('"')) {
         const QByteArrayView quoted = takeQuotedText();
+        traceField();
         return decoded({quoted, isAscii(quoted)});
     }
-    return decoded(takePlainText());
+    const Field field = takePlainText();
+    traceField();
+    return decoded(field);
 }
 
 qint16 FieldReader::int16()
@@ -189,6 +192,19 @@ QByteArrayView FieldReader::takeQuotedText()
     return quoted;
 }
 
+/// To be called when a field and its separator have been passed.
+void FieldReader::traceField()
+{
+    if (m_trace == nullptr) {
+        return;
+    }
+    QByteArrayView bytes(m_rest.end() - m_size + m_fieldAt, m_rest.begin());
+    if (m_fieldHasEnd) {
+        bytes.chop(bytes.endsWith("\r\n") ? 2 : 1);
+    }
+    *m_trace << FileField{m_fieldAt, bytes};
+}
+
 QString FieldReader::decoded(const Field &field)
 {
     if (field.ascii) {
@@ -213,5 +229,6 @@ double FieldReader::number()
     const double value = leadingNumber(QByteArrayView(m_rest.begin(), end));
     m_rest = from(end, m_rest);
     takeSeparator();
+    traceField();
     return value;
 }

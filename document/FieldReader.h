@@ -4,11 +4,19 @@
 #include "runtime/Result.h"
 
 #include <QByteArrayView>
+#include <QList>
 #include <QString>
 
 #include <optional>
 
 class AnsiCodePage;
+
+/// A field as the file has it: with its quotes and the spaces around it, without its separator.
+struct FileField
+{
+    qsizetype offset; ///< of its first byte, from 0
+    QByteArrayView bytes;
+};
 
 /// Reads a parameter file's fields one after the other. The first failure stays: later reads then give empty values, so
 /// that a caller may ask hasFailed() once per row or loop.
@@ -34,6 +42,9 @@ public:
     quint8 byte();
     float single();
 
+    /// Appends every field that is read from now on to fields, which must outlive that.
+    void setTrace(QList<FileField> *fields) { m_trace = fields; }
+
     /// Begins the next row: its fields count from here.
     void beginRow();
     /// Records a failure that the caller found, unless there was one before. It counts as the last field's.
@@ -58,6 +69,7 @@ private:
     void takeSeparator();
     Field takePlainText();
     QByteArrayView takeQuotedText();
+    void traceField();
     QString decoded(const Field &field);
     double number();
 
@@ -69,6 +81,7 @@ private:
     int m_fieldNo = 0;
     bool m_fieldHasEnd = true;
     const AnsiCodePage &m_page;
+    QList<FileField> *m_trace = nullptr;
     TextPool m_pool;
     std::optional<FailureCode> m_error;
 };

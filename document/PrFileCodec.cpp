@@ -3,8 +3,8 @@
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
 #include "document/InverterSection.h"
-#include "document/ParameterColumns.h"
 #include "document/ReadBackCheck.h"
+#include "document/RecordReader.h"
 #include "document/RowCollector.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
@@ -12,62 +12,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr QByteArrayView sectionLine("[Paramater]");
-
-/// A count of list entries that follow: a negative one cannot size a list.
-qsizetype listSize(FieldReader &in, qint16 count)
-{
-    if (count < 0) {
-        in.fail(FailureCode::SubscriptOutOfRange);
-    }
-    return in.hasFailed() ? 0 : count;
-}
-
-void readRanges(FieldReader &in, PrRecord &record)
-{
-    const qsizetype count = listSize(in, record.rangeCount);
-    // What a row claims to hold costs nothing until it is there: each range has two separators at least.
-    record.ranges.reserve(std::min(count, in.remaining() / 2 + 1));
-    for (qsizetype i = 0; i < count && !in.hasFailed(); ++i) {
-        const float lower = in.single();
-        const float upper = in.single();
-        record.ranges.append(SettingRange{upper, lower});
-    }
-}
-
-PrCondition readCondition(FieldReader &in)
-{
-    PrCondition condition;
-    condition.subject = in.text();
-    condition.kind = in.byte();
-    condition.value1 = in.text();
-    if ((condition.kind & PrCondition::HasRange) != 0) {
-        condition.value2 = in.text();
-    }
-    return condition;
-}
-
-void readConditions(FieldReader &in, PrRecord &record)
-{
-    const qsizetype count = listSize(in, record.conditionCount);
-    record.conditions.reserve(std::min(count, in.remaining() / 3 + 1));
-    for (qsizetype i = 0; i < count && !in.hasFailed(); ++i) {
-        record.conditions.append(readCondition(in));
-    }
-}
-
-void readRecord(FieldReader &in, PrRecord &record)
-{
-    in.beginRow();
-    record.conditionCount = in.int16();
-    for (const auto field : fileTexts) {
-        record.*field = in.text();
-    }
-    record.rangeCount = in.int16();
-    readRanges(in, record);
-    readConditions(in, record);
-}
 
 /// Reads the rows of one file.
 class RowsReader
@@ -205,7 +149,7 @@ void Encoder::putMachine(const MachineInfo &machine, qsizetype rowCount)
     // More capacities than rated currents: what precedes the gap is still written.
     m_isPart = !m_outcome && m_outcome.failure().code == FailureCode::SubscriptOutOfRange;
     if (m_outcome) {
-        m_out.put(sectionLine);
+        m_out.put(rowsLine);
         m_out.put("\r\n");
     }
 }
@@ -225,7 +169,8 @@ void Encoder::putRow(const RowFields &fields, int row)
 
 EncodedPrFile Encoder::finish()
 {
-    return {.bytes = m_outcome || m_isPart ? m_out.takeBytes() : QByteArray(), .outcome = m_outcome, .isPart = m_isPart};
+    return {
+        .bytes = m_outcome || m_isPart ? m_out.takeBytes() : QByteArray(), .outcome = m_outcome, .isPart = m_isPart};
 }
 
 } // namespace
@@ -242,7 +187,7 @@ Result<> PrFileDecoder::decodeMachine(MachineInfo &machine) const
 Result<> PrFileDecoder::decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow)
 {
     FieldReader in(m_bytes, m_page);
-    if (!in.passLine(sectionLine)) {
+    if (!in.passLine(rowsLine)) {
         return FailureCode::NoParameterSection;
     }
     RowsReader reader(in, announced, rows);
