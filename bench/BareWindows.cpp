@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ends the process behind the first paint of a viewport.
+/// Ends the process after the first paint of a viewport.
 class EndAtPaint : public QObject
 {
 public:

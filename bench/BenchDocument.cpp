@@ -1,7 +1,7 @@
 #include "bench/BenchDocument.h"
 
+#include "bench/Baselines.h"
 #include "bench/DocumentGenerator.h"
-#include "bench/Floors.h"
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
@@ -19,7 +19,7 @@ constexpr qint16 docNo = 1;
 
 void BenchHost::runPendingEvents()
 {
-    floors::passEvents(m_events ? 1 : 0);
+    baselines::passEvents(m_events ? 1 : 0);
 }
 
 BenchDocument::BenchDocument(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())

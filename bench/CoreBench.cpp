@@ -1,5 +1,5 @@
+#include "bench/Baselines.h"
 #include "bench/BenchDocument.h"
-#include "bench/Floors.h"
 #include "bench/RatioReporter.h"
 #include "document/CollectPrRecords.h"
 
@@ -15,12 +15,12 @@ void readFile(benchmark::State &state)
     }
 }
 
-void readFloor(benchmark::State &state)
+void readBaseline(benchmark::State &state)
 {
     const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
-        floors::passEvents(document.rowCount());
+        benchmark::DoNotOptimize(baselines::splitFile(document.fileName()));
+        baselines::passEvents(document.rowCount());
     }
 }
 
@@ -36,7 +36,7 @@ void splitOnly(benchmark::State &state)
 {
     const BenchDocument document(static_cast<int>(state.range(0)));
     for (auto _ : state) {
-        benchmark::DoNotOptimize(floors::splitFile(document.fileName()));
+        benchmark::DoNotOptimize(baselines::splitFile(document.fileName()));
     }
 }
 
@@ -56,13 +56,13 @@ void saveFile(benchmark::State &state)
     }
 }
 
-void saveFloor(benchmark::State &state)
+void saveBaseline(benchmark::State &state)
 {
     const BenchDocument document(static_cast<int>(state.range(0)));
-    const QStringList fields = floors::splitFile(document.fileName());
+    const QStringList fields = baselines::splitFile(document.fileName());
     for (auto _ : state) {
-        floors::joinToFile(fields, document.savedName());
-        floors::passEvents(document.rowCount());
+        baselines::joinToFile(fields, document.savedName());
+        baselines::passEvents(document.rowCount());
     }
 }
 
@@ -77,17 +77,17 @@ void saveWithoutEvents(benchmark::State &state)
 void joinOnly(benchmark::State &state)
 {
     const BenchDocument document(static_cast<int>(state.range(0)));
-    const QStringList fields = floors::splitFile(document.fileName());
+    const QStringList fields = baselines::splitFile(document.fileName());
     for (auto _ : state) {
-        floors::joinToFile(fields, document.savedName());
+        baselines::joinToFile(fields, document.savedName());
     }
 }
 
 void registerAll()
 {
     const std::pair<const char *, void (*)(benchmark::State &)> benchmarks[] = {{"readFile", readFile},
-        {"readFloor", readFloor}, {"readWithoutEvents", readWithoutEvents}, {"splitOnly", splitOnly},
-        {"collect", collect}, {"saveFile", saveFile}, {"saveFloor", saveFloor},
+        {"readBaseline", readBaseline}, {"readWithoutEvents", readWithoutEvents}, {"splitOnly", splitOnly},
+        {"collect", collect}, {"saveFile", saveFile}, {"saveBaseline", saveBaseline},
         {"saveWithoutEvents", saveWithoutEvents}, {"joinOnly", joinOnly}};
     constexpr int repetitions = 11;
     for (const auto &[name, function] : benchmarks) {
@@ -106,10 +106,10 @@ std::vector<Ratio> ratios()
 {
     std::vector<Ratio> ratios;
     for (const std::string rows : {"1000", "32767"}) {
-        ratios.push_back({"read, " + rows + " rows", "readFile/" + rows, "readFloor/" + rows, 1.3});
+        ratios.push_back({"read, " + rows + " rows", "readFile/" + rows, "readBaseline/" + rows, 1.3});
         ratios.push_back(
             {"  without event passes on either side", "readWithoutEvents/" + rows, "splitOnly/" + rows, 1.3});
-        ratios.push_back({"collect and write, " + rows + " rows", "saveFile/" + rows, "saveFloor/" + rows, 1.5});
+        ratios.push_back({"collect and write, " + rows + " rows", "saveFile/" + rows, "saveBaseline/" + rows, 1.5});
         ratios.push_back(
             {"  without event passes on either side", "saveWithoutEvents/" + rows, "joinOnly/" + rows, 1.5});
     }

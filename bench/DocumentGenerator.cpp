@@ -33,7 +33,7 @@ QByteArray DocumentGenerator::name()
     return QByteArray(oneOf(subjects)) + ' ' + oneOf(qualities);
 }
 
-/// The range fields, each behind its comma: a range, then single values.
+/// The range fields, each after its comma: a range, then single values.
 QByteArray DocumentGenerator::ranges(int count)
 {
     QByteArray fields;

@@ -173,11 +173,11 @@ static void HideAColumn(benchmark::State &state)
 static void ChangeTheFont(benchmark::State &state)
 {
     const Desk desk(rowCount);
-    const QFont usual = desk.grid().gridFont();
-    QFont large = usual;
-    large.setPointSizeF(usual.pointSizeF() * 1.5);
+    const QFont former = desk.grid().gridFont();
+    QFont large = former;
+    large.setPointSizeF(former.pointSizeF() * 1.5);
     measure(
-        state, desk, [&] { applyGridFont(desk.grid(), usual); }, [&] { applyGridFont(desk.grid(), large); });
+        state, desk, [&] { applyGridFont(desk.grid(), former); }, [&] { applyGridFont(desk.grid(), large); });
 }
 
 // Each time after an edit, so that there is something to write.
@@ -193,7 +193,7 @@ static void KeepARecoveryCopy(benchmark::State &state)
     measure(state, desk, edit, [&] { desk.recovery().refresh(); });
 }
 
-// Where nothing was done since the last copy, which is what happens most often.
+// Nothing was done since the last copy, which is what happens most often.
 static void FindARecoveryCopyUpToDate(benchmark::State &state)
 {
     Desk desk(rowCount);

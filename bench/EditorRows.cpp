@@ -1,7 +1,7 @@
 // What a user meets in an editor window.
 
+#include "bench/Baselines.h"
 #include "bench/Desk.h"
-#include "bench/Floors.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
 #include "editor/GridCommands.h"
@@ -14,7 +14,7 @@
 namespace {
 
 constexpr double milliseconds = 1000;
-constexpr double mostGrowth = 1.2;
+constexpr double maxGrowth = 1.2;
 constexpr double frameTime = 16; // ms
 constexpr int blockRows = 1000;
 constexpr GridBlock firstCell{1, 1, 1, 1};
@@ -27,13 +27,13 @@ Measured measureOpen(Desk &desk)
         desk.closeActive();
         return milliseconds * seconds;
     };
-    const auto floor = [&desk] {
+    const auto baseline = [&desk] {
         return milliseconds * secondsOf([&desk] {
-            const QStringList fields = floors::splitFile(desk.fileName());
-            floors::passEvents(desk.rowCount());
+            const QStringList fields = baselines::splitFile(desk.fileName());
+            baselines::passEvents(desk.rowCount());
         });
     };
-    return sideBySide(own, floor);
+    return sideBySide(own, baseline);
 }
 
 /// A command on the first rows of the document, and the rows as they were before it.
@@ -73,11 +73,11 @@ void addCommandRows(SpeedTable &table, Desk &desk)
             withPaint.push_back(milliseconds * (seconds + secondsOf([] { QApplication::processEvents(); })));
             return milliseconds * seconds;
         };
-        const auto floor = [&] {
+        const auto baseline = [&] {
             PlainRows rows = texts;
             return milliseconds * moveSeconds(rows, blockRows);
         };
-        table.add(command.name, "std::move of the same texts", "ms", sideBySide(own, floor), 3);
+        table.add(command.name, "std::move of the same texts", "ms", sideBySide(own, baseline), 3);
         table.addLimit(std::string(command.name) + ", with the paint that follows", "ms", median(withPaint), frameTime);
         desk.restore();
     }
@@ -90,7 +90,7 @@ void addScrollRow(SpeedTable &table, Desk &desk)
     PlainPage page(desk.grid(), texts);
     page.show();
     QApplication::processEvents();
-    const int step = (mostRows - 100) / pages;
+    const int step = (maxRows - 100) / pages;
     const auto own = [&] {
         return milliseconds / pages * secondsOf([&] {
             for (int i = 0; i < pages; ++i) {
@@ -99,7 +99,7 @@ void addScrollRow(SpeedTable &table, Desk &desk)
             }
         });
     };
-    const auto floor = [&] {
+    const auto baseline = [&] {
         return milliseconds / pages * secondsOf([&] {
             for (int i = 0; i < pages; ++i) {
                 page.setTopRow(1 + i * step);
@@ -108,21 +108,22 @@ void addScrollRow(SpeedTable &table, Desk &desk)
             }
         });
     };
-    table.add("scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms", sideBySide(own, floor), 2);
+    table.add(
+        "scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms", sideBySide(own, baseline), 2);
 }
 
 } // namespace
 
 void addEditorRows(SpeedTable &table)
 {
-    auto usual = std::make_unique<Desk>(usualRows);
-    const Measured openUsual = measureOpen(*usual);
-    usual.reset();
-    Desk desk(mostRows);
+    auto typical = std::make_unique<Desk>(typicalRows);
+    const Measured openTypical = measureOpen(*typical);
+    typical.reset();
+    Desk desk(maxRows);
     const Measured open = measureOpen(desk);
     table.add("open 32,767 rows to the filled grid", "decode, split, as many empty event passes", "ms", open, 1.8);
     table.add("open, growth to 32,767 rows", "1,000 rows", "us a row",
-        {open.own * 1000 / mostRows, openUsual.own * 1000 / usualRows}, mostGrowth);
+        {open.own * 1000 / maxRows, openTypical.own * 1000 / typicalRows}, maxGrowth);
     addCommandRows(table, desk);
     addScrollRow(table, desk);
 }

@@ -62,8 +62,8 @@ double medianSeconds(const auto &work)
     return median(times);
 }
 
-/// Measures work, with prepare before each run; says how many times the floor it takes.
-void measure(benchmark::State &state, double floor, const auto &prepare, const auto &work)
+/// Measures work, with prepare before each run; says how many times the baseline it takes.
+void measure(benchmark::State &state, double baseline, const auto &prepare, const auto &work)
 {
     double total = 0;
     for (auto _ : state) {
@@ -72,20 +72,20 @@ void measure(benchmark::State &state, double floor, const auto &prepare, const a
         state.SetIterationTime(time);
         total += time;
     }
-    if (floor > 0) {
-        state.counters["ratio"] = total / double(state.iterations()) / floor;
+    if (baseline > 0) {
+        state.counters["ratio"] = total / double(state.iterations()) / baseline;
     }
 }
 
 /// The seconds that moving all texts by one row takes.
 double moveSeconds()
 {
-    static const double floor = [] {
+    static const double baseline = [] {
         PlainRows rows = plainRows();
         rows.emplace_back();
         return medianSeconds([&rows] { std::move_backward(rows.begin(), rows.end() - 1, rows.end()); });
     }();
-    return floor;
+    return baseline;
 }
 
 std::unique_ptr<SpreadGrid> emptyGrid()

@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Calls what ends the process behind the first paint of a window's viewport.
+/// Calls what ends the process after the first paint of a window's viewport.
 class AtPaint : public QObject
 {
 public:
@@ -177,15 +177,15 @@ Measured memoryGrowth(int rows)
 
 void addMemoryRows(SpeedTable &table)
 {
-    const Measured usual = memoryGrowth(usualRows);
-    const Measured most = memoryGrowth(mostRows);
-    table.add("resident growth for 32,767 rows", "the cells' texts as UTF-16", "KB", most, 2.5);
+    const Measured typical = memoryGrowth(typicalRows);
+    const Measured largest = memoryGrowth(maxRows);
+    table.add("resident growth for 32,767 rows", "the cells' texts as UTF-16", "KB", largest, 2.5);
     table.add("resident growth, growth to 32,767 rows", "1,000 rows", "bytes a row",
-        {most.own * 1024 / mostRows, usual.own * 1024 / usualRows}, 1.2);
+        {largest.own * 1024 / maxRows, typical.own * 1024 / typicalRows}, 1.2);
 }
 
 /// Another program that does the same rows from start to exit, if it is installed.
-void addPeer(SpeedTable &table, const QString &program, const QStringList &arguments, const QString &file, double least)
+void addPeer(SpeedTable &table, const QString &program, const QStringList &arguments, const QString &file, double min)
 {
     const std::string what = "32,767 rows, from start to exit";
     const std::string against = program.toStdString() + " with the same rows as CSV";
@@ -200,7 +200,7 @@ void addPeer(SpeedTable &table, const QString &program, const QStringList &argum
                 return ownMilliseconds({u"open-and-exit"_s, file});
             },
             [&] { return wallMilliseconds(path, arguments); }),
-        least);
+        min);
 }
 
 } // namespace
@@ -214,7 +214,7 @@ void addProcessRows(SpeedTable &table)
         1.3);
 
     const QTemporaryDir folder(benchFolderTemplate());
-    const BenchDocument document(mostRows);
+    const BenchDocument document(maxRows);
     const QString cells = folder.filePath(u"cells.txt"_s);
     const QString csv = folder.filePath(u"cells.csv"_s);
     writeCells(cells, document, '\t');

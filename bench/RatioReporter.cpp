@@ -8,8 +8,8 @@ namespace {
 std::string limitText(const Ratio &ratio)
 {
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), ratio.mostTime > 0 ? "%.0f ms" : "%.2f",
-        ratio.mostTime > 0 ? ratio.mostTime : ratio.target);
+    std::snprintf(text.data(), text.size(), ratio.maxTime > 0 ? "%.0f ms" : "%.2f",
+        ratio.maxTime > 0 ? ratio.maxTime : ratio.target);
     return text.data();
 }
 
@@ -28,16 +28,16 @@ void RatioReporter::ReportRuns(const std::vector<Run> &runs)
 void RatioReporter::Finalize()
 {
     benchmark::ConsoleReporter::Finalize();
-    std::printf("\n%-52s %10s %10s %7s %7s\n", "ratio of medians", "ms", "floor ms", "ratio", "target");
+    std::printf("\n%-52s %10s %10s %7s %7s\n", "ratio of medians", "ms", "baseline ms", "ratio", "target");
     for (const Ratio &ratio : m_ratios) {
         const auto measured = m_medians.find(ratio.measured);
-        const auto floor = m_medians.find(ratio.floor);
-        if (measured == m_medians.end() || floor == m_medians.end()) {
+        const auto baseline = m_medians.find(ratio.baseline);
+        if (measured == m_medians.end() || baseline == m_medians.end()) {
             continue;
         }
-        const double value = measured->second / floor->second;
-        const bool pass = ratio.mostTime > 0 ? measured->second <= ratio.mostTime : value <= ratio.target;
-        std::printf("%-52s %10.3f %10.3f %7.2f %7s %s\n", ratio.what.c_str(), measured->second, floor->second, value,
+        const double value = measured->second / baseline->second;
+        const bool pass = ratio.maxTime > 0 ? measured->second <= ratio.maxTime : value <= ratio.target;
+        std::printf("%-52s %10.3f %10.3f %7.2f %7s %s\n", ratio.what.c_str(), measured->second, baseline->second, value,
             limitText(ratio).c_str(), pass ? "pass" : "short");
     }
 }

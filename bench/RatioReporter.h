@@ -12,9 +12,9 @@ struct Ratio
 {
     std::string what;
     std::string measured;
-    std::string floor;
+    std::string baseline;
     double target; ///< 0 for none
-    double mostTime = 0; ///< in the benchmark's unit; 0 for no limit
+    double maxTime = 0; ///< in the benchmark's unit; 0 for no limit
 };
 
 /// Prints benchmarks as usual, and a table of ratios of their medians at the end.

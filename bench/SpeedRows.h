@@ -2,9 +2,9 @@
 
 class SpeedTable;
 
-/// The sizes of a document at which the speed is taken: a usual one and the greatest there is.
-inline constexpr int usualRows = 1000;
-inline constexpr int mostRows = 32767;
+/// The sizes of a document at which the speed is taken: a typical one and the greatest there is.
+inline constexpr int typicalRows = 1000;
+inline constexpr int maxRows = 32767;
 
 /// Reading and writing without a window.
 void addCoreRows(SpeedTable &table);

@@ -38,25 +38,25 @@ void SpeedTable::print(const std::string &what, const std::string &against, cons
 }
 
 void SpeedTable::add(
-    const std::string &what, const std::string &against, const char *unit, Measured measured, double most)
+    const std::string &what, const std::string &against, const char *unit, Measured measured, double max)
 {
     const double ratio = measured.own / measured.other;
     print(what, against,
-        formatted("%.2f %s | %.2f %s | %.2f | <= %.1f", measured.own, unit, measured.other, unit, ratio, most),
-        ratio <= most);
+        formatted("%.2f %s | %.2f %s | %.2f | <= %.1f", measured.own, unit, measured.other, unit, ratio, max),
+        ratio <= max);
 }
 
-void SpeedTable::addFaster(const std::string &what, const std::string &against, Measured measured, double least)
+void SpeedTable::addFaster(const std::string &what, const std::string &against, Measured measured, double min)
 {
     const double ratio = measured.other / measured.own;
     print(what, against,
-        formatted("%.1f ms | %.1f ms | %.1f times faster | >= %.0f", measured.own, measured.other, ratio, least),
-        ratio >= least);
+        formatted("%.1f ms | %.1f ms | %.1f times faster | >= %.0f", measured.own, measured.other, ratio, min),
+        ratio >= min);
 }
 
-void SpeedTable::addLimit(const std::string &what, const char *unit, double own, double most)
+void SpeedTable::addLimit(const std::string &what, const char *unit, double own, double max)
 {
-    print(what, "", formatted("%.2f %s | | | <= %.0f %s", own, unit, most, unit), own <= most);
+    print(what, "", formatted("%.2f %s | | | <= %.0f %s", own, unit, max, unit), own <= max);
 }
 
 void SpeedTable::addSkipped(const std::string &what, const std::string &why)

@@ -21,12 +21,12 @@ Measured sideBySide(const std::function<double()> &own, const std::function<doub
 class SpeedTable
 {
 public:
-    /// The ratio own / other may be most.
-    void add(const std::string &what, const std::string &against, const char *unit, Measured measured, double most);
-    /// The ratio other / own must be least: how many times faster than another program.
-    void addFaster(const std::string &what, const std::string &against, Measured measured, double least);
-    /// A plain figure that may be most.
-    void addLimit(const std::string &what, const char *unit, double own, double most);
+    /// The ratio own / other may be max at most.
+    void add(const std::string &what, const std::string &against, const char *unit, Measured measured, double max);
+    /// The ratio other / own must be min at least: how many times faster than another program.
+    void addFaster(const std::string &what, const std::string &against, Measured measured, double min);
+    /// A plain figure that may be max at most.
+    void addLimit(const std::string &what, const char *unit, double own, double max);
     /// A line instead of a row that cannot be measured here.
     void addSkipped(const std::string &what, const std::string &why);
 

@@ -5,7 +5,7 @@
 #include <QStringList>
 
 /// The least that any program must do with the same file: what the ratios are taken against.
-namespace floors {
+namespace baselines {
 
 /// Reads a file, decodes it at once and cuts it into fields.
 QStringList splitFile(const QString &fileName);
@@ -16,4 +16,4 @@ void joinToFile(const QStringList &fields, const QString &fileName);
 /// Lets pending events run, count times.
 void passEvents(int count);
 
-} // namespace floors
+} // namespace baselines

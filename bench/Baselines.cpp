@@ -1,11 +1,11 @@
-#include "bench/Floors.h"
+#include "bench/Baselines.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
 
-namespace floors {
+namespace baselines {
 
 QStringList splitFile(const QString &fileName)
 {
@@ -44,4 +44,4 @@ void passEvents(int count)
     }
 }
 
-} // namespace floors
+} // namespace baselines
