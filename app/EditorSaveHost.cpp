@@ -21,8 +21,8 @@ OwnText cellText(ReadBackFault fault)
         return OwnText::CellHasLineEnd;
     case ReadBackFault::LeadingQuote:
         return OwnText::CellHasLeadingQuote;
-    case ReadBackFault::EdgeBlanks:
-        return OwnText::CellHasEdgeBlanks;
+    case ReadBackFault::EdgeSpaces:
+        return OwnText::CellHasEdgeSpaces;
     case ReadBackFault::BoundDigits:
         return OwnText::CellHasLongBound;
     default:
@@ -35,8 +35,8 @@ OwnText valueText(ReadBackFault fault)
     switch (fault) {
     case ReadBackFault::LineEnd:
         return OwnText::ValueHasLineEnd;
-    case ReadBackFault::EdgeBlanks:
-        return OwnText::ValueHasEdgeBlanks;
+    case ReadBackFault::EdgeSpaces:
+        return OwnText::ValueHasEdgeSpaces;
     case ReadBackFault::TooLong:
         return OwnText::ValueIsTooLong;
     case ReadBackFault::EnclosingQuotes:

@@ -5,7 +5,7 @@
 #include "app/services/Language.h"
 #include "desktop/MemoryStatus.h"
 #include "desktop/PlainCaption.h"
-#include "runtime/BlankText.h"
+#include "runtime/Spaces.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>
@@ -23,7 +23,7 @@ constexpr int spacing = 16;
 QString iniUserText(const QString &key)
 {
     QString value;
-    return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? trimBlanks(value).toString()
+    return ReadIniString(setupIniPath(LanguageBase), u"UserInfomation"_s, key, value) ? trimSpaces(value).toString()
                                                                                       : u" "_s;
 }
 

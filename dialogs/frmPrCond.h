@@ -25,7 +25,7 @@ public:
     void accept() override;
 
 private:
-    /// What stands in one of the three frames.
+    /// The controls of one of the three frames.
     struct Kind
     {
         QGroupBox *frame;

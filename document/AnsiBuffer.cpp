@@ -22,8 +22,8 @@ char32_t characterAt(QStringView text, qsizetype index)
 
 } // namespace
 
-/// The place for so many more bytes.
-char *AnsiBuffer::room(qsizetype bytes)
+/// Makes the buffer hold that many more bytes; returns where they go.
+char *AnsiBuffer::extend(qsizetype bytes)
 {
     if (m_bytes.size() - m_used < bytes) {
         m_bytes.resize(std::max(m_bytes.size() * 2, m_used + bytes));
@@ -39,19 +39,19 @@ QByteArray AnsiBuffer::takeBytes()
 
 void AnsiBuffer::put(char ascii)
 {
-    *room(1) = ascii;
+    *extend(1) = ascii;
     ++m_used;
 }
 
 void AnsiBuffer::put(QByteArrayView ascii)
 {
-    std::memcpy(room(ascii.size()), ascii.data(), static_cast<size_t>(ascii.size()));
+    std::memcpy(extend(ascii.size()), ascii.data(), static_cast<size_t>(ascii.size()));
     m_used += ascii.size();
 }
 
 void AnsiBuffer::putText(QStringView text)
 {
-    char *const first = room(text.size() * AnsiCodePage::maxBytesPerUnit);
+    char *const first = extend(text.size() * AnsiCodePage::maxBytesPerUnit);
     const AnsiCodePage::Encoded encoded = m_page.encodeTo(text, first);
     m_used += encoded.end - first;
     if (encoded.missing >= 0 && m_missing == 0) {
@@ -61,13 +61,13 @@ void AnsiBuffer::putText(QStringView text)
 
 void AnsiBuffer::putInteger(int value)
 {
-    char *const first = room(numberTextLength);
+    char *const first = extend(numberTextLength);
     m_used += std::to_chars(first, first + numberTextLength, value).ptr - first;
 }
 
 void AnsiBuffer::putSingle(float value)
 {
-    char *const first = room(numberTextLength);
+    char *const first = extend(numberTextLength);
     m_used += writeSingle(value, first) - first;
 }
 

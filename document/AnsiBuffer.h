@@ -13,7 +13,7 @@ class AnsiBuffer
 public:
     explicit AnsiBuffer(const AnsiCodePage &page) : m_page(page) { }
 
-    void reserve(qsizetype bytes) { room(bytes); }
+    void reserve(qsizetype bytes) { extend(bytes); }
     void put(char ascii);
     void put(QByteArrayView ascii);
     void putText(QStringView text);
@@ -21,7 +21,7 @@ public:
     void putSingle(float value);
 
     /// The first character that the code page does not have: itself, its code in hexadecimal digits, the page's number.
-    /// Nothing while there was none.
+    /// `std::nullopt` if there was none.
     std::optional<QStringList> missingCharacter() const;
 
     qsizetype size() const { return m_used; }
@@ -31,7 +31,7 @@ public:
     QByteArray takeBytes();
 
 private:
-    char *room(qsizetype bytes);
+    char *extend(qsizetype bytes);
 
     const AnsiCodePage &m_page;
     QByteArray m_bytes; ///< only the first m_used bytes count

@@ -11,7 +11,7 @@
 
 namespace {
 
-bool isFieldBlank(char byte)
+bool isFieldSpace(char byte)
 {
     return byte == ' ' || byte == '\t';
 }
@@ -23,7 +23,7 @@ bool isLineEnd(char byte)
 
 bool endsNumber(char byte)
 {
-    return byte == ',' || isFieldBlank(byte) || isLineEnd(byte);
+    return byte == ',' || isFieldSpace(byte) || isLineEnd(byte);
 }
 
 QByteArrayView from(const char *at, QByteArrayView bytes)
@@ -68,7 +68,7 @@ QString FieldReader::text()
         traceField();
         return decoded({quoted, isAscii(quoted)});
     }
-    const Field field = takePlainText();
+    const Field field = takeUnquotedText();
     traceField();
     return decoded(field);
 }
@@ -140,9 +140,9 @@ bool FieldReader::take(char byte)
     return true;
 }
 
-void FieldReader::takeBlanks()
+void FieldReader::skipSpaces()
 {
-    while (!atEnd() && isFieldBlank(m_rest.front())) {
+    while (!atEnd() && isFieldSpace(m_rest.front())) {
         m_rest = m_rest.sliced(1);
     }
 }
@@ -150,7 +150,7 @@ void FieldReader::takeBlanks()
 /// After a number or a closing quote: a comma or one line end, after spaces; nothing if another field follows.
 void FieldReader::takeSeparator()
 {
-    takeBlanks();
+    skipSpaces();
     m_fieldHasEnd = m_rest.startsWith("\r\n");
     if (m_fieldHasEnd) {
         m_rest = m_rest.sliced(2);
@@ -159,8 +159,8 @@ void FieldReader::takeSeparator()
     }
 }
 
-/// Up to the next comma or line end, which is passed; trailing blanks are dropped.
-FieldReader::Field FieldReader::takePlainText()
+/// Up to the next comma or line end, which is passed; trailing spaces are dropped.
+FieldReader::Field FieldReader::takeUnquotedText()
 {
     const char *const first = m_rest.begin();
     const char *at = first;
@@ -219,7 +219,7 @@ QString FieldReader::decoded(const Field &field)
 /// A numeric field; an empty one is 0.
 double FieldReader::number()
 {
-    while (!atEnd() && (isFieldBlank(m_rest.front()) || isLineEnd(m_rest.front()))) {
+    while (!atEnd() && (isFieldSpace(m_rest.front()) || isLineEnd(m_rest.front()))) {
         m_rest = m_rest.sliced(1);
     }
     if (!beginField()) {

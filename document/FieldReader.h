@@ -21,7 +21,7 @@ struct FileField
 /// Reads a parameter file's fields one after the other. The first failure stays: later reads then give empty values, so
 /// that a caller may ask hasFailed() once per row or loop.
 ///
-/// The bytes themselves are cut into fields: no code page uses comma, quote, blank or line end inside a character.
+/// The bytes themselves are cut into fields: no code page uses comma, quote, space or line end inside a character.
 class FieldReader
 {
 public:
@@ -65,9 +65,9 @@ private:
 
     bool beginField();
     bool take(char byte);
-    void takeBlanks();
+    void skipSpaces();
     void takeSeparator();
-    Field takePlainText();
+    Field takeUnquotedText();
     QByteArrayView takeQuotedText();
     void traceField();
     QString decoded(const Field &field);

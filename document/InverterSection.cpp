@@ -1,9 +1,9 @@
 #include "document/InverterSection.h"
 
 #include "document/AnsiBuffer.h"
-#include "runtime/BlankText.h"
 #include "runtime/NumberText.h"
 #include "runtime/PrivateProfile.h"
+#include "runtime/Spaces.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +33,7 @@ std::optional<QString> SectionReader::untrimmed(const QString &key) const
 std::optional<QString> SectionReader::trimmed(const QString &key) const
 {
     const auto value = untrimmed(key);
-    return value ? std::optional(trimBlanks(*value).toString()) : std::nullopt;
+    return value ? std::optional(trimSpaces(*value).toString()) : std::nullopt;
 }
 
 void SectionReader::readIfThere(const QString &key, QString &field) const

@@ -23,7 +23,7 @@ struct ColumnInfo
     int column; ///< from 1
     Text heading;
     QString PrRecord::*field; ///< the field, where it is one text; null for a list
-    int fileField; ///< its place among a row's texts in the file, from 1; 0 when field is null
+    int fileField; ///< its position among a row's texts in the file, from 1; 0 if field is null
     /// What the cell shows of a record; null when it is the field, or the field as an increment, itself.
     QString (*shown)(const PrRecord &record);
     /// Takes the cell's text into the row; false for one that its field cannot hold (an overflow).
@@ -106,4 +106,4 @@ constexpr bool isTableComplete()
     }
     return true;
 }
-static_assert(isTableComplete(), "every column is there, in order, and every text has its own place in the file");
+static_assert(isTableComplete(), "every column is there, in order, and every text has its own position in the file");

@@ -29,7 +29,7 @@ QString modeCell(const QString &number, const QStringList &modeNames)
 
 QString modeNumber(const QString &cell, const QStringList &modeNames)
 {
-    // A drop-down without a choice stands on its first item.
+    // A drop-down without a choice shows its first item.
     const qsizetype index = isBlank(cell) ? 0 : modeNames.indexOf(cell);
     // A number without a name came from the file and goes back there.
     return index < 0 ? cell : QString::number(index);

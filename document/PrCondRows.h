@@ -25,7 +25,7 @@ struct PrCondResult
 };
 
 /// Deals the conditions out to the grids, each in the list's order. A mode number that has no name in modeNames (by
-/// number from 0) is shown as it stands.
+/// number from 0) is shown as it is.
 PrCondRows rowsOfConditions(std::span<const PrCondition> conditions, const QStringList &modeNames);
 
 /// The condition text of the rows: options, then parameters, then modes. Option rows without an option are left out,

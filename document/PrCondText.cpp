@@ -1,7 +1,7 @@
 #include "document/PrCondText.h"
 
-#include "runtime/BlankText.h"
 #include "runtime/NumberText.h"
+#include "runtime/Spaces.h"
 
 #include <algorithm>
 #include <limits>
@@ -65,8 +65,8 @@ std::optional<PrCondition> ConditionScanner::scan(QStringView item)
 /// characters would take hours: from some point on it has no subject.
 bool ConditionScanner::isSubject()
 {
-    constexpr qsizetype mostExamined = 100'000;
-    m_takesRange = m_examined < mostExamined && isNumeric(m_text);
+    constexpr qsizetype maxExamined = 100'000;
+    m_takesRange = m_examined < maxExamined && isNumeric(m_text);
     m_examined += m_text.size();
     return m_takesRange || m_text == operationMode || m_text == pluginOption;
 }
@@ -117,7 +117,7 @@ std::optional<PrCondition> ConditionScanner::finishValue2()
 
 QString ConditionScanner::takeText()
 {
-    QString text = trimBlanks(m_text).toString();
+    QString text = trimSpaces(m_text).toString();
     m_text.clear();
     return text;
 }

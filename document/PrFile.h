@@ -23,5 +23,6 @@ bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host);
 
 /// Rebuilds PrRecords from the grid, writes the document to fileName and clears its changed flag. Returns true on
 /// FAILURE; the user has been told by then, except when fileName is empty, in which case nothing is written. Everything
-/// else is as saveDocument() (document/DocumentFile.h) does it, which is what the windows save by: it needs no PrRecords.
+/// else is as saveDocument() (document/DocumentFile.h) does it, which is what the windows save by: it needs no
+/// PrRecords.
 bool WritePrFile(const QString &fileName, const PrFileSource &source, SaveHost &host);

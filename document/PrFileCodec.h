@@ -77,6 +77,6 @@ struct EncodedGrid : EncodedPrFile
     QList<ReadBackFinding> findings;
 };
 
-/// Encodes a grid's document row by row from the grid's own texts. A cell that its field cannot hold (an overflow) comes
-/// before every other failure. The grid must stay as it is while afterRow() runs.
+/// Encodes a grid's document row by row from the grid's own texts. A cell that its field cannot hold (an overflow)
+/// comes before every other failure. The grid must stay as it is while afterRow() runs.
 EncodedGrid encodePrFile(const GridDocument &document, const AfterRow &afterRow = {});

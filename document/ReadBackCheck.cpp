@@ -5,8 +5,8 @@
 #include "document/ParameterColumns.h"
 #include "document/RowCollector.h"
 #include "runtime/AnsiText.h"
-#include "runtime/BlankText.h"
 #include "runtime/PrivateProfile.h"
+#include "runtime/Spaces.h"
 
 #include <algorithm>
 #include <array>
@@ -40,7 +40,7 @@ bool hasLineEnd(QStringView text)
 /// one pass, which looks at every character alike so that the compiler can take several at once.
 bool isSuspicious(QStringView text)
 {
-    constexpr char16_t firstByteCharacter = 0xF780; // stand for bytes that are no character of the page
+    constexpr char16_t firstByteCharacter = 0xF780; // represent bytes that are not a character of the page
     constexpr char16_t lastByteCharacter = 0xF7FF;
     if (text.isEmpty()) {
         return false;
@@ -58,13 +58,13 @@ ReadBackFault faultOf(QStringView text)
     if (hasLineEnd(text)) {
         return ReadBackFault::LineEnd;
     }
-    if (trimBlanks(text).startsWith(u'"')) {
+    if (trimSpaces(text).startsWith(u'"')) {
         return ReadBackFault::LeadingQuote;
     }
     if (text.contains(u',')) {
         return ReadBackFault::Comma;
     }
-    return text != trimBlanks(text) ? ReadBackFault::EdgeBlanks : ReadBackFault::Character;
+    return text != trimSpaces(text) ? ReadBackFault::EdgeSpaces : ReadBackFault::Character;
 }
 
 /// Searches the rows of a document.
@@ -247,7 +247,7 @@ ReadBackFault MachineCheck::valueFault(const QString &value) const
     if (value.size() > 1 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'')) {
         return ReadBackFault::EnclosingQuotes;
     }
-    return value != value.trimmed() ? ReadBackFault::EdgeBlanks : ReadBackFault::Character;
+    return value != value.trimmed() ? ReadBackFault::EdgeSpaces : ReadBackFault::Character;
 }
 
 bool isMissingIn(QStringView text, const AnsiCodePage &page)

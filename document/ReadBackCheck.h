@@ -18,7 +18,7 @@ enum class ReadBackFault {
     Comma, ///< it would end the field
     LineEnd, ///< likewise
     LeadingQuote, ///< the field would go on to the next quote
-    EdgeBlanks, ///< they are dropped
+    EdgeSpaces, ///< they are dropped
     Character, ///< its bytes mean another character
     BoundDigits, ///< a bound of more than seven digits, or below 0.0001
     TooLong, ///< a value of the machine information is cut
@@ -39,8 +39,8 @@ struct ReadBackFinding
     bool operator==(const ReadBackFinding &) const = default;
 };
 
-/// Finds what of a document would not be read back from its file as it is written. Texts that the code page lacks are not
-/// looked for; they are never written.
+/// Finds what of a document would not be read back from its file as it is written. Texts that the code page lacks are
+/// not looked for; they are never written.
 class ReadBackCheck
 {
 public:

@@ -22,14 +22,14 @@ QByteArray sumOf(QByteArrayView content)
     return QCryptographicHash::hash({content.data(), content.size()}, QCryptographicHash::Md5);
 }
 
-/// Numbers and texts one after another, behind the mark and the room for their sum. Texts stay in UTF-16, since cells
-/// may hold what is no valid text.
+/// Numbers and texts one after another, after the mark and the space for their sum. Texts stay in UTF-16, since cells
+/// may hold what is not valid text.
 class Packer
 {
 public:
-    explicit Packer(qsizetype room)
+    explicit Packer(qsizetype capacity)
     {
-        m_bytes.reserve(room);
+        m_bytes.reserve(capacity);
         m_bytes.append(mark).append(sumLength, '\0');
     }
 
@@ -150,9 +150,9 @@ RecoveryCopy unpackContent(Unpacker &in)
 
 QByteArray packRecoveryCopy(const RecoverySource &source)
 {
-    constexpr qsizetype usualRow = 240;
+    constexpr qsizetype typicalRow = 240;
     const int rows = source.grid.rowCount();
-    Packer out(rows * usualRow);
+    Packer out(rows * typicalRow);
     out.text(source.fileName); // earlier versions: as it was typed, and then its full path
     out.text(source.fileName);
     for (const auto field : infoTexts) {

@@ -31,12 +31,12 @@ struct RecoverySource
 struct RecoveredRow
 {
     QStringList texts; ///< by column, from column 1 on
-    quint32 changedColumns = 0; ///< bit n stands for column n
+    quint32 changedColumns = 0; ///< bit n is column n
 
     bool operator==(const RecoveredRow &) const = default;
 };
 
-/// A document as it stood when it was last kept. The texts are those of its cells, not those of a file: also what no
+/// A document as it was when it was last kept. The texts are those of its cells, not those of a file: also what no
 /// file can hold comes back.
 struct RecoveryCopy
 {
@@ -54,5 +54,5 @@ QByteArray packRecoveryCopy(const RecoverySource &source);
 /// The sum by which packed copies are told apart.
 QByteArray recoverySum(const QByteArray &bytes);
 
-/// Nothing when the bytes are damaged, cut off or of another kind.
+/// `std::nullopt` if the bytes are damaged, cut off or of another kind.
 std::optional<RecoveryCopy> unpackRecoveryCopy(const QByteArray &bytes);

@@ -18,7 +18,7 @@ struct RowFields
     std::span<const SettingRange> ranges;
     std::span<const PrCondition> conditions;
 
-    /// By place among the texts, from 1 (ColumnInfo::fileField).
+    /// By position among the texts, from 1 (ColumnInfo::fileField).
     QStringView text(int field) const { return texts[std::size_t(field - 1)]; }
     QStringView &text(int field) { return texts[std::size_t(field - 1)]; }
 };

@@ -6,7 +6,7 @@
 #include "document/PrFile.h"
 #include "fuzz/Law.h"
 #include "runtime/AnsiText.h"
-#include "runtime/BlankText.h"
+#include "runtime/Spaces.h"
 #include "tests/document/FakeGrid.h"
 #include "tests/document/FakeHost.h"
 
@@ -100,7 +100,7 @@ bool isEncodable(const QString &text)
 /// Whether a field of a row can hold the text: it has no separator, and no blank or quote where they would be dropped.
 bool isFieldText(const QString &text)
 {
-    return !text.contains(u',') && !text.contains(u'\n') && !text.startsWith(u'"') && trimBlanks(text) == text
+    return !text.contains(u',') && !text.contains(u'\n') && !text.startsWith(u'"') && trimSpaces(text) == text
         && isEncodable(text);
 }
 

@@ -55,7 +55,7 @@ constexpr OwnTextEntry entries[] = {
         u"Row %1, parameter %2, \"%3\": the text begins with a quotation mark, and the field would go on to the next "
         u"one.",
         u"%1 行目、パラメータ %2、「%3」: 文字列が引用符で始まり、次の引用符までが一つの項目になります。"},
-    {OwnText::CellHasEdgeBlanks,
+    {OwnText::CellHasEdgeSpaces,
         u"Row %1, parameter %2, \"%3\": blanks at the beginning or end of the text are dropped.",
         u"%1 行目、パラメータ %2、「%3」: 文字列の先頭または末尾の空白は失われます。"},
     {OwnText::CellHasOtherCharacter,
@@ -67,7 +67,7 @@ constexpr OwnTextEntry entries[] = {
     // What would not be read back of the machine information
     {OwnText::ValueHasLineEnd, u"Machine information, %1: the value has a line break, where it would end.",
         u"機種情報、%1: 値の途中に改行があり、そこで値が終わります。"},
-    {OwnText::ValueHasEdgeBlanks, u"Machine information, %1: blanks at the beginning or end of the value are dropped.",
+    {OwnText::ValueHasEdgeSpaces, u"Machine information, %1: blanks at the beginning or end of the value are dropped.",
         u"機種情報、%1: 値の先頭または末尾の空白は失われます。"},
     {OwnText::ValueHasOtherCharacter,
         u"Machine information, %1: the value has a character that would not come back as it is.",

@@ -16,7 +16,7 @@ AnsiTables::AnsiTables(const char *converterName)
     m_decoder.reset();
 }
 
-/// The character of a code; nothing when the converter refuses it or waits for another byte.
+/// The character of a code; `std::nullopt` if the converter refuses it or waits for another byte.
 std::optional<char16_t> AnsiTables::decodeCode(quint16 code)
 {
     const char bytes[] = {static_cast<char>(code >> 8), static_cast<char>(code)};

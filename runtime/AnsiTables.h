@@ -7,8 +7,8 @@
 #include <optional>
 #include <vector>
 
-/// What a code page's bytes from 80 up and characters from U+0080 up stand for, as the system's converter of that name
-/// has it. Each entry is asked for once, so that a refused byte cannot hide behind its neighbours.
+/// What a code page's bytes from 80 up and characters from U+0080 up mean, as the system's converter of that name
+/// has it. Each entry is asked for once, so that a refused byte cannot hide among its neighbours.
 class AnsiTables
 {
 public:

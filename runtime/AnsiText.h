@@ -19,7 +19,7 @@ public:
     /// How far an encoding came.
     struct Encoded
     {
-        char *end; ///< behind the last byte written
+        char *end; ///< past the last byte written
         qsizetype missing; ///< index of the first character that the page does not have; -1: there is none
     };
 
@@ -36,14 +36,14 @@ public:
 
     QString decode(QByteArrayView bytes) const;
 
-    /// Decodes into out, which has room for bytes.size() units; returns the number of units.
+    /// Decodes into out, which can hold bytes.size() units; returns the number of units.
     qsizetype decodeTo(QByteArrayView bytes, char16_t *out) const;
 
     /// Appends the bytes of text to out. Returns the index of the first character that the page does not have, with
-    /// out holding what stands before it; nothing when all went well.
+    /// out holding what precedes it; `std::nullopt` if all went well.
     std::optional<qsizetype> encode(QStringView text, QByteArray &out) const;
 
-    /// Encodes to out, which has room for maxBytesPerUnit bytes for each unit of text; stops at a missing character.
+    /// Encodes to out, which can hold maxBytesPerUnit bytes for each unit of text; stops at a missing character.
     Encoded encodeTo(QStringView text, char *out) const;
 
     /// What a page makes of bytes as a whole.

@@ -13,15 +13,15 @@
 
 namespace {
 
-/// An argument of a line: what was typed, the blanks before it, and the value that a program is given.
+/// An argument of a line: what was typed, the spaces before it, and the value that a program is given.
 struct Argument
 {
-    QStringView blanks;
+    QStringView spaces;
     QStringView typed;
     QString value;
 };
 
-bool isBlank(QChar unit)
+bool isSpace(QChar unit)
 {
     return unit == u' ' || unit == u'\t';
 }
@@ -31,7 +31,7 @@ qsizetype runOf(QStringView text, QChar unit)
     return std::ranges::find_if(text, [unit](QChar other) { return other != unit; }) - text.begin();
 }
 
-/// Adds the value of what stands at the beginning of text and gives its length. Blanks within quotes belong to the
+/// Adds the value of what text begins with and gives its length. Spaces within quotes belong to the
 /// value; of backslashes before a quote every second counts, and one that is left over makes the quote a character.
 qsizetype readUnit(QStringView text, bool &quoted, QString &value)
 {
@@ -52,11 +52,11 @@ qsizetype readUnit(QStringView text, bool &quoted, QString &value)
 
 Argument firstArgument(QStringView line)
 {
-    const qsizetype begin = std::ranges::find_if_not(line, isBlank) - line.begin();
+    const qsizetype begin = std::ranges::find_if_not(line, isSpace) - line.begin();
     Argument argument{line.first(begin), {}, {}};
     bool quoted = false;
     qsizetype at = begin;
-    while (at < line.size() && (quoted || !isBlank(line[at]))) {
+    while (at < line.size() && (quoted || !isSpace(line[at]))) {
         at += readUnit(line.sliced(at), quoted, argument.value);
     }
     argument.typed = line.sliced(begin, at - begin);
@@ -68,7 +68,7 @@ QList<Argument> argumentsOf(QStringView line)
     QList<Argument> arguments;
     while (!line.trimmed().isEmpty()) {
         arguments << firstArgument(line);
-        line = line.sliced(arguments.last().blanks.size() + arguments.last().typed.size());
+        line = line.sliced(arguments.last().spaces.size() + arguments.last().typed.size());
     }
     return arguments;
 }
@@ -80,7 +80,7 @@ qsizetype lengthOfProgramName(QStringView line)
         const qsizetype end = line.indexOf(u'"', 1);
         return end < 0 ? line.size() : end + 1;
     }
-    return std::ranges::find_if(line, isBlank) - line.begin();
+    return std::ranges::find_if(line, isSpace) - line.begin();
 }
 
 /// Those whose values are left, in their order; all of them when that does not work out.
@@ -99,10 +99,10 @@ QList<Argument> argumentsLeft(const QList<Argument> &arguments, const QStringLis
 
 QString commandLineAsTyped(const QString &line, const QStringList &left)
 {
-    const QStringView behind = QStringView(line).sliced(lengthOfProgramName(line));
+    const QStringView rest = QStringView(line).sliced(lengthOfProgramName(line));
     QString text;
-    for (const Argument &argument : argumentsLeft(argumentsOf(behind), left)) {
-        text += text.isEmpty() ? QStringView() : argument.blanks;
+    for (const Argument &argument : argumentsLeft(argumentsOf(rest), left)) {
+        text += text.isEmpty() ? QStringView() : argument.spaces;
         text += argument.typed;
     }
     return text;

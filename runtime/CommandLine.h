@@ -3,11 +3,11 @@
 #include <QString>
 #include <QStringList>
 
-/// What was typed behind the program's name, as one text: it may be a file name of any bytes. Where the system keeps
-/// the line as it was typed, quotes and runs of blanks are part of it; elsewhere a blank stands between two arguments.
+/// What was typed after the program's name, as one text: it may be a file name of any bytes. Where the system keeps
+/// the line as it was typed, quotes and runs of spaces are part of it; elsewhere a space separates two arguments.
 /// Call it when the application object has taken its own options out of argc and argv.
 QString commandLineText(int argc, char **argv);
 
 /// The same of a line as Windows keeps it, program name included. left: the values of the arguments that are not the
-/// toolkit's; blanks around the text do not count.
+/// toolkit's; spaces around the text do not count.
 QString commandLineAsTyped(const QString &line, const QStringList &left);

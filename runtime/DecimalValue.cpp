@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The exponent behind "e"; far outside a double's range when it does not fit a number.
+/// The exponent after "e"; far outside a double's range if it does not fit a number.
 int writtenExponent(QByteArrayView exponent)
 {
     constexpr int beyond = std::numeric_limits<int>::max() / 2;

@@ -2,7 +2,7 @@
 
 #include <QByteArrayView>
 
-/// The value of a plain decimal number: digits, at most one ".", an exponent with "e" or "E"; no sign, no blanks.
+/// The value of a plain decimal number: digits, at most one ".", an exponent with "e" or "E"; no sign, no spaces.
 /// Infinity when it is too large for a double, 0 when it is too small.
 double decimalValue(QByteArrayView number);
 

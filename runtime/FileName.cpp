@@ -27,7 +27,7 @@ qsizetype claimedLength(QByteArrayView bytes)
     return std::min(length, bytes.size());
 }
 
-/// The character at the beginning; empty when there is none, or one of those that stand for bytes.
+/// The character at the beginning; empty if there is none, or if it is one of those that represent bytes.
 QString characterOf(QByteArrayView bytes)
 {
     QStringDecoder utf8(

@@ -6,7 +6,7 @@
 
 class QUrl;
 
-// File names as the program holds them. Where names are bytes, a byte that is no part of a UTF-8 character becomes one
+// File names as the program holds them. Where names are bytes, a byte that is not part of a UTF-8 character becomes one
 // of the private characters U+10FE80 to U+10FEFF, which settings, recovery copies and Qt keep as they are; so a file
 // can be opened, saved and remembered whatever the code page was that its name was given in.
 
@@ -19,12 +19,12 @@ QByteArray fileNameBytes(const QString &name);
 /// A name that Qt gives (from a dialog, say) as the program holds it: only one with such a private character differs.
 QString fileNameFromQt(const QString &name);
 
-/// The local file that the address means, "/" between the folders; it may hold bytes that are no UTF-8.
+/// The local file that the address means, "/" between the folders; it may hold bytes that are not UTF-8.
 QString fileNameFromUrl(const QUrl &url);
 
 /// The full path of what the name leads to from the working folder, so that it goes on meaning that; the name itself
 /// when it is a full path, or leads nowhere.
 QString absoluteFileName(const QString &name);
 
-/// The name as a user is shown it: U+FFFD for each byte that is no part of a character.
+/// The name as a user is shown it: U+FFFD for each byte that is not part of a character.
 QString shownFileName(const QString &name);

@@ -1,8 +1,8 @@
 #include "runtime/NumberText.h"
 
-#include "runtime/BlankText.h"
 #include "runtime/DecimalValue.h"
 #include "runtime/NumericParser.h"
+#include "runtime/Spaces.h"
 
 #include <QVarLengthArray>
 
@@ -90,7 +90,7 @@ double unsignedNumber(const Char *first, const Char *end)
 template <typename Char>
 double leadingNumberOf(const Char *at, const Char *end)
 {
-    while (at != end && isNumberBlank(static_cast<std::make_unsigned_t<Char>>(*at))) {
+    while (at != end && isNumberSpace(static_cast<std::make_unsigned_t<Char>>(*at))) {
         ++at;
     }
     if (at == end) {
@@ -177,7 +177,7 @@ char *writeExponentForm(const RoundedDigits &number, char *out)
     return std::to_chars(out, out + 4, exponent).ptr;
 }
 
-char *writePlainForm(const RoundedDigits &number, char *out)
+char *writeFixedForm(const RoundedDigits &number, char *out)
 {
     if (number.exponent < 0) {
         *out++ = '0';
@@ -196,7 +196,7 @@ char *writePlainForm(const RoundedDigits &number, char *out)
 
 char *writeNumber(double value, int digits, double exponentFormFrom, char *out)
 {
-    constexpr int smallestPlainExponent = -4;
+    constexpr int smallestFixedExponent = -4;
     if (!std::isfinite(value)) {
         return std::to_chars(out, out + numberTextLength, value).ptr;
     }
@@ -207,8 +207,8 @@ char *writeNumber(double value, int digits, double exponentFormFrom, char *out)
         *out++ = '-';
     }
     const RoundedDigits number = roundedDigits(std::abs(value), digits);
-    const bool plain = number.exponent >= smallestPlainExponent && number.exponent < digits;
-    return plain ? writePlainForm(number, out) : writeExponentForm(number, out);
+    const bool isFixed = number.exponent >= smallestFixedExponent && number.exponent < digits;
+    return isFixed ? writeFixedForm(number, out) : writeExponentForm(number, out);
 }
 
 } // namespace
@@ -237,7 +237,7 @@ double leadingNumber(QByteArrayView ascii)
 QStringView leadingNumberText(QStringView text)
 {
     const char16_t *const end = text.utf16() + text.size();
-    const char16_t *first = std::find_if_not(text.utf16(), end, isNumberBlank);
+    const char16_t *first = std::find_if_not(text.utf16(), end, isNumberSpace);
     const char16_t *const digits = first + (first != end && (*first == u'-' || *first == u'+') ? 1 : 0);
     const char16_t *const point = skipDigits(digits, end);
     const bool hasPoint = point != end && *point == u'.';
@@ -270,7 +270,7 @@ Result<qint16> toInt16(QStringView text)
 Result<qint16> hexToInt16(QStringView text)
 {
     qsizetype at = 0;
-    while (at < text.size() && isNumberBlank(text[at].unicode())) {
+    while (at < text.size() && isNumberSpace(text[at].unicode())) {
         ++at;
     }
     int value = 0;

@@ -8,15 +8,15 @@
 #include <optional>
 
 /// The number that the whole of text is, as the platform's automation library converts a text:
-/// blanks around, one sign before or after, thousands separators after a digit, "(5)" for -5, a currency sign,
+/// spaces around, one sign before or after, thousands separators after a digit, "(5)" for -5, a currency sign,
 /// an exponent with "e", "&H1A" and "&O17". `std::nullopt` if the text is not a number or is out of a double's range.
 std::optional<double> numericValue(QStringView text);
 
 /// Whether numericValue() finds a number; the platform's general numeric test.
 bool isNumeric(QStringView text);
 
-/// The number that text begins with, after blanks: sign, digits, one ".", exponent; what follows is ignored.
-/// No number gives 0, one that a double cannot hold an infinity.
+/// The number that text begins with, after spaces: sign, digits, one ".", exponent; what follows is ignored.
+/// A text without a number gives 0, one that a double cannot hold an infinity.
 double leadingNumber(QStringView text);
 double leadingNumber(QByteArrayView ascii);
 
@@ -30,7 +30,7 @@ Result<qint16> toInt16(double value);
 /// "&H8000" to "&HFFFF" give the negative numbers of those 16 bits.
 Result<qint16> toInt16(QStringView text);
 
-/// The leading hexadecimal digits of text, after blanks, as the bits of a 16-bit integer ("FFFF" gives -1, "12G4"
+/// The leading hexadecimal digits of text, after spaces, as the bits of a 16-bit integer ("FFFF" gives -1, "12G4"
 /// gives 0x12, none gives 0). Overflow for a value above FFFF.
 Result<qint16> hexToInt16(QStringView text);
 

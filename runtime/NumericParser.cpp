@@ -1,8 +1,8 @@
 #include "runtime/NumericParser.h"
 
-#include "runtime/BlankText.h"
 #include "runtime/Country.h"
 #include "runtime/DecimalValue.h"
+#include "runtime/Spaces.h"
 
 #include <cmath>
 #include <limits>
@@ -63,9 +63,9 @@ bool NumericParser::takeOnce(bool matches, bool &taken)
     return true;
 }
 
-void NumericParser::takeBlanks()
+void NumericParser::skipSpaces()
 {
-    while (!atEnd() && isNumberBlank(current())) {
+    while (!atEnd() && isNumberSpace(current())) {
         ++m_at;
     }
 }
@@ -73,7 +73,7 @@ void NumericParser::takeBlanks()
 void NumericParser::takeLeading()
 {
     do {
-        takeBlanks();
+        skipSpaces();
     } while (takeOnce(current() == u'+', m_plus) || takeOnce(current() == u'-', m_minus)
         || takeOnce(current() == u'(', m_opened) || takeOnce(isCurrencySign(current()), m_currency));
 }
@@ -83,7 +83,7 @@ void NumericParser::takeTrailing()
     bool signTaken = m_plus || m_minus;
     bool closable = !m_opened;
     do {
-        takeBlanks();
+        skipSpaces();
         m_minus = m_minus || (!signTaken && current() == u'-');
     } while (takeOnce(current() == u'-' || current() == u'+', signTaken) || takeOnce(current() == u')', closable)
         || takeOnce(isCurrencySign(current()), m_currency));
@@ -112,7 +112,7 @@ Result<ParsedNumber> NumericParser::radixNumber(int base)
         value = value * base + digitValue(current());
     }
     const bool hasDigits = m_at > first;
-    takeBlanks();
+    skipSpaces();
     if (!hasDigits || !atEnd() || m_opened) {
         return FailureCode::TypeMismatch;
     }

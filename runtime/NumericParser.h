@@ -27,7 +27,7 @@ private:
     bool takeOnce(bool matches, bool &taken);
     void takeLeading();
     void takeTrailing();
-    void takeBlanks();
+    void skipSpaces();
     int takeRadixPrefix();
     qsizetype takeDigits(bool separators);
     bool takeMantissa();
@@ -37,7 +37,7 @@ private:
 
     QStringView m_text;
     qsizetype m_at = 0;
-    QVarLengthArray<char, 64> m_number; ///< the number without sign, blanks and separators
+    QVarLengthArray<char, 64> m_number; ///< the number without sign, spaces and separators
     bool m_plus = false;
     bool m_minus = false;
     bool m_opened = false;

@@ -232,7 +232,7 @@ Result<> renameOwnFileOnce(const QString &from, const QString &to)
         == 0) {
         return syncFolder(QFileInfo(to).path());
     }
-    if (errno != EINVAL && errno != ENOSYS) { // what is no such fault, but a disk that cannot do it, is asked first
+    if (errno != EINVAL && errno != ENOSYS) { // a disk that cannot do this is asked first whether the name is free
         return Failure::system(errno);
     }
 #endif

@@ -11,8 +11,8 @@ namespace {
 
 constexpr QByteArrayView utf8Mark = "\xEF\xBB\xBF";
 
-/// The end-of-file mark of old editors counts as a blank.
-bool isProfileBlank(char byte)
+/// The end-of-file mark of old editors counts as a space.
+bool isProfileSpace(char byte)
 {
     constexpr char endOfFileMark = 0x1A;
     return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f' || byte == endOfFileMark;
@@ -25,10 +25,10 @@ bool isLineEnd(char byte)
 
 QByteArrayView trimmed(QByteArrayView bytes)
 {
-    while (!bytes.isEmpty() && isProfileBlank(bytes.front())) {
+    while (!bytes.isEmpty() && isProfileSpace(bytes.front())) {
         bytes = bytes.sliced(1);
     }
-    while (!bytes.isEmpty() && isProfileBlank(bytes.back())) {
+    while (!bytes.isEmpty() && isProfileSpace(bytes.back())) {
         bytes.chop(1);
     }
     return bytes;

@@ -18,18 +18,18 @@ public:
     explicit PrivateProfile(QByteArray bytes);
     PrivateProfile(QByteArray bytes, const AnsiCodePage &page);
 
-    /// The profile of a file; an empty profile when the file cannot be read, or is larger than largestFile.
+    /// The profile of a file; an empty profile if the file cannot be read, or is larger than largestFile.
     static PrivateProfile fromFile(const QString &fileName);
 
     /// The value of key in section, cut to bufferSize - 1 bytes of the code page (never inside a character).
-    /// Nothing when the section or the key is absent or the key's line has no equals sign.
+    /// `std::nullopt` if the section or the key is absent or the key's line has no equals sign.
     std::optional<QString> value(const QString &section, const QString &key, int bufferSize) const;
 
-    /// The text of a key, as the program's own files and its users' are read: through a buffer of 128 bytes. Nothing
-    /// when the key is absent or its value empty.
+    /// The text of a key, as the program's own files and its users' are read: through a buffer of 128 bytes.
+    /// `std::nullopt` if the key is absent or its value empty.
     std::optional<QString> text(const QString &section, const QString &key) const;
 
-    /// The byte, from 0, that the value begins with; nothing where value() gives nothing.
+    /// The byte, from 0, that the value begins with; `std::nullopt` if value() has none.
     std::optional<qsizetype> valueAt(const QString &section, const QString &key) const;
 
 private:

@@ -80,7 +80,7 @@ bool isWhole(const QSettings &settings, const QString &name)
     return same;
 }
 
-/// What the settings file is to hold after the change; nothing when that cannot be said for sure. QSettings makes it in
+/// What the settings file is to hold after the change; `std::nullopt` if that is not certain. QSettings makes it in
 /// a folder of its own: it takes a file for written that a full disk has cut off, and waits for ever for a lock that
 /// cannot be removed.
 std::optional<QByteArray> changedContent(const QByteArray &content, const std::function<void(QSettings &)> &change)
@@ -111,7 +111,7 @@ void makeDistinct(const QString &fileName, const QString &from)
     }
 }
 
-/// Puts bytes into the place of the settings file, or of the one that a link there leads to.
+/// Replaces the settings file, or the one that it links to, by bytes.
 bool replaceStore(const QString &store, const QByteArray &bytes)
 {
     const QString linked = QFileInfo(store).canonicalFilePath();
@@ -174,7 +174,7 @@ void SettingsFile::read(const std::function<void(const QSettings &)> &read)
         keepForUser(QFileInfo(store).path());
         keepForUser(store);
     }
-    // Of a store that is not sane, one stands in that does not exist.
+    // A store that is not sane is not opened; one that does not exist takes its place.
     const QString name = isSane(store) ? u"Tabrix"_s : u"Tabrix.place"_s;
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, name);
     settings.setFallbacksEnabled(false);

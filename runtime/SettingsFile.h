@@ -11,7 +11,7 @@ class QSettings;
 /// whatever else goes wrong while it is changed, the file stays as it was.
 namespace SettingsFile {
 
-/// Where the settings stand; what is no absolute path is no file. A configuration home that is no absolute path counts
+/// The settings file; not a file unless the path is absolute. A configuration home that is not an absolute path counts
 /// as none.
 QString path();
 

@@ -37,12 +37,12 @@ public:
     Result<> write(QByteArrayView bytes) const;
     /// Waits until the disk has what was written. What is on no disk cannot wait for one.
     Result<> sync() const;
-    /// Some systems say only here that there was no room.
+    /// Some systems say only here that the disk is full.
     Result<> close();
 
 private:
     int m_handle = -1;
 };
 
-/// Whether the name stands for a regular file, or a link to one. False also when the system cannot tell.
+/// Whether the name is that of a regular file, or a link to one. False also when the system cannot tell.
 bool isRegularFile(const QString &fileName);

@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// Where the program keeps what belongs to the user but to no file of his: backups and recovery copies. The folder need
-/// not exist. A data home that is no absolute path counts as none.
+/// Where the program keeps backups, recovery copies and locks. The folder need
+/// not exist. A data home that is not an absolute path counts as none.
 QString dataFolder();

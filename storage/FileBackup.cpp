@@ -23,7 +23,7 @@ QString properName(const QString &fileName)
 {
     const QFileInfo info(fileName);
     const QString proper = info.canonicalFilePath();
-    return proper.isEmpty() ? info.absoluteFilePath() : proper; // Qt finds no file whose name is no UTF-8
+    return proper.isEmpty() ? info.absoluteFilePath() : proper; // Qt does not find a file whose name is not UTF-8
 }
 
 /// The sum of what saves of this run have left half-done in files, by their proper names.

@@ -8,7 +8,7 @@ struct FileStamp
     bool isFile = false; ///< there is a regular file
     qint64 size = 0;
     qint64 modified = 0; ///< ns since 1970
-    qint64 changed = 0; ///< likewise, of content, name or rights; where the system tells it
+    qint64 changed = 0; ///< likewise, of content, name or rights; if the system tells it
     quint64 device = 0;
     quint64 inode = 0;
 

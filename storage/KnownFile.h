@@ -18,7 +18,7 @@ struct KnownFile
 
     /// A document was read from those bytes. stamp: taken before they were read.
     static KnownFile read(const QString &fileName, const FileStamp &stamp, QByteArrayView bytes);
-    /// A document belongs to that file, whose present content it is taken to know: what a crash left behind.
+    /// A document belongs to that file, whose present content it is taken to know: after a crash.
     static KnownFile present(const QString &fileName);
 };
 
@@ -40,7 +40,7 @@ public:
 
     /// The save has written bytes.
     void noteWritten(QByteArrayView bytes);
-    /// The save has failed: what it left of its own in the file is no change by others.
+    /// The save has failed: what it left of its own in the file is not a change by others.
     void noteLeftOver();
 
 private:

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype keptDamaged = 20;
 
-/// The lock stands beside its folder, so that there is no moment at which a folder has an owner and no lock.
+/// The lock is beside its folder, so that there is no moment at which a folder has an owner and no lock.
 QString lockName(const QString &folder)
 {
     return folder + u".lock"_s;
@@ -32,7 +32,7 @@ QString newFolderName()
     return u"%1-%2-%3"_s.arg(time).arg(QCoreApplication::applicationPid()).arg(++count);
 }
 
-// The names that are this store's; everything else is somebody's.
+// The names that are this store's; everything else is somebody else's.
 constexpr auto folderPattern = "[0-9]{8}(-[0-9]+)+"_L1;
 constexpr auto lockPattern = "[0-9]{8}(-[0-9]+)+\\.lock"_L1;
 constexpr auto damagedPattern = "[0-9]{8}(-[0-9]+)+\\.damaged"_L1;

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Keeps every other Tabrix of this user from replacing a file while it lives. The lock stands in the per-user data
+/// Keeps every other Tabrix of this user from replacing a file while it lives. The lock is in the per-user data
 /// folder, not beside the file, and ends with its program.
 class SaveLock
 {

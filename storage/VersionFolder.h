@@ -19,7 +19,7 @@ struct Version
 };
 
 /// The folder in which the versions of one document are kept. Only files whose names are built like a version's are
-/// taken for one; whatever else lies there is somebody's, and left alone.
+/// taken for one; whatever else is there belongs to somebody else and is left alone.
 class VersionFolder
 {
 public:

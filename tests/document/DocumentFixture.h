@@ -39,5 +39,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-/// A file with these rows behind a section that says that there are paramater of them.
+/// A file with these rows after a section that says that there are paramater of them.
 QByteArray fileWithRows(const QByteArray &rows, int paramater);

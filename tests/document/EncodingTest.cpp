@@ -11,7 +11,7 @@ namespace {
 class Encoding : public DocumentFixture
 {
 protected:
-    /// A file with one row per text, which stands in the middle of the row's name.
+    /// A file with one row per text, which is in the middle of the row's name.
     static QByteArray fileWithNames(const QList<QByteArray> &names)
     {
         QByteArray rows;
@@ -22,7 +22,7 @@ protected:
             + QByteArray::number(names.size()) + "\r\n[Paramater]\r\n" + rows;
     }
 
-    /// Every byte that may stand inside a field.
+    /// Every byte that may be inside a field.
     static QList<QByteArray> fieldBytes()
     {
         QList<QByteArray> bytes;

@@ -121,7 +121,7 @@ TEST_F(SharedConditions, stayAloneWhenTheTextHoldsNone)
     }
 }
 
-TEST_F(SharedConditions, haveOneSpareElementBehindTheLastValidOne)
+TEST_F(SharedConditions, haveOneSpareElementAfterTheLastValidOne)
 {
     EXPECT_EQ(ParsePrCondText(u"79=1,X=3,80=2"), 2);
     ASSERT_EQ(PrConditions.size(), 3);

@@ -14,14 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QByteArray usualSection = "[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\n"
-                                "ICapacity0=2.5\r\nSoftWareVersion=1.00\r\n";
+const QByteArray typicalSection = "[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\n"
+                                  "ICapacity0=2.5\r\nSoftWareVersion=1.00\r\n";
 const QByteArray firstRow = "0,0,1000,Torque boost,%,0.1,-1,-1,6,3,1,1,0,30\r\n";
 const QByteArray secondRow = "1,79,1079,Mode,,1,-1,-1,0,1,1,1,0,7,MODE,1,1\r\n";
 
 QByteArray fileOf(const QByteArray &rows, const QByteArray &announced)
 {
-    return usualSection + "Paramater=" + announced + "\r\n[Paramater]\r\n" + rows;
+    return typicalSection + "Paramater=" + announced + "\r\n[Paramater]\r\n" + rows;
 }
 
 const AnsiCodePage &western()
@@ -116,7 +116,8 @@ const int rowLength = int(firstRow.size());
 
 INSTANTIATE_TEST_SUITE_P(Files, BrokenFile,
     testing::ValuesIn(std::vector<Broken>{
-        {"count of the section", fileOf(firstRow, "x"), FailureCode::TypeMismatch, {0, 0, usualSection.size() + 10}, 0},
+        {"count of the section", fileOf(firstRow, "x"), FailureCode::TypeMismatch, {0, 0, typicalSection.size() + 10},
+            0},
         {"condition count", fileOf(firstRow + "99999,", "2"), FailureCode::Overflow, {2, 1, rowLength}, 2},
         {"end in a row", fileOf(firstRow + "0,1,2,n", "2"), FailureCode::InputPastEnd, {2, 5, rowLength + 7}, 2},
         {"negative range count", fileOf("0,1,2,n,u,1,-1,-1,0,0,0,-2,\r\n", "1"), FailureCode::SubscriptOutOfRange,
@@ -130,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Files, BrokenFile,
 
 TEST(PrFileCodec, isSilentWithoutTheRowsLine)
 {
-    const auto decoded = decodePrFile(usualSection, western());
+    const auto decoded = decodePrFile(typicalSection, western());
     ASSERT_FALSE(decoded.outcome);
     EXPECT_EQ(decoded.outcome.failure().code, FailureCode::NoParameterSection);
     EXPECT_TRUE(decoded.outcome.failure().isSilent());

@@ -18,7 +18,7 @@ const QByteArray plainRow = "0,1,2,n,u,1,-1,-1,0,0,0,1,0,5\r\n";
 class Reading : public DocumentFixture
 {
 protected:
-    /// Reads rows behind a section that announces paramater of them.
+    /// Reads rows after a section that announces paramater of them.
     bool readRows(const QByteArray &rows, int paramater = 1) { return readBytes(fileWithRows(rows, paramater)); }
 };
 
@@ -79,7 +79,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, ParameterSectionLine,
         {"", false},
     }));
 
-TEST_F(Reading, endsWellWhenTheFileEndsBehindTheSectionLine)
+TEST_F(Reading, endsWellIfTheFileEndsAfterTheSectionLine)
 {
     EXPECT_TRUE(readBytes("[Inverter]\r\nName=a\r\nParamater=0\r\n[Paramater]"));
     EXPECT_EQ(PrRecords.size(), 1);
@@ -156,7 +156,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ParamaterValue,
         {"32767", plainRow, u""_s, 32767},
     }));
 
-TEST_F(Reading, hasNotReadWhatStandsBehindABadParamater)
+TEST_F(Reading, hasNotReadWhatFollowsABadParamater)
 {
     MachineInfos[docNo].SoftWareVersion = u"old"_s;
     EXPECT_FALSE(readBytes("[Inverter]\nName=a\nSoftWareVersion=new\nParamater=x\n[Paramater]\n"));
@@ -253,7 +253,7 @@ TEST_F(Reading, takesACommaInANameAsTheEndOfTheField)
     EXPECT_EQ(PrRecords[0].rangeCheck, u"0"_s);
 }
 
-TEST_F(Reading, takesNumbersBehindBlanksAndLineEndsAndEmptyOnesAsZero)
+TEST_F(Reading, takesNumbersAfterSpacesAndLineEndsAndEmptyOnesAsZero)
 {
     ASSERT_TRUE(readRows("\r\n \r\n 1 ,1,2,n,u,1,-1,-1,0,0,0,\r\n 2\r\n , 5 ,-1.5\n1e2 ,79,,3\r\n"));
     const PrRecord &record = PrRecords[0];
@@ -270,7 +270,7 @@ TEST_F(Reading, takesABareLineFeedAsLineEnd)
     EXPECT_EQ(PrRecords[1].conditions, (QList<PrCondition>{{u"79"_s, 2, u"1"_s, u"3"_s}}));
 }
 
-TEST_F(Reading, goesOnInTheSameLineBehindARowWithoutRangesAndConditions)
+TEST_F(Reading, goesOnInTheSameLineAfterARowWithoutRangesAndConditions)
 {
     ASSERT_TRUE(readRows("0,1,2,n,u,1,-1,-1,0,0,0,0,0,2,2,m,u,1,-1,-1,0,0,0,0,", 2));
     EXPECT_EQ(PrRecords[0].number, u"1"_s);

@@ -36,7 +36,7 @@ protected:
         documentOrigin(docNo).file = KnownFile::present(file);
         return file;
     }
-    /// The rows that stand in the saved file.
+    /// The rows of the saved file.
     QByteArray savedRows()
     {
         EXPECT_TRUE(write(path(u"saved.inv"_s)));
@@ -91,7 +91,7 @@ TEST_F(Writing, putsTheMachineInformationInItsOrder)
     EXPECT_EQ(host.eventPasses, 1);
 }
 
-TEST_F(Writing, endsTheLineBehindTheLastConditionOrTheLastRange)
+TEST_F(Writing, endsTheLineAfterTheLastConditionOrTheLastRange)
 {
     setCell(3, u"0-400,9999,5-"_s);
     EXPECT_EQ(savedRows(), "0,,,,,1,-1,-1,0,0,0,3,0,400,9999,0,5,-1\r\n");
@@ -150,7 +150,7 @@ TEST_F(Writing, tellsOfAnOverflowBeforeEverythingElse)
     EXPECT_EQ(host.eventPasses, 0);
 }
 
-TEST_F(Writing, ofAGridWithoutRowsEndsBehindTheSectionLine)
+TEST_F(Writing, ofAGridWithoutRowsEndsAfterTheSectionLine)
 {
     grid.rows.clear();
     EXPECT_EQ(savedRows(), "");
@@ -204,7 +204,7 @@ TEST_F(Writing, intoADocumentNumberThatIsNotThereFails)
     EXPECT_FALSE(QFileInfo::exists(path(u"saved.inv"_s)));
 }
 
-TEST_F(Writing, leavesWhatStandsBeforeAMissingCurrent)
+TEST_F(Writing, leavesWhatPrecedesAMissingCurrent)
 {
     const QString file = putOwnFile();
     host.answersYes = true;
@@ -257,7 +257,7 @@ TEST_F(Writing, runsEventsUnderTheBusyPointer)
     EXPECT_TRUE(busyDuringEvents);
 }
 
-TEST_F(Writing, throughALinkReplacesTheFileBehindIt)
+TEST_F(Writing, throughALinkReplacesTheFileThatItLeadsTo)
 {
     const QString file = putOwnFile();
     ASSERT_TRUE(QFile::link(file, path(u"link.inv"_s)));
@@ -331,7 +331,7 @@ TEST_F(Writing, leavesAFileAloneOfWhichTheSystemDoesNotTellWhetherItIsThere)
     EXPECT_TRUE(DocFlags[docNo].changed);
 }
 
-// The part that stands before a missing current is no version to keep, and it differs each time.
+// The part before a missing current is not a version to keep, and it differs each time.
 TEST_F(Writing, ofAPartPushesNoVersionOutHoweverOften)
 {
     const QString file = path(u"saved.inv"_s);

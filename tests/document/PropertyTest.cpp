@@ -98,7 +98,7 @@ QList<SettingRange> modelRanges(const QString &text)
     for (const QString &part : text.split(u',')) {
         const QStringList pieces = part.split(u'-');
         const qsizetype dashes = pieces.size() - 1;
-        // Every second dash hands what stands before it on to what follows.
+        // Every second dash hands what precedes it on to what follows.
         QString carried = pieces[0];
         SettingRange range;
         for (qsizetype dash = 1; dash <= dashes; ++dash) {
@@ -142,12 +142,12 @@ TEST_F(Properties, rangesComeBackFromTheirText)
     }
 }
 
-/// The subject of an item: what stands before the first relation behind which a subject is complete, without dashes.
+/// The subject of an item: what precedes the first relation after a complete subject, without dashes.
 /// Relations before it are dropped from it as well.
 struct ModelItem
 {
     QString subject;
-    QString rest; ///< behind the accepted relation, all relations still in it
+    QString rest; ///< after the accepted relation, all relations still in it
     quint8 relation = 0;
 };
 
@@ -167,7 +167,7 @@ std::optional<ModelItem> modelSubject(const QString &item)
     return std::nullopt;
 }
 
-QString withoutBlanksAround(QString text)
+QString withoutSpacesAround(QString text)
 {
     while (text.startsWith(u' ')) {
         text.remove(0, 1);
@@ -184,7 +184,7 @@ std::optional<PrCondition> modelCondition(const QString &item)
     if (!found) {
         return std::nullopt;
     }
-    PrCondition condition{withoutBlanksAround(found->subject), found->relation, {}, {}};
+    PrCondition condition{withoutSpacesAround(found->subject), found->relation, {}, {}};
     QString rest = found->rest;
     rest.remove(u'=').remove(u'/');
     if (!isNumeric(found->subject)) {
@@ -195,12 +195,12 @@ std::optional<PrCondition> modelCondition(const QString &item)
     if (last.isEmpty() || (found->subject != u"OP"_s && !isNumeric(last))) {
         return std::nullopt;
     }
-    condition.value1 = withoutBlanksAround(last);
+    condition.value1 = withoutSpacesAround(last);
     if (values.size() > 1) {
         // The relation's kind follows the last relation character; the range bit is set at the end in any case.
         condition.kind |= PrCondition::HasRange;
         condition.value2 = condition.value1;
-        condition.value1 = withoutBlanksAround(values[values.size() - 2]);
+        condition.value1 = withoutSpacesAround(values[values.size() - 2]);
         if (last < condition.value1) {
             condition.value1.swap(condition.value2);
         }

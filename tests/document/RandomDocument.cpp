@@ -27,9 +27,9 @@ QString RandomDocument::textOf(QStringView alphabet, int longest)
 }
 
 /// A text that a text field can hold: no blanks at its ends, no quote at its beginning.
-QString RandomDocument::text(int usualLength)
+QString RandomDocument::text(int typicalLength)
 {
-    const int longest = chance(2) ? 10 * usualLength : usualLength;
+    const int longest = chance(2) ? 10 * typicalLength : typicalLength;
     QString text = textOf(chance(50) ? plainAlphabet : m_japanese ? japaneseAlphabet : westernAlphabet, longest);
     while (text.startsWith(u' ') || text.startsWith(u'"')) {
         text.remove(0, 1);

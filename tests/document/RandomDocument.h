@@ -21,7 +21,7 @@ public:
 
 private:
     bool chance(int percent) { return number(99) < percent; }
-    QString text(int usualLength);
+    QString text(int typicalLength);
     QString numberText();
     QString factorySetting();
     QString numeric();

@@ -104,9 +104,9 @@ INSTANTIATE_TEST_SUITE_P(Cells, SpoiledCell,
         {Name, u"\"quoted\""_s, ReadBackFault::LeadingQuote},
         {Name, u"\"a,b\""_s, ReadBackFault::LeadingQuote},
         {Name, u"  \"a"_s, ReadBackFault::LeadingQuote},
-        {Unit, u" %"_s, ReadBackFault::EdgeBlanks},
-        {Unit, u"% "_s, ReadBackFault::EdgeBlanks},
-        {Unit, u" "_s, ReadBackFault::EdgeBlanks},
+        {Unit, u" %"_s, ReadBackFault::EdgeSpaces},
+        {Unit, u"% "_s, ReadBackFault::EdgeSpaces},
+        {Unit, u" "_s, ReadBackFault::EdgeSpaces},
         {Condition, u"OP=a\nb"_s, ReadBackFault::LineEnd},
         {Condition, u"79=1,OP=\"a"_s, ReadBackFault::LeadingQuote},
         {ParameterColumn::SettingRange, u"0-12345678"_s, ReadBackFault::BoundDigits},
@@ -135,10 +135,10 @@ TEST_F(ReadBack, asksAboutEachCellOnceByRowAndColumnAfterTheMachineInformation)
     setCell(Name, u"d,e"_s);
     setCell(Unit, u" x"_s);
     MachineInfos[docNo].Code = u"3 "_s;
-    expectQuestion({{.fault = ReadBackFault::EdgeBlanks, .cell = {}, .name = u"Code"_s},
+    expectQuestion({{.fault = ReadBackFault::EdgeSpaces, .cell = {}, .name = u"Code"_s},
         {.fault = ReadBackFault::Comma, .cell = {.row = 1, .column = Name}, .name = u"1"_s},
         {.fault = ReadBackFault::Comma, .cell = {.row = 2, .column = Name}, .name = u"79"_s},
-        {.fault = ReadBackFault::EdgeBlanks, .cell = {.row = 2, .column = Unit}, .name = u"79"_s}});
+        {.fault = ReadBackFault::EdgeSpaces, .cell = {.row = 2, .column = Unit}, .name = u"79"_s}});
 }
 
 class HarmlessCell : public ReadBack, public testing::WithParamInterface<std::pair<int, QString>>
@@ -202,7 +202,7 @@ const MachineCase spoiledMachines[] = {
     MachineCase{"long", [](MachineInfo &info) { info.Name = QString(128, u'x'); }, ReadBackFault::TooLong, u"Name"_s},
     MachineCase{
         "quotes", [](MachineInfo &info) { info.VCapacity = u"'2'"_s; }, ReadBackFault::EnclosingQuotes, u"VCapacity"_s},
-    MachineCase{"blanks", [](MachineInfo &info) { info.SoftWareVersion = u"1.0\t"_s; }, ReadBackFault::EdgeBlanks,
+    MachineCase{"blanks", [](MachineInfo &info) { info.SoftWareVersion = u"1.0\t"_s; }, ReadBackFault::EdgeSpaces,
         u"SoftWareVersion"_s},
     MachineCase{"nul", [](MachineInfo &info) { info.Code = u"3"_s + QChar(u'\0') + u"4"_s; }, ReadBackFault::Character,
         u"Code"_s}};

@@ -14,5 +14,5 @@ void PrintTo(const PrRecord &record, std::ostream *out);
 void PrintTo(const PrCondition &condition, std::ostream *out);
 void PrintTo(const SettingRange &range, std::ostream *out);
 
-/// Whether two files are the same; a failure names the first byte that differs and shows what stands around it.
+/// Whether two files are the same; a failure names the first byte that differs and shows what surrounds it.
 testing::AssertionResult sameBytes(const QByteArray &found, const QByteArray &expected);

@@ -70,7 +70,7 @@ TEST(RecoveryCopy, comesBackAsItWasPacked)
     EXPECT_EQ(copy->codePage, 932);
 }
 
-/// What a program left behind that did not know of code pages.
+/// What was left by a program that did not know of code pages.
 TEST(RecoveryCopy, hasTheSystemsPageWhenItDoesNotSay)
 {
     setAnsiCodePageNumber(1252);

@@ -65,7 +65,7 @@ void addDoubles(QHash<int, int> &doubles, int code, int written, int count)
     }
 }
 
-/// The codes of page 932 that stand for a character with another, preferred code. Three makers' extensions overlap:
+/// The codes of page 932 for a character with another, preferred code. Three makers' extensions overlap:
 /// row 13, the selection in rows ED and EE, the extension in rows FA to FC. The standard's own code goes first, then
 /// row 13, then the extension in rows FA to FC.
 QHash<int, int> vendorDoubles()

@@ -78,7 +78,7 @@ INSTANTIATE_TEST_SUITE_P(Names, FileName,
 TEST(FileNames, ofQtAreOurs)
 {
     EXPECT_EQ(fileNameFromQt(u"/a/é表.inv"_s), u"/a/é表.inv"_s);
-    const QString name = u"/a/\U0010FEE9.inv"_s; // stands for itself where it comes from Qt, not for a byte
+    const QString name = u"/a/\U0010FEE9.inv"_s; // itself if it comes from Qt, not a byte
     EXPECT_EQ(fileNameBytes(fileNameFromQt(name)), QFile::encodeName(name));
 }
 

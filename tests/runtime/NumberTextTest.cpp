@@ -25,7 +25,7 @@ protected:
     ~NumericText() override { setCountryCode(0); }
 };
 
-TEST_P(NumericText, hasItsValueOrIsNoNumber)
+TEST_P(NumericText, hasItsValueOrIsNotANumber)
 {
     EXPECT_EQ(numericValue(GetParam().text), GetParam().value) << GetParam().text.toStdString();
     EXPECT_EQ(isNumeric(GetParam().text), GetParam().value.has_value());

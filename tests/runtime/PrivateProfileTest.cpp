@@ -118,7 +118,7 @@ TEST(ProfileBuffer, countsTheBytesOfUndecodableOnesOnce)
     EXPECT_EQ(nameIn(nameOf(QByteArray(200, '\xFD')), 932), QString(127, QChar(0xF7FD)));
 }
 
-TEST(ProfileText, keepsTheIdeographicBlankAtItsEnds)
+TEST(ProfileText, keepsTheIdeographicSpaceAtItsEnds)
 {
     EXPECT_EQ(nameIn(nameOf("\x81\x40 a\x81\x40 "), 932), u"\u3000 a\u3000"_s);
 }

@@ -148,7 +148,7 @@ TEST_F(WholeFile, emptyIsRead)
 
 namespace {
 
-/// What stands under a name, and what is said of it when it is read.
+/// What a name may be, and what is said of it when it is read.
 struct Obstacle
 {
     const char *name;
@@ -200,7 +200,7 @@ TEST_P(ReadingAnObstacle, failsWithTheTrueReason)
 INSTANTIATE_TEST_SUITE_P(Obstacles, ReadingAnObstacle, testing::ValuesIn(obstacles),
     [](const auto &test) { return std::string(test.param.name); });
 
-TEST_F(WholeFile, isNotWaitedForWhereAPipeOrASocketStands)
+TEST_F(WholeFile, isNotWaitedForIfItIsAPipeOrASocket)
 {
     const QByteArray pipe = QFile::encodeName(path(u"pipe"_s));
     ASSERT_EQ(::mkfifo(pipe, 0600), 0);

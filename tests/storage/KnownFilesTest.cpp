@@ -1,8 +1,7 @@
-#include "storage/KnownFile.h"
-
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
 #include "storage/FileBackup.h"
+#include "storage/KnownFile.h"
 #include "storage/SaveLock.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/MemoryDisk.h"

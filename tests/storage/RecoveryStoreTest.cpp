@@ -83,7 +83,7 @@ TEST_F(RecoveryStores, leavesNothingOnceItsCopiesAreGone)
     EXPECT_TRUE(QDir(root()).isEmpty());
 }
 
-TEST_F(RecoveryStores, takesOverWhatTheDeadLeftOldestFirst)
+TEST_F(RecoveryStores, takesOverWhatCrashedInstancesLeftOldestFirst)
 {
     leaveBehind(u"20250102-1"_s, u"000001.copy"_s, "third");
     leaveBehind(u"20250101-1"_s, u"000010.copy"_s, "second");
@@ -260,7 +260,7 @@ TEST_F(RecoveryStores, makeNoLockThroughALink)
     EXPECT_FALSE(QFile::exists(target));
 }
 
-TEST_F(RecoveryStores, takeOverFromADeadProgramWhoseLockIsEmpty)
+TEST_F(RecoveryStores, takeOverFromACrashedInstanceWhoseLockIsEmpty)
 {
     leaveBehind(u"20250101-1"_s, u"000001.copy"_s, "left");
     QFile lock(root() + u"/20250101-1.lock"_s);
