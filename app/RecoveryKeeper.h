@@ -34,8 +34,8 @@ public:
     /// Whether the documents are going to be looked at.
     bool isWaiting() const { return m_timer.isActive(); }
 
-    /// Opens the documents of crashed instances. Their copies stay until the documents are saved or given up. Fails with
-    /// what the user has to know if not all of them can be read now.
+    /// Opens the documents of crashed instances. Their copies stay until the documents are saved or given up. Fails
+    /// with what the user has to know if not all of them can be read now.
     Result<> recover();
 
     /// Brings the copies up to date now.

@@ -1,5 +1,4 @@
 #include "editor/Commands.h"
-
 #include "editor/GridCommands.h"
 #include "editor/GridFinder.h"
 #include "editor/frmPrFile.h"

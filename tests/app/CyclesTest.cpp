@@ -23,7 +23,7 @@ public:
     void openWithoutSection() { expectNoOpen(m_noSection); }
     /// A number that was in use is lost, and one that was never used comes into use.
     void failBetweenTwoDocuments();
-    void editAndTakeBack();
+    void editAndUndo();
     void save();
 
 protected:
@@ -56,7 +56,7 @@ void Cycles::failBetweenTwoDocuments()
     openMissing();
 }
 
-void Cycles::editAndTakeBack()
+void Cycles::editAndUndo()
 {
     open(m_small);
     type();
@@ -116,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(Cycles, Again,
         {"openMissing", &Cycles::openMissing, 100},
         {"openWithoutSection", &Cycles::openWithoutSection, 100},
         {"failBetweenTwoDocuments", &Cycles::failBetweenTwoDocuments, 20},
-        {"editAndTakeBack", &Cycles::editAndTakeBack, 20},
+        {"editAndUndo", &Cycles::editAndUndo, 20},
         {"save", &Cycles::save, 20},
     }),
     [](const auto &test) { return std::string(test.param.name); });

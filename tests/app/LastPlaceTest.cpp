@@ -253,7 +253,7 @@ TEST_F(LastPlace, aDocumentOfTheCommandLineIsStillSavedToItsFile)
     EXPECT_FALSE(QFile::exists(path(u"far/a.inv"_s)));
 }
 
-TEST_F(LastPlace, aFileThatIsOpenedAgainStandsWhereItStood)
+TEST_F(LastPlace, aFileThatIsOpenedAgainIsWhereItWas)
 {
     start();
     const QString a = writeFile(u"a.inv"_s, document(2));

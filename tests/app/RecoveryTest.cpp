@@ -100,7 +100,7 @@ TEST_F(Recovery, keepsACopyOfEachChangedDocumentWithoutBeingAsked)
     EXPECT_EQ(readFile(path(u"a.inv"_s)), document(2));
 }
 
-TEST_F(Recovery, isNeverFurtherBehindThanHalfAMinute)
+TEST_F(Recovery, neverLacksMoreThanHalfAMinute)
 {
     start();
     EXPECT_GT(frame().recovery().interval(), 0s);
@@ -338,7 +338,7 @@ TEST_F(Recovery, asksBeforeARecoveredDocumentIsGivenUp)
     EXPECT_TRUE(copies().isEmpty());
 }
 
-TEST_F(Recovery, opensRecoveredDocumentsBehindTheFileOfTheCommandLine)
+TEST_F(Recovery, opensRecoveredDocumentsAfterTheFileOfTheCommandLine)
 {
     crash(writeFile(u"a.inv"_s, document(2)));
     const QString other = writeFile(u"b.inv"_s, document(2));
@@ -393,7 +393,7 @@ TEST_F(Recovery, keepsWhatIsBeingTyped)
     EXPECT_TRUE(DocFlags[docNo()].changed);
 }
 
-TEST_F(Recovery, forgetsWhatWasTypedAndTakenBack)
+TEST_F(Recovery, forgetsWhatWasTypedAndUndone)
 {
     start(writeFile(u"a.inv"_s, document(2)));
     grid().setActiveCell(2, 1);

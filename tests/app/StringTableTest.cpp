@@ -128,7 +128,7 @@ class OddText : public testing::TestWithParam<TextCase>
 } // namespace
 
 // Spelled by code points where a "correction" would be easy to overlook.
-TEST_P(OddText, standsAsUsersKnowIt)
+TEST_P(OddText, isAsUsersKnowIt)
 {
     const InterfaceText *text = interfaceText(GetParam().id);
     ASSERT_NE(text, nullptr);
@@ -185,7 +185,7 @@ public:
 
 } // namespace
 
-TEST(OwnTexts, standInTheOrderOfTheirIdentifiersInBothLanguages)
+TEST(OwnTexts, areInTheOrderOfTheirIdentifiersInBothLanguages)
 {
     int position = 0;
     for (const OwnTextEntry &entry : ownTextEntries()) {

@@ -109,7 +109,7 @@ TEST_F(FuncDialog, okAfterAChangeGivesTheNewCode)
     EXPECT_EQ(code, 0x0804);
 }
 
-TEST_F(FuncDialog, okAfterAChangeThatWasTakenBackGivesFalse)
+TEST_F(FuncDialog, okAfterAChangeThatWasUndoneGivesFalse)
 {
     EXPECT_FALSE(show(5, normalFile, [&] {
         click(dialog, boxName(3));

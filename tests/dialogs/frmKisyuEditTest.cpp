@@ -74,7 +74,7 @@ TEST_P(MachineBox, aTypedCharacterCountsAsAChange)
     }));
 }
 
-TEST_P(MachineBox, aChangeThatWasTakenBackCountsToo)
+TEST_P(MachineBox, aChangeThatWasUndoneCountsToo)
 {
     EXPECT_TRUE(show([&] {
         box(GetParam()).setFocus();

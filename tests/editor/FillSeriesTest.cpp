@@ -70,7 +70,7 @@ INSTANTIATE_TEST_SUITE_P(Numbers, Series,
         {u"9999999999999"_s, u"10000000000000"_s},
     }));
 
-INSTANTIATE_TEST_SUITE_P(NumbersBehindTexts, Series,
+INSTANTIATE_TEST_SUITE_P(NumbersAfterTexts, Series,
     testing::ValuesIn(std::vector<SeriesCase>{
         {u"Pr 1"_s, u"Pr 2|Pr 3"_s},
         {u"P9"_s, u"P10|P11"_s},

@@ -159,7 +159,7 @@ TEST_F(UndoTest, walksThroughManySteps)
     }
 }
 
-TEST_F(UndoTest, forgetsWhatWasTakenBackWhenSomethingElseIsDone)
+TEST_F(UndoTest, forgetsWhatWasUndoneWhenSomethingElseIsDone)
 {
     open(12);
     type();
@@ -183,7 +183,7 @@ TEST_F(UndoTest, keepsTheHeightsOfRowsThatWereDeleted)
 
 // What cannot be undone
 
-TEST_F(UndoTest, doesNotTakeBackTheLoading)
+TEST_F(UndoTest, doesNotUndoTheLoading)
 {
     open(12);
     const Shown before = shown();
@@ -310,7 +310,7 @@ TEST_F(UndoTest, keepsTheFlagWhenTheWayToTheSavedTextIsLost)
     EXPECT_TRUE(isChanged());
 }
 
-TEST_F(UndoTest, savesWhatWasTakenBack)
+TEST_F(UndoTest, savesWhatWasUndone)
 {
     open(12);
     const QByteArray before = readFile(editor().windowTitle());
@@ -323,7 +323,7 @@ TEST_F(UndoTest, savesWhatWasTakenBack)
     EXPECT_EQ(readFile(editor().windowTitle()), before);
 }
 
-TEST_F(UndoTest, doesNotTakeTheMachineBack)
+TEST_F(UndoTest, doesNotUndoTheMachine)
 {
     open(12);
     type();
