@@ -1,6 +1,7 @@
 // Ctrl+D, Ctrl+R, Ctrl+Enter, Ctrl+Shift+D and Space over the selected cells of the editor window.
 
 #include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "tests/editor/UndoSupport.h"
@@ -37,11 +38,12 @@ constexpr Keys space{Qt::Key_Space, Qt::NoModifier};
 class FillTest : public UndoTest
 {
 protected:
-    /// Puts a block text into the grid, before anything is done.
+    /// Puts a block text into the grid, as if its file held it.
     void put(int column, int row, const QString &text)
     {
         if (!text.isNull()) {
             grid().setBlockText({column, row, grid().columnCount(), grid().rowCount()}, text);
+            editor().document().noteLoaded();
         }
     }
 
