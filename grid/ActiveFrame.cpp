@@ -9,14 +9,14 @@
 
 void ActiveFrame::paint(QPainter &painter)
 {
-    const bool isAroundAll = isToBeAroundAll();
-    if (std::exchange(m_isAroundAll, isAroundAll) != isAroundAll) {
+    const bool isAroundView = shouldBeAroundView();
+    if (std::exchange(m_isAroundView, isAroundView) != isAroundView) {
         m_view.viewport()->update(edges()); // the part being painted now may be another one
     }
-    if (isAroundAll) {
+    if (isAroundView) {
         painter.setPen(m_view.palette().color(QPalette::Highlight));
         painter.drawRect(m_view.viewport()->rect().adjusted(0, 0, -1, -1));
-    } else if (isCellSeen()) {
+    } else if (isCellVisible()) {
         paintAroundCell(painter);
     }
 }
@@ -39,28 +39,28 @@ QRect ActiveFrame::visibleArea() const
     return m_view.viewport()->rect().adjusted(covered, 0, 0, 0);
 }
 
-bool ActiveFrame::isCellSeen() const
+bool ActiveFrame::isCellVisible() const
 {
     const QModelIndex active = m_view.currentIndex();
     return active.isValid() && !m_view.isColumnHidden(active.column())
         && m_view.visualRect(active).intersects(visibleArea());
 }
 
-bool ActiveFrame::isToBeAroundAll() const
+bool ActiveFrame::shouldBeAroundView() const
 {
-    return m_view.hasFocus() && !isCellSeen();
+    return m_view.hasFocus() && !isCellVisible();
 }
 
 QRegion ActiveFrame::edges() const
 {
-    const QRect all = m_view.viewport()->rect();
-    return QRegion(all).subtracted(all.adjusted(1, 1, -1, -1));
+    const QRect view = m_view.viewport()->rect();
+    return QRegion(view).subtracted(view.adjusted(1, 1, -1, -1));
 }
 
 // The frame around the view must not scroll with the cells.
 void ActiveFrame::follow(const QPoint &moved)
 {
-    if (m_isAroundAll || isToBeAroundAll()) {
+    if (m_isAroundView || shouldBeAroundView()) {
         m_view.viewport()->update(edges().united(edges().translated(moved)));
     }
 }

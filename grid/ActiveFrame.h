@@ -21,12 +21,12 @@ public:
 
 private:
     QRect visibleArea() const;
-    bool isCellSeen() const;
-    bool isToBeAroundAll() const;
+    bool isCellVisible() const;
+    bool shouldBeAroundView() const;
     void paintAroundCell(QPainter &painter) const;
     QRegion edges() const;
 
     QTableView &m_view;
     const SpreadHeader &m_columns;
-    bool m_isAroundAll = false; ///< when it was last painted
+    bool m_isAroundView = false; ///< when it was last painted
 };

@@ -66,7 +66,7 @@ void HeadingMouse::pressRow(int row)
 {
     m_view.commitEdit();
     if (QGuiApplication::keyboardModifiers() & Qt::ShiftModifier) {
-        m_selection.selectRows(m_selection.rowOfBeginning(), row, m_view.activeColumn());
+        m_selection.selectRows(m_selection.startRow(), row, m_view.activeColumn());
     } else {
         const QModelIndex first = m_view.indexAt({0, 0});
         m_selection.selectRows(row, row, first.isValid() ? first.column() + 1 : 1);

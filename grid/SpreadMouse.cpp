@@ -53,7 +53,7 @@ bool SpreadMouse::press(const QMouseEvent &event)
 {
     const QPersistentModelIndex index = m_view.indexAt(event.position().toPoint());
     m_view.commitEdit();
-    m_pressedGone = index != m_view.indexAt(event.position().toPoint());
+    m_pressedCellMoved = index != m_view.indexAt(event.position().toPoint());
     if (event.button() == Qt::LeftButton && index.isValid()) {
         pressLeft(index, event);
     } else if (event.button() == Qt::RightButton) {
@@ -79,7 +79,7 @@ void SpreadMouse::pressLeft(const QModelIndex &index, const QMouseEvent &event)
             return;
         }
     }
-    m_dragging = !m_pressedGone;
+    m_dragging = !m_pressedCellMoved;
     m_dragPosition = position;
 }
 
@@ -139,7 +139,7 @@ bool SpreadMouse::release(const QMouseEvent &event)
         const bool isShown = m_menu == Menu::Shown;
         m_menu = isShown ? Menu::None : Menu::Shown;
         if (!isShown) {
-            askForMenu(position);
+            requestMenu(position);
         }
     }
     return true;
@@ -147,7 +147,7 @@ bool SpreadMouse::release(const QMouseEvent &event)
 
 bool SpreadMouse::doubleClick(const QMouseEvent &event)
 {
-    if (!m_pressedGone) {
+    if (!m_pressedCellMoved) {
         press(event);
     }
     const QModelIndex index = m_view.indexAt(event.position().toPoint());
@@ -168,12 +168,12 @@ bool SpreadMouse::contextMenu(const QContextMenuEvent &event)
     const bool isShown = m_menu == Menu::Shown;
     m_menu = m_menu == Menu::Pressed ? Menu::Shown : Menu::None;
     if (!isShown) {
-        askForMenu(event.pos());
+        requestMenu(event.pos());
     }
     return true;
 }
 
-void SpreadMouse::askForMenu(const QPoint &position)
+void SpreadMouse::requestMenu(const QPoint &position)
 {
     const QModelIndex index = m_view.indexAt(position);
     const QModelIndex cell = index.isValid() ? index : m_view.currentIndex();

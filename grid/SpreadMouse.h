@@ -40,7 +40,7 @@ private:
     void pressLeft(const QModelIndex &index, const QMouseEvent &event);
     void extendTo(const QPoint &position);
     bool isOnCheckBox(const QModelIndex &index, const QPoint &position) const;
-    void askForMenu(const QPoint &position);
+    void requestMenu(const QPoint &position);
 
     SpreadView &m_view;
     SpreadSelection &m_selection;
@@ -49,6 +49,6 @@ private:
     QBasicTimer m_scrollTimer;
     QPoint m_dragPosition;
     bool m_dragging = false;
-    bool m_pressedGone = false; ///< the pressed cell moved when the press ended an edit, and is the active one
+    bool m_pressedCellMoved = false; ///< the pressed cell moved when the press ended an edit, and is the active one
     Menu m_menu = Menu::None;
 };

@@ -28,7 +28,7 @@ public:
     /// The corner that moves when the selection is extended; (column, row).
     QPoint farCorner() const { return m_far; }
     /// The row where a selection of rows begins if it is extended from what is selected now.
-    int rowOfBeginning() const { return m_shape == Shape::Rows ? m_anchor.y() : activeRow(); }
+    int startRow() const { return m_shape == Shape::Rows ? m_anchor.y() : activeRow(); }
 
     void moveTo(int column, int row);
     /// Selects from where the selection began to this cell; whole rows or columns if such are selected.

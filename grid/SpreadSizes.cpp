@@ -24,8 +24,9 @@ SpreadSizes::SpreadSizes(
     , m_defaultColumnWidth(columns.defaultSectionSize())
     , m_defaultRowHeight(rows.defaultSectionSize())
 {
-    connect(&columns, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { noteColumn(at, shown); });
-    connect(&rows, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { noteRow(at, shown); });
+    connect(
+        &columns, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { storeColumnWidth(at, shown); });
+    connect(&rows, &QHeaderView::sectionResized, this, [this](int at, int, int shown) { storeRowHeight(at, shown); });
     connect(&model, &QAbstractItemModel::rowsRemoved, this,
         [this] { m_rowHeights.removeIf([this](const auto &entry) { return entry.key() > m_model.rowCount(); }); });
 }
@@ -89,14 +90,14 @@ void SpreadSizes::showSizes()
 }
 
 // A column that is shown again reports the width that it was hidden with; a hidden one reports 0.
-void SpreadSizes::noteColumn(int at, int shown)
+void SpreadSizes::storeColumnWidth(int at, int shown)
 {
     if (!m_showing && shown > 0 && shown != zoomed(columnWidth(at + 1))) {
         m_columnWidths[at + 1] = int(std::lround(shown * 100.0 / m_zoom));
     }
 }
 
-void SpreadSizes::noteRow(int at, int shown)
+void SpreadSizes::storeRowHeight(int at, int shown)
 {
     if (!m_showing && shown > 0 && shown != zoomed(rowHeight(at + 1))) {
         m_rowHeights[at + 1] = int(std::lround(shown * 100.0 / m_zoom));
@@ -119,10 +120,10 @@ void SpreadSizes::setFont(const QFont &font)
 {
     m_fonts.fill(font);
     showFonts(); // the headers too: in a window that was never shown they may not have got their parent's font
-    noteFont();
+    adaptToFont();
 }
 
-void SpreadSizes::noteFont()
+void SpreadSizes::adaptToFont()
 {
     if (m_showing) {
         return;

@@ -33,7 +33,7 @@ public:
     int rowNumberWidth() const;
 
     /// Call it when the view's font has changed, whoever changed it.
-    void noteFont();
+    void adaptToFont();
     void setWidthInCharacters(int column, double characters);
     void fitColumnWidth(int column);
     /// Makes the column of the row numbers wide enough for the last one.
@@ -49,8 +49,8 @@ private:
     void setColumnWidth(int column, int pixels);
     void setHeaderHeight(int pixels);
     int neededWidth(int column, const QFont &font, const QFont &headerFont, int zoom) const;
-    void noteColumn(int at, int shown);
-    void noteRow(int at, int shown);
+    void storeColumnWidth(int at, int shown);
+    void storeRowHeight(int at, int shown);
 
     QTableView &m_view;
     const SpreadModel &m_model;

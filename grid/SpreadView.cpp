@@ -48,7 +48,7 @@ SpreadView::SpreadView(QWidget *parent)
     m_sizes = new SpreadSizes(*this, *m_model, *m_columnHeader, *m_rowHeader, *m_delegate);
     connect(m_selection, &SpreadSelection::changed, this, &SpreadView::markHeaders);
     connect(m_model, &SpreadModel::dataChanged, this, &SpreadView::contentsChanged);
-    m_sizes->noteFont();
+    m_sizes->adaptToFont();
     setWidthInCharacters(0, 4);
 }
 
@@ -101,7 +101,7 @@ void SpreadView::changeEvent(QEvent *event)
 {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange && m_sizes) {
-        m_sizes->noteFont();
+        m_sizes->adaptToFont();
     }
 }
 

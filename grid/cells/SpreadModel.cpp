@@ -45,7 +45,7 @@ void SpreadModel::addRows(int count)
     m_rows.resize(m_rows.size() + size_t(count), initialRow());
     m_colours.resize(columnCount(), rowCount());
     endInsertRows();
-    tell({.firstRow = first, .before = {}, .after = rows(first, rowCount())});
+    notify({.firstRow = first, .before = {}, .after = rows(first, rowCount())});
 }
 
 void SpreadModel::dropRows(int count)
@@ -57,7 +57,7 @@ void SpreadModel::dropRows(int count)
     m_colours.resize(columnCount(), rowCount());
     m_cellTypes.removeIf([first](const auto &entry) { return entry.key().second >= first; });
     endRemoveRows();
-    tell({.firstRow = first, .before = dropped, .after = {}});
+    notify({.firstRow = first, .before = dropped, .after = {}});
 }
 
 // All new rows share one block of memory.
@@ -104,10 +104,10 @@ void SpreadModel::exchange(int row1, std::span<CellRow> rows, int column1, int c
     std::ranges::swap_ranges(rows, std::span(m_rows).subspan(size_t(row1 - 1), rows.size()));
     const int row2 = row1 + int(rows.size()) - 1;
     cellsChanged({column1, row1, column2, row2});
-    tell({.origin = origin, .firstRow = row1, .before = rows, .after = this->rows(row1, row2)});
+    notify({.origin = origin, .firstRow = row1, .before = rows, .after = this->rows(row1, row2)});
 }
 
-void SpreadModel::tell(const TextChange &change) const
+void SpreadModel::notify(const TextChange &change) const
 {
     if (m_observer) {
         m_observer(change);
@@ -208,13 +208,13 @@ bool SpreadModel::sortRows(int row1, int row2, int key)
     }
     std::vector<CellRow> sorted(order.size());
     std::ranges::transform(order, sorted.begin(), [before](size_t at) { return before[at]; });
-    moveKeptIndexes(first, order);
+    movePersistentIndexes(first, order);
     exchange(first, sorted, 1, columnCount(), Origin::Program);
     return true;
 }
 
 // order[i] is the former index, from row1 on, of the row that is now at index i.
-void SpreadModel::moveKeptIndexes(int row1, std::span<const size_t> order)
+void SpreadModel::movePersistentIndexes(int row1, std::span<const size_t> order)
 {
     std::vector<int> newRows(order.size());
     for (size_t at = 0; at < order.size(); ++at) {

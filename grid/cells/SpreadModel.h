@@ -110,8 +110,8 @@ private:
     QString boxName(int column, int row) const;
     bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
     void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
-    void tell(const TextChange &change) const;
-    void moveKeptIndexes(int row1, std::span<const size_t> order);
+    void notify(const TextChange &change) const;
+    void movePersistentIndexes(int row1, std::span<const size_t> order);
     void addRows(int count);
     void dropRows(int count);
     CellRow initialRow() const;
