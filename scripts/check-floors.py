@@ -12,10 +12,10 @@ FLOOR_OF_FOLDER = {
     "resources": 0, "runtime": 0,
     "storage": 1, "grid/cells": 1,
     "document": 2, "desktop": 2,
-    "grid/editors": 3, "help": 3,
+    "grid/editors": 3, "help": 3, "check": 3,
     "grid": 4,
     "print": 5, "app/services": 5,
-    "dialogs": 6,
+    "dialogs": 6, "tool": 6,
     "dialogs/print": 7,
     "editor": 8,
     "app": 9,
@@ -27,6 +27,8 @@ ONLY = {
     "storage": ("runtime/", "resources/OwnTexts"),
     "grid/cells": ("runtime/",),
     "document": ("runtime/", "storage/", "resources/OwnTexts", "resources/Texts"),
+    "check": ("runtime/", "storage/", "document/", "resources/OwnTexts"),
+    "tool": ("check/", "document/", "storage/", "runtime/", "resources/", "app/services/"),
     "desktop": ("runtime/", "resources/"),
     "help": ("desktop/", "runtime/"),
     "grid/editors": ("grid/cells/", "desktop/", "runtime/"),
@@ -34,7 +36,7 @@ ONLY = {
     "print": ("grid/", "desktop/", "runtime/"),
 }
 # The modules of Qt that a library may include
-MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_cells": ("QtCore", "QtGui")}
+MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_tool_parts": ("QtCore",), "tabrix_cells": ("QtCore", "QtGui")}
 # The rooms of document/ that may know the global tables; whatever is below this rim works on values.
 RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)

@@ -6,22 +6,6 @@
 
 namespace {
 
-/// One pass over the text, so that an argument that looks like a placeholder is not filled in turn.
-QString filled(QStringView text, const QStringList &arguments)
-{
-    QString result;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const int number = text[i] == u'%' && i + 1 < text.size() ? text[i + 1].digitValue() : -1;
-        if (number >= 1 && number <= arguments.size()) {
-            result += arguments[number - 1];
-            ++i;
-        } else {
-            result += text[i];
-        }
-    }
-    return result;
-}
-
 /// The text for a code; `std::nullopt` for a silent one.
 std::optional<OwnText> textOf(FailureCode code)
 {
@@ -69,10 +53,25 @@ std::optional<OwnText> textOf(FailureCode code)
 
 } // namespace
 
+QString filledText(QStringView text, const QStringList &arguments)
+{
+    QString result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const int number = text[i] == u'%' && i + 1 < text.size() ? text[i + 1].digitValue() : -1;
+        if (number >= 1 && number <= arguments.size()) {
+            result += arguments[number - 1];
+            ++i;
+        } else {
+            result += text[i];
+        }
+    }
+    return result;
+}
+
 QString ownText(OwnText id, const QStringList &arguments)
 {
     const OwnTextEntry &entry = ownTextEntries()[std::size_t(id)];
-    return filled(LanguageBase == JapaneseBase ? entry.japanese : entry.english, arguments);
+    return filledText(LanguageBase == JapaneseBase ? entry.japanese : entry.english, arguments);
 }
 
 QString failureText(const Failure &failure)

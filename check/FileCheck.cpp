@@ -1,0 +1,118 @@
+#include "check/FileCheck.h"
+
+#include "check/ContentCheck.h"
+#include "check/HeaderCheck.h"
+#include "check/MachineCheck.h"
+#include "check/ReadBackFindings.h"
+#include "check/RowSaveCheck.h"
+#include "check/SavedForm.h"
+#include "document/FuncCodeText.h"
+#include "document/PrFileCodec.h"
+#include "runtime/AnsiText.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void addReadFindings(const ReadFindings &read, Findings &findings)
+{
+    const QStringList counts = {QString::number(read.rowsAnnounced), QString::number(read.rowsFound)};
+    if (read.rowsFound < read.rowsAnnounced) {
+        findings.append({CheckId::RowsMissing, {}, u"Paramater"_s, counts});
+    } else if (read.rowsFound > read.rowsAnnounced) {
+        findings.append({CheckId::RowBeyondCount, {.row = read.rowsFound}, u"Paramater"_s, counts});
+    }
+    if (read.cutRow != 0) {
+        findings.append({CheckId::LastFieldOpen, {.row = read.cutRow}});
+    }
+}
+
+/// Whether a save would change the bytes, and nothing that was found says so.
+bool isUnexplained(const Findings &findings)
+{
+    return std::ranges::none_of(findings, [](const Finding &finding) {
+        return checkInfo(finding.id).severity == Severity::Error || finding.id == CheckId::LineDropped
+            || finding.id == CheckId::SpelledOtherwise || finding.id == CheckId::LastFieldOpen;
+    });
+}
+
+/// The bytes that a save would write. A capacity without its current, which would end the file, gets an empty one.
+EncodedPrFile encodedWhole(Document saved)
+{
+    QStringList &currents = saved.machine.ICapacity;
+    currents.resize(std::max(currents.size(), saved.machine.Capacity.size()));
+    return encodePrFile(saved);
+}
+
+/// found: the rows that are in the file.
+void addSaveFindings(const QByteArray &bytes, const Document &document, qsizetype found, Findings &findings)
+{
+    const auto saved = savedForm(document);
+    const EncodedPrFile written = saved ? encodedWhole(*saved) : EncodedPrFile();
+    if (!saved || !written.isWritable() || written.bytes == bytes) {
+        return;
+    }
+    const AnsiCodePage &page = AnsiCodePage::page(document.codePage);
+    if (!document.machine.Name.isEmpty()) {
+        findings += checkHeader(bytes, written.bytes, page);
+    }
+    const QList<PrRecord> rows = document.rows.first(found);
+    findings +=
+        checkSavedRows({.bytes = bytes, .rows = rows}, {.bytes = written.bytes, .rows = saved->rows}, page, findings);
+    if (isUnexplained(findings)) {
+        findings.append({CheckId::LayoutDiffers});
+    }
+}
+
+} // namespace
+
+Finding readFailureFinding(const Failure &failure)
+{
+    const FilePosition at = failure.position.value_or(FilePosition{});
+    const QStringList where = {QString::number(at.field), QString::number(at.offset)};
+    const CellPosition place{.row = at.row, .column = 0};
+    switch (failure.code) {
+    case FailureCode::NoParameterSection:
+        return {CheckId::NoParameterSection};
+    case FailureCode::InputPastEnd:
+        return {CheckId::FileEndsInRow, place, {}, where};
+    case FailureCode::SubscriptOutOfRange:
+        if (at.row > 0) {
+            return {at.field == 0 ? CheckId::TooManyRows : CheckId::NegativeCount, place, {}, where};
+        }
+        return {CheckId::NegativeCount, {}, u"Paramater"_s, where};
+    default:
+        return at.row > 0 ? Finding{CheckId::NumberTooLarge, place, {}, where}
+                          : Finding{CheckId::CountNotANumber, {}, u"Paramater"_s, where};
+    }
+}
+
+Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
+{
+    DecodedPrFile decoded = decodePrFile(bytes, page);
+    Document &document = decoded.document;
+    Findings findings;
+    if (document.machine.Name.isEmpty()) {
+        findings.append({CheckId::NoModelName, {}, u"Name"_s});
+    }
+    if (!decoded.outcome) {
+        findings.append(readFailureFinding(decoded.outcome.failure()));
+        return findings;
+    }
+    addReadFindings(*decoded.findings, findings);
+    document.rows.resize(document.machine.Paramater);
+    const qsizetype found = std::min<qsizetype>(decoded.findings->rowsFound, document.rows.size());
+    for (const Finding &finding : checkReadBack(document)) {
+        if (finding.id != CheckId::NoModelName) {
+            findings.append(finding);
+        }
+    }
+    findings += checkMachine(document.machine);
+    findings += checkContent(document.rows.first(found), functionLabels(fileName), page.number());
+    addSaveFindings(bytes, document, found, findings);
+    std::ranges::stable_sort(
+        findings, {}, [](const Finding &finding) { return std::pair(finding.place.row, finding.place.column); });
+    return findings;
+}

@@ -1,0 +1,286 @@
+#include "check/RowSaveCheck.h"
+
+#include "check/SettingIntervals.h"
+#include "document/FieldReader.h"
+#include "document/FieldText.h"
+#include "document/ParameterColumns.h"
+#include "document/PrCondText.h"
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+
+#include <QSet>
+
+#include <algorithm>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Cell = std::pair<int, int>; ///< row and column
+
+/// The bytes of one row's fields, as they are in the file, without separators.
+struct RawRow
+{
+    QByteArrayView conditionCount;
+    std::array<QByteArrayView, fileTexts.size()> texts;
+    QByteArrayView rangeCount;
+    QByteArray ranges; ///< the bounds, joined with commas
+    QByteArray conditions; ///< likewise
+
+    bool operator==(const RawRow &) const = default;
+};
+
+QByteArrayView trimmed(QByteArrayView bytes)
+{
+    const auto isSpace = [](char byte) { return byte == ' ' || byte == '\t' || byte == '\r' || byte == '\n'; };
+    while (!bytes.isEmpty() && isSpace(bytes.back())) {
+        bytes.chop(1);
+    }
+    if (bytes.endsWith(',')) {
+        bytes.chop(1);
+    }
+    while (!bytes.isEmpty() && isSpace(bytes.back())) {
+        bytes.chop(1);
+    }
+    while (!bytes.isEmpty() && isSpace(bytes.front())) {
+        bytes = bytes.sliced(1);
+    }
+    return bytes;
+}
+
+/// Takes a file's rows apart, by the reader that reads them.
+class RawRows
+{
+public:
+    RawRows(QByteArrayView bytes, const AnsiCodePage &page) : m_bytes(bytes), m_in(bytes, page)
+    {
+        m_in.passLine("[Paramater]");
+    }
+
+    /// The next row, which is there.
+    RawRow next();
+
+private:
+    QByteArrayView field() const { return trimmed(m_bytes.sliced(m_in.fieldAt(), m_in.position() - m_in.fieldAt())); }
+    void append(QByteArray &list) const { list += (list.isNull() ? "" : ",") + field().toByteArray(); }
+    void readCondition(QByteArray &list);
+
+    QByteArrayView m_bytes;
+    FieldReader m_in;
+};
+
+RawRow RawRows::next()
+{
+    RawRow row;
+    m_in.beginRow();
+    const int conditions = m_in.int16();
+    row.conditionCount = field();
+    for (QByteArrayView &text : row.texts) {
+        m_in.text();
+        text = field();
+    }
+    const int ranges = m_in.int16();
+    row.rangeCount = field();
+    for (int i = 0; i < 2 * ranges && !m_in.hasFailed(); ++i) {
+        m_in.single();
+        append(row.ranges);
+    }
+    for (int i = 0; i < conditions && !m_in.hasFailed(); ++i) {
+        readCondition(row.conditions);
+    }
+    return row;
+}
+
+void RawRows::readCondition(QByteArray &list)
+{
+    m_in.text();
+    append(list);
+    const quint8 kind = m_in.byte();
+    append(list);
+    m_in.text();
+    append(list);
+    if ((kind & PrCondition::HasRange) != 0) {
+        m_in.text();
+        append(list);
+    }
+}
+
+bool isSameNumber(const QString &left, const QString &right)
+{
+    const auto value = numericValue(left);
+    return value && value == numericValue(right);
+}
+
+/// Whether the field means the same as what is saved for it.
+bool isSameValue(const ColumnInfo &column, const QString &read, const QString &saved)
+{
+    if (column.column == ParameterColumn::FuncCode) {
+        constexpr int bits = 0x10000;
+        const auto value = numericValue(read);
+        const auto savedValue = numericValue(saved);
+        return value && savedValue && (*value == *savedValue || *value - bits == *savedValue);
+    }
+    return read == saved || (!column.isAsTyped && isSameNumber(read, saved));
+}
+
+/// Whether both say the same ranges: what is above no bound may be written in several ways.
+bool isSameRanges(const PrRecord &read, const PrRecord &saved)
+{
+    return read.ranges.size() == saved.ranges.size() && settingIntervals(read.ranges) == settingIntervals(saved.ranges);
+}
+
+/// Whether the lists differ in the last digits of bounds alone.
+bool isRounded(const QList<SettingRange> &read, const QList<SettingRange> &saved)
+{
+    const auto isNear = [](float left, float right) {
+        constexpr double tolerance = 1e-5;
+        return std::abs(double(left) - double(right)) <= tolerance * std::abs(double(left));
+    };
+    return std::ranges::equal(read, saved, [isNear](const SettingRange &left, const SettingRange &right) {
+        return isNear(left.lower, right.lower) && isNear(left.upper, right.upper);
+    });
+}
+
+/// Whether a bound has digits that a single does not hold: what is written is another number.
+bool losesDigits(const QByteArray &read, const QByteArray &saved)
+{
+    const QList<QByteArray> before = read.split(',');
+    const QList<QByteArray> after = saved.split(',');
+    return before.size() == after.size()
+        && !std::equal(
+            before.begin(), before.end(), after.begin(), [](const QByteArray &left, const QByteArray &right) {
+                return leadingNumber(QByteArrayView(left)) == leadingNumber(QByteArrayView(right));
+            });
+}
+
+QList<PrCondition> inTextOrder(QList<PrCondition> conditions)
+{
+    for (PrCondition &condition : conditions) {
+        if ((condition.kind & PrCondition::HasRange) != 0 && condition.value2 < condition.value1) {
+            condition.value1.swap(condition.value2);
+        }
+    }
+    return conditions;
+}
+
+/// Compares the rows of a file with what a save would write.
+class RowSaveCheck
+{
+public:
+    RowSaveCheck(const AnsiCodePage &page, const Findings &known);
+
+    void check(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
+    Findings findings;
+
+private:
+    void checkTexts(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
+    void checkRanges(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
+    void checkConditions(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
+    void checkSpelling(int column, QByteArrayView raw, QByteArrayView written);
+    void add(CheckId id, int column, const QString &before, const QString &after);
+    bool hasError(int column) const { return m_errors.contains({m_row, column}); }
+
+    const AnsiCodePage &m_page;
+    QSet<Cell> m_errors;
+    int m_row = 0;
+    QString m_number;
+};
+
+RowSaveCheck::RowSaveCheck(const AnsiCodePage &page, const Findings &known) : m_page(page)
+{
+    for (const Finding &finding : known) {
+        if (checkInfo(finding.id).severity == Severity::Error) {
+            m_errors.insert({finding.place.row, finding.place.column});
+        }
+    }
+}
+
+void RowSaveCheck::check(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
+{
+    ++m_row;
+    if (raw == written) {
+        return;
+    }
+    m_number = read.number;
+    checkTexts(read, saved, raw, written);
+    checkRanges(read, saved, raw, written);
+    checkConditions(read, saved, raw, written);
+}
+
+void RowSaveCheck::checkTexts(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
+{
+    for (const ColumnInfo &column : parameterColumns) {
+        if (column.field == nullptr || hasError(column.column)) {
+            continue;
+        }
+        const QString &before = read.*column.field;
+        const QString &after = saved.*column.field;
+        if (!isSameValue(column, before, after)) {
+            add(CheckId::ValueChanged, column.column, before, after);
+        } else {
+            checkSpelling(column.column, raw.texts.at(column.fileField - 1), written.texts.at(column.fileField - 1));
+        }
+    }
+}
+
+void RowSaveCheck::checkRanges(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
+{
+    constexpr int column = ParameterColumn::SettingRange;
+    if (hasError(column)) {
+        return;
+    }
+    const bool isSame = isSameRanges(read, saved);
+    if (isSame ? losesDigits(raw.ranges, written.ranges) && isRounded(read.ranges, saved.ranges)
+               : isRounded(read.ranges, saved.ranges)) {
+        findings.append(
+            {CheckId::BoundDigits, {.row = m_row, .column = column}, m_number, {m_page.decode(raw.ranges)}});
+    } else if (!isSame) {
+        add(CheckId::RangeChanged, column, m_page.decode(raw.ranges), m_page.decode(written.ranges));
+    } else {
+        checkSpelling(column, raw.ranges, written.ranges);
+        checkSpelling(column, raw.rangeCount, written.rangeCount);
+    }
+}
+
+void RowSaveCheck::checkConditions(
+    const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
+{
+    constexpr int column = ParameterColumn::Condition;
+    if (hasError(column)) {
+        return;
+    }
+    if (inTextOrder(read.conditions) != inTextOrder(saved.conditions)) {
+        add(CheckId::ConditionsChanged, column, conditionText(read), conditionText(saved));
+    } else {
+        checkSpelling(column, raw.conditions, written.conditions);
+        checkSpelling(ParameterColumn::ConditionCount, raw.conditionCount, written.conditionCount);
+    }
+}
+
+void RowSaveCheck::checkSpelling(int column, QByteArrayView raw, QByteArrayView written)
+{
+    if (raw != written) {
+        add(CheckId::SpelledOtherwise, column, m_page.decode(raw), m_page.decode(written));
+    }
+}
+
+void RowSaveCheck::add(CheckId id, int column, const QString &before, const QString &after)
+{
+    findings.append({id, {.row = m_row, .column = column}, m_number, {before, after}});
+}
+
+} // namespace
+
+Findings checkSavedRows(
+    const RowsOfFile &original, const RowsOfFile &saved, const AnsiCodePage &page, const Findings &known)
+{
+    RawRows raw(original.bytes, page);
+    RawRows written(saved.bytes, page);
+    RowSaveCheck check(page, known);
+    for (qsizetype i = 0; i < original.rows.size() && i < saved.rows.size(); ++i) {
+        const RawRow row = raw.next();
+        check.check(original.rows[i], saved.rows[i], row, written.next());
+    }
+    return std::move(check.findings);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "check/Finding.h"
+#include "document/PrRecord.h"
+
+#include <QByteArrayView>
+#include <QList>
+
+class AnsiCodePage;
+
+/// A file's bytes and the rows that are read from them.
+struct RowsOfFile
+{
+    QByteArrayView bytes;
+    const QList<PrRecord> &rows;
+};
+
+/// What an open and a save would change in the rows: in each cell that has no error already. known: what was found so
+/// far.
+Findings checkSavedRows(
+    const RowsOfFile &original, const RowsOfFile &saved, const AnsiCodePage &page, const Findings &known);
