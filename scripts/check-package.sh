@@ -35,6 +35,7 @@ update-desktop-database "$root/usr/share/applications"
 
 export HOME=$work/home XDG_DATA_DIRS=$root/usr/share XDG_CONFIG_HOME=$work/home/.config PATH=$root/usr/bin:$PATH
 mkdir -p "$HOME"
+tabrix-tool check --severity error examples/three-rows.inv || fail "the command-line tool does not check a sample"
 for name in a.inv 'with space.INE'; do
     cp examples/three-rows.inv "$HOME/$name"
     kind=$(gio info -a standard::content-type "$HOME/$name" | sed -n 's/.*content-type: //p')

@@ -5,8 +5,8 @@
 
 #include <QStringList>
 
-/// text with the arguments in place of %1, %2 ...: they are shown as they are, whatever is in them. A placeholder without
-/// an argument stays.
+/// text with the arguments in place of %1, %2 ...: they are shown as they are, whatever is in them. A placeholder
+/// without an argument stays.
 QString filledText(QStringView text, const QStringList &arguments);
 
 /// The program's own text in the language chosen (LanguageBase); arguments fill %1, %2 ... and are shown as they are,

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QStringList>
+
+#include <optional>
+
+/// Records of fields as CSV after RFC 4180, in UTF-8 with CR LF.
+QByteArray csvOf(const QList<QStringList> &records);
+
+/// A record and the line, from 1, that it begins in.
+struct CsvRecord
+{
+    QStringList fields;
+    int line = 0;
+};
+
+/// The records of a CSV text, or why it is none: a sentence that names line and column. A byte-order mark and lone line
+/// feeds are accepted.
+struct CsvInput
+{
+    QList<CsvRecord> records;
+    std::optional<QString> failure;
+};
+CsvInput readCsv(const QByteArray &bytes);

@@ -1,0 +1,132 @@
+#include "tool/DiffCommand.h"
+
+#include "runtime/FileName.h"
+#include "tool/DiffJson.h"
+#include "tool/DiffReport.h"
+#include "tool/EntryTexts.h"
+#include "tool/Files.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The file names of a comparison, and how they are to be called.
+struct Pair
+{
+    QString before;
+    QString after;
+    DiffNames names;
+};
+
+/// git gives the path, then file, hash and mode of either side; of an unmerged path nothing but its name.
+std::optional<Pair> pairOf(const QStringList &arguments, bool isFromGit)
+{
+    constexpr qsizetype oldFile = 1;
+    constexpr qsizetype newFile = 4;
+    if (!isFromGit) {
+        return arguments.size() != 2 ? std::nullopt
+                                     : std::optional(Pair{arguments[0], arguments[1],
+                                         {shownFileName(arguments[0]), shownFileName(arguments[1])}});
+    }
+    if (arguments.size() <= newFile) {
+        return std::nullopt;
+    }
+    const QString path = shownFileName(arguments[0]);
+    return Pair{arguments[oldFile], arguments[newFile], {u"a/"_s + path, u"b/"_s + path}};
+}
+
+QStringList fieldNames()
+{
+    QStringList names;
+    for (const SheetPartInfo &part : sheetParts()) {
+        for (const SheetField &field : part.fields) {
+            names << field.name;
+        }
+    }
+    return names;
+}
+
+InputDocument documentIn(const QString &fileName, const Session &session)
+{
+    return decodeInput(readInput(fileName), session.codePage);
+}
+
+QByteArray reportOf(const SheetDiff &diff, const DiffNames &names, const QString &format, bool isSummary)
+{
+    if (isSummary) {
+        return (countsText(countsOf(diff)) + u'\n').toUtf8();
+    }
+    if (format == "json"_L1) {
+        return diffAsJson(diff, names);
+    }
+    return format == "html"_L1 ? diffAsHtml(diff, names) : diffAsText(diff, names);
+}
+
+/// git would end at a failure of its external diff, so that it gets the reason in place of the differences.
+bool sayFailure(const InputDocument &document, const QString &name, bool isFromGit, Session &session)
+{
+    if (document.failure && isFromGit) {
+        session.out.put(toolText(ToolText::CannotRead, {name, *document.failure}) + u'\n');
+    } else if (document.failure) {
+        session.say(ToolText::CannotRead, {name, *document.failure});
+    }
+    return document.failure.has_value();
+}
+
+int compare(const Pair &pair, const DiffOptions &options, const QCommandLineParser &parser, Session &session)
+{
+    const InputDocument before = documentIn(pair.before, session);
+    const InputDocument after = documentIn(pair.after, session);
+    const bool isFromGit = parser.isSet(u"git"_s);
+    const bool hasFailed = sayFailure(before, pair.names.before, isFromGit, session);
+    if (sayFailure(after, pair.names.after, isFromGit, session) || hasFailed) {
+        return isFromGit ? Fine : Failed;
+    }
+    const SheetDiff diff = diffSheets(sheetOf(before.document), sheetOf(after.document), options);
+    if (!session.isQuiet) {
+        const QByteArray report = reportOf(diff, pair.names, parser.value(u"format"_s), parser.isSet(u"summary"_s));
+        if (const int status = deliver(parser, session, report); status != Fine) {
+            return status;
+        }
+    }
+    return diff.isEmpty() || isFromGit ? Fine : Found;
+}
+
+int sayNoPair(const QCommandLineParser &parser, Session &session)
+{
+    if (!parser.isSet(u"git"_s)) {
+        session.say(ToolText::DiffTwoFiles);
+        return Failed;
+    }
+    session.out.put(toolText(ToolText::DiffUnmerged, {shownFileName(parser.positionalArguments().first())}) + u'\n');
+    return Fine;
+}
+
+int runDiff(const QCommandLineParser &parser, Session &session)
+{
+    const auto format = chosenValue(parser, u"format"_s, {u"text"_s, u"json"_s, u"html"_s}, session);
+    const auto fields = chosenList(parser, u"fields"_s, fieldNames(), session);
+    if (!format || !fields) {
+        return Failed;
+    }
+    const auto pair = pairOf(parser.positionalArguments(), parser.isSet(u"git"_s));
+    if (!pair) {
+        return sayNoPair(parser, session);
+    }
+    return compare(*pair, {.isExact = parser.isSet(u"exact"_s), .fields = *fields}, parser, session);
+}
+
+void addDiffOptions(QCommandLineParser &parser)
+{
+    addValueOption(parser, u"format"_s, ToolText::DiffFormatOption, u"FORMAT"_s, u"text"_s);
+    addValueOption(parser, u"fields"_s, ToolText::DiffFieldsOption, u"FIELDS"_s);
+    addSwitch(parser, u"summary"_s, ToolText::DiffSummaryOption);
+    addSwitch(parser, u"exact"_s, ToolText::DiffExactOption);
+    addSwitch(parser, u"git"_s, ToolText::DiffGitOption);
+    addOutputOption(parser);
+}
+
+} // namespace
+
+const Command diffCommand{
+    "diff"_L1, ToolText::DiffSummary, ToolText::DiffArguments, "OLD NEW"_L1, 1, manyFiles, addDiffOptions, runDiff};

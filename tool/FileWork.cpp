@@ -1,0 +1,91 @@
+#include "tool/FileWork.h"
+
+#include "runtime/AnsiText.h"
+#include "runtime/FileName.h"
+
+#include <QMutex>
+#include <QThreadPool>
+#include <QWaitCondition>
+
+#include <algorithm>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+FileResult resultOf(const QString &name, const FileWork &work)
+{
+    const InputFile input = readInput(name);
+    if (input.failure) {
+        return {{}, {toolText(ToolText::CannotRead, {shownFileName(name), *input.failure})}, Failed};
+    }
+    return work(input);
+}
+
+/// The code pages' tables are made on first use, by one thread only.
+void makeCodePages()
+{
+    for (const int number : {932, 1252}) {
+        AnsiCodePage::page(number).decode("\x80");
+    }
+}
+
+/// The results of files that are worked on by several threads.
+class Results
+{
+public:
+    explicit Results(qsizetype count) : m_results(std::size_t(count)) { }
+
+    void put(std::size_t index, FileResult result)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_results[index] = std::move(result);
+        m_changed.wakeAll();
+    }
+    FileResult take(std::size_t index)
+    {
+        const QMutexLocker lock(&m_mutex);
+        while (!m_results[index]) {
+            m_changed.wait(&m_mutex);
+        }
+        return std::move(*m_results[index]);
+    }
+
+private:
+    QMutex m_mutex;
+    QWaitCondition m_changed;
+    std::vector<std::optional<FileResult>> m_results;
+};
+
+} // namespace
+
+int workOnFiles(const QStringList &names, const FileWork &work, Session &session, QByteArrayView separator)
+{
+    Results results(names.size());
+    QThreadPool pool;
+    if (names.size() > 1) {
+        makeCodePages();
+        for (qsizetype i = 0; i < names.size(); ++i) {
+            pool.start([&results, &names, &work, i] { results.put(std::size_t(i), resultOf(names[i], work)); });
+        }
+    }
+    int status = Fine;
+    bool isFirst = true;
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        const FileResult result = names.size() > 1 ? results.take(std::size_t(i)) : resultOf(names[i], work);
+        if (!result.output.isEmpty()) {
+            session.out.put(isFirst ? QByteArrayView() : separator);
+            session.out.put(result.output);
+            isFirst = false;
+        }
+        if (!result.messages.isEmpty()) {
+            session.out.flush(); // so that both streams stay in the order of the files where they meet
+        }
+        for (const QString &message : result.messages) {
+            session.say(message);
+        }
+        status = std::max(status, result.status);
+    }
+    return status;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "tool/Files.h"
+#include "tool/Session.h"
+
+#include <functional>
+
+/// What working on one file came to.
+struct FileResult
+{
+    QByteArray output; ///< for standard output
+    QStringList messages = {}; ///< for standard error
+    int status = Fine;
+};
+
+using FileWork = std::function<FileResult(const InputFile &input)>;
+
+/// Reads the files and works on them side by side; what they came to is written in their order, with separator between
+/// two outputs. A file that cannot be read is named and does not stop the others. Returns the highest status.
+int workOnFiles(const QStringList &names, const FileWork &work, Session &session, QByteArrayView separator = {});

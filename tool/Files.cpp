@@ -1,0 +1,130 @@
+#include "tool/Files.h"
+
+#include "app/services/Messages.h"
+#include "check/FileCheck.h"
+#include "document/PrFileCodec.h"
+#include "runtime/AnsiText.h"
+#include "runtime/FileName.h"
+#include "runtime/WholeFile.h"
+#include "tool/ToolTexts.h"
+#include "tool/Wording.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// From what cannot be measured first: a pipe, a device, standard input.
+void readStream(QFile &file, InputFile &input)
+{
+    constexpr qint64 step = 65536;
+    constexpr qint64 megabyte = 1024 * 1024;
+    while (!file.atEnd() || file.isSequential()) {
+        const QByteArray piece = file.read(step);
+        if (piece.isEmpty()) {
+            break;
+        }
+        input.bytes += piece;
+        if (input.bytes.size() > largestFile) {
+            input.failure = failureText({FailureCode::FileTooLarge, {QString::number(largestFile / megabyte)}});
+            return;
+        }
+    }
+    if (file.error() != QFile::NoError) {
+        input.failure = file.errorString();
+    }
+}
+
+void readPipe(InputFile &input)
+{
+    QFile file(input.name);
+    if (file.open(QFile::ReadOnly | QFile::Unbuffered)) {
+        readStream(file, input);
+    } else {
+        input.failure = file.errorString();
+    }
+}
+
+} // namespace
+
+InputFile readInput(const QString &name)
+{
+    InputFile input{name, {}, {}};
+    if (name == "-"_L1) {
+        QFile file;
+        if (file.open(stdin, QFile::ReadOnly | QFile::Unbuffered)) {
+            readStream(file, input);
+        }
+        return input;
+    }
+    Result<QByteArray> bytes = readWholeFile(name);
+    if (bytes) {
+        input.bytes = *std::move(bytes);
+    } else if (bytes.failure().code == FailureCode::NotAFile) {
+        readPipe(input);
+    } else {
+        input.failure = failureText(bytes.failure());
+    }
+    return input;
+}
+
+const AnsiCodePage &pageOfInput(const QByteArray &bytes, std::optional<int> chosen)
+{
+    constexpr int japanese = 932;
+    constexpr int western = 1252;
+    const int preferred = isJapanese() ? japanese : western;
+    return chosen ? AnsiCodePage::page(*chosen) : pageOfBytes(bytes, AnsiCodePage::page(preferred));
+}
+
+InputDocument decodeInput(const InputFile &input, std::optional<int> codePage)
+{
+    InputDocument result;
+    if (input.failure) {
+        result.failure = input.failure;
+        return result;
+    }
+    const AnsiCodePage &page = pageOfInput(input.bytes, codePage);
+    if (input.bytes.isEmpty()) {
+        result.document.codePage = page.number();
+        return result;
+    }
+    DecodedPrFile decoded = decodePrFile(input.bytes, page);
+    if (!decoded.outcome) {
+        const Finding finding = readFailureFinding(decoded.outcome.failure());
+        result.failure = finding.place.row > 0
+            ? toolText(ToolText::InRow, {QString::number(finding.place.row), messageOf(finding)})
+            : messageOf(finding);
+        return result;
+    }
+    result.document = std::move(decoded.document);
+    result.document.rows.resize(result.document.machine.Paramater);
+    return result;
+}
+
+OutputBytes encodeOutput(const Document &document)
+{
+    Document counted = document;
+    counted.machine.Paramater = qint16(document.rows.size());
+    const EncodedPrFile encoded = encodePrFile(counted);
+    if (!encoded.outcome) {
+        return {{}, failureText(encoded.outcome.failure())};
+    }
+    return {encoded.bytes, {}};
+}
+
+std::optional<QString> writeOutput(const QString &fileName, const QByteArray &bytes)
+{
+    if (QFile::encodeName(fileName) != fileNameBytes(fileName)) { // a name that only the system's own calls can take
+        const Result<> written = writeWholeFile(fileName, bytes);
+        return written ? std::nullopt : std::optional(failureText(written.failure()));
+    }
+    QSaveFile file(fileName);
+    if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        return file.errorString();
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,111 @@
+#include "tool/ShowCommand.h"
+
+#include "document/MachineInfoText.h"
+#include "document/ParameterColumn.h"
+#include "document/RecordTexts.h"
+#include "runtime/FileName.h"
+#include "tool/FileWork.h"
+#include "tool/TextWidth.h"
+#include "tool/Wording.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Table = QList<QStringList>;
+
+/// Control characters would move the terminal's cursor.
+QString printable(QString text)
+{
+    for (QChar &character : text) {
+        if (character.category() == QChar::Other_Control) {
+            character = u' ';
+        }
+    }
+    return text;
+}
+
+/// The cells side by side in columns as wide as their widest text.
+QString aligned(const Table &table)
+{
+    constexpr auto gap = "  "_L1;
+    QList<int> widths;
+    for (const QStringList &row : table) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (qsizetype i = 0; i < row.size(); ++i) {
+            widths[i] = std::max(widths[i], textWidth(row[i]));
+        }
+    }
+    QString text;
+    for (const QStringList &row : table) {
+        QString line;
+        for (qsizetype i = 0; i < row.size(); ++i) {
+            line += (i == 0 ? ""_L1 : gap) + paddedText(row[i], widths[i]);
+        }
+        while (line.endsWith(u' ')) {
+            line.chop(1);
+        }
+        text += line + u'\n';
+    }
+    return text;
+}
+
+QStringList rowOf(const PrRecord &record)
+{
+    const RecordTexts texts(record);
+    QStringList row;
+    for (const QStringView cell : texts.cells()) {
+        row << printable(cell.toString());
+    }
+    return row;
+}
+
+Table machineTable(const MachineInfo &machine)
+{
+    Table table = {{u"Name"_s, printable(machine.Name)}, {u"TypeCode"_s, printable(machine.TypeCode)},
+        {u"VCapacity"_s, printable(machine.VCapacity)}, {u"Code"_s, printable(machine.Code)},
+        {u"Option"_s, printable(optionText(machine.Option))},
+        {u"SoftWareVersion"_s, printable(machine.SoftWareVersion)}};
+    for (qsizetype i = 0; i < machine.Capacity.size(); ++i) {
+        table.append({u"Capacity"_s + QString::number(i),
+            printable(machine.Capacity[i] + u" kW, "_s + machine.ICapacity.value(i) + u" A"_s)});
+    }
+    return table;
+}
+
+QByteArray shown(const InputFile &input, const Document &document)
+{
+    Table rows;
+    QStringList captions;
+    for (int column = 1; column <= ParameterColumn::Count; ++column) {
+        captions << columnCaption(column);
+    }
+    rows.append(captions);
+    std::ranges::transform(document.rows, std::back_inserter(rows), rowOf);
+    const QString text =
+        shownFileName(input.name) + u"\n\n"_s + aligned(machineTable(document.machine)) + u'\n' + aligned(rows);
+    return text.toUtf8();
+}
+
+int runShow(const QCommandLineParser &parser, Session &session)
+{
+    const auto work = [&session](const InputFile &input) -> FileResult {
+        const InputDocument decoded = decodeInput(input, session.codePage);
+        if (decoded.failure) {
+            return {{}, {toolText(ToolText::CannotRead, {shownFileName(input.name), *decoded.failure})}, Failed};
+        }
+        return {shown(input, decoded.document)};
+    };
+    return workOnFiles(parser.positionalArguments(), work, session, "\n");
+}
+
+void addShowOptions(QCommandLineParser &)
+{
+}
+
+} // namespace
+
+const Command showCommand{
+    "show"_L1, ToolText::ShowSummary, ToolText::ArgumentFiles, "FILE..."_L1, 1, manyFiles, addShowOptions, runShow};

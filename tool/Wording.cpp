@@ -1,0 +1,52 @@
+#include "tool/Wording.h"
+
+#include "app/services/Language.h"
+#include "app/services/Messages.h"
+#include "check/CheckTexts.h"
+#include "document/ParameterColumns.h"
+#include "tool/SheetFields.h"
+#include "tool/ToolTexts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+CheckLanguage checkLanguage()
+{
+    return isJapanese() ? CheckLanguage::Japanese : CheckLanguage::English;
+}
+
+QString severityCaption(Severity severity)
+{
+    constexpr ToolText captions[] = {ToolText::SeverityNote, ToolText::SeverityWarning, ToolText::SeverityError};
+    return toolText(captions[std::size_t(severity)]);
+}
+
+} // namespace
+
+QString columnCaption(int column)
+{
+    return ResString(parameterColumns.at(std::size_t(column - 1)).heading);
+}
+
+QString messageOf(const Finding &finding)
+{
+    const QString caption =
+        finding.place.column > 0 ? columnCaption(finding.place.column) : toolText(ToolText::MachineInformation);
+    return filledText(
+        checkText(finding.id, checkLanguage()).message, QStringList{finding.name, caption} + finding.arguments);
+}
+
+QString explanationOf(CheckId id)
+{
+    const CheckInfo &info = checkInfo(id);
+    const CheckText &text = checkText(id, checkLanguage());
+    return toolText(ToolText::Explanation,
+        {info.name, severityCaption(info.severity), text.explanation.toString(), text.example.toString(),
+            text.remedy.toString()});
+}
+
+QString fieldNameOf(const Finding &finding)
+{
+    return finding.place.column > 0 ? QString(fieldNameOfColumn(finding.place.column)) : finding.name;
+}

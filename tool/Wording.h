@@ -1,0 +1,17 @@
+#pragma once
+
+#include "check/Finding.h"
+
+#include <QString>
+
+/// The caption of a column of the parameter grid, from 1, in the interface's language.
+QString columnCaption(int column);
+
+/// The sentence that a finding is, in the interface's language.
+QString messageOf(const Finding &finding);
+
+/// Everything that is documented about a check, in the interface's language.
+QString explanationOf(CheckId id);
+
+/// The field that the finding is about, as JSON names it; empty for a row or a file as a whole.
+QString fieldNameOf(const Finding &finding);
