@@ -41,14 +41,14 @@ struct Command
 {
     const char *name;
     GridBlock selected;
-    void (frmPrFile::*run)();
+    void (*run)(GridCommands &grid);
 };
 
 constexpr Command commands[] = {
-    {"Add line", firstCell, &frmPrFile::addLine},
-    {"Delete of 1,000 rows", firstRows, &frmPrFile::deleteLines},
-    {"Paste of 1,000 rows", firstCell, &frmPrFile::paste},
-    {"Add-paste of 1,000 rows", firstCell, &frmPrFile::addPaste},
+    {"Add line", firstCell, [](GridCommands &grid) { grid.addLines(); }},
+    {"Delete of 1,000 rows", firstRows, [](GridCommands &grid) { grid.deleteLines(); }},
+    {"Paste of 1,000 rows", firstCell, [](GridCommands &grid) { grid.paste(); }},
+    {"Add-paste of 1,000 rows", firstCell, [](GridCommands &grid) { grid.addPaste(); }},
 };
 
 /// The time of moving all rows by so many, as a command at the top of the table has to.
@@ -69,7 +69,7 @@ void addCommandRows(SpeedTable &table, Desk &desk)
             desk.grid().setRowCount(desk.rowCount() - blockRows); // the greatest number shall not be exceeded
             desk.grid().selectBlock(command.selected);
             QApplication::processEvents();
-            const double seconds = secondsOf([&] { (desk.editor().*command.run)(); });
+            const double seconds = secondsOf([&] { command.run(desk.editor().commands()); });
             withPaint.push_back(milliseconds * (seconds + secondsOf([] { QApplication::processEvents(); })));
             return milliseconds * seconds;
         };
