@@ -13,7 +13,7 @@ namespace {
 
 struct HeaderLine
 {
-    QByteArray text; ///< without blanks at its ends
+    QByteArray text; ///< without spaces at its ends
     int number = 0; ///< in the file, from 1
 
     bool isSection() const { return text.startsWith('['); }

@@ -13,7 +13,7 @@ namespace {
 using Keys = QList<EntryKey>;
 using KeySet = QSet<EntryKey>;
 
-/// What one side put into a gap: behind an entry that neither side moved; -1 is the beginning.
+/// What one side put into a gap: after an entry that neither side moved; -1 is the beginning.
 struct Side
 {
     Side(const Keys &base, const Keys &own);

@@ -45,5 +45,5 @@ Sheet sheetOf(const Document &document);
 /// The inverse of sheetOf(). A text of ranges or conditions that is not in their form gives the part of it that is.
 Document documentOf(const Sheet &sheet);
 
-/// Counts equal keys anew, from 1 in the order of the list.
+/// Renumbers equal keys, from 1 in the order of the list.
 void countOccurrences(QList<SheetEntry> &entries);

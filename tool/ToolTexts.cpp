@@ -97,7 +97,7 @@ constexpr ToolTextEntry entries[] = {
     {FormatInPlaceOption, u"Replace the files.", u"ファイルを置き換えます。"},
     {FormatCheckOption, u"Only list the files that would change.", u"変わるファイルの名前だけを出力します。"},
     {FormatForceOption, u"Also files that would lose data.", u"データが失われるファイルも対象にします。"},
-    {FormatWouldLose, u"%1 would lose data: %2 errors. See tabrix-tool check; --force formats it all the same.",
+    {FormatWouldLose, u"%1 would lose data (errors: %2). See tabrix-tool check; --force formats it all the same.",
         u"%1: データが失われます (エラー %2 件)。tabrix-tool check で確認してください。--force "
         u"を指定すると実行します。"},
     {FormatOneFile, u"Only one file can be written to standard output. Use --in-place or --check for more.",

@@ -232,7 +232,7 @@ TEST_F(ToolProcess, formatLosesNothingUnlessForced)
     put(u"lossy.inv"_s, lossy);
     const ToolRun refused = run({u"format"_s, u"--in-place"_s, u"lossy.inv"_s});
     EXPECT_EQ(refused.status, 2);
-    EXPECT_TRUE(refused.err.contains("lossy.inv would lose data: 1 errors")) << refused.err.constData();
+    EXPECT_TRUE(refused.err.contains("lossy.inv would lose data (errors: 1)")) << refused.err.constData();
     EXPECT_EQ(contentOf(u"lossy.inv"_s), lossy);
     EXPECT_EQ(run({u"format"_s, u"--in-place"_s, u"--force"_s, u"lossy.inv"_s}).status, 0);
     EXPECT_EQ(contentOf(u"lossy.inv"_s), QByteArray(lossy).replace(",40,30\r\n", ",40,0\r\n"));
