@@ -120,7 +120,7 @@ TEST_F(MinimisedFrame, savesTheDocumentThatIsMeantWithItsOwnRowsAndName)
     iconify();
     frmPrFile &meant = *frame().openEditors().at(1);
     ASSERT_EQ(meant.windowTitle(), first);
-    EXPECT_EQ(frame().save(meant, path(u"elsewhere.inv"_s)), SaveOutcome::Saved);
+    EXPECT_EQ(frame().documents().SavePrFile(meant, path(u"elsewhere.inv"_s)), SaveOutcome::Saved);
     EXPECT_EQ(readFile(path(u"elsewhere.inv"_s)), changed("first.inv", 2));
     EXPECT_EQ(meant.windowTitle(), path(u"elsewhere.inv"_s));
     EXPECT_EQ(frame().openEditors().at(2)->windowTitle(), second);
