@@ -29,7 +29,7 @@ bool isArray(const QString &text)
 
 QString rangesAsText(const QList<SettingRange> &ranges)
 {
-    const QString text = rangesToText({ranges.constData(), std::size_t(ranges.size())});
+    QString text = rangesToText({ranges.constData(), std::size_t(ranges.size())});
     const auto back = rangesFromText(text);
     if (back && *back == ranges) {
         return text;
@@ -43,7 +43,7 @@ QString rangesAsText(const QList<SettingRange> &ranges)
 
 QString conditionsAsText(const QList<PrCondition> &conditions)
 {
-    const QString text = conditionsToText({conditions.constData(), std::size_t(conditions.size())});
+    QString text = conditionsToText({conditions.constData(), std::size_t(conditions.size())});
     if (conditionsFromText(text) == conditions) {
         return text;
     }
@@ -60,7 +60,7 @@ QList<SettingRange> rangesOfText(const QString &text)
         return rangesFromText(text).valueOr({});
     }
     QList<SettingRange> ranges;
-    for (const QJsonValue &pair : arrayOf(text)) {
+    for (const QJsonValue pair : arrayOf(text)) {
         ranges.append({.upper = float(pair[1].toDouble()), .lower = float(pair[0].toDouble())});
     }
     return ranges;
@@ -72,7 +72,7 @@ QList<PrCondition> conditionsOfText(const QString &text)
         return conditionsFromText(text);
     }
     QList<PrCondition> conditions;
-    for (const QJsonValue &fields : arrayOf(text)) {
+    for (const QJsonValue fields : arrayOf(text)) {
         conditions.append(
             {fields[0].toString(), quint8(fields[1].toInt()), fields[2].toString(), fields[3].toString()});
     }

@@ -51,7 +51,7 @@ QList<SheetEntry> PartReader::read(const QJsonValue &list)
         fail(ToolText::JsonNotAnArray, m_part.name);
     }
     QList<SheetEntry> entries;
-    for (const QJsonValue &value : list.toArray()) {
+    for (const QJsonValue value : list.toArray()) {
         m_place = u"%1[%2]"_s.arg(m_part.name).arg(entries.size());
         entries.append(entry(value.toObject()));
     }
