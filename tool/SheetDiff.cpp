@@ -3,6 +3,7 @@
 #include "check/NumberKey.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
