@@ -1,5 +1,7 @@
 #include "tool/TextWidth.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <iterator>
 
