@@ -101,10 +101,11 @@ void PartDiff::addRemoved()
     const QSet<EntryKey> present(m_keysAfter.begin(), m_keysAfter.end());
     for (qsizetype i = 0; i < m_before.size(); ++i) {
         if (!present.contains(m_keysBefore[i])) {
-            m_changes.append({.kind = EntryChange::Kind::Removed,
+            const EntryChange removed{.kind = EntryChange::Kind::Removed,
                 .key = m_before[i].key,
                 .values = m_before[i].values,
-                .row = int(i + 1)});
+                .row = int(i + 1)};
+            m_changes.append(removed);
         }
     }
 }
