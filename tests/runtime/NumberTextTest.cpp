@@ -197,8 +197,8 @@ TEST(Int16FromHex, takesLeadingDigitsAsBits)
     EXPECT_EQ(hexToInt16(u"7FFF"), qint16(32767));
     EXPECT_EQ(hexToInt16(u"8000"), qint16(-32768));
     EXPECT_EQ(hexToInt16(u"FFFF"), qint16(-1));
-    EXPECT_EQ(hexToInt16(u"10000"), FailureCode::Overflow);
-    EXPECT_EQ(hexToInt16(u"FFFFFFFFFFFFFFFFFFFF"), FailureCode::Overflow);
+    EXPECT_EQ(hexToInt16(u"10000").failure().code, FailureCode::Overflow);
+    EXPECT_EQ(hexToInt16(u"FFFFFFFFFFFFFFFFFFFF").failure().code, FailureCode::Overflow);
 }
 
 TEST(BooleanText, isAWordOrANumber)
@@ -210,7 +210,7 @@ TEST(BooleanText, isAWordOrANumber)
         EXPECT_EQ(toBoolean(text), false) << text.toStdString();
     }
     for (const auto &text : {u""_s, u"yes"_s, u"Truely"_s}) {
-        EXPECT_EQ(toBoolean(text), FailureCode::TypeMismatch) << text.toStdString();
+        EXPECT_EQ(toBoolean(text).failure().code, FailureCode::TypeMismatch) << text.toStdString();
     }
 }
 
