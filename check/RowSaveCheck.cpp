@@ -5,6 +5,7 @@
 #include "document/FieldText.h"
 #include "document/ParameterColumns.h"
 #include "document/PrCondText.h"
+#include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
 
@@ -37,12 +38,6 @@ QByteArrayView trimmed(QByteArrayView bytes)
     while (!bytes.isEmpty() && isSpace(bytes.back())) {
         bytes.chop(1);
     }
-    if (bytes.endsWith(',')) {
-        bytes.chop(1);
-    }
-    while (!bytes.isEmpty() && isSpace(bytes.back())) {
-        bytes.chop(1);
-    }
     while (!bytes.isEmpty() && isSpace(bytes.front())) {
         bytes = bytes.sliced(1);
     }
@@ -53,57 +48,49 @@ QByteArrayView trimmed(QByteArrayView bytes)
 class RawRows
 {
 public:
-    RawRows(QByteArrayView bytes, const AnsiCodePage &page) : m_bytes(bytes), m_in(bytes, page)
+    RawRows(QByteArrayView bytes, const AnsiCodePage &page) : m_in(bytes, page)
     {
-        m_in.passLine("[Paramater]");
+        m_in.setTrace(&m_fields);
+        m_in.passLine(rowsLine);
     }
 
     /// The next row, which is there.
     RawRow next();
 
 private:
-    QByteArrayView field() const { return trimmed(m_bytes.sliced(m_in.fieldAt(), m_in.position() - m_in.fieldAt())); }
-    void append(QByteArray &list) const { list += (list.isNull() ? "" : ",") + field().toByteArray(); }
-    void readCondition(QByteArray &list);
+    QByteArrayView field(qsizetype index) const { return trimmed(m_fields.at(index).bytes); }
+    QByteArray joined(qsizetype begin, qsizetype end) const;
 
-    QByteArrayView m_bytes;
     FieldReader m_in;
+    QList<FileField> m_fields; ///< of the row read last
 };
 
 RawRow RawRows::next()
 {
-    RawRow row;
-    m_in.beginRow();
-    const int conditions = m_in.int16();
-    row.conditionCount = field();
-    for (QByteArrayView &text : row.texts) {
-        m_in.text();
-        text = field();
-    }
-    const int ranges = m_in.int16();
-    row.rangeCount = field();
-    for (int i = 0; i < 2 * ranges && !m_in.hasFailed(); ++i) {
-        m_in.single();
-        append(row.ranges);
-    }
-    for (int i = 0; i < conditions && !m_in.hasFailed(); ++i) {
-        readCondition(row.conditions);
+    constexpr qsizetype rangeCountAt = fileTexts.size() + 1;
+    constexpr qsizetype rangesAt = rangeCountAt + 1;
+    m_fields.clear();
+    PrRecord record;
+    readRecord(m_in, record);
+    const qsizetype conditionsAt = rangesAt + 2 * record.ranges.size();
+    RawRow row{.conditionCount = field(0),
+        .texts = {},
+        .rangeCount = field(rangeCountAt),
+        .ranges = joined(rangesAt, conditionsAt),
+        .conditions = joined(conditionsAt, m_fields.size())};
+    for (std::size_t i = 0; i < row.texts.size(); ++i) {
+        row.texts[i] = field(qsizetype(i + 1));
     }
     return row;
 }
 
-void RawRows::readCondition(QByteArray &list)
+QByteArray RawRows::joined(qsizetype begin, qsizetype end) const
 {
-    m_in.text();
-    append(list);
-    const quint8 kind = m_in.byte();
-    append(list);
-    m_in.text();
-    append(list);
-    if ((kind & PrCondition::HasRange) != 0) {
-        m_in.text();
-        append(list);
+    QByteArrayList parts;
+    for (qsizetype i = begin; i < end; ++i) {
+        parts << field(i).toByteArray();
     }
+    return parts.join(',');
 }
 
 bool isSameNumber(const QString &left, const QString &right)

@@ -49,7 +49,6 @@ public:
     void beginRow();
     /// Records a failure that the caller found, unless there was one before. It counts as the last field's.
     void fail(FailureCode code);
-    qsizetype fieldAt() const { return m_fieldAt; } ///< the byte that the field read last begins with
     bool hasFailed() const { return m_error.has_value(); }
     /// A failure tells its row and field, and the byte that the field begins with.
     Result<> outcome() const;
