@@ -27,25 +27,25 @@ private:
 
     FieldReader &m_in;
     QList<PrRecord> &m_rows;
-    qsizetype m_room; ///< one more than the file announces
+    qsizetype m_maxRows; ///< one more than the file announces
     ReadFindings m_findings;
 };
 
 RowsReader::RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows)
-    : m_in(in), m_rows(rows), m_room(qsizetype(announced) + 1), m_findings{.rowsAnnounced = announced}
+    : m_in(in), m_rows(rows), m_maxRows(qsizetype(announced) + 1), m_findings{.rowsAnnounced = announced}
 {
 }
 
 Result<> RowsReader::read(const AfterRow &afterRow)
 {
-    constexpr qsizetype shortestRow = 13;
+    constexpr qsizetype minRowBytes = 13;
     m_rows.clear();
     if (m_findings.rowsAnnounced < 0) {
         return FailureCode::SubscriptOutOfRange;
     }
-    m_rows.reserve(std::min(m_room, m_in.remaining() / shortestRow + 1));
+    m_rows.reserve(std::min(m_maxRows, m_in.remaining() / minRowBytes + 1));
     while (!m_in.atEnd()) {
-        if (m_rows.size() == m_room) {
+        if (m_rows.size() == m_maxRows) {
             return Failure{.code = FailureCode::SubscriptOutOfRange,
                 .position = FilePosition{.row = m_findings.rowsFound + 1, .offset = m_in.position()}};
         }
@@ -56,7 +56,7 @@ Result<> RowsReader::read(const AfterRow &afterRow)
             afterRow();
         }
     }
-    m_rows.resize(m_room);
+    m_rows.resize(m_maxRows);
     return {};
 }
 
