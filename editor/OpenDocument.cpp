@@ -81,11 +81,15 @@ std::optional<ReadFindings> OpenDocument::findings() const
     return documentOrigin(m_number).findings;
 }
 
+bool OpenDocument::isChanged() const
+{
+    return DocFlags.at(m_number).changed;
+}
+
 void OpenDocument::setChanged(bool changed)
 {
-    DocFlags[m_number].changed = changed;
-    if (m_isChanged != changed) {
-        m_isChanged = changed;
+    if (isChanged() != changed) {
+        DocFlags[m_number].changed = changed;
         emit changedFlagChanged(changed);
     }
 }

@@ -57,7 +57,7 @@ public:
     /// What reading its file found out; std::nullopt if it comes from no file, or has been saved.
     std::optional<ReadFindings> findings() const;
 
-    bool isChanged() const { return m_isChanged; }
+    bool isChanged() const;
     void markChanged() { setChanged(true); }
     /// The grid has been laid out or filled with what the file holds.
     void noteLoaded();
@@ -84,5 +84,4 @@ private:
     int m_number;
     SpreadHistory &m_history;
     QString m_path;
-    bool m_isChanged = false;
 };
