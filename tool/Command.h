@@ -18,8 +18,8 @@ struct Command
     ToolText summary;
     ToolText arguments; ///< what the arguments are
     QLatin1StringView usage; ///< the arguments as help shows them; empty for none
-    int fewestFiles;
-    int mostFiles;
+    int minFiles;
+    int maxFiles;
     void (*addOptions)(QCommandLineParser &parser); ///< beside those that all commands have
     int (*run)(const QCommandLineParser &parser, Session &session); ///< returns an ExitStatus
 };

@@ -48,18 +48,16 @@ public:
     explicit Git(Session &session) : m_session(session) { }
 
     /// What git answers, without the line end; std::nullopt if it fails.
-    std::optional<QString> ask(const QStringList &arguments) { return run(arguments); }
+    std::optional<QString> ask(const QStringList &arguments);
     /// The same; the user is told if it fails.
     std::optional<QString> require(const QStringList &arguments);
 
 private:
-    std::optional<QString> run(const QStringList &arguments);
-
     Session &m_session;
     QString m_complaint;
 };
 
-std::optional<QString> Git::run(const QStringList &arguments)
+std::optional<QString> Git::ask(const QStringList &arguments)
 {
     QProcess process;
     process.start(u"git"_s, arguments);
@@ -77,7 +75,7 @@ std::optional<QString> Git::run(const QStringList &arguments)
 
 std::optional<QString> Git::require(const QStringList &arguments)
 {
-    auto answer = run(arguments);
+    auto answer = ask(arguments);
     if (!answer) {
         m_session.say(ToolText::SetupFailed, {u"git "_s + arguments.join(u' '), m_complaint});
     }

@@ -97,10 +97,10 @@ int runCommand(const Command &command, const QStringList &arguments, Session &se
         return Failed;
     }
     const int files = int(parser.positionalArguments().size());
-    if (files < command.fewestFiles) {
+    if (files < command.minFiles) {
         return failWithHint(command, toolText(ToolText::NoFile), session);
     }
-    if (files > command.mostFiles) {
+    if (files > command.maxFiles) {
         return failWithHint(command, toolText(ToolText::TooManyFiles), session);
     }
     return command.run(parser, session);
