@@ -42,8 +42,8 @@ struct CommandInfo
     MenuName menu = MenuName::None; ///< None: a key or a button only
     Line line = Line::Command;
     bool isInFrame = false; ///< separators: also in the frame's own menu
-    QStringView name = {}; ///< the menu line's object name
     std::optional<Text> caption = {};
+    QStringView name = {}; ///< the menu line's object name
     QKeyCombination key = QKeyCombination::fromCombined(0); ///< 0: none
     KeyOwner keyOwner = KeyOwner::Menu;
     std::optional<Bar> bar = {}; ///< the line is ticked while this bar is shown
