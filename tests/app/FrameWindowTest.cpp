@@ -275,6 +275,12 @@ TEST_F(FrameWindow, closesAWindowOnCtrlF4)
     EXPECT_EQ(frame().openEditors().size(), 1);
 }
 
+TEST_F(FrameWindow, exitsByItsKey)
+{
+    QTest::keyClick(&grid(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(frame().isVisible());
+}
+
 TEST_F(FrameWindow, survivesEveryButtonWithoutAWindow)
 {
     editor().parentWidget()->close();

@@ -211,19 +211,20 @@ TEST_F(DialogCommands, leaveTheMachineInformationAloneWithoutAnEdit)
     EXPECT_FALSE(isChanged());
 }
 
-TEST_F(DialogCommands, openThePrintDialogFromMenuAndToolBar)
+TEST_F(DialogCommands, openThePrintDialogFromMenuToolBarAndKey)
 {
     ModalScript script;
-    for (int i = 0; i < 2; ++i) {
+    for (int i = 0; i < 3; ++i) {
         script.then([this](QWidget &dialog) {
             control<QCheckBox>(dialog, u"chkPrint(0)"_s);
             EXPECT_EQ(dialog.windowTitle(), editor().windowTitle());
             click(dialog, u"cmdCancel"_s);
         });
     }
+    QTest::keyClick(&grid(), Qt::Key_P, Qt::ControlModifier);
     chooseMenu(u"mneFile"_s, u"mneFilePrint"_s);
     clickTool(u"ssrbnPrint"_s);
-    EXPECT_EQ(script.asked(), 2);
+    EXPECT_EQ(script.asked(), 3);
 }
 
 TEST_F(DialogCommands, doNothingOnAGridWithoutRows)
