@@ -69,8 +69,8 @@ enum class Severity : quint8 {
 struct CheckInfo
 {
     CheckId id;
-    QLatin1StringView name; ///< lower case, words joined with "-"
     Severity severity;
+    QLatin1StringView name; ///< lower case, words joined with "-"
 };
 
 /// Every check, in the order of CheckId.
