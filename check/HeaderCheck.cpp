@@ -116,12 +116,12 @@ void HeaderCheck::checkLine(const HeaderLine &line)
 
 void HeaderCheck::checkValue(const HeaderLine &line, const HeaderLine &written)
 {
-    constexpr qsizetype mostBytes = 127;
+    constexpr qsizetype maxBytes = 127;
     constexpr qsizetype quotes = 2;
     const QString key = QString::fromLatin1(written.text.first(written.text.indexOf('=')));
     const bool isQuoted = line.value().startsWith('"') || line.value().startsWith('\'');
     const qsizetype length = line.value().size() - (isQuoted ? quotes : 0);
-    if (length > mostBytes) {
+    if (length > maxBytes) {
         m_findings.append({CheckId::ValueCut, {}, key, {QString::number(length)}});
     } else if (line.text != written.text) {
         m_findings.append(

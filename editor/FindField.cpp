@@ -30,9 +30,9 @@ void FindField::colour()
     QPalette colours; // the window's
     if (!m_found) {
         colours = parentWidget()->palette();
-        const QColor ground = tinted(colours.color(QPalette::Base), Qt::red);
-        colours.setColor(QPalette::Base, ground);
-        colours.setColor(QPalette::Text, readableOn(ground, colours.color(QPalette::Text)));
+        const QColor background = tinted(colours.color(QPalette::Base), Qt::red);
+        colours.setColor(QPalette::Base, background);
+        colours.setColor(QPalette::Text, readableOn(background, colours.color(QPalette::Text)));
     }
     setPalette(colours);
 }

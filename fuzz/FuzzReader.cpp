@@ -22,7 +22,7 @@ namespace {
 
 constexpr qint16 docNo = 1;
 // A section may claim 32,767 rows for a file of fifty bytes; the fuzzer is to spend its time on other things.
-constexpr qint16 mostRows = 200;
+constexpr qint16 maxRows = 200;
 
 QString folderTemplate()
 {
@@ -97,7 +97,7 @@ bool isEncodable(const QString &text)
     return !documentPage().encode(text, bytes) && documentPage().decode(bytes) == text;
 }
 
-/// Whether a field of a row can hold the text: it has no separator, and no blank or quote where they would be dropped.
+/// Whether a field of a row can hold the text: it has no separator, and no space or quote where they would be dropped.
 bool isFieldText(const QString &text)
 {
     return !text.contains(u',') && !text.contains(u'\n') && !text.startsWith(u'"') && trimSpaces(text) == text
@@ -149,7 +149,7 @@ bool allComesBack()
 
 void roundTrip(const QByteArray &bytes)
 {
-    if (!open(bytes) || MachineInfos[docNo].Paramater > mostRows) {
+    if (!open(bytes) || MachineInfos[docNo].Paramater > maxRows) {
         return;
     }
     const QByteArray saved = save();

@@ -37,13 +37,13 @@ ONLY = {
 }
 # The modules of Qt that a library may include
 MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_tool_parts": ("QtCore",), "tabrix_cells": ("QtCore", "QtGui")}
-# The rooms of document/ that may know the global tables; whatever is below this rim works on values.
+# The units of document/ that may know the global tables; whatever is below this rim works on values.
 RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 SOURCES = re.compile(r"target_sources\((\w+) PRIVATE([^)]*)\)")
 
 
-def room(path):
+def unit(path):
     """A source file and its header count as one."""
     return str(Path(path).with_suffix(""))
 
@@ -98,7 +98,7 @@ def include_faults(name, text, library, headers):
 
 
 def find_loop(graph):
-    """The rooms of one include loop, or nothing."""
+    """The units of one include loop, or nothing."""
     closed = set()
 
     def visit(node, trail):
@@ -127,8 +127,8 @@ def main():
     faults += [f"{name}: in no CMakeLists.txt" for name in sources if name not in libraries and Path(name).stem != "main"]
     graph = {}
     for name, text in sources.items():
-        targets = {room(own) for own, _ in INCLUDE.findall(text) if own} - {room(name)}
-        graph.setdefault(room(name), set()).update(targets)
+        targets = {unit(own) for own, _ in INCLUDE.findall(text) if own} - {unit(name)}
+        graph.setdefault(unit(name), set()).update(targets)
     loop = find_loop(graph)
     if loop:
         faults.append("include loop: " + " -> ".join(loop))

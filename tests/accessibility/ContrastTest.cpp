@@ -67,9 +67,11 @@ QImage pictureOf(QHeaderView &header, int section)
 QColor backgroundOf(const QTextCursor &place, const QPalette &palette)
 {
     const QTextTable *table = place.currentTable();
-    const QList<QBrush> grounds{place.charFormat().background(), place.blockFormat().background(),
+    const QList<QBrush> backgrounds{place.charFormat().background(), place.blockFormat().background(),
         table ? table->cellAt(place).format().background() : QBrush(), palette.brush(QPalette::Base)};
-    return std::ranges::find_if(grounds, [](const QBrush &ground) { return ground.style() != Qt::NoBrush; })->color();
+    return std::ranges::find_if(backgrounds, [](const QBrush &background) {
+        return background.style() != Qt::NoBrush;
+    })->color();
 }
 
 QColor textColourOf(const QTextCharFormat &format, const QPalette &palette)
@@ -193,7 +195,7 @@ TEST_P(Contrast, ofTheStatusBarAndTheToolTip)
     EXPECT_GE(contrastIn(tip.grab(tip.rect().adjusted(2, 2, -2, -2)).toImage()), forTexts);
 }
 
-// Links, headings, tables, notes and keys of the help have grounds of their own.
+// Links, headings, tables, notes and keys of the help have backgrounds of their own.
 TEST_P(Contrast, ofHelpPages)
 {
     ASSERT_TRUE(HelpWindow::showTopic(QStringLiteral(TABRIX_HELP_FOLDER "/TABRIXE.HLP"), 1, nullptr));

@@ -164,10 +164,10 @@ double contrastIn(const QImage &picture)
     if (found.isEmpty()) {
         return 0; // nothing is in view
     }
-    const QColor ground = *std::ranges::max_element(found, fewer);
+    const QColor background = *std::ranges::max_element(found, fewer);
     double greatest = 1;
     for (const QRgb colour : found) {
-        greatest = std::max(greatest, contrastRatio(colour, ground));
+        greatest = std::max(greatest, contrastRatio(colour, background));
     }
     return greatest;
 }

@@ -51,7 +51,7 @@ QImage tickedPart(Button &button)
     const bool isOption = button.inherits("QRadioButton");
     const auto width = isOption ? QStyle::PM_ExclusiveIndicatorWidth : QStyle::PM_IndicatorWidth;
     const int size = button.style()->pixelMetric(width, nullptr, &button);
-    // As it stands in its window: alone it would be painted on a ground of its own.
+    // As it stands in its window: alone it would be painted on a background of its own.
     const QPoint place = button.mapTo(button.window(), QPoint(0, (button.height() - size) / 2 - 1));
     return button.window()->grab({place, QSize(size + 2, size + 2)}).toImage();
 }
@@ -87,7 +87,7 @@ TEST_P(OnDesktop, theLinesBetweenCellsAreSeen)
     grid().setActiveCell(ParameterColumn::Unit, 8);
     grid().setText(ParameterColumn::Name, 2, {});
     const QRect cell = placeOf(ParameterColumn::Name, 2);
-    const QColor ground = pictureAt(cell).pixelColor(cell.width() / 2, cell.height() / 2);
+    const QColor background = pictureAt(cell).pixelColor(cell.width() / 2, cell.height() / 2);
     const QRect below(cell.left() + 3, cell.bottom() - 1, 10, 4);
     const QRect beside(cell.right() - 1, cell.top() + 3, 4, 10);
     for (const QRect &edge : {below, beside}) {
@@ -95,7 +95,7 @@ TEST_P(OnDesktop, theLinesBetweenCellsAreSeen)
         double greatest = 1;
         for (int i = 0; i < 4; ++i) {
             const QColor pixel = edge == below ? picture.pixelColor(5, i) : picture.pixelColor(i, 5);
-            greatest = std::max(greatest, contrastRatio(pixel, ground));
+            greatest = std::max(greatest, contrastRatio(pixel, background));
         }
         EXPECT_GE(greatest, forLines);
     }

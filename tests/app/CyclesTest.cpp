@@ -104,7 +104,7 @@ TEST_P(Again, leavesNothingBehind)
         settle();
         used << bytesInUse();
     }
-    const double left = usualGrowth(used.mid(warmUps)) / GetParam().times;
+    const double left = medianGrowth(used.mid(warmUps)) / GetParam().times;
     std::printf("%s: %.1f bytes each time\n", GetParam().name, left);
     EXPECT_LT(left, most);
     EXPECT_EQ(Complaints::list(), QStringList());

@@ -38,12 +38,12 @@ void RandomAnswers::poll()
 
 void RandomAnswers::answerNow(QDialog &dialog)
 {
-    constexpr int mostTries = 5;
+    constexpr int maxTries = 5;
     const QPointer<QDialog> alive(&dialog);
     const int tries = dialog.property("tries").toInt();
     dialog.setProperty("tries", tries + 1);
     ++m_given;
-    tries < mostTries ? answer(dialog) : dialog.reject();
+    tries < maxTries ? answer(dialog) : dialog.reject();
     if (alive && !alive->isVisible()) {
         alive->setProperty("tries", 0);
     }

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int warmUp = 8'000;
-constexpr int usualSteps = 12'000;
+constexpr int defaultSteps = 12'000;
 
 class Soak : public LongUse
 {
@@ -80,8 +80,8 @@ void Soak::key(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void Soak::openFile()
 {
-    constexpr int mostWindows = 5;
-    if (frame().openEditors().size() < mostWindows) {
+    constexpr int maxWindows = 5;
+    if (frame().openEditors().size() < maxWindows) {
         m_refused += frame().documents().OpenPrFile(oneOf(m_files)) ? 0 : 1;
     }
 }
@@ -151,9 +151,9 @@ void Soak::runShortcut()
 
 void Soak::clickButton()
 {
-    constexpr int mostRows = 2000;
+    constexpr int maxRows = 2000;
     const int button = upTo(0, 7);
-    if (button < 3 || button > 4 || frame().openEditors().isEmpty() || grid().rowCount() < mostRows) {
+    if (button < 3 || button > 4 || frame().openEditors().isEmpty() || grid().rowCount() < maxRows) {
         clickTool(u"ssrbnEdit(%1)"_s.arg(button));
     }
 }
@@ -283,9 +283,9 @@ void Soak::stretch()
 TEST_F(Soak, leavesNoMemoryAndNoComplaintBehind)
 {
     constexpr int group = 4; // stretches
-    constexpr double mostEachStep = 3; // bytes
+    constexpr double maxBytesPerStep = 3;
     constexpr double noise = 500'000; // bytes: letters of a size come and go in Qt's caches by the clock
-    const int steps = warmUp + fromEnvironment("TABRIX_SOAK_STEPS", usualSteps);
+    const int steps = warmUp + fromEnvironment("TABRIX_SOAK_STEPS", defaultSteps);
     const Complaints complaints;
     QList<qint64> used;
     int first = 0;
@@ -303,7 +303,7 @@ TEST_F(Soak, leavesNoMemoryAndNoComplaintBehind)
     const double left = growthPerEntry(leastOfEvery(group, used)) / group * double(used.size()) / measured;
     std::printf("%d steps, %d answers, %d documents refused; %.2f bytes left by each step, %lld KB in use\n", m_steps,
         m_answers.given(), m_refused, left, used.isEmpty() ? 0 : used.last() / 1000);
-    EXPECT_LT(left, mostEachStep + noise / measured);
+    EXPECT_LT(left, maxBytesPerStep + noise / measured);
 }
 
 } // namespace

@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int growth = 8;
-constexpr double mostWork = 3 * growth; // work by the square of the size would be growth * growth
+constexpr double maxWork = 3 * growth; // work by the square of the size would be growth * growth
 
 QString repeated(const QString &text, int units)
 {
@@ -58,7 +58,7 @@ TEST_P(LongTexts, areConvertedInProportionToTheirLength)
         PrivateProfile("[Inverter]\r\nName=" + text.toLatin1()).value(u"Inverter"_s, u"Name"_s, 128);
         PrivateProfile(text.toLatin1()).value(u"Inverter"_s, u"Name"_s, 128);
     };
-    EXPECT_LT(growthOfWork(convert, length, growth), mostWork);
+    EXPECT_LT(growthOfWork(convert, length, growth), maxWork);
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, LongTexts,
@@ -103,13 +103,13 @@ class ClaimingRow : public DocumentFixture, public testing::WithParamInterface<C
 TEST_P(ClaimingRow, takesMemoryForWhatIsThere)
 {
     constexpr int rows = 100;
-    constexpr qint64 mostBytes = 200'000; // what one row claims would take 256 KB to 3 MB
+    constexpr qint64 maxBytes = 200'000; // what one row claims would take 256 KB to 3 MB
     const QByteArray complete = QByteArray("0,1,2,n,u,1,-1,-1,0,0,0,0,").repeated(rows);
     const QString file = put(fileWithRows(complete + GetParam().rows, rows + 1));
     const qint64 before = bytesInUse();
     EXPECT_FALSE(read(file));
     EXPECT_EQ(PrRecords.size(), rows + 1);
-    EXPECT_LT(bytesInUse(), before + mostBytes);
+    EXPECT_LT(bytesInUse(), before + maxBytes);
     EXPECT_EQ(host.messages, QStringList(u"Input past end of file"_s));
 }
 
@@ -150,5 +150,5 @@ TEST_F(HostileFile, ofManyCapacitiesIsReadOnceThrough)
         EXPECT_TRUE(readBytes(section + "[Paramater]\r\n"));
         EXPECT_EQ(MachineInfos[docNo].Option.size(), entries);
     };
-    EXPECT_LT(growthOfWork(readMany, few, growth), mostWork);
+    EXPECT_LT(growthOfWork(readMany, few, growth), maxWork);
 }

@@ -26,7 +26,7 @@ protected:
     }
     Cell active() { return {grid().activeColumn(), grid().activeRow()}; }
     /// The background of a cell as it is painted: near its lower left corner, where no text and no frame is.
-    QColor ground(int column, int row)
+    QColor background(int column, int row)
     {
         const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1));
         return grid().viewport()->grab().toImage().pixelColor(cell.bottomLeft() + QPoint(4, -5));

@@ -94,15 +94,15 @@ TEST_F(FindPlace, showsTheMatchThatIsReachedUnlikeTheOthers)
         find(u"needle"_s);
         ASSERT_EQ(active(), Cell(2, 119));
         press(Qt::Key_Return);
-        const QColor reached = ground(2, 120);
-        const QColor other = ground(2, 119);
-        const QColor none = ground(2, 118);
+        const QColor reached = background(2, 120);
+        const QColor other = background(2, 119);
+        const QColor none = background(2, 118);
         EXPECT_NE(reached, other);
         EXPECT_NE(reached, none);
         EXPECT_NE(other, none);
         press(Qt::Key_Return, Qt::ShiftModifier);
-        EXPECT_EQ(ground(2, 120), other);
-        EXPECT_EQ(ground(2, 119), reached);
+        EXPECT_EQ(background(2, 120), other);
+        EXPECT_EQ(background(2, 119), reached);
         press(Qt::Key_Escape);
     }
 }

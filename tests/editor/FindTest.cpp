@@ -32,8 +32,8 @@ protected:
     {
         const QRect cell = grid().visualRect(grid().model()->index(row - 1, column - 1)).adjusted(3, 3, -4, -4);
         const QImage picture = grid().viewport()->grab(cell).toImage();
-        const int base = ground(column, row).lightness();
-        QColor farthest = ground(column, row);
+        const int base = background(column, row).lightness();
+        QColor farthest = background(column, row);
         for (int y = 0; y < picture.height(); ++y) {
             for (int x = 0; x < picture.width(); ++x) {
                 const QColor pixel = picture.pixelColor(x, y);
@@ -164,7 +164,7 @@ TEST_F(Find, goesOnWithTheLastTextWhileTheFieldIsClosed)
     press(Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(active(), Cell(2, 4));
     EXPECT_FALSE(field().isVisible());
-    EXPECT_EQ(ground(2, 4), ground(2, 5));
+    EXPECT_EQ(background(2, 4), background(2, 5));
 }
 
 TEST_F(Find, offersTheLastTextToBeTypedOver)
@@ -232,16 +232,16 @@ TEST_F(Find, showsByColourThatThereIsNoMatch)
 {
     const Cell before = active();
     find(u"parameter"_s);
-    const QColor usual = field().palette().color(QPalette::Base);
+    const QColor plain = field().palette().color(QPalette::Base);
     type(u"q"_s);
-    EXPECT_NE(field().palette().color(QPalette::Base), usual);
+    EXPECT_NE(field().palette().color(QPalette::Base), plain);
     EXPECT_EQ(active(), before);
     press(Qt::Key_Backspace);
-    EXPECT_EQ(field().palette().color(QPalette::Base), usual);
+    EXPECT_EQ(field().palette().color(QPalette::Base), plain);
     type(u"q"_s);
     press(Qt::Key_A, Qt::ControlModifier);
     press(Qt::Key_Delete);
-    EXPECT_EQ(field().palette().color(QPalette::Base), usual);
+    EXPECT_EQ(field().palette().color(QPalette::Base), plain);
 }
 
 TEST_F(Find, showsWhyNothingHappensWhenTheLastTextIsGone)
@@ -267,19 +267,19 @@ TEST_F(Find, marksEveryMatchInViewInLightAndDark)
         grid().setActiveCell(1, 9);
         find(u"needle"_s);
         grid().setActiveCell(1, 9);
-        const QColor usual = ground(2, 5);
-        EXPECT_EQ(usual, palette.color(QPalette::Base));
+        const QColor plain = background(2, 5);
+        EXPECT_EQ(plain, palette.color(QPalette::Base));
         for (const int row : {4, 6}) {
-            EXPECT_NE(ground(2, row), usual) << row;
-            EXPECT_EQ(ground(2, row), tinted(usual, Qt::yellow));
-            EXPECT_GT(std::abs(ink(2, row).lightness() - ground(2, row).lightness()), 60) << row;
+            EXPECT_NE(background(2, row), plain) << row;
+            EXPECT_EQ(background(2, row), tinted(plain, Qt::yellow));
+            EXPECT_GT(std::abs(ink(2, row).lightness() - background(2, row).lightness()), 60) << row;
         }
         type(u"q"_s);
         const QPalette colours = field().palette();
-        EXPECT_NE(colours.color(QPalette::Base), usual);
+        EXPECT_NE(colours.color(QPalette::Base), plain);
         EXPECT_GT(std::abs(colours.color(QPalette::Text).lightness() - colours.color(QPalette::Base).lightness()), 60);
         press(Qt::Key_Escape);
-        EXPECT_EQ(ground(2, 4), usual);
+        EXPECT_EQ(background(2, 4), plain);
     }
 }
 

@@ -31,7 +31,7 @@ class GridModelTest : public FrameTest, public testing::WithParamInterface<unsig
 protected:
     static constexpr int stepCount = 400;
     static constexpr int checkBoxColumn = 4;
-    static constexpr int mostRows = 70;
+    static constexpr int maxRows = 70;
 
     using Step = void (GridModelTest::*)();
 
@@ -267,7 +267,7 @@ void GridModelTest::paste()
 
 void GridModelTest::addPaste()
 {
-    if (m_model.rowCount() < mostRows) {
+    if (m_model.rowCount() < maxRows) {
         clickTool(u"ssrbnEdit(3)"_s);
         m_model.addPaste();
     }
@@ -275,7 +275,7 @@ void GridModelTest::addPaste()
 
 void GridModelTest::addLine()
 {
-    if (m_model.rowCount() < mostRows) {
+    if (m_model.rowCount() < maxRows) {
         clickTool(u"ssrbnEdit(4)"_s);
         m_model.addLines(1);
     }

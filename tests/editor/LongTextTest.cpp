@@ -179,10 +179,10 @@ TEST_F(LongTexts, areEditedAndSavedWithoutALoss)
 
 TEST_F(LongTexts, takeMoreThanTheToolkitsUsualLimit)
 {
-    constexpr int usual = 32'767;
+    constexpr int defaultLimit = 32'767;
     start();
     ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, document(2))));
-    grid().setText(nameColumn, 1, QString(usual, u'x'));
+    grid().setText(nameColumn, 1, QString(defaultLimit, u'x'));
     grid().setActiveCell(nameColumn, 1);
     grid().setFocus();
     pressKey(grid(), Qt::Key_F2);
@@ -190,7 +190,7 @@ TEST_F(LongTexts, takeMoreThanTheToolkitsUsualLimit)
     QTest::keyClicks(QApplication::focusWidget(), u"!"_s);
     auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
     ASSERT_NE(field, nullptr);
-    field->insert(QString(usual, u'y'));
+    field->insert(QString(defaultLimit, u'y'));
     pressKey(*field, Qt::Key_Return);
-    EXPECT_TRUE(holds(1, QByteArray(usual, 'x') + '!' + QByteArray(usual, 'y')));
+    EXPECT_TRUE(holds(1, QByteArray(defaultLimit, 'x') + '!' + QByteArray(defaultLimit, 'y')));
 }

@@ -284,7 +284,7 @@ void RowsModel::addLines(int lines)
     m_changed = true;
     if (before.empty()) {
         for (int row = 1; row <= lines; ++row) {
-            blank(row);
+            clearRow(row);
         }
         select({1, 1, 1, 1});
         return;
@@ -292,11 +292,11 @@ void RowsModel::addLines(int lines)
     for (size_t row = size_t(m_selection.row1 - 1); row < before.size(); ++row) {
         m_rows[row + size_t(lines)] = before[row];
     }
-    blank(m_selection.row1);
+    clearRow(m_selection.row1);
 }
 
 // The read condition stays: it is that of the row that was here before.
-void RowsModel::blank(int row)
+void RowsModel::clearRow(int row)
 {
     const QStringList texts{{}, {}, {}, u"0"_s, u"No"_s, u"No"_s, u"No"_s, {}, {}, u"0"_s, u"0000"_s, u"0"_s};
     for (int column = 1; column <= lastResetColumn; ++column) {

@@ -113,7 +113,7 @@ private:
     void pasteBlock();
     void pasteRows();
     QString foreignText() const;
-    void blank(int row);
+    void clearRow(int row);
     void change(int column, int row, const QString &text);
     void redden(const GridBlock &block);
     State state() const { return {m_rows, m_red, m_stateNumber}; }

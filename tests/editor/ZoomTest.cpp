@@ -65,17 +65,17 @@ protected:
 TEST_F(ZoomTest, scalesFontsWidthsAndHeights)
 {
     grid().setRowHeight(6, 77);
-    const std::vector<double> usual = shown();
+    const std::vector<double> unzoomed = shown();
     for (const int percent : {150, 50, 300, 90}) {
         zoomTo(percent);
         ASSERT_EQ(grid().zoom(), percent);
         const std::vector<double> zoomed = shown();
-        for (size_t at = 0; at < usual.size(); ++at) {
-            EXPECT_NEAR(zoomed[at], usual[at] * percent / 100, 0.51) << percent << " %, size " << at;
+        for (size_t at = 0; at < unzoomed.size(); ++at) {
+            EXPECT_NEAR(zoomed[at], unzoomed[at] * percent / 100, 0.51) << percent << " %, size " << at;
         }
     }
     zoomBack();
-    EXPECT_EQ(shown(), usual);
+    EXPECT_EQ(shown(), unzoomed);
 }
 
 TEST_F(ZoomTest, goesByTensFromFiftyToThreeHundred)
@@ -171,15 +171,15 @@ TEST_F(ZoomTest, keepsWhatTheUserDoesToWidthsAndHeightsMeanwhile)
 
 TEST_F(ZoomTest, fitsAColumnToTheTextsAsTheyAreShown)
 {
-    const QFont usual = grid().gridFont();
+    const QFont unzoomed = grid().gridFont();
     for (const int percent : {60, 80, 130, 300}) {
         zoomTo(percent);
         grid().fitColumnWidth(2);
         EXPECT_GE(grid().columnWidth(1), grid().fontMetrics().horizontalAdvance(u"Parameter 100"_s)) << percent;
     }
     zoomBack();
-    EXPECT_GE(grid().columnWidth(1), QFontMetrics(usual).horizontalAdvance(u"Parameter 100"_s));
-    EXPECT_LT(grid().columnWidth(1), QFontMetrics(usual).horizontalAdvance(u"Parameter 100"_s) * 3 / 2);
+    EXPECT_GE(grid().columnWidth(1), QFontMetrics(unzoomed).horizontalAdvance(u"Parameter 100"_s));
+    EXPECT_LT(grid().columnWidth(1), QFontMetrics(unzoomed).horizontalAdvance(u"Parameter 100"_s) * 3 / 2);
 }
 
 TEST_F(ZoomTest, givesHiddenColumnsTheirWidthBack)
@@ -270,8 +270,8 @@ TEST_F(ZoomTest, printsTheSame)
         }
         return boxes;
     };
-    const std::vector<QRectF> usual = places();
-    ASSERT_GT(usual.size(), 500U);
+    const std::vector<QRectF> unzoomed = places();
+    ASSERT_GT(unzoomed.size(), 500U);
     zoomTo(180);
-    EXPECT_EQ(places(), usual);
+    EXPECT_EQ(places(), unzoomed);
 }

@@ -12,7 +12,7 @@ namespace {
 
 // A click into these does no more than to go there.
 constexpr std::array textColumns{1, 2, 3, 8, 9, 10, 11, 12, 13};
-constexpr int mostRows = 40;
+constexpr int maxRows = 40;
 
 } // namespace
 
@@ -211,7 +211,7 @@ bool Day::paste()
 
 bool Day::addPaste()
 {
-    if (!hasRows() || window().rows.rowCount() > mostRows) {
+    if (!hasRows() || window().rows.rowCount() > maxRows) {
         return false;
     }
     tool(3);
@@ -220,7 +220,7 @@ bool Day::addPaste()
 
 bool Day::addLine()
 {
-    if (program().active == 0 || window().rows.rowCount() > mostRows) {
+    if (program().active == 0 || window().rows.rowCount() > maxRows) {
         return false;
     }
     tool(4);

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int mostWindows = 5;
+constexpr int maxWindows = 5;
 
 QJsonObject pressing(const QString &keys)
 {
@@ -35,7 +35,7 @@ QString Day::randomPath()
 bool Day::openPath(const QString &path, const QJsonObject &command, const QList<Expected> &expected)
 {
     const auto rows = RowsFile::rows(m_model.files.value(path));
-    if (program().windows.size() >= mostWindows || (m_model.files.contains(path) && !rows)) {
+    if (program().windows.size() >= maxWindows || (m_model.files.contains(path) && !rows)) {
         return false;
     }
     say(path);

@@ -20,15 +20,15 @@
 namespace {
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr int usualStep = 9; // each costs some ten times as much
+constexpr int defaultStep = 9; // each costs some ten times as much
 #else
-constexpr int usualStep = 1;
+constexpr int defaultStep = 1;
 #endif
 
 int chosenStep()
 {
     const char *step = std::getenv("TABRIX_FAULT_STEP");
-    return step ? std::max(1, std::atoi(step)) : usualStep;
+    return step ? std::max(1, std::atoi(step)) : defaultStep;
 }
 
 std::unique_ptr<FaultInjector> injector;

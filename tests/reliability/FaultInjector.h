@@ -16,7 +16,7 @@
 struct FaultCourse
 {
     std::array<int, faultCallCount> counts{}; ///< by kind of call
-    std::array<int, FaultPlan::mostRoots> rootCounts{}; ///< by root of the plan
+    std::array<int, FaultPlan::maxRoots> rootCounts{}; ///< by root of the plan
     std::chrono::milliseconds duration{};
 };
 

@@ -36,15 +36,15 @@ struct Fault
 struct FaultPlan
 {
     static constexpr std::size_t longestPath = 1024;
-    static constexpr std::size_t mostRoots = 8;
+    static constexpr std::size_t maxRoots = 8;
 
     Fault fault;
     bool trace = false; ///< every call that counts is told on the standard error output
-    std::array<std::array<char, longestPath>, mostRoots> roots{}; ///< absolute; with a "/" at its end: what is below it
+    std::array<std::array<char, longestPath>, maxRoots> roots{}; ///< absolute; with a "/" at its end: what is below it
 
     std::atomic<bool> armed = false;
     std::array<std::atomic<int>, faultCallCount> counts{}; ///< calls while armed, by kind
-    std::array<std::atomic<int>, mostRoots> rootCounts{}; ///< the same, by root
+    std::array<std::atomic<int>, maxRoots> rootCounts{}; ///< the same, by root
     std::atomic<bool> struck = false;
     std::array<char, longestPath> struckAt{}; ///< the path of the call that was struck
 };

@@ -19,7 +19,7 @@ void watch(const SessionPlace &place, FaultPlan &plan)
 {
     const std::string roots[] = {place.folder + "/desk/", place.data(), place.data() + "/Tabrix",
         place.data() + "/Tabrix/", place.config(), place.config() + "/Tabrix", place.config() + "/Tabrix/"};
-    static_assert(std::size(roots) <= FaultPlan::mostRoots);
+    static_assert(std::size(roots) <= FaultPlan::maxRoots);
     for (std::size_t i = 0; i < std::size(roots); ++i) {
         roots[i].copy(plan.roots.at(i).data(), FaultPlan::longestPath - 1);
     }

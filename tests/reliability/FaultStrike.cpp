@@ -76,13 +76,13 @@ FaultPath pathOf(int folder, const char *name)
 
 bool isWatched(const FaultPath &path)
 {
-    return rootOf(path) < FaultPlan::mostRoots;
+    return rootOf(path) < FaultPlan::maxRoots;
 }
 
 FaultStrike::FaultStrike(FaultCall call, const FaultPath &path)
 {
     const std::size_t root = rootOf(path);
-    if (root == FaultPlan::mostRoots) {
+    if (root == FaultPlan::maxRoots) {
         return;
     }
     ++followedPlan->rootCounts.at(root);

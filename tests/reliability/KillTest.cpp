@@ -30,7 +30,7 @@ constexpr int rows = 8000;
 #endif
 
 /// Kills that come when the save is over are tried again, earlier; so often at most.
-constexpr int mostTries = 20 * kills;
+constexpr int maxTries = 20 * kills;
 
 /// The part of the kills that wait until the file is being replaced: that is over too soon to be met by chance.
 constexpr int everyWhich = 3;
@@ -180,7 +180,7 @@ TEST_F(DeathInASave, leavesTheOldOrTheNewContentInTheFileOrTheOldOneInTheBackups
     int inside = 0;
     int torn = 0;
     int tries = 0;
-    for (; inside < kills && tries < mostTries; ++tries) {
+    for (; inside < kills && tries < maxTries; ++tries) {
         startSaving();
         if (tries % everyWhich == 0) {
             awaitReplacement();

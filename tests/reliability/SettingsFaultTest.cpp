@@ -21,14 +21,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const UserFontSettings usualFont = {u"System"_s, 12, false, false};
+const UserFontSettings defaultFont = {u"System"_s, 12, false, false};
 
 /// A settings file that no Tabrix has written so.
 struct Damage
 {
     const char *name;
     QByteArray bytes;
-    UserFontSettings font = usualFont;
+    UserFontSettings font = defaultFont;
 };
 
 void PrintTo(const Damage &damage, std::ostream *out)
@@ -148,7 +148,7 @@ TEST_F(SettingsFault, aFileThatCannotBeReadGivesDefaults)
     ASSERT_TRUE(QFile::setPermissions(storeFile(), {}));
     ASSERT_TRUE(QFile::setPermissions(folder(), QFile::ReadOwner | QFile::ExeOwner));
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
 }
 
@@ -158,7 +158,7 @@ TEST_F(SettingsFault, aFileOfThreeGigabytesGivesDefaultsAndIsLeftAsItIs)
     store("[FontInf]\nFontName=Mine\n");
     ASSERT_TRUE(QFile::resize(storeFile(), size)); // without a block on the disk
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
     EXPECT_EQ(QFileInfo(storeFile()).size(), size);
 }
@@ -168,7 +168,7 @@ TEST_F(SettingsFault, aPipeInTheFilesPlaceGivesDefaultsAndIsNotWaitedFor)
     QFile::remove(storeFile());
     ASSERT_EQ(::mkfifo(QFile::encodeName(storeFile()).constData(), 0600), 0);
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
 }
 
@@ -177,7 +177,7 @@ TEST_F(SettingsFault, aFolderInTheFilesPlaceGivesDefaults)
     QFile::remove(storeFile());
     ASSERT_TRUE(QDir().mkpath(storeFile()));
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
     EXPECT_TRUE(QFileInfo(storeFile()).isDir());
 }
@@ -188,7 +188,7 @@ TEST_F(SettingsFault, aFileInTheFoldersPlaceGivesDefaults)
     QFile file(folder());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
     QFile::remove(folder());
 }
@@ -292,7 +292,7 @@ TEST_F(SettingsFault, aStoreBeyondAllSizeGivesDefaultsAndIsLeftAlone)
     const qint64 size = qint64(1) << 40; // a hole, which takes no room
     ASSERT_TRUE(QFile::resize(storeFile(), size));
     start();
-    EXPECT_EQ(UserFont, usualFont);
+    EXPECT_EQ(UserFont, defaultFont);
     expectUsable();
     EXPECT_EQ(QFileInfo(storeFile()).size(), size);
 }

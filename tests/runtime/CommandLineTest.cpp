@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, TypedLine,
         Line{
             "a quoted program in a folder of that name", uR"("C:\x\"C:\a.inv)"_s, {uR"(C:\a.inv)"_s}, uR"(C:\a.inv)"_s},
         Line{
-            "a blank", uR"(tabrix.exe C:\two words.inv)"_s, {uR"(C:\two)"_s, u"words.inv"_s}, uR"(C:\two words.inv)"_s},
+            "a space", uR"(tabrix.exe C:\two words.inv)"_s, {uR"(C:\two)"_s, u"words.inv"_s}, uR"(C:\two words.inv)"_s},
         Line{"a run of blanks", uR"(tabrix.exe  C:\two   words.inv  )"_s, {uR"(C:\two)"_s, u"words.inv"_s},
             uR"(C:\two   words.inv)"_s},
         Line{"quotes", uR"(tabrix.exe "C:\two words.inv")"_s, {uR"(C:\two words.inv)"_s}, uR"("C:\two words.inv")"_s},

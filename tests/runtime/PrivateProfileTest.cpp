@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Values, ProfileLookUp,
     testing::ValuesIn(std::vector<ProfileCase>{
         {"blanks around", "[Inverter]\r\n  Name =  a b  \r\n", u"a b"_s},
         {"tabs and form feeds around", "[Inverter]\r\n\tName\v=\f a\t\r\n", u"a"_s},
-        {"no-break blank stays",
+        {"no-break space stays",
             "[Inverter]\r\nName=\xA0"
             "a\r\n",
             u"\u00A0a"_s},

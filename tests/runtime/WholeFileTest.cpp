@@ -46,10 +46,10 @@ Function *systemsOwn(Function * /*like*/, const char *name)
 
 extern "C" {
 
-ssize_t read(int file, void *bytes, size_t room)
+ssize_t read(int file, void *bytes, size_t capacity)
 {
     static auto *const own = systemsOwn(&::read, "read");
-    return interrupts() ? -1 : own(file, bytes, room);
+    return interrupts() ? -1 : own(file, bytes, capacity);
 }
 
 ssize_t write(int file, const void *bytes, size_t count)
@@ -86,7 +86,7 @@ protected:
         EXPECT_EQ(file.write(content), content.size());
         return file.fileName();
     }
-    /// A file that says that it has so many bytes; they take no room on the disk.
+    /// A file that says that it has so many bytes; they take no space on the disk.
     QString putSparse(qint64 size) const
     {
         QFile file(path(u"large.inv"_s));

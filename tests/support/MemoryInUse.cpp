@@ -32,7 +32,7 @@ double growthPerEntry(const QList<qint64> &values)
     return square > 0 ? product / square : 0;
 }
 
-double usualGrowth(const QList<qint64> &values)
+double medianGrowth(const QList<qint64> &values)
 {
     QList<qint64> steps;
     for (qsizetype i = 1; i < values.size(); ++i) {

@@ -9,7 +9,7 @@ qint64 bytesInUse();
 double growthPerEntry(const QList<qint64> &values);
 
 /// The median of the steps from one entry to the next: what happens once, up or down, does not count. 0 below two.
-double usualGrowth(const QList<qint64> &values);
+double medianGrowth(const QList<qint64> &values);
 
 /// The least of every so many values; what is left over at the end is left out.
 QList<qint64> leastOfEvery(int many, const QList<qint64> &values);

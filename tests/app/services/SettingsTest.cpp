@@ -76,13 +76,13 @@ private:
 };
 
 const QList<int> hiddenAtFirst = {7, 8, 11, 13};
-const UserFontSettings usualFont = {u"System"_s, 12, false, false};
+const UserFontSettings defaultFont = {u"System"_s, 12, false, false};
 
 } // namespace
 
 TEST_F(SettingsTest, freshInstallationHasTheDefaults)
 {
-    EXPECT_EQ(loadedFont(), usualFont);
+    EXPECT_EQ(loadedFont(), defaultFont);
     EXPECT_EQ(loadedWindowState(), 2);
     EXPECT_EQ(hiddenColumns(), hiddenAtFirst);
     EXPECT_EQ(recentFiles(), QStringList());
@@ -224,7 +224,7 @@ TEST_F(SettingsTest, aDamagedStoreGivesDefaults)
 {
     storeBytes("[FontInf]\nFontName=@Variant(\\0\\0\\0\\x7f)\nFontSize=@Size(1 2)\nFontBold=1, 2, 3\n"
                "FontItalic\n[WindowInf\nWindowState=@Invalid()\n\xff\xfe\0=\x80\n[%ZZ]\n");
-    EXPECT_EQ(loadedFont(), usualFont);
+    EXPECT_EQ(loadedFont(), defaultFont);
     EXPECT_EQ(loadedWindowState(), 2);
     EXPECT_EQ(hiddenColumns(), hiddenAtFirst);
     EXPECT_EQ(recentFiles(), QStringList());
