@@ -79,7 +79,7 @@ RawRow RawRows::next()
         .ranges = joined(rangesAt, conditionsAt),
         .conditions = joined(conditionsAt, m_fields.size())};
     for (std::size_t i = 0; i < row.texts.size(); ++i) {
-        row.texts[i] = field(qsizetype(i + 1));
+        row.texts[i] = field(qsizetype(i) + 1);
     }
     return row;
 }
