@@ -43,6 +43,8 @@ public:
     int rowCount() const { return m_rowCount; }
     QString fileName() const { return m_folder.filePath(QStringLiteral("document.inv")); }
     QString savedName() const { return m_folder.filePath(QStringLiteral("saved.inv")); }
+    /// For what else is written beside it: over a file that another has written, a save asks first.
+    QString joinedName() const { return m_folder.filePath(QStringLiteral("joined.inv")); }
     void read(bool events) const;
     void save(bool events) const;
     const RecordGrid &grid() const { return *m_grid; }

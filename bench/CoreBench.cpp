@@ -61,7 +61,7 @@ void saveBaseline(benchmark::State &state)
     const BenchDocument document(static_cast<int>(state.range(0)));
     const QStringList fields = baselines::splitFile(document.fileName());
     for (auto _ : state) {
-        baselines::joinToFile(fields, document.savedName());
+        baselines::joinToFile(fields, document.joinedName());
         baselines::passEvents(document.rowCount());
     }
 }
@@ -79,7 +79,7 @@ void joinOnly(benchmark::State &state)
     const BenchDocument document(static_cast<int>(state.range(0)));
     const QStringList fields = baselines::splitFile(document.fileName());
     for (auto _ : state) {
-        baselines::joinToFile(fields, document.savedName());
+        baselines::joinToFile(fields, document.joinedName());
     }
 }
 

@@ -28,7 +28,7 @@ Measured measureSave(const BenchDocument &document, bool events)
     const auto own = [&] { return milliseconds * secondsOf([&] { document.save(events); }); };
     const auto baseline = [&] {
         return milliseconds * secondsOf([&] {
-            baselines::joinToFile(fields, document.savedName());
+            baselines::joinToFile(fields, document.joinedName());
             baselines::passEvents(events ? document.rowCount() : 0);
         });
     };

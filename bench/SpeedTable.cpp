@@ -1,11 +1,18 @@
 #include "bench/SpeedTable.h"
 
+#include <QtGlobal>
+
 #include <array>
 #include <cstdio>
 
 namespace {
 
-constexpr int runs = 11;
+/// How often each row is measured; TABRIX_BENCH_RUNS=1 tells whether all still work.
+int runs()
+{
+    const int wanted = qEnvironmentVariableIntValue("TABRIX_BENCH_RUNS");
+    return wanted > 0 ? wanted : 11;
+}
 
 std::string formatted(const char *format, auto... values)
 {
@@ -20,7 +27,8 @@ Measured sideBySide(const std::function<double()> &own, const std::function<doub
 {
     std::vector<double> owns;
     std::vector<double> others;
-    for (int run = 0; run <= runs; ++run) {
+    const int last = runs();
+    for (int run = 0; run <= last; ++run) {
         const double first = own();
         const double second = other();
         if (run > 0) {
