@@ -71,7 +71,7 @@ static_assert(
                 return false;
             }
         }
-        return std::size(infos) == std::size_t(HelpIdShared) + 1;
+        return std::size(infos) == checkCount;
     }(),
     "every check is there, in the order of CheckId");
 

@@ -73,6 +73,9 @@ struct CheckInfo
     QLatin1StringView name; ///< lower case, words joined with "-"
 };
 
+/// How many there are.
+inline constexpr std::size_t checkCount = std::size_t(CheckId::HelpIdShared) + 1;
+
 /// Every check, in the order of CheckId.
 std::span<const CheckInfo> checkInfos();
 

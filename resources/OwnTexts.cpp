@@ -95,6 +95,17 @@ constexpr OwnTextEntry entries[] = {
         u"If you save now, it is lost. Save all the same?",
         u"以前の版を %1 に保存できませんでした: %2\n"
         u"このまま保存すると、以前の版は失われます。それでも保存しますか？"},
+    // Rules for checks
+    {OwnText::RulesNotRead, u"%1 cannot be read: %2", u"%1 を読み込めません: %2"},
+    {OwnText::RulesNotIni, u"%1 is not an INI file in UTF-8.", u"%1 は UTF-8 の INI ファイルではありません。"},
+    {OwnText::RulesTwice, u"%1: %2 is there twice.", u"%1: %2 が重複しています。"},
+    {OwnText::RulesUnknownId, u"%1: [%2] is not the id of a check, or is empty.",
+        u"%1: [%2] は検査の ID でないか、中身がありません。"},
+    {OwnText::RulesUnknownKey, u"%1: the key \"%2\" is not known here. Each section has severity and reason.",
+        u"%1: キー「%2」は使えません。各セクションには severity と reason を書きます。"},
+    {OwnText::RulesUnknownSeverity, u"%1: the severity of [%2] is \"%3\" instead of off, note, warning or error.",
+        u"%1: [%2] の severity が「%3」です。off、note、warning、error のいずれかを指定してください。"},
+    {OwnText::RulesWithoutReason, u"%1: [%2] has no reason.", u"%1: [%2] に reason がありません。"},
     // Recovery
     {OwnText::CopiesNotRead,
         u"Not every document with unsaved changes could be brought back from %1: %2\n"

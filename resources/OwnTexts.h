@@ -47,6 +47,14 @@ enum class OwnText : quint16 {
     CapacityMissing,
     // Backups
     SaveWithoutVersion, ///< a question; %1: folder; %2: the system's description
+    // Rules for checks (tabrix-check.ini). %1: the rules file
+    RulesNotRead, ///< %2: the system's reason
+    RulesNotIni,
+    RulesTwice, ///< %2: the section, or the section and the key
+    RulesUnknownId, ///< %2: the section
+    RulesUnknownKey, ///< %2: the key
+    RulesUnknownSeverity, ///< %2: the section; %3: the severity
+    RulesWithoutReason, ///< %2: the section
     // Recovery
     CopiesNotRead, ///< %1: folder; %2: the system's description
     // Grid

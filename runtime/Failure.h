@@ -49,6 +49,14 @@ enum class FailureCode : quint8 {
     FileAppeared, ///< where the document never had one
     VersionNotKept, ///< of what the file holds; 1: the folder for it; 2: the system's reason
     Declined, ///< by the user; silent
+    // Rules for checks (tabrix-check.ini). 1: the rules file
+    RulesNotRead, ///< 2: the system's reason
+    RulesNotIni,
+    RulesTwice, ///< 2: the section, or the section and the key
+    RulesUnknownId, ///< 2: the section
+    RulesUnknownKey, ///< 2: the key
+    RulesUnknownSeverity, ///< 2: the section; 3: the severity
+    RulesWithoutReason, ///< 2: the section
     // Recovery
     CopiesNotRead, ///< 1: their folder; 2: the system's reason
 };

@@ -43,6 +43,20 @@ std::optional<OwnText> textOf(FailureCode code)
         return OwnText::SaveWithoutVersion;
     case FailureCode::CopiesNotRead:
         return OwnText::CopiesNotRead;
+    case FailureCode::RulesNotRead:
+        return OwnText::RulesNotRead;
+    case FailureCode::RulesNotIni:
+        return OwnText::RulesNotIni;
+    case FailureCode::RulesTwice:
+        return OwnText::RulesTwice;
+    case FailureCode::RulesUnknownId:
+        return OwnText::RulesUnknownId;
+    case FailureCode::RulesUnknownKey:
+        return OwnText::RulesUnknownKey;
+    case FailureCode::RulesUnknownSeverity:
+        return OwnText::RulesUnknownSeverity;
+    case FailureCode::RulesWithoutReason:
+        return OwnText::RulesWithoutReason;
     case FailureCode::NoParameterSection:
     case FailureCode::NoFileName:
     case FailureCode::Declined:
