@@ -127,6 +127,8 @@ QList<CheckCase> savingCases()
         {LineDropped, rowOfFile, 0, machine("Code=36\r\n"), machine("")},
         {SpelledOtherwise, 1, 9, one("05,3,1,1,0,30"), one("5,3,1,1,0,30")},
         {SpelledOtherwise, 1, 2, named("\"a\""), named("a")},
+        {SpelledOtherwise, 1, 3, one("5,3,1,2,0,10,20,030", "OP,0,A"), one("5,3,1,2,0,10,20,30", "OP,0,A")},
+        {SpelledOtherwise, 1, 13, one("5,3,1,2,0,10,20,30", "OP,00,A"), one("5,3,1,2,0,10,20,30", "OP,0,A")},
         {SpelledOtherwise, rowOfFile, 0, replaced(one(plain), "Code=35", "code = 35"), one(plain)},
         {LayoutDiffers, rowOfFile, 0, one(plain).replace("\r\n", "\n"), one(plain)},
     };
