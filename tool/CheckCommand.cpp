@@ -40,15 +40,9 @@ QStringList allNames()
     return names;
 }
 
-std::optional<Filter> filterOf(const QCommandLineParser &parser, Session &session)
+Filter filterOf(const QCommandLineParser &parser)
 {
-    const auto severity = chosenValue(parser, u"severity"_s, {u"note"_s, u"warning"_s, u"error"_s}, session);
-    const auto selected = chosenList(parser, u"select"_s, allNames(), session);
-    const auto ignored = chosenList(parser, u"ignore"_s, allNames(), session);
-    if (!severity || !selected || !ignored) {
-        return std::nullopt;
-    }
-    return Filter{*severityNamed(*severity), *selected, *ignored};
+    return {*severityNamed(parser.value(u"severity"_s)), listIn(parser, u"select"_s), listIn(parser, u"ignore"_s)};
 }
 
 /// Standard input by the name that it was given.
@@ -113,12 +107,7 @@ int explain(const QString &name, Session &session)
         }
         return Fine;
     }
-    const auto id = checkNamed(name);
-    if (!id) {
-        session.say(ToolText::BadValue, {u"--explain"_s, name, allNames().join(u", "_s)});
-        return Failed;
-    }
-    session.out.put(explanationOf(*id));
+    session.out.put(explanationOf(*checkNamed(name)));
     return Fine;
 }
 
@@ -127,20 +116,16 @@ int runCheck(const QCommandLineParser &parser, Session &session)
     if (parser.isSet(u"explain"_s)) {
         return explain(parser.value(u"explain"_s), session);
     }
-    const auto format = chosenValue(parser, u"format"_s, {u"text"_s, u"json"_s}, session);
-    const auto filter = filterOf(parser, session);
-    if (!format || !filter) {
-        return Failed;
-    }
     if (parser.positionalArguments().isEmpty()) {
         session.say(ToolText::NoFile);
         return Failed;
     }
-    const bool isJson = *format == "json"_L1 && !session.isQuiet;
+    const Filter filter = filterOf(parser);
+    const bool isJson = parser.value(u"format"_s) == "json"_L1 && !session.isQuiet;
     const QString name = parser.value(u"name"_s);
     const auto work = [&session, &filter, &name, isJson](const InputFile &given) {
         const InputFile input = named(given, name);
-        const Findings findings = findingsOf(input, session.codePage, *filter);
+        const Findings findings = findingsOf(input, session.codePage, filter);
         const QByteArray output = isJson ? asJson(input, findings) : asText(input, findings);
         return FileResult{session.isQuiet ? QByteArray() : output, {}, findings.isEmpty() ? Fine : Found};
     };
@@ -150,14 +135,16 @@ int runCheck(const QCommandLineParser &parser, Session &session)
     return status;
 }
 
-void addCheckOptions(QCommandLineParser &parser)
+void addCheckOptions(OptionList &options)
 {
-    addValueOption(parser, u"format"_s, ToolText::CheckFormatOption, u"FORMAT"_s, u"text"_s);
-    addValueOption(parser, u"severity"_s, ToolText::CheckSeverityOption, u"SEVERITY"_s, u"warning"_s);
-    addValueOption(parser, u"select"_s, ToolText::CheckSelectOption, u"IDS"_s);
-    addValueOption(parser, u"ignore"_s, ToolText::CheckIgnoreOption, u"IDS"_s);
-    addValueOption(parser, u"name"_s, ToolText::CheckNameOption, u"NAME"_s);
-    addValueOption(parser, u"explain"_s, ToolText::CheckExplainOption, u"ID"_s);
+    const QStringList ids = allNames();
+    addChoice(options, u"format"_s, ToolText::CheckFormatOption, u"FORMAT"_s, {u"text"_s, u"json"_s}, u"text"_s);
+    addChoice(options, u"severity"_s, ToolText::CheckSeverityOption, u"SEVERITY"_s,
+        {u"note"_s, u"warning"_s, u"error"_s}, u"warning"_s);
+    addList(options, u"select"_s, ToolText::CheckSelectOption, u"IDS"_s, ids);
+    addList(options, u"ignore"_s, ToolText::CheckIgnoreOption, u"IDS"_s, ids);
+    addValueOption(options, u"name"_s, ToolText::CheckNameOption, u"NAME"_s);
+    addChoice(options, u"explain"_s, ToolText::CheckExplainOption, u"ID"_s, QStringList(u"all"_s) + ids);
 }
 
 } // namespace

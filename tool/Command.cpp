@@ -3,48 +3,18 @@
 #include "runtime/FileName.h"
 #include "tool/Files.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
-void addValueOption(QCommandLineParser &parser, const QString &name, ToolText text, const QString &valueName,
-    const QString &defaultValue)
+OptionList optionsOf(const Command &command)
 {
-    parser.addOption(QCommandLineOption(name, toolText(text), valueName, defaultValue));
-}
-
-void addSwitch(QCommandLineParser &parser, const QString &name, ToolText text)
-{
-    parser.addOption(QCommandLineOption(name, toolText(text)));
-}
-
-void addOutputOption(QCommandLineParser &parser)
-{
-    parser.addOption(QCommandLineOption({u"o"_s, u"output"_s}, toolText(ToolText::OptionOutput), u"FILE"_s));
-}
-
-std::optional<QString> chosenValue(
-    const QCommandLineParser &parser, const QString &name, const QStringList &allowed, Session &session)
-{
-    QString value = parser.value(name);
-    if (!allowed.contains(value)) {
-        session.say(ToolText::BadValue, {u"--"_s + name, value, allowed.join(u", "_s)});
-        return std::nullopt;
-    }
-    return value;
-}
-
-std::optional<QStringList> chosenList(
-    const QCommandLineParser &parser, const QString &name, const QStringList &allowed, Session &session)
-{
-    QStringList pieces = parser.value(name).split(u',', Qt::SkipEmptyParts);
-    const auto unknown =
-        std::ranges::find_if_not(pieces, [&allowed](const QString &one) { return allowed.contains(one); });
-    if (unknown != pieces.end()) {
-        session.say(ToolText::BadValue, {u"--"_s + name, *unknown, allowed.join(u", "_s)});
-        return std::nullopt;
-    }
-    return pieces;
+    OptionList options;
+    options.append({.names = {u"h"_s, u"help"_s}, .description = toolText(ToolText::OptionHelp)});
+    addChoice(
+        options, u"code-page"_s, ToolText::OptionCodePage, u"PAGE"_s, {u"auto"_s, u"932"_s, u"1252"_s}, u"auto"_s);
+    addChoice(options, u"language"_s, ToolText::OptionLanguage, u"LANGUAGE"_s, {u"en"_s, u"ja"_s});
+    addSwitch(options, u"quiet"_s, ToolText::OptionQuiet);
+    command.addOptions(options);
+    return options;
 }
 
 int deliver(const QCommandLineParser &parser, Session &session, const QByteArray &bytes)

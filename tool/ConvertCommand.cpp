@@ -82,10 +82,10 @@ int runConvert(const QCommandLineParser &parser, Session &session)
     return deliverTo(names[1], session, output.bytes);
 }
 
-void addConvertOptions(QCommandLineParser &parser)
+void addConvertOptions(OptionList &options)
 {
-    addValueOption(parser, u"from"_s, ToolText::ConvertFromOption, u"FORMAT"_s);
-    addValueOption(parser, u"to"_s, ToolText::ConvertToOption, u"FORMAT"_s);
+    addChoice(options, u"from"_s, ToolText::ConvertFromOption, u"FORMAT"_s, formats);
+    addChoice(options, u"to"_s, ToolText::ConvertToOption, u"FORMAT"_s, formats);
 }
 
 } // namespace

@@ -104,26 +104,23 @@ int sayNoPair(const QCommandLineParser &parser, Session &session)
 
 int runDiff(const QCommandLineParser &parser, Session &session)
 {
-    const auto format = chosenValue(parser, u"format"_s, {u"text"_s, u"json"_s, u"html"_s}, session);
-    const auto fields = chosenList(parser, u"fields"_s, fieldNames(), session);
-    if (!format || !fields) {
-        return Failed;
-    }
     const auto pair = pairOf(parser.positionalArguments(), parser.isSet(u"git"_s));
     if (!pair) {
         return sayNoPair(parser, session);
     }
-    return compare(*pair, {.isExact = parser.isSet(u"exact"_s), .fields = *fields}, parser, session);
+    return compare(
+        *pair, {.isExact = parser.isSet(u"exact"_s), .fields = listIn(parser, u"fields"_s)}, parser, session);
 }
 
-void addDiffOptions(QCommandLineParser &parser)
+void addDiffOptions(OptionList &options)
 {
-    addValueOption(parser, u"format"_s, ToolText::DiffFormatOption, u"FORMAT"_s, u"text"_s);
-    addValueOption(parser, u"fields"_s, ToolText::DiffFieldsOption, u"FIELDS"_s);
-    addSwitch(parser, u"summary"_s, ToolText::DiffSummaryOption);
-    addSwitch(parser, u"exact"_s, ToolText::DiffExactOption);
-    addSwitch(parser, u"git"_s, ToolText::DiffGitOption);
-    addOutputOption(parser);
+    addChoice(
+        options, u"format"_s, ToolText::DiffFormatOption, u"FORMAT"_s, {u"text"_s, u"json"_s, u"html"_s}, u"text"_s);
+    addList(options, u"fields"_s, ToolText::DiffFieldsOption, u"FIELDS"_s, fieldNames());
+    addSwitch(options, u"summary"_s, ToolText::DiffSummaryOption);
+    addSwitch(options, u"exact"_s, ToolText::DiffExactOption);
+    addSwitch(options, u"git"_s, ToolText::DiffGitOption);
+    addOutputOption(options);
 }
 
 } // namespace

@@ -80,11 +80,11 @@ int runFormat(const QCommandLineParser &parser, Session &session)
     return workOnFiles(files, work, session);
 }
 
-void addFormatOptions(QCommandLineParser &parser)
+void addFormatOptions(OptionList &options)
 {
-    addSwitch(parser, u"in-place"_s, ToolText::FormatInPlaceOption);
-    addSwitch(parser, u"check"_s, ToolText::FormatCheckOption);
-    addSwitch(parser, u"force"_s, ToolText::FormatForceOption);
+    addSwitch(options, u"in-place"_s, ToolText::FormatInPlaceOption);
+    addSwitch(options, u"check"_s, ToolText::FormatCheckOption);
+    addSwitch(options, u"force"_s, ToolText::FormatForceOption);
 }
 
 } // namespace

@@ -175,11 +175,11 @@ int runGitSetup(const QCommandLineParser &parser, Session &session)
     return configure(git, scope, isRemoving) ? writeAttributes(*fileName, isRemoving, session) : Failed;
 }
 
-void addGitSetupOptions(QCommandLineParser &parser)
+void addGitSetupOptions(OptionList &options)
 {
-    addSwitch(parser, u"global"_s, ToolText::SetupGlobalOption);
-    addSwitch(parser, u"print"_s, ToolText::SetupPrintOption);
-    addSwitch(parser, u"remove"_s, ToolText::SetupRemoveOption);
+    addSwitch(options, u"global"_s, ToolText::SetupGlobalOption);
+    addSwitch(options, u"print"_s, ToolText::SetupPrintOption);
+    addSwitch(options, u"remove"_s, ToolText::SetupRemoveOption);
 }
 
 } // namespace

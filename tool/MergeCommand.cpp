@@ -71,10 +71,10 @@ int runMerge(const QCommandLineParser &parser, Session &session)
     return status == Fine && !merged.conflicts.isEmpty() ? Found : status;
 }
 
-void addMergeOptions(QCommandLineParser &parser)
+void addMergeOptions(OptionList &options)
 {
-    addValueOption(parser, u"name"_s, ToolText::MergeNameOption, u"NAME"_s);
-    addOutputOption(parser);
+    addValueOption(options, u"name"_s, ToolText::MergeNameOption, u"NAME"_s);
+    addOutputOption(options);
 }
 
 } // namespace

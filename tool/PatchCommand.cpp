@@ -44,10 +44,10 @@ int runPatch(const QCommandLineParser &parser, Session &session)
     return status == Fine && !patched.rejections.isEmpty() ? Found : status;
 }
 
-void addPatchOptions(QCommandLineParser &parser)
+void addPatchOptions(OptionList &options)
 {
-    addSwitch(parser, u"exact"_s, ToolText::PatchExactOption);
-    addOutputOption(parser);
+    addSwitch(options, u"exact"_s, ToolText::PatchExactOption);
+    addOutputOption(options);
 }
 
 } // namespace

@@ -11,12 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void addCommonOptions(QCommandLineParser &parser)
+void takeCommonOptions(const QCommandLineParser &parser, Session &session)
 {
-    parser.addOption({{u"h"_s, u"help"_s}, toolText(ToolText::OptionHelp)});
-    addValueOption(parser, u"code-page"_s, ToolText::OptionCodePage, u"PAGE"_s, u"auto"_s);
-    addValueOption(parser, u"language"_s, ToolText::OptionLanguage, u"LANGUAGE"_s);
-    addSwitch(parser, u"quiet"_s, ToolText::OptionQuiet);
+    const QString page = parser.value(u"code-page"_s);
+    session.codePage = page == "auto"_L1 ? std::nullopt : std::optional(page.toInt());
+    session.isQuiet = parser.isSet(u"quiet"_s);
 }
 
 /// The language has to be known before the options are described in it.
@@ -67,23 +66,12 @@ int failWithHint(const Command &command, const QString &reason, Session &session
     return Failed;
 }
 
-bool takeCommonOptions(const QCommandLineParser &parser, Session &session)
-{
-    const auto page = chosenValue(parser, u"code-page"_s, {u"auto"_s, u"932"_s, u"1252"_s}, session);
-    if (!page) {
-        return false;
-    }
-    session.codePage = *page == "auto"_L1 ? std::nullopt : std::optional(page->toInt());
-    session.isQuiet = parser.isSet(u"quiet"_s);
-    return true;
-}
-
 int runCommand(const Command &command, const QStringList &arguments, Session &session)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(toolText(command.summary));
-    addCommonOptions(parser);
-    command.addOptions(parser);
+    const OptionList options = optionsOf(command);
+    parser.addOptions(parserOptions(options));
     if (!command.usage.isEmpty()) {
         parser.addPositionalArgument(command.usage, toolText(command.arguments), command.usage);
     }
@@ -93,9 +81,11 @@ int runCommand(const Command &command, const QStringList &arguments, Session &se
     if (parser.isSet(u"help"_s)) {
         return showHelp(command, parser, session);
     }
-    if (!takeCommonOptions(parser, session)) {
+    if (const auto wrong = wrongValue(parser, options)) {
+        session.say(*wrong);
         return Failed;
     }
+    takeCommonOptions(parser, session);
     const int files = int(parser.positionalArguments().size());
     if (files < command.minFiles) {
         return failWithHint(command, toolText(ToolText::NoFile), session);

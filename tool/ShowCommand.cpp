@@ -101,7 +101,7 @@ int runShow(const QCommandLineParser &parser, Session &session)
     return workOnFiles(parser.positionalArguments(), work, session, "\n");
 }
 
-void addShowOptions(QCommandLineParser &)
+void addShowOptions(OptionList &)
 {
 }
 

@@ -66,7 +66,7 @@ int runText(const QCommandLineParser &parser, Session &session)
     return workOnFiles(parser.positionalArguments(), work, session);
 }
 
-void addTextOptions(QCommandLineParser &)
+void addTextOptions(OptionList &)
 {
 }
 
