@@ -82,6 +82,9 @@ int workOnFiles(const QStringList &names, const FileWork &work, Session &session
         if (!result.messages.isEmpty()) {
             session.out.flush(); // so that both streams stay in the order of the files where they meet
         }
+        if (result.inTurn) {
+            result.inTurn();
+        }
         for (const QString &message : result.messages) {
             session.say(message);
         }

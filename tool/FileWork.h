@@ -11,6 +11,7 @@ struct FileResult
     QByteArray output; ///< for standard output
     QStringList messages = {}; ///< for standard error
     int status = Fine;
+    std::function<void()> inTurn = {}; ///< called when it is this file's turn, by the thread that waits for them
 };
 
 using FileWork = std::function<FileResult(const InputFile &input)>;

@@ -38,6 +38,9 @@ enum class ToolText : quint8 {
     CheckIgnoreOption,
     CheckExplainOption,
     CheckNameOption,
+    RuleOff, ///< %1: file; %2: rules file; %3: its reason
+    RuleSeverity, ///< likewise; %4: severity
+    RuleNone, ///< %1: file
     Explanation, ///< %1: id; %2: severity; %3: why it matters; %4: example; %5: what to do
     SeverityNote,
     SeverityWarning,

@@ -2,18 +2,15 @@
 
 #include "app/services/Language.h"
 #include "app/services/Messages.h"
-#include "check/CheckTexts.h"
 #include "document/ParameterColumns.h"
 #include "tool/SheetFields.h"
 #include "tool/ToolTexts.h"
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-CheckLanguage checkLanguage()
+const CheckText &checkTextOf(CheckId id)
 {
-    return isJapanese() ? CheckLanguage::Japanese : CheckLanguage::English;
+    return checkText(id, isJapanese() ? CheckLanguage::Japanese : CheckLanguage::English);
 }
 
 QString severityCaption(Severity severity)
@@ -21,8 +18,6 @@ QString severityCaption(Severity severity)
     constexpr ToolText captions[] = {ToolText::SeverityNote, ToolText::SeverityWarning, ToolText::SeverityError};
     return toolText(captions[std::size_t(severity)]);
 }
-
-} // namespace
 
 QString columnCaption(int column)
 {
@@ -33,14 +28,13 @@ QString messageOf(const Finding &finding)
 {
     const QString caption =
         finding.place.column > 0 ? columnCaption(finding.place.column) : toolText(ToolText::MachineInformation);
-    return filledText(
-        checkText(finding.id, checkLanguage()).message, QStringList{finding.name, caption} + finding.arguments);
+    return filledText(checkTextOf(finding.id).message, QStringList{finding.name, caption} + finding.arguments);
 }
 
 QString explanationOf(CheckId id)
 {
     const CheckInfo &info = checkInfo(id);
-    const CheckText &text = checkText(id, checkLanguage());
+    const CheckText &text = checkTextOf(id);
     return toolText(ToolText::Explanation,
         {info.name, severityCaption(info.severity), text.explanation.toString(), text.example.toString(),
             text.remedy.toString()});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "check/CheckTexts.h"
 #include "check/Finding.h"
 
 #include <QString>
@@ -9,6 +10,12 @@ QString columnCaption(int column);
 
 /// The sentence that a finding is, in the interface's language.
 QString messageOf(const Finding &finding);
+
+/// "Note", "Warning" or "Error", in the interface's language.
+QString severityCaption(Severity severity);
+
+/// The texts of a check in the interface's language.
+const CheckText &checkTextOf(CheckId id);
 
 /// Everything that is documented about a check, in the interface's language.
 QString explanationOf(CheckId id);
