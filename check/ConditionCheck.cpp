@@ -1,6 +1,7 @@
 #include "check/ConditionCheck.h"
 
 #include "check/NumberKey.h"
+#include "check/OtherRows.h"
 #include "document/ParameterColumn.h"
 #include "document/PrCondText.h"
 #include "runtime/NumberText.h"
@@ -38,7 +39,7 @@ std::optional<SettingInterval> namedValues(const PrCondition &condition)
 class ConditionCheck
 {
 public:
-    ConditionCheck(const PrRecord &record, int row, const ParameterIndex &index, Findings &findings);
+    ConditionCheck(const PrRecord &record, int row, const OtherRows &others, Findings &findings);
 
     void check();
 
@@ -50,12 +51,12 @@ private:
 
     const PrRecord &m_record;
     int m_row;
-    const ParameterIndex &m_index;
+    const OtherRows &m_others;
     Findings &m_findings;
 };
 
-ConditionCheck::ConditionCheck(const PrRecord &record, int row, const ParameterIndex &index, Findings &findings)
-    : m_record(record), m_row(row), m_index(index), m_findings(findings)
+ConditionCheck::ConditionCheck(const PrRecord &record, int row, const OtherRows &others, Findings &findings)
+    : m_record(record), m_row(row), m_others(others), m_findings(findings)
 {
 }
 
@@ -76,13 +77,13 @@ void ConditionCheck::check(const PrCondition &condition)
     if (!isNumeric(condition.subject)) {
         return; // a plug-in option may have any name; anything else does not survive a save
     }
-    const int row = m_index.rowOf(condition.subject);
+    const int row = m_others.rowOf(condition.subject);
     if (row < 0) {
         add(CheckId::ConditionOnMissing, condition, condition.subject);
     } else if (numberKey(condition.subject) == numberKey(m_record.number)) {
         add(CheckId::ConditionOnItself, condition);
     } else {
-        checkValues(condition, m_index.intervals(row));
+        checkValues(condition, m_others.intervals(row));
     }
 }
 
@@ -127,25 +128,9 @@ void ConditionCheck::add(CheckId id, const PrCondition &condition, const QString
 
 } // namespace
 
-ParameterIndex::ParameterIndex(const QList<PrRecord> &rows) : m_rows(rows)
-{
-    m_firstRows.reserve(rows.size());
-    for (int row = 0; row < rows.size(); ++row) {
-        const QString key = numberKey(rows[row].number);
-        if (!m_firstRows.contains(key)) {
-            m_firstRows.insert(key, row);
-        }
-    }
-}
-
-int ParameterIndex::rowOf(const QString &number) const
-{
-    return m_firstRows.value(numberKey(number), -1);
-}
-
-void checkConditions(const PrRecord &record, int row, const ParameterIndex &index, Findings &findings)
+void checkConditions(const PrRecord &record, int row, const OtherRows &others, Findings &findings)
 {
     if (!record.conditions.isEmpty()) {
-        ConditionCheck(record, row, index, findings).check();
+        ConditionCheck(record, row, others, findings).check();
     }
 }

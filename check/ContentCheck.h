@@ -6,6 +6,20 @@
 
 #include <QList>
 
-/// What is wrong in itself in the rows of a document: numbers, ranges, factory settings, conditions, function codes,
-/// help topics. labels: the label set that the document's file name gives it. codePage: the one of the document.
-Findings checkContent(const QList<PrRecord> &rows, FunctionLabels labels, int codePage);
+class OtherRows;
+
+/// What the content is judged by beside itself.
+struct ContentBasis
+{
+    FunctionLabels labels; ///< the label set that the document's file name gives it
+    int codePage; ///< of the document
+
+    bool operator==(const ContentBasis &) const = default;
+};
+
+/// What is wrong in itself in a record: number, ranges, factory setting, conditions, function code, help topic.
+/// row: from 0, its own among the others.
+Findings checkContent(const PrRecord &record, int row, const OtherRows &others, const ContentBasis &basis);
+
+/// The same for all rows of a document.
+Findings checkContent(const QList<PrRecord> &rows, const ContentBasis &basis);

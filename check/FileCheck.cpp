@@ -110,7 +110,7 @@ Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QStr
         }
     }
     findings += checkMachine(document.machine);
-    findings += checkContent(document.rows.first(found), functionLabels(fileName), page.number());
+    findings += checkContent(document.rows.first(found), {functionLabels(fileName), page.number()});
     addSaveFindings(bytes, document, found, findings);
     std::ranges::stable_sort(
         findings, {}, [](const Finding &finding) { return std::pair(finding.place.row, finding.place.column); });

@@ -44,17 +44,11 @@ CheckId checkOf(ReadBackFault fault)
     Q_UNREACHABLE();
 }
 
-QStringList argumentsOf(const ReadBackFinding &fault, const Document &document, const AnsiCodePage &page)
+QStringList lengthOf(const QString &key, const MachineInfo &machine, const AnsiCodePage &page)
 {
-    if (fault.fault == ReadBackFault::BoundDigits) {
-        return {settingRangeText(document.rows[fault.cell.row - 1])};
-    }
-    if (fault.fault == ReadBackFault::TooLong) {
-        const auto texts = machineValues(document.machine);
-        const auto found = std::ranges::find(texts, fault.name, &std::pair<QString, QString>::first);
-        return {QString::number(found == texts.end() ? 0 : page.byteLength(found->second))};
-    }
-    return {};
+    const auto texts = machineValues(machine);
+    const auto found = std::ranges::find(texts, key, &std::pair<QString, QString>::first);
+    return {QString::number(found == texts.end() ? 0 : page.byteLength(found->second))};
 }
 
 bool isMissingIn(const QString &text, const AnsiCodePage &page)
@@ -63,9 +57,9 @@ bool isMissingIn(const QString &text, const AnsiCodePage &page)
     return page.encode(text, bytes).has_value();
 }
 
-void checkMachineTexts(const Document &document, const AnsiCodePage &page, Findings &findings)
+void checkMachineTexts(const MachineInfo &machine, const AnsiCodePage &page, Findings &findings)
 {
-    for (const auto &[key, text] : machineValues(document.machine)) {
+    for (const auto &[key, text] : machineValues(machine)) {
         if (const qsizetype bytes = undecodedBytes(text); bytes > 0) {
             findings.append(
                 {CheckId::BytesOutsidePage, {}, key, {QString::number(bytes), QString::number(page.number())}});
@@ -122,14 +116,37 @@ void RowTexts::add(const PrRecord &record, int row, int column, qsizetype bytes)
 Findings checkReadBack(const Document &document)
 {
     const AnsiCodePage &page = AnsiCodePage::page(document.codePage);
-    Findings findings;
-    for (const ReadBackFinding &fault : findReadBackFaults(document.machine, document.rows, page)) {
-        findings.append({checkOf(fault.fault), fault.cell, fault.name, argumentsOf(fault, document, page)});
-    }
-    checkMachineTexts(document, page, findings);
-    RowTexts texts(page, findings);
+    Findings findings = checkMachineReadBack(document.machine, !document.rows.isEmpty(), page);
     for (qsizetype i = 0; i < document.rows.size(); ++i) {
-        texts.check(document.rows[i], int(i + 1));
+        findings += checkRowReadBack(document.rows[i], int(i + 1), page);
     }
+    return findings;
+}
+
+Findings checkMachineReadBack(const MachineInfo &machine, bool hasRows, const AnsiCodePage &page)
+{
+    ReadBackCheck check(page);
+    check.checkMachine(machine, hasRows);
+    Findings findings;
+    for (const ReadBackFinding &fault : check.takeFindings()) {
+        const bool isTooLong = fault.fault == ReadBackFault::TooLong;
+        findings.append(
+            {checkOf(fault.fault), {}, fault.name, isTooLong ? lengthOf(fault.name, machine, page) : QStringList()});
+    }
+    checkMachineTexts(machine, page, findings);
+    return findings;
+}
+
+Findings checkRowReadBack(const PrRecord &record, int row, const AnsiCodePage &page)
+{
+    ReadBackCheck check(page);
+    check.checkRow(fieldsOf(record), row);
+    Findings findings;
+    for (const ReadBackFinding &fault : check.takeFindings()) {
+        const bool isBound = fault.fault == ReadBackFault::BoundDigits;
+        findings.append({checkOf(fault.fault), fault.cell, fault.name,
+            isBound ? QStringList{settingRangeText(record)} : QStringList()});
+    }
+    RowTexts(page, findings).check(record, row);
     return findings;
 }

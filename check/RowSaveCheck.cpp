@@ -1,10 +1,12 @@
 #include "check/RowSaveCheck.h"
 
+#include "check/SavedForm.h"
 #include "check/SettingIntervals.h"
 #include "document/FieldReader.h"
 #include "document/FieldText.h"
 #include "document/ParameterColumns.h"
 #include "document/PrCondText.h"
+#include "document/PrFileCodec.h"
 #include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
 #include "runtime/NumberText.h"
@@ -157,7 +159,8 @@ class RowSaveCheck
 public:
     RowSaveCheck(const AnsiCodePage &page, const Findings &known);
 
-    void check(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
+    /// row: from 1.
+    void check(int row, const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written);
     Findings findings;
 
 private:
@@ -183,9 +186,9 @@ RowSaveCheck::RowSaveCheck(const AnsiCodePage &page, const Findings &known) : m_
     }
 }
 
-void RowSaveCheck::check(const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
+void RowSaveCheck::check(int row, const PrRecord &read, const PrRecord &saved, const RawRow &raw, const RawRow &written)
 {
-    ++m_row;
+    m_row = row;
     if (raw == written) {
         return;
     }
@@ -257,6 +260,12 @@ void RowSaveCheck::add(CheckId id, int column, const QString &before, const QStr
     findings.append({id, {.row = m_row, .column = column}, m_number, {before, after}});
 }
 
+/// The bytes of a document of that one row
+QByteArray bytesOf(const PrRecord &record, const AnsiCodePage &page)
+{
+    return encodePrFile(Document{.machine = {}, .rows = {record}, .codePage = page.number()}).bytes;
+}
+
 } // namespace
 
 Findings checkSavedRows(
@@ -267,7 +276,20 @@ Findings checkSavedRows(
     RowSaveCheck check(page, known);
     for (qsizetype i = 0; i < original.rows.size() && i < saved.rows.size(); ++i) {
         const RawRow row = raw.next();
-        check.check(original.rows[i], saved.rows[i], row, written.next());
+        check.check(int(i + 1), original.rows[i], saved.rows[i], row, written.next());
     }
+    return std::move(check.findings);
+}
+
+Findings checkRowSavedAgain(const PrRecord &record, int row, const AnsiCodePage &page, const Findings &known)
+{
+    const auto saved = savedForm(record);
+    if (!saved || *saved == record) {
+        return {};
+    }
+    const QByteArray bytes = bytesOf(record, page);
+    const QByteArray bytesSaved = bytesOf(*saved, page);
+    RowSaveCheck check(page, known);
+    check.check(row, record, *saved, RawRows(bytes, page).next(), RawRows(bytesSaved, page).next());
     return std::move(check.findings);
 }

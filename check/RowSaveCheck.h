@@ -19,3 +19,7 @@ struct RowsOfFile
 /// far.
 Findings checkSavedRows(
     const RowsOfFile &original, const RowsOfFile &saved, const AnsiCodePage &page, const Findings &known);
+
+/// The same for one row (from 1) as a save has just written it. known: what was found in that row; without an error, so
+/// that the record is what is read of it.
+Findings checkRowSavedAgain(const PrRecord &record, int row, const AnsiCodePage &page, const Findings &known);

@@ -49,3 +49,16 @@ std::optional<Document> savedForm(const Document &document)
     }
     return saved;
 }
+
+std::optional<PrRecord> savedForm(const PrRecord &record)
+{
+    OneRow grid;
+    grid.show(record);
+    RowCollector collector(grid);
+    if (!collector.collect(1)) {
+        return std::nullopt;
+    }
+    PrRecord saved = record;
+    takeFields(collector.fields(), saved);
+    return saved;
+}
