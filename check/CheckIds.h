@@ -58,6 +58,7 @@ enum class CheckId : quint8 {
     NameTooLong,
     ValueTooLongToPrint,
     HelpIdShared,
+    Count ///< comes last
 };
 
 enum class Severity : quint8 {
@@ -74,7 +75,7 @@ struct CheckInfo
 };
 
 /// How many there are.
-inline constexpr std::size_t checkCount = std::size_t(CheckId::HelpIdShared) + 1;
+inline constexpr std::size_t checkCount = std::size_t(CheckId::Count);
 
 /// Every check, in the order of CheckId.
 std::span<const CheckInfo> checkInfos();

@@ -18,6 +18,17 @@ struct CheckText
     QStringView remedy; ///< what to do
 };
 
+/// Whether there is a text for every check, in the order of CheckId.
+constexpr bool isComplete(std::span<const CheckText> texts)
+{
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (std::size_t(texts[i].id) != i) {
+            return false;
+        }
+    }
+    return texts.size() == checkCount;
+}
+
 enum class CheckLanguage { English, Japanese };
 
 /// The text of a check.

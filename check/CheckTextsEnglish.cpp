@@ -173,6 +173,8 @@ constexpr CheckText texts[] = {
         u"Enter the parameter's own topic, unless one topic explains both."},
 };
 
+static_assert(isComplete(texts), "every check has its text, in the order of CheckId");
+
 } // namespace
 
 std::span<const CheckText> englishCheckTexts()

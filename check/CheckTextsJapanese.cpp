@@ -160,6 +160,8 @@ constexpr CheckText texts[] = {
         u"一つの項目で両方を説明するのでなければ、それぞれのヘルプ ID を入力してください。"},
 };
 
+static_assert(isComplete(texts), "every check has its text, in the order of CheckId");
+
 } // namespace
 
 std::span<const CheckText> japaneseCheckTexts()
