@@ -2,10 +2,11 @@
 
 #include "document/ParameterColumn.h"
 #include "document/RowFields.h"
-#include "resources/Texts.h"
+#include "resources/OwnTexts.h"
 
 #include <QStringView>
 
+#include <algorithm>
 #include <array>
 
 /// What a user may type into a column's cells.
@@ -21,7 +22,7 @@ enum class ColumnKind {
 struct ColumnInfo
 {
     int column; ///< from 1
-    Text heading;
+    Caption heading;
     QString PrRecord::*field; ///< the field, where it is one text; null for a list
     int fileField; ///< its position among a row's texts in the file, from 1; 0 if field is null
     /// What the cell shows of a record; null when it is the field, or the field as an increment, itself.
@@ -31,7 +32,7 @@ struct ColumnInfo
     bool isAsTyped; ///< the file has what was typed, so that it may not come back as it was
     ColumnKind kind;
     int limit;
-    QStringView newText; ///< in a row that was added; null: the cell is left alone
+    QStringView newText; ///< in a row that was added; null: the cell is left alone (the last columns only)
     double width; ///< in characters; 0: as wide as the heading
     bool isCentred;
     bool isHidden; ///< until the user shows it
@@ -107,3 +108,6 @@ constexpr bool isTableComplete()
     return true;
 }
 static_assert(isTableComplete(), "every column is there, in order, and every text has its own position in the file");
+static_assert(
+    std::ranges::is_partitioned(parameterColumns, [](const ColumnInfo &column) { return !column.newText.isNull(); }),
+    "the columns that an added row leaves alone are the last ones");

@@ -38,7 +38,7 @@ RowsReader::RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows)
 
 Result<> RowsReader::read(const AfterRow &afterRow)
 {
-    constexpr qsizetype minRowBytes = 13;
+    constexpr qsizetype minRowBytes = RowFields::textCount + 3; // separators, and a digit for each of the counts
     m_rows.clear();
     if (m_findings.rowsAnnounced < 0) {
         return FailureCode::SubscriptOutOfRange;

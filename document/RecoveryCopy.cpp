@@ -11,6 +11,9 @@ namespace {
 
 // The number after the name is that of the layout: another one is not read.
 constexpr QByteArrayView mark("Tabrix recovery 1\n");
+static_assert(ParameterColumn::Count == 13,
+    "rows of another number of columns are another layout, with the next number after the name");
+static_assert(ParameterColumn::Count < 32, "a row's changed columns are bits of one number");
 constexpr qsizetype sumLength = 16;
 constexpr QString MachineInfo::*infoTexts[] = {&MachineInfo::Name, &MachineInfo::TypeCode, &MachineInfo::VCapacity,
     &MachineInfo::Code, &MachineInfo::SoftWareVersion};

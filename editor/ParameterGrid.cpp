@@ -1,6 +1,7 @@
 #include "editor/ParameterGrid.h"
 
 #include "app/services/Language.h"
+#include "app/services/Messages.h"
 #include "app/services/Settings.h"
 #include "document/DocumentTables.h"
 #include "document/ParameterColumns.h"
@@ -35,7 +36,7 @@ CellType cellType(const ColumnInfo &column)
 void layOutColumn(SpreadGrid &grid, const ColumnInfo &column)
 {
     grid.setCellType(column.column, -1, cellType(column));
-    grid.setText(column.column, 0, ResString(column.heading));
+    grid.setText(column.column, 0, captionText(column.heading));
     grid.setAlignment(column.column, column.isCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
     if (column.width > 0) {
         grid.setWidthInCharacters(column.column, column.width);

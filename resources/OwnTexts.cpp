@@ -1,5 +1,7 @@
 #include "resources/OwnTexts.h"
 
+#include <iterator>
+
 namespace {
 
 constexpr OwnTextEntry entries[] = {
@@ -138,6 +140,17 @@ constexpr OwnTextEntry entries[] = {
     {OwnText::NoColumnToPrint, u"There are no parameters to print because their columns are hidden.",
         u"列が表示されていないため、印刷するパラメータがありません。"},
 };
+
+static_assert(
+    [] {
+        for (std::size_t i = 0; i < std::size(entries); ++i) {
+            if (std::size_t(entries[i].id) != i || entries[i].english.isEmpty() || entries[i].japanese.isEmpty()) {
+                return false;
+            }
+        }
+        return std::size(entries) == std::size_t(OwnText::Count);
+    }(),
+    "every text of OwnText is there, in its order and in both languages");
 
 } // namespace
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "resources/Texts.h"
+
 #include <QStringView>
 
 #include <span>
+#include <variant>
 
 /// What the program says beyond its table of numbered texts (resources/StringTable.h). Each is a whole sentence or
 /// caption; %1, %2 ... stand for what is filled in.
@@ -71,7 +74,11 @@ enum class OwnText : quint16 {
     // Printing
     NoPageToPrint, ///< %1, %2: first and last page of the range; %3: number of pages
     NoColumnToPrint,
+    Count ///< comes last
 };
+
+/// A caption, from whichever of the two tables has it.
+using Caption = std::variant<Text, OwnText>;
 
 /// One text in both languages.
 struct OwnTextEntry

@@ -21,7 +21,7 @@ QString severityCaption(Severity severity)
 
 QString columnCaption(int column)
 {
-    return ResString(parameterColumns.at(std::size_t(column - 1)).heading);
+    return captionText(parameterColumns.at(std::size_t(column - 1)).heading);
 }
 
 QString messageOf(const Finding &finding)

@@ -88,6 +88,12 @@ QString ownText(OwnText id, const QStringList &arguments)
     return filledText(LanguageBase == JapaneseBase ? entry.japanese : entry.english, arguments);
 }
 
+QString captionText(const Caption &caption)
+{
+    const OwnText *own = std::get_if<OwnText>(&caption);
+    return own != nullptr ? ownText(*own) : ResString(std::get<Text>(caption));
+}
+
 QString failureText(const Failure &failure)
 {
     const auto text = textOf(failure.code);

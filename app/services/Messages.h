@@ -13,6 +13,9 @@ QString filledText(QStringView text, const QStringList &arguments);
 /// whatever they contain. A placeholder without an argument stays.
 QString ownText(OwnText id, const QStringList &arguments = {});
 
+/// The caption in the language chosen.
+QString captionText(const Caption &caption);
+
 /// What the user is told of the failure, e.g. "Type mismatch", or asked about one that he may agree to; empty if it is
 /// a silent one.
 QString failureText(const Failure &failure);

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 UserFontSettings UserFont;
 std::array<bool, 14> ListVisualState{};
-static_assert(ListVisualState.size() > parameterColumns.size());
+static_assert(ListVisualState.size() > parameterColumns.size(), "every column has its entry, and one is never stored");
 
 namespace {
 

@@ -203,6 +203,12 @@ TEST(OwnTexts, areWordedInTheLanguageChosen)
     EXPECT_EQ(ownText(OwnText::TypeMismatch), u"\u578b\u304c\u4e00\u81f4\u3057\u307e\u305b\u3093\u3002"_s);
 }
 
+TEST(OwnTexts, canBeCaptionsAsThoseOfTheTable)
+{
+    EXPECT_EQ(captionText(Text::HeadingUnit), u"Unit"_s);
+    EXPECT_EQ(captionText(OwnText::TypeMismatch), u"Type mismatch"_s);
+}
+
 TEST(OwnTexts, showTheirArgumentsAsTheyAre)
 {
     EXPECT_EQ(ownText(OwnText::SaveWithoutVersion, {u"/a%2b"_s, u"100%1"_s}),
