@@ -1,3 +1,5 @@
+#include "document/ParameterColumns.h"
+#include "editor/Commands.h"
 #include "help/HelpLibrary.h"
 #include "resources/StringTable.h"
 #include "tests/help/HelpFile.h"
@@ -5,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QKeySequence>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTextDocument>
@@ -17,6 +20,7 @@ struct HelpLanguage
 {
     const char *name;
     QStringView InterfaceText::*text;
+    QStringView OwnTextEntry::*ownText;
 };
 
 void PrintTo(const HelpLanguage &language, std::ostream *out)
@@ -38,6 +42,12 @@ QString withoutMarkup(const QString &markup)
     return document.toPlainText();
 }
 
+/// As the guide's page on keys writes it.
+QString markedKey(const CommandInfo &command)
+{
+    return u"<span class=\"key\">%1</span>"_s.arg(QKeySequence(command.key).toString(QKeySequence::PortableText));
+}
+
 class HelpText : public testing::TestWithParam<HelpLanguage>
 {
 protected:
@@ -46,6 +56,9 @@ protected:
         QSet<QString> captions;
         for (const InterfaceText &text : interfaceTexts()) {
             captions.insert(plainCaption((text.*GetParam().text).toString()));
+        }
+        for (const OwnTextEntry &text : ownTextEntries()) {
+            captions.insert(plainCaption((text.*GetParam().ownText).toString()));
         }
         return captions;
     }
@@ -60,6 +73,14 @@ protected:
             }
         }
         return captions;
+    }
+
+    QString caption(const Caption &of) const
+    {
+        const OwnText *own = std::get_if<OwnText>(&of);
+        return plainCaption((own != nullptr ? ownTextEntries()[std::size_t(*own)].*GetParam().ownText
+                                            : interfaceText(int(std::get<Text>(of)))->*GetParam().text)
+                                .toString());
     }
 
     std::unique_ptr<HelpLibrary> library = HelpLibrary::open(helpFile(QString::fromLatin1(GetParam().name)));
@@ -85,12 +106,27 @@ TEST_P(HelpText, explainsEveryMenuCommandAndEveryColumn)
     const QSet<QString> used(captions.begin(), captions.end());
     for (const InterfaceText &text : interfaceTexts()) {
         const bool isMenu = text.id >= 10 && text.id <= 47;
-        const bool isColumn = text.id >= 100 && text.id <= 113;
-        if (isMenu || isColumn) {
+        if (isMenu) {
             EXPECT_TRUE(used.contains(plainCaption((text.*GetParam().text).toString()))) << text.id;
+        }
+    }
+    EXPECT_TRUE(used.contains(caption(Text::HeadingRowNumber)));
+    for (const ColumnInfo &column : parameterColumns) {
+        EXPECT_TRUE(used.contains(caption(column.heading))) << caption(column.heading).toStdString();
+    }
+}
+
+TEST_P(HelpText, namesTheKeyOfEveryCommand)
+{
+    ASSERT_TRUE(library);
+    const QString page = QString::fromUtf8(library->data(library->topic(1).resolved(QUrl(u"keyboard.html"_s))));
+    for (const CommandInfo &command : commands()) {
+        if (command.hasKey()) {
+            EXPECT_TRUE(page.contains(markedKey(command))) << markedKey(command).toStdString();
         }
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, HelpText,
-    testing::Values(HelpLanguage{"en", &InterfaceText::english}, HelpLanguage{"ja", &InterfaceText::japanese}));
+    testing::Values(HelpLanguage{"en", &InterfaceText::english, &OwnTextEntry::english},
+        HelpLanguage{"ja", &InterfaceText::japanese, &OwnTextEntry::japanese}));
