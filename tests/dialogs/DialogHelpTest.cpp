@@ -11,8 +11,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
+#include <iterator>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -29,15 +32,17 @@ QWidget *helpWindow()
     return nullptr;
 }
 
-struct HelpTopic
+std::vector<OpenedDialog> dialogsWithHelp()
 {
-    DialogOpener open;
-    QString page;
-};
+    std::vector<OpenedDialog> dialogs;
+    std::ranges::copy_if(openedDialogs, std::back_inserter(dialogs),
+        [](const OpenedDialog &dialog) { return dialog.helpPage != nullptr; });
+    return dialogs;
+}
 
 using HelpWay = void (*)(QDialog &dialog);
 
-class DialogHelp : public testing::TestWithParam<std::tuple<HelpTopic, HelpWay>>
+class DialogHelp : public testing::TestWithParam<std::tuple<OpenedDialog, HelpWay>>
 {
 protected:
     void SetUp() override
@@ -56,7 +61,7 @@ protected:
 TEST_P(DialogHelp, showsTheDialogsTopicAndLeavesTheDialogOpen)
 {
     const auto &[tested, askForHelp] = GetParam();
-    tested.open([askForHelp = askForHelp, page = tested.page](QDialog &dialog) {
+    tested.open([askForHelp = askForHelp, page = QLatin1StringView(tested.helpPage)](QDialog &dialog) {
         askForHelp(dialog);
         ASSERT_TRUE(QTest::qWaitFor([] { return helpWindow() != nullptr; }, patience));
         EXPECT_EQ(control<HelpBrowser>(*helpWindow(), u"helpBrowser"_s).source().fileName(), page);
@@ -66,13 +71,24 @@ TEST_P(DialogHelp, showsTheDialogsTopicAndLeavesTheDialogOpen)
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, DialogHelp,
-    testing::Combine(testing::ValuesIn(std::vector<HelpTopic>{
-                         {openFunc, u"funccode.html"_s},
-                         {openPrCond, u"conditions.html"_s},
-                         {openKisyuEdit, u"machine.html"_s},
-                     }),
+    testing::Combine(testing::ValuesIn(dialogsWithHelp()),
         testing::Values([](QDialog &dialog) { click(dialog, u"cmdHelp"_s); }, [](QDialog &) { press(Qt::Key_F1); },
             [](QDialog &) { press(Qt::Key_H, Qt::AltModifier); })));
+
+class HelpButton : public testing::TestWithParam<OpenedDialog>
+{
+};
+
+TEST_P(HelpButton, isThereWhereThereIsATopic)
+{
+    useEnglish();
+    GetParam().open([](QDialog &dialog) {
+        EXPECT_EQ(dialog.findChild<QPushButton *>(u"cmdHelp"_s) != nullptr, GetParam().helpPage != nullptr);
+        dialog.reject();
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, HelpButton, testing::ValuesIn(openedDialogs));
 
 TEST(DialogWithoutHelp, ignoresTheHelpKey)
 {

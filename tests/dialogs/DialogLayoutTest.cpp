@@ -11,13 +11,20 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QDirIterator>
+#include <QFile>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
+
+#include <algorithm>
+#include <iterator>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -88,7 +95,49 @@ void expectInTheMiddle(const QDialog &dialog)
     EXPECT_LE(off.manhattanLength(), fillsScreen ? frame : 2) << off.x() << ' ' << off.y();
 }
 
-class DialogLayout : public testing::TestWithParam<std::tuple<DialogOpener, void (*)(), float>>
+/// The classes of the program that derive from EditDialog.
+QStringList editDialogClasses()
+{
+    static const QRegularExpression derived(u"class (\\w+) : public EditDialog\\b"_s);
+    QStringList classes;
+    for (const QString &folder : {u"app"_s, u"dialogs"_s, u"editor"_s, u"print"_s}) {
+        QDirIterator headers(
+            QStringLiteral(TABRIX_SOURCES "/") + folder, {u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
+        while (headers.hasNext()) {
+            QFile header(headers.next());
+            EXPECT_TRUE(header.open(QIODevice::ReadOnly));
+            const auto match = derived.match(QString::fromUtf8(header.readAll()));
+            if (match.hasMatch()) {
+                classes << match.captured(1);
+            }
+        }
+    }
+    return classes;
+}
+
+std::vector<OpenedDialog> editDialogs()
+{
+    const QStringList classes = editDialogClasses();
+    std::vector<OpenedDialog> dialogs;
+    std::ranges::copy_if(openedDialogs, std::back_inserter(dialogs), [&classes](const OpenedDialog &dialog) {
+        return std::ranges::any_of(
+            classes, [&dialog](const QString &name) { return QLatin1StringView(dialog.name).startsWith(name); });
+    });
+    return dialogs;
+}
+
+TEST(Dialogs, areAllOpenedByTests)
+{
+    const QStringList classes = editDialogClasses();
+    EXPECT_GE(classes.size(), 6);
+    for (const QString &name : classes) {
+        EXPECT_TRUE(std::ranges::any_of(openedDialogs,
+            [&name](const OpenedDialog &dialog) { return QLatin1StringView(dialog.name).startsWith(name); }))
+            << name.toStdString() << " is not in tests/dialogs/DialogOpeners.h";
+    }
+}
+
+class DialogLayout : public testing::TestWithParam<std::tuple<OpenedDialog, void (*)(), float>>
 {
 protected:
     void SetUp() override
@@ -98,7 +147,7 @@ protected:
         UserFont.FontBold = true; // the widest that a user can choose of a font
     }
 
-    void open(const DialogAct &act) { std::get<0>(GetParam())(act); }
+    void open(const DialogAct &act) { std::get<0>(GetParam()).open(act); }
 };
 
 TEST_P(DialogLayout, cutsNothing)
@@ -149,8 +198,8 @@ TEST_P(DialogLayout, isModal)
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, DialogLayout,
-    testing::Combine(testing::Values(openFunc, openKqm3Func, openPrCond, openKisyuEdit, openCap),
-        testing::Values(useEnglish, useJapanese), testing::Values(8.0F, 12.0F, 20.0F)));
+    testing::Combine(testing::ValuesIn(editDialogs()), testing::Values(useEnglish, useJapanese),
+        testing::Values(8.0F, 12.0F, 20.0F)));
 
 class GridDialog : public testing::TestWithParam<DialogOpener>
 {

@@ -25,8 +25,9 @@ using DialogOpener = void (*)(const DialogAct &act);
 
 struct OpenedDialog
 {
-    const char *name;
+    const char *name; ///< for an EditDialog: its class, and what comes after it
     DialogOpener open;
+    const char *helpPage = nullptr; ///< that Help and F1 lead to
 };
 
 void PrintTo(const OpenedDialog &dialog, std::ostream *out);
@@ -34,11 +35,11 @@ void PrintTo(const OpenedDialog &dialog, std::ostream *out);
 /// All of the program's dialogs.
 inline constexpr OpenedDialog openedDialogs[] = {
     {"frmVersion", openVersion},
-    {"frmFunc", openFunc},
-    {"frmFuncOfKqm3", openKqm3Func},
+    {"frmFunc", openFunc, "funccode.html"},
+    {"frmFuncOfKqm3", openKqm3Func, "funccode.html"},
     {"frmCap", openCap},
-    {"frmPrCond", openPrCond},
-    {"frmKisyuEdit", openKisyuEdit},
+    {"frmPrCond", openPrCond, "conditions.html"},
+    {"frmKisyuEdit", openKisyuEdit, "machine.html"},
     {"frmPrint", openPrint},
     {"frmVisualInf", openVisibleColumns},
     {"messageBox", openMessage},
