@@ -1,5 +1,6 @@
 #include "document/DocumentTables.h"
 #include "document/FieldText.h"
+#include "document/ParameterColumns.h"
 #include "document/PrCondText.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
@@ -10,6 +11,7 @@
 #include "tests/support/QtPrinters.h"
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -253,6 +255,23 @@ TEST_F(Properties, anyBytesEndInARecordTableOrAnError)
         const bool done = readBytes(fileWithRows(rows, random.number(4)));
         ASSERT_EQ(done, host.messages.isEmpty()) << rows.toStdString();
         host.messages.clear();
+    }
+}
+
+// What it leaves out no test of this file looks at.
+TEST(RandomDocument, fillsEveryTextOfARow)
+{
+    std::array<std::set<QString>, fileTexts.size()> seen;
+    RandomDocument document(1, false);
+    for (int i = 0; i < 50; ++i) {
+        for (const PrRecord &record : document.records(12)) {
+            for (std::size_t text = 0; text < fileTexts.size(); ++text) {
+                seen[text].insert(record.*fileTexts[text]);
+            }
+        }
+    }
+    for (std::size_t text = 0; text < fileTexts.size(); ++text) {
+        EXPECT_GT(seen[text].size(), 1U) << "text " << text + 1 << " of a row";
     }
 }
 

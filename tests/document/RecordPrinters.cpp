@@ -1,5 +1,6 @@
 #include "tests/document/RecordPrinters.h"
 
+#include "document/ParameterColumns.h"
 #include "tests/support/QtPrinters.h"
 
 #include <algorithm>
@@ -19,9 +20,8 @@ void PrintTo(const PrCondition &condition, std::ostream *out)
 void PrintTo(const PrRecord &record, std::ostream *out)
 {
     *out << record.conditionCount << ' ';
-    for (const QString &text : {record.number, record.helpId, record.name, record.unit, record.min1, record.min2,
-             record.min3, record.factorySetting, record.functionCode, record.rangeCheck}) {
-        *out << testing::PrintToString(text) << ' ';
+    for (const auto field : fileTexts) {
+        *out << testing::PrintToString(record.*field) << ' ';
     }
     *out << record.rangeCount << ' ' << testing::PrintToString(record.ranges) << ' '
          << testing::PrintToString(record.conditions);

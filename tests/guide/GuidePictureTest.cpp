@@ -2,6 +2,7 @@
 // is now. When a window has changed on purpose, scripts/guide-pictures.sh makes its pictures anew.
 
 #include "help/HelpLibrary.h"
+#include "tests/dialogs/DialogOpeners.h"
 #include "tests/guide/GuideParts.h"
 #include "tests/guide/GuideScenes.h"
 #include "tests/help/HelpFile.h"
@@ -70,6 +71,17 @@ TEST_P(GuidePicture, isShownByItsPageAndFitsTheWindow)
         const QString file = QLatin1StringView(scene.picture) + u".png"_s;
         EXPECT_TRUE(page(QLatin1StringView(scene.page)).contains(u"<img src=\"%1\""_s.arg(file))) << scene.picture;
         EXPECT_LE(picture(file).width(), 660) << scene.picture;
+    }
+}
+
+TEST_P(GuidePicture, isOnThePageOfEachDialogWithHelp)
+{
+    ASSERT_TRUE(library);
+    for (const OpenedDialog &dialog : openedDialogs) {
+        if (dialog.helpPage != nullptr) {
+            const QString name = QLatin1StringView(dialog.helpPage).chopped(5) + QString();
+            EXPECT_TRUE(page(name).contains(u"<img src=\"window-"_s)) << dialog.name;
+        }
     }
 }
 

@@ -1,4 +1,5 @@
 #include "check/SavedForm.h"
+#include "document/ParameterColumns.h"
 #include "document/PrFileCodec.h"
 #include "tests/document/RandomDocument.h"
 #include "tests/support/QtPrinters.h"
@@ -7,6 +8,7 @@
 #include "tool/DocumentCsv.h"
 #include "tool/ListTexts.h"
 #include "tool/SheetDiff.h"
+#include "tool/SheetFields.h"
 #include "tool/SheetJson.h"
 #include "tool/SheetMerge.h"
 #include "tool/SheetPatch.h"
@@ -14,6 +16,8 @@
 #include "tool/ToolTexts.h"
 
 #include <gtest/gtest.h>
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -192,6 +196,17 @@ QList<QStringList> fieldsOf(const QByteArray &csv)
         fields << record.fields;
     }
     return fields;
+}
+
+TEST(Convert, hasANameOfItsOwnForEveryColumn)
+{
+    QSet<QLatin1StringView> names;
+    for (const ColumnInfo &column : parameterColumns) {
+        const QLatin1StringView name = fieldNameOfColumn(column.column);
+        EXPECT_FALSE(name.isEmpty()) << column.column;
+        EXPECT_FALSE(names.contains(name)) << name.data();
+        names.insert(name);
+    }
 }
 
 TEST(Convert, readsCsvByItsRules)
