@@ -130,6 +130,7 @@ private:
     QString m_name = m_parser.value(u"name"_s);
     bool m_isJson = !m_session.isQuiet && m_parser.value(u"format"_s) == "json"_L1;
     bool m_isSarif = !m_session.isQuiet && m_parser.value(u"format"_s) == "sarif"_L1;
+    Painter m_paint = m_session.painter();
     SarifLog m_log;
 };
 
@@ -139,7 +140,7 @@ FileResult CheckRun::report(const InputFile &input, const RatedFindings &finding
     if (m_isSarif) {
         result.inTurn = [this, name = input.name, findings] { m_log.add(name, findings); };
     } else if (!m_session.isQuiet) {
-        result.output = m_isJson ? reportAsJson(input.name, findings) : reportAsText(input.name, findings);
+        result.output = m_isJson ? reportAsJson(input.name, findings) : reportAsText(input.name, findings, m_paint);
     }
     return result;
 }

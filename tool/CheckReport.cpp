@@ -10,9 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString oneLine(QString text)
+TextStyle styleOf(Severity severity)
 {
-    return text.replace(u'\r', u' ').replace(u'\n', u' ');
+    constexpr TextStyle styles[] = {TextStyle::Cyan, TextStyle::Yellow, TextStyle::Red};
+    return styles[std::size_t(severity)];
 }
 
 QJsonObject asJson(const RatedFinding &rated)
@@ -32,14 +33,16 @@ QJsonObject asJson(const RatedFinding &rated)
 
 } // namespace
 
-QByteArray reportAsText(const QString &fileName, const RatedFindings &findings)
+QByteArray reportAsText(const QString &fileName, const RatedFindings &findings, const Painter &paint)
 {
+    const QString file = printable(shownFileName(fileName));
     QString text;
     for (const RatedFinding &rated : findings) {
         const CellPosition place = rated.finding.place;
-        text += u"%1:%2:%3: "_s.arg(shownFileName(fileName)).arg(place.row).arg(place.column)
-            + severityName(rated.severity) + u": "_s + oneLine(messageOf(rated.finding)) + u" ["_s
-            + checkInfo(rated.finding.id).name + u"]\n"_s;
+        text += paint(TextStyle::Bold, u"%1:%2:%3:"_s.arg(file).arg(place.row).arg(place.column)) + u' '
+            + paint(styleOf(rated.severity), severityName(rated.severity)) + u": "_s
+            + printable(messageOf(rated.finding)) + u' '
+            + paint(TextStyle::Dim, u'[' + checkInfo(rated.finding.id).name + u']') + u'\n';
     }
     return text.toUtf8();
 }

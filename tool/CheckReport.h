@@ -1,6 +1,7 @@
 #pragma once
 
 #include "check/Finding.h"
+#include "tool/Terminal.h"
 
 #include <QJsonObject>
 #include <QString>
@@ -15,7 +16,7 @@ struct RatedFinding
 using RatedFindings = QList<RatedFinding>;
 
 /// A line for each finding, as compilers report: "FILE:ROW:COLUMN: SEVERITY: TEXT [ID]".
-QByteArray reportAsText(const QString &fileName, const RatedFindings &findings);
+QByteArray reportAsText(const QString &fileName, const RatedFindings &findings, const Painter &paint);
 
 /// An object with the file's name and its findings.
 QByteArray reportAsJson(const QString &fileName, const RatedFindings &findings);

@@ -12,6 +12,7 @@ OptionList optionsOf(const Command &command)
     addChoice(
         options, u"code-page"_s, ToolText::OptionCodePage, u"PAGE"_s, {u"auto"_s, u"932"_s, u"1252"_s}, u"auto"_s);
     addChoice(options, u"language"_s, ToolText::OptionLanguage, u"LANGUAGE"_s, {u"en"_s, u"ja"_s});
+    addChoice(options, u"color"_s, ToolText::OptionColor, u"WHEN"_s, {u"auto"_s, u"always"_s, u"never"_s}, u"auto"_s);
     addSwitch(options, u"quiet"_s, ToolText::OptionQuiet);
     command.addOptions(options);
     return options;

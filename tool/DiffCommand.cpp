@@ -51,15 +51,18 @@ InputDocument documentIn(const QString &fileName, const Session &session)
     return decodeInput(readInput(fileName), session.codePage);
 }
 
-QByteArray reportOf(const SheetDiff &diff, const DiffNames &names, const QString &format, bool isSummary)
+QByteArray reportOf(
+    const SheetDiff &diff, const DiffNames &names, const QCommandLineParser &parser, const Session &session)
 {
-    if (isSummary) {
+    const QString format = parser.value(u"format"_s);
+    if (parser.isSet(u"summary"_s)) {
         return (countsText(countsOf(diff)) + u'\n').toUtf8();
     }
     if (format == "json"_L1) {
         return diffAsJson(diff, names);
     }
-    return format == "html"_L1 ? diffAsHtml(diff, names) : diffAsText(diff, names);
+    return format == "html"_L1 ? diffAsHtml(diff, names)
+                               : diffAsText(diff, names, session.painter(parser.value(u"output"_s)));
 }
 
 /// git would end at a failure of its external diff, so that it gets the reason in place of the differences.
@@ -84,7 +87,7 @@ int compare(const Pair &pair, const DiffOptions &options, const QCommandLinePars
     }
     const SheetDiff diff = diffSheets(sheetOf(before.document), sheetOf(after.document), options);
     if (!session.isQuiet) {
-        const QByteArray report = reportOf(diff, pair.names, parser.value(u"format"_s), parser.isSet(u"summary"_s));
+        const QByteArray report = reportOf(diff, pair.names, parser, session);
         if (const int status = deliver(parser, session, report); status != Fine) {
             return status;
         }

@@ -7,27 +7,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString oneLine(QString text)
-{
-    return text.replace(u'\r', u' ').replace(u'\n', u' ');
-}
-
 /// The lines of one entry in the report for a terminal.
-QString textOf(const SheetPartInfo &part, const EntryChange &change)
+QString textOf(const SheetPartInfo &part, const EntryChange &change, const Painter &paint)
 {
+    const auto line = [&paint](TextStyle style, const QString &text) { return paint(style, printable(text)) + u'\n'; };
     const QString entry = partCaption(part.part) + u' ' + keyText(change.key);
     if (change.kind != EntryChange::Kind::Kept) {
+        const bool isAdded = change.kind == EntryChange::Kind::Added;
         const QString values = shownValues(part, change);
-        const QString sign = change.kind == EntryChange::Kind::Added ? u"+ "_s : u"- "_s;
-        return sign + oneLine(values.isEmpty() ? entry : entry + u": "_s + values) + u'\n';
+        return line(isAdded ? TextStyle::Green : TextStyle::Red,
+            (isAdded ? u"+ "_s : u"- "_s) + (values.isEmpty() ? entry : entry + u": "_s + values));
     }
-    QString text = change.isMoved ? u"~ "_s + oneLine(entry + u": "_s + movedText(change)) + u'\n' : QString();
+    QString text = change.isMoved ? line(TextStyle::Yellow, u"~ "_s + entry + u": "_s + movedText(change)) : QString();
     for (const ValueChange &value : change.changes) {
-        text += u"! "_s
-            + oneLine(entry + u", "_s + fieldCaption(part, value.field, change.key) + u": \""_s
+        text += line(TextStyle::Cyan,
+            u"! "_s + entry + u", "_s + fieldCaption(part, value.field, change.key) + u": \""_s
                 + shownValue(part, value.field, value.before) + u"\" -> \""_s
-                + shownValue(part, value.field, value.after) + u'"')
-            + u'\n';
+                + shownValue(part, value.field, value.after) + u'"');
     }
     return text;
 }
@@ -93,15 +89,16 @@ QString tableHead()
 
 } // namespace
 
-QByteArray diffAsText(const SheetDiff &diff, const DiffNames &names)
+QByteArray diffAsText(const SheetDiff &diff, const DiffNames &names, const Painter &paint)
 {
     if (diff.isEmpty()) {
         return {};
     }
-    QString text = u"--- "_s + names.before + u"\n+++ "_s + names.after + u'\n';
+    QString text = paint(TextStyle::Bold, u"--- "_s + printable(names.before)) + u'\n'
+        + paint(TextStyle::Bold, u"+++ "_s + printable(names.after)) + u'\n';
     for (const SheetPartInfo &part : sheetParts()) {
         for (const EntryChange &change : diff.parts.at(std::size_t(part.part))) {
-            text += textOf(part, change);
+            text += textOf(part, change, paint);
         }
     }
     return text.toUtf8();

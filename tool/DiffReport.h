@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tool/SheetDiff.h"
+#include "tool/Terminal.h"
 
 #include <QByteArray>
 #include <QString>
@@ -13,7 +14,7 @@ struct DiffNames
 };
 
 /// The differences for a terminal, a line each. Empty if there are none.
-QByteArray diffAsText(const SheetDiff &diff, const DiffNames &names);
+QByteArray diffAsText(const SheetDiff &diff, const DiffNames &names, const Painter &paint);
 
 /// A page of its own, to be kept with a release and printed.
 QByteArray diffAsHtml(const SheetDiff &diff, const DiffNames &names);

@@ -15,6 +15,8 @@ void takeCommonOptions(const QCommandLineParser &parser, Session &session)
 {
     const QString page = parser.value(u"code-page"_s);
     session.codePage = page == "auto"_L1 ? std::nullopt : std::optional(page.toInt());
+    const QString color = parser.value(u"color"_s);
+    session.color = color == "always"_L1 ? ColorUse::Always : color == "never"_L1 ? ColorUse::Never : ColorUse::Auto;
     session.isQuiet = parser.isSet(u"quiet"_s);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tool/Output.h"
+#include "tool/Terminal.h"
 #include "tool/ToolTexts.h"
 
 #include <QStringList>
@@ -19,6 +20,11 @@ struct Session
     Output err{stderr};
     std::optional<int> codePage; ///< std::nullopt: the one that the file's bytes fit
     bool isQuiet = false; ///< only the exit status and failures tell
+
+    ColorUse color = ColorUse::Auto;
+
+    /// For a text that is to go to the file of that name, or to standard output.
+    Painter painter(const QString &fileName = {}) const;
 
     /// A line on standard error, after the program's name.
     void say(const QString &text);

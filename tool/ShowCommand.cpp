@@ -5,6 +5,7 @@
 #include "document/RecordTexts.h"
 #include "runtime/FileName.h"
 #include "tool/FileWork.h"
+#include "tool/Terminal.h"
 #include "tool/TextWidth.h"
 #include "tool/Wording.h"
 
@@ -16,19 +17,8 @@ namespace {
 
 using Table = QList<QStringList>;
 
-/// Control characters would move the terminal's cursor.
-QString printable(QString text)
-{
-    for (QChar &character : text) {
-        if (character.category() == QChar::Other_Control) {
-            character = u' ';
-        }
-    }
-    return text;
-}
-
 /// The cells side by side in columns as wide as their widest text.
-QString aligned(const Table &table)
+QStringList aligned(const Table &table)
 {
     constexpr auto gap = "  "_L1;
     QList<int> widths;
@@ -38,7 +28,7 @@ QString aligned(const Table &table)
             widths[i] = std::max(widths[i], textWidth(row[i]));
         }
     }
-    QString text;
+    QStringList lines;
     for (const QStringList &row : table) {
         QString line;
         for (qsizetype i = 0; i < row.size(); ++i) {
@@ -47,9 +37,9 @@ QString aligned(const Table &table)
         while (line.endsWith(u' ')) {
             line.chop(1);
         }
-        text += line + u'\n';
+        lines << line;
     }
-    return text;
+    return lines;
 }
 
 QStringList rowOf(const PrRecord &record)
@@ -75,7 +65,7 @@ Table machineTable(const MachineInfo &machine)
     return table;
 }
 
-QByteArray shown(const InputFile &input, const Document &document)
+QByteArray shown(const InputFile &input, const Document &document, const Painter &paint)
 {
     Table rows;
     QStringList captions;
@@ -84,19 +74,22 @@ QByteArray shown(const InputFile &input, const Document &document)
     }
     rows.append(captions);
     std::ranges::transform(document.rows, std::back_inserter(rows), rowOf);
-    const QString text =
-        shownFileName(input.name) + u"\n\n"_s + aligned(machineTable(document.machine)) + u'\n' + aligned(rows);
-    return text.toUtf8();
+    QStringList table = aligned(rows);
+    table.first() = paint(TextStyle::Bold, table.first());
+    const QStringList lines = QStringList{paint(TextStyle::Bold, printable(shownFileName(input.name))), QString()}
+        + aligned(machineTable(document.machine)) + QStringList(QString()) + table;
+    return (lines.join(u'\n') + u'\n').toUtf8();
 }
 
 int runShow(const QCommandLineParser &parser, Session &session)
 {
-    const auto work = [&session](const InputFile &input) -> FileResult {
+    const Painter paint = session.painter();
+    const auto work = [&session, &paint](const InputFile &input) -> FileResult {
         const InputDocument decoded = decodeInput(input, session.codePage);
         if (decoded.failure) {
             return {{}, {toolText(ToolText::CannotRead, {shownFileName(input.name), *decoded.failure})}, Failed};
         }
-        return {shown(input, decoded.document)};
+        return {shown(input, decoded.document, paint)};
     };
     return workOnFiles(parser.positionalArguments(), work, session, "\n");
 }

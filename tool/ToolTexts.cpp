@@ -33,10 +33,13 @@ constexpr ToolTextEntry entries[] = {
         u"メッセージの言語: en、ja (既定: エディタと同じ)。"},
     {OptionQuiet, u"Write no findings; only the exit status tells.",
         u"結果を出力せず、終了ステータスだけで知らせます。"},
+    {OptionColor, u"Colours: auto (the default: on a terminal, unless NO_COLOR is set), always or never.",
+        u"色: auto (既定: 端末で、NO_COLOR の指定がないとき)、always、never。"},
     {OptionOutput, u"Write to this file instead of standard output.",
         u"標準出力ではなく、このファイルに書き込みます。"},
     {ArgumentFiles, u"The files; \"-\" is standard input.", u"ファイル。「-」は標準入力です。"},
     {ArgumentFile, u"The file; \"-\" is standard input.", u"ファイル。「-」は標準入力です。"},
+    {Progress, u"%1 of %2 files", u"%2 ファイル中 %1 ファイル完了"},
     // Files
     {CannotRead, u"%1: %2", u"%1: %2"},
     {CannotWrite, u"%1 cannot be written: %2", u"%1 に書き込めません: %2"},

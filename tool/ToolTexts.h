@@ -21,9 +21,11 @@ enum class ToolText : quint8 {
     OptionCodePage,
     OptionLanguage,
     OptionQuiet,
+    OptionColor,
     OptionOutput,
     ArgumentFiles,
     ArgumentFile,
+    Progress, ///< %1: files done; %2: files
     // Files
     CannotRead, ///< %1: file; %2: why
     CannotWrite, ///< %1: file; %2: why
