@@ -1,6 +1,7 @@
 #include "grid/SpreadDelegate.h"
 
 #include "desktop/Contrast.h"
+#include "grid/MarkCorner.h"
 #include "grid/cells/CellInput.h"
 #include "grid/cells/CellMetrics.h"
 #include "grid/cells/CellText.h"
@@ -115,11 +116,14 @@ void SpreadDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     const CellType::Kind kind = m_model.cellType(column, row).kind;
     if (kind == CellType::Kind::CheckBox) {
         paintCheckBox(painter, option, index);
-        return;
+    } else {
+        paintText(painter, option, m_model.text(column, row), m_model.alignment(column));
     }
-    paintText(painter, option, m_model.text(column, row), m_model.alignment(column));
     if (active && kind == CellType::Kind::ComboBox) {
         paintArrow(painter, option, index);
+    }
+    if (const CellMark mark = m_model.mark(column, row); mark != CellMark::None) {
+        paintMarkCorner(*painter, option.rect, mark, background);
     }
 }
 
@@ -228,19 +232,33 @@ QSize SpreadDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelI
         CellMetrics::rowHeight(option.fontMetrics, text) - CellMetrics::extraHeight + extraHeight};
 }
 
-// A tip shows a text that its cell cuts off: all of it, unless it is too long to be read.
+// A tip shows a text that its cell cuts off: all of it, unless it is too long to be read. What the cell's mark says
+// follows, in lines that wrap.
 bool SpreadDelegate::helpEvent(
     QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
 {
     if (event->type() != QEvent::ToolTip || !index.isValid()) {
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     }
-    const QSize available = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
-    const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
-    const bool isCut = isText && sizeHint(option, index).boundedTo(available) != sizeHint(option, index);
-    const QString text = VisibleText::beginning(m_model.text(index.column() + 1, index.row() + 1));
-    QToolTip::showText(event->globalPos(), isCut ? Qt::convertFromPlainText(text) : QString(), view, option.rect);
+    const int column = index.column() + 1;
+    const int row = index.row() + 1;
+    QString tip;
+    if (isTextCut(option, index)) {
+        tip = Qt::convertFromPlainText(VisibleText::beginning(m_model.text(column, row)));
+    }
+    if (const QString said = m_model.markText(column, row); !said.isEmpty()) {
+        tip += Qt::convertFromPlainText(said, Qt::WhiteSpaceNormal);
+    }
+    QToolTip::showText(event->globalPos(), tip, view, option.rect);
     return true;
+}
+
+bool SpreadDelegate::isTextCut(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const QSize available = option.rect.size() + QSize(CellMetrics::gridLine, CellMetrics::gridLine);
+    const QSize needed = sizeHint(option, index);
+    const bool isText = typeOf(m_model, index).kind != CellType::Kind::CheckBox;
+    return isText && needed.boundedTo(available) != needed;
 }
 
 // Editing

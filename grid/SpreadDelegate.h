@@ -75,6 +75,7 @@ private:
         QPainter *painter, const QStyleOptionViewItem &option, QStringView text, Qt::Alignment alignment) const;
     void paintCheckBox(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintArrow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    bool isTextCut(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     int margin() const;
 
     QTableView &m_view;

@@ -171,6 +171,25 @@ QColor SpreadGrid::textColour(int column, int row) const
     return sheet().textColour(column, row);
 }
 
+// Marks
+
+void SpreadGrid::setMarks(CellMarks *marks)
+{
+    sheet().setMarks(marks);
+    viewport()->update();
+}
+
+void SpreadGrid::updateMarks(int row)
+{
+    const int index = row - 1;
+    viewport()->update(0, rowViewportPosition(index), viewport()->width(), rowHeight(index));
+}
+
+std::span<const CellRow> SpreadGrid::textRows() const
+{
+    return rowCount() == 0 ? std::span<const CellRow>() : sheet().rows(1, rowCount());
+}
+
 // Search
 
 void SpreadGrid::setSearchedText(const QString &text)

@@ -12,6 +12,8 @@
 #include <optional>
 #include <span>
 
+class CellMarks;
+class CellRow;
 class MoveKeys;
 class QContextMenuEvent;
 class QKeyEvent;
@@ -78,6 +80,16 @@ public:
     Qt::Alignment alignment(int column) const;
     void setTextColour(const GridBlock &block, const QColor &colour);
     QColor textColour(int column, int row) const;
+
+    // Marks
+    /// Shows the marks in corners of the cells, and what they say in tool tips and to screen readers. marks must
+    /// outlive the grid, or be taken back with nullptr.
+    void setMarks(CellMarks *marks);
+    /// The row's marks have become others.
+    void updateMarks(int row);
+    /// The data rows' texts by row from 1 at index 0: a row that stays the same shares its memory. Valid until the
+    /// grid's next change.
+    std::span<const CellRow> textRows() const;
 
     // Search
     /// What goToFound() looks for, without regard to case, in the texts of the shown columns. Empty: nothing.

@@ -352,6 +352,16 @@ QColor SpreadModel::textColour(int column, int row) const
     return isCell(column, row) ? m_colours.colour(column - 1, row - 1) : QColor();
 }
 
+CellMark SpreadModel::mark(int column, int row) const
+{
+    return m_marks && isCell(column, row) ? m_marks->mark(column, row) : CellMark::None;
+}
+
+QString SpreadModel::markText(int column, int row) const
+{
+    return mark(column, row) == CellMark::None ? QString() : m_marks->text(column, row);
+}
+
 std::optional<GridBlock> SpreadModel::dataCells(const GridBlock &block) const
 {
     const GridBlock cells{std::max(block.column1, 1), std::max(block.row1, 1),
@@ -388,6 +398,8 @@ QVariant SpreadModel::data(const QModelIndex &index, int role) const
         return isCheckBox ? QVariant(CellInput::isTicked(text(column, row)) ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole: // the box's state is announced, not its "1"; nobody listens to a million letters
         return isCheckBox ? boxName(column, row) : VisibleText::beginning(text(column, row));
+    case Qt::AccessibleDescriptionRole:
+        return markText(column, row);
     case Qt::TextAlignmentRole:
         return int(alignment(column) | Qt::AlignVCenter);
     case Qt::ForegroundRole:

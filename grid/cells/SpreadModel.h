@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/cells/CellColours.h"
+#include "grid/cells/CellMarks.h"
 #include "grid/cells/CellRow.h"
 #include "grid/cells/CellType.h"
 #include "grid/cells/GridBlock.h"
@@ -80,6 +81,11 @@ public:
     /// Whether any cell of the row, which must be inside, has a colour.
     bool isColoured(int row) const { return m_colours.isColoured(row - 1); }
 
+    /// What the cells are marked with; nullptr: none is. marks must outlive the model or its own replacement.
+    void setMarks(CellMarks *marks) { m_marks = marks; }
+    CellMark mark(int column, int row) const;
+    QString markText(int column, int row) const;
+
     /// The data cells of a block: -1 means all, what is outside is cut off. std::nullopt if no cell is left.
     std::optional<GridBlock> dataCells(const GridBlock &block) const;
 
@@ -125,6 +131,7 @@ private:
     CellColours m_colours;
     QString m_cornerText;
     Observer m_observer;
+    CellMarks *m_marks = nullptr;
     int m_batches = 0;
     std::optional<GridBlock> m_changed;
 };
