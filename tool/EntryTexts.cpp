@@ -1,10 +1,10 @@
 #include "tool/EntryTexts.h"
 
+#include "app/services/FindingTexts.h"
 #include "document/FieldText.h"
 #include "document/ParameterColumn.h"
 #include "runtime/NumberText.h"
 #include "tool/ToolTexts.h"
-#include "tool/Wording.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,6 @@
 #include "tool/ShowCommand.h"
 
+#include "app/services/FindingTexts.h"
 #include "document/MachineInfoText.h"
 #include "document/ParameterColumn.h"
 #include "document/RecordTexts.h"
@@ -7,7 +8,6 @@
 #include "tool/FileWork.h"
 #include "tool/Terminal.h"
 #include "tool/TextWidth.h"
-#include "tool/Wording.h"
 
 #include <algorithm>
 

@@ -1,8 +1,6 @@
 #include "tool/Wording.h"
 
-#include "app/services/Language.h"
-#include "app/services/Messages.h"
-#include "document/ParameterColumns.h"
+#include "app/services/FindingTexts.h"
 #include "tool/SheetFields.h"
 #include "tool/ToolTexts.h"
 
@@ -10,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 const CheckText &checkTextOf(CheckId id)
 {
-    return checkText(id, isJapanese() ? CheckLanguage::Japanese : CheckLanguage::English);
+    return checkText(id, checkLanguage());
 }
 
 QString severityCaption(Severity severity)
@@ -19,16 +17,9 @@ QString severityCaption(Severity severity)
     return toolText(captions[std::size_t(severity)]);
 }
 
-QString columnCaption(int column)
-{
-    return captionText(parameterColumns.at(std::size_t(column - 1)).heading);
-}
-
 QString messageOf(const Finding &finding)
 {
-    const QString caption =
-        finding.place.column > 0 ? columnCaption(finding.place.column) : toolText(ToolText::MachineInformation);
-    return filledText(checkTextOf(finding.id).message, QStringList{finding.name, caption} + finding.arguments);
+    return findingText(finding, toolText(ToolText::MachineInformation));
 }
 
 QString explanationOf(CheckId id)

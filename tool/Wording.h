@@ -5,9 +5,6 @@
 
 #include <QString>
 
-/// The caption of a column of the parameter grid, from 1, in the interface's language.
-QString columnCaption(int column);
-
 /// The sentence that a finding is, in the interface's language.
 QString messageOf(const Finding &finding);
 
