@@ -61,6 +61,8 @@ public:
     int rowCount() const { return int(m_rows.size()); }
     /// Looks at up to that many of the rows that are to be looked at. False once none is left.
     bool checkNext(int rows);
+    /// Whether rows are to be looked at.
+    bool isPending() const { return !m_pending.empty(); }
     /// How many rows have been looked at so far.
     qint64 checkedRows() const { return m_checkedRows; }
     /// Called with each row whose marks change. It must leave the check alone.
