@@ -13,11 +13,11 @@ constexpr QRgb errorColour = 0xffd00000;
 constexpr QRgb warningColour = 0xffe07800;
 
 /// The frame of the active cell takes two pixels at each edge.
-constexpr qreal frame = 1.5;
+constexpr qreal frame = 2;
 
 qreal sideOf(const QFontMetrics &metrics)
 {
-    constexpr int minSide = 6;
+    constexpr int minSide = 8;
     constexpr int partOfHeight = 5;
     return std::max(minSide, metrics.height() * 2 / partOfHeight);
 }
