@@ -4,9 +4,12 @@
 #include "desktop/PlainCaption.h"
 #include "dialogs/SelectAllBox.h"
 
+#include <QAccessible>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -28,6 +31,7 @@ QLabel *newLabel(const QString &name, QWidget *parent)
 
 FrameStatusBar::FrameStatusBar(QWidget *parent)
     : QStatusBar(parent)
+    , m_lblNotice(newLabel(u"lblNotice"_s, this))
     , m_countCaption(newLabel(u"lblPrcountCaption"_s, this))
     , m_lblPrcount(newLabel(u"lblPrcount"_s, this))
     , m_numberCaption(newLabel(u"lblPrCaption"_s, this))
@@ -70,6 +74,29 @@ void FrameStatusBar::showNoDocument()
     showPrNumber({});
 }
 
+void FrameStatusBar::showNotice(const QString &message)
+{
+    if (m_notice == message) {
+        return;
+    }
+    m_notice = message;
+    m_lblNotice->setAccessibleName(message);
+    m_lblNotice->setToolTip(message.isEmpty() ? QString() : Qt::convertFromPlainText(message, Qt::WhiteSpaceNormal));
+    placeNotice();
+    if (!message.isEmpty()) {
+        QAccessibleEvent event(m_lblNotice, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+/// A message that is too long for its place is in the tool tip as a whole.
+void FrameStatusBar::placeNotice()
+{
+    const int left = gapInTwips * logicalDpiX() / twipsPerInch;
+    m_lblNotice->setGeometry(left, 0, std::max(m_countCaption->x() - left, 0), height());
+    m_lblNotice->setText(fontMetrics().elidedText(m_notice, Qt::ElideRight, m_lblNotice->width() - 2 * labelMargin));
+}
+
 void FrameStatusBar::jump()
 {
     emit jumpRequested(m_txtPr->text());
@@ -108,6 +135,7 @@ void FrameStatusBar::placeControls()
     place(m_lblPrcount);
     right -= gap;
     place(m_countCaption);
+    placeNotice();
 }
 
 // A number that was typed but not looked for is not the active row's. A menu or another program takes the focus only

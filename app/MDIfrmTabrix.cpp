@@ -259,6 +259,11 @@ void MDIfrmTabrix::showPrNumber(const QString &number)
     m_statusBar->showPrNumber(number);
 }
 
+void MDIfrmTabrix::showNotice(const QString &message)
+{
+    m_statusBar->showNotice(message);
+}
+
 void MDIfrmTabrix::enableButtons(CommandNeeds needs, bool enabled)
 {
     m_toolBar->enableButtons(needs, enabled);

@@ -44,6 +44,7 @@ public:
     bool keepForNextStart(const frmPrFile &editor) override { return m_recovery.keepForNextStart(editor); }
     void showParameterCount(int count) override;
     void showPrNumber(const QString &number) override;
+    void showNotice(const QString &message) override;
     void enableButtons(CommandNeeds needs, bool enabled) override;
     bool isBarShown(Bar bar) const override;
     void showBar(Bar bar, bool shown) override;

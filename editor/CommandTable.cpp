@@ -176,6 +176,8 @@ constexpr CommandInfo table[] = {
     {.key = Qt::SHIFT | Qt::Key_F3, .ofEditor = [](frmPrFile &editor) { editor.finder().findPrevious(); }},
     {.key = Qt::Key_F7, .ofEditor = [](frmPrFile &editor) { editor.goToChanged(1); }},
     {.key = Qt::SHIFT | Qt::Key_F7, .ofEditor = [](frmPrFile &editor) { editor.goToChanged(-1); }},
+    {.key = Qt::Key_F8, .ofEditor = [](frmPrFile &editor) { editor.goToFinding(1); }},
+    {.key = Qt::SHIFT | Qt::Key_F8, .ofEditor = [](frmPrFile &editor) { editor.goToFinding(-1); }},
     {.key = Qt::CTRL | Qt::Key_G, .ofFrame = [](EditorFrame &frame) { frame.enterJumpBox(); }},
 };
 

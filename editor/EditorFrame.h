@@ -38,6 +38,8 @@ public:
 
     virtual void showParameterCount(int count) = 0;
     virtual void showPrNumber(const QString &number) = 0;
+    /// Shows the message in the status bar and announces it; an empty one ends what is shown.
+    virtual void showNotice(const QString &message) = 0;
 
     /// Enables the tool-bar buttons of the commands that need this.
     virtual void enableButtons(CommandNeeds needs, bool enabled) = 0;

@@ -9,6 +9,7 @@
 #include "editor/CellExchange.h"
 #include "editor/Clipboard.h"
 #include "editor/CommandMenus.h"
+#include "editor/FindingMarks.h"
 #include "editor/GridCommands.h"
 #include "editor/GridFilling.h"
 #include "editor/GridFinder.h"
@@ -40,6 +41,7 @@ frmPrFile::frmPrFile(int docNo, EditorFrame &frame, QWidget *parent)
     , m_menus(new CommandMenus(this, CommandMenus::Scope::Editor))
     , m_commands(new GridCommands(*m_grid, *m_document, this))
     , m_finder(new GridFinder(*m_grid, this))
+    , m_findings(new FindingMarks(*m_grid, *m_document, this))
 {
     setObjectName(u"frmPrFile"_s);
     m_grid->setObjectName(u"vaspdParam"_s);
@@ -89,6 +91,8 @@ void frmPrFile::connectGrid()
     connect(m_grid, &SpreadGrid::headerDoubleClicked, m_grid, &SpreadGrid::fitColumnWidth);
     connect(m_grid, &SpreadGrid::cellLeft, this, &frmPrFile::showPrNumber);
     connect(m_grid, &SpreadGrid::contentsChanged, this, &frmPrFile::showPrNumber);
+    connect(m_grid, &SpreadGrid::cellLeft, this, &frmPrFile::endNotice);
+    connect(m_grid, &SpreadGrid::contentsChanged, this, &frmPrFile::endNotice);
     connect(m_grid, &SpreadGrid::escapePressed, this, &frmPrFile::forgetClipboard);
     connect(m_grid, &SpreadGrid::rightClicked, this,
         [this](int, int, const QPoint &position) { m_menus->menu(MenuName::Edit).popup(position); });
@@ -115,6 +119,7 @@ void frmPrFile::SetPrInfSpread()
 
 void frmPrFile::activate()
 {
+    endNotice();
     showRowCount();
     showPrNumber();
     updatePaste();
@@ -185,6 +190,21 @@ void frmPrFile::goToChanged(int step)
     m_grid->commitEdit();
     m_grid->goToColoured(QColor(changedCellColour), step);
     m_grid->setFocus();
+}
+
+void frmPrFile::goToFinding(int step)
+{
+    m_grid->commitEdit();
+    const QString found = m_findings->goTo(step);
+    m_grid->setFocus();
+    m_frame.showNotice(found);
+}
+
+void frmPrFile::endNotice()
+{
+    if (m_frame.activeEditor() == this) {
+        m_frame.showNotice({});
+    }
 }
 
 void frmPrFile::forgetClipboard(Qt::KeyboardModifiers modifiers)

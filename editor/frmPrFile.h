@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class CommandMenus;
+class FindingMarks;
 class GridCommands;
 class GridFinder;
 class OpenDocument;
@@ -33,6 +34,9 @@ public:
 
     /// To the next cell (step 1) or the one before (-1) that is shown as changed, around the end of the grid.
     void goToChanged(int step);
+    /// To the next error or warning (step 1) or the one before (-1), and says in the status bar what it is.
+    void goToFinding(int step);
+    FindingMarks &findings() const { return *m_findings; }
 
     /// Copies the rows just read into the grid.
     void SetPrInfSpread();
@@ -70,6 +74,7 @@ private:
     void updatePaste();
     void showRowCount();
     void showPrNumber();
+    void endNotice();
     void run(const CommandInfo &command);
     bool queryUnload();
     bool saveToClose();
@@ -80,4 +85,5 @@ private:
     CommandMenus *m_menus;
     GridCommands *m_commands;
     GridFinder *m_finder;
+    FindingMarks *m_findings;
 };

@@ -122,6 +122,13 @@ constexpr OwnTextEntry entries[] = {
     {OwnText::NumberLimits, u"Only numbers from %1 to %2 can be entered here.",
         u"ここには %1 から %2 までの数値を入力してください。"},
     {OwnText::TextLimit, u"No more than %1 characters can be entered here.", u"ここに入力できるのは %1 文字までです。"},
+    // What a check finds in the grid
+    {OwnText::FindingError, u"Error: %1 [%2]", u"エラー: %1 [%2]"},
+    {OwnText::FindingWarning, u"Warning: %1 [%2]", u"警告: %1 [%2]"},
+    {OwnText::FindingReached, u"%1 of %2. %3", u"%2 件中 %1 件目 — %3"},
+    {OwnText::FindingHidden, u"In the hidden column \"%1\": %2", u"表示されていない列「%1」: %2"},
+    {OwnText::NoFinding, u"There are no errors or warnings.", u"エラーも警告もありません。"},
+    {OwnText::MachineInformation, u"machine information", u"機種情報"},
     // Why nothing was filled
     {OwnText::FillNotInRange, u"Row %1, \"%2\": only whole numbers from %3 to %4 fit here. Nothing was filled.",
         u"%1 行目、「%2」: ここに入力できるのは %3 から %4 までの整数だけです。フィルは行われませんでした。"},

@@ -65,6 +65,13 @@ enum class OwnText : quint16 {
     WholeNumberLimits, ///< %1, %2: the smallest and the greatest
     NumberLimits, ///< likewise
     TextLimit, ///< %1: the most characters
+    // What a check finds in the grid
+    FindingError, ///< %1: the finding, a sentence; %2: the name of its check
+    FindingWarning, ///< likewise
+    FindingReached, ///< %1: which one, from 1; %2: of how many; %3: what was found
+    FindingHidden, ///< %1: the caption of its column; %2: what was found
+    NoFinding,
+    MachineInformation, ///< as a finding about it calls it
     // Why nothing was filled. %1: row, from 1; %2: the column's caption
     FillNotInRange, ///< %3, %4: smallest and largest number
     FillTooLong, ///< %3: most characters

@@ -2,11 +2,17 @@
 // texts would hold, and the file says the same.
 
 #include "app/services/Settings.h"
+#include "check/FileCheck.h"
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
+#include "document/PrFileCodec.h"
+#include "editor/FindingMarks.h"
+#include "editor/OpenDocument.h"
+#include "editor/ParameterCells.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
+#include "runtime/AnsiText.h"
 #include "tests/editor/RowsFile.h"
 #include "tests/editor/RowsModel.h"
 #include "tests/support/FrameTest.h"
@@ -18,6 +24,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListView>
+#include <QSet>
 #include <QTest>
 
 #include <algorithm>
@@ -59,6 +66,7 @@ protected:
 
     void step();
     void compare();
+    void compareFindings();
     QString difference();
 
     void select(const GridBlock &block);
@@ -89,6 +97,7 @@ protected:
 
     RowsModel m_model{{}};
     QString m_done; ///< the last step, for messages
+    int m_findingsCompared = 0;
 
 private:
     std::mt19937 m_random{GetParam()};
@@ -414,14 +423,47 @@ void GridModelTest::compare()
     ASSERT_EQ(control<QLabel>(frame(), u"lblPrcount"_s).text(), QString::number(m_model.rowCount()));
 }
 
+/// What is marked is what a check of the saved file finds, wherever a save writes what can be read back.
+void GridModelTest::compareFindings()
+{
+    MachineInfo machine = editor().document().machine();
+    machine.Paramater = qint16(grid().rowCount());
+    const ParameterCells cells(grid());
+    const int codePage = editor().document().codePage();
+    const EncodedGrid saved = encodePrFile(GridDocument{machine, cells, codePage});
+    if (!saved.outcome || !saved.findings.isEmpty()) {
+        return;
+    }
+    ++m_findingsCompared;
+    Findings expected = checkFile(saved.bytes, AnsiCodePage::page(codePage), u"a.inv"_s);
+    QSet<std::pair<int, int>> marked;
+    for (const Finding &finding : expected) {
+        if (checkInfo(finding.id).severity != Severity::Note) {
+            marked.insert({finding.place.column, finding.place.row});
+        }
+    }
+    for (int row = 1; row <= grid().rowCount(); ++row) {
+        for (int column = 1; column <= grid().columnCount(); ++column) {
+            const QModelIndex index = grid().model()->index(row - 1, column - 1);
+            const bool isMarked = !index.data(Qt::AccessibleDescriptionRole).toString().isEmpty();
+            ASSERT_EQ(isMarked, marked.contains({column, row})) << "column " << column << ", row " << row;
+        }
+    }
+    expected.removeIf([](const Finding &finding) { return finding.place.row == 0; });
+    ASSERT_EQ(editor().findings().allFindings(), expected);
+}
+
 TEST_P(GridModelTest, agreesWithPlainRowsAfterEveryStepAndOnDisk)
 {
+    ASSERT_TRUE(QTest::qWaitFor([this] { return editor().findings().isUpToDate(); }, patience));
     compare();
     for (int number = 1; number <= stepCount && !HasFatalFailure(); ++number) {
         step();
         SCOPED_TRACE(testing::Message() << "step " << number << ": " << m_done.toStdString());
         compare();
+        compareFindings();
     }
+    EXPECT_GT(m_findingsCompared, 20);
     if (!HasFatalFailure()) {
         save();
     }
