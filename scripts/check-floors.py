@@ -36,7 +36,8 @@ ONLY = {
     "print": ("grid/", "desktop/", "runtime/"),
 }
 # The modules of Qt that a library may include
-MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_tool_parts": ("QtCore",), "tabrix_cells": ("QtCore", "QtGui")}
+MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_tool_parts": ("QtCore",), "tabrix_xlsx": ("QtCore",),
+                      "tabrix_cells": ("QtCore", "QtGui")}
 # The units of document/ that may know the global tables; whatever is below this rim works on values.
 RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)

@@ -10,7 +10,7 @@ fail() { echo "package: $*" >&2; exit 1; }
 
 cpack --config "$build/CPackConfig.cmake" -G DEB -B "$work/packages" >"$work/cpack.log" || { cat "$work/cpack.log"; exit 1; }
 package=$(echo "$work"/packages/*.deb)
-for library in libqt6widgets6 libqt6help6 libqt6svg6 libqt6sql6-sqlite; do
+for library in libqt6widgets6 libqt6help6 libqt6svg6 libqt6sql6-sqlite libxlsxwriter4; do
     dpkg-deb --field "$package" Depends | grep -qw "$library" || fail "$library is missing from its dependencies"
 done
 
@@ -36,6 +36,7 @@ update-desktop-database "$root/usr/share/applications"
 export HOME=$work/home XDG_DATA_DIRS=$root/usr/share XDG_CONFIG_HOME=$work/home/.config PATH=$root/usr/bin:$PATH
 mkdir -p "$HOME"
 tabrix-tool check --severity error examples/three-rows.inv || fail "the command-line tool does not check a sample"
+tabrix-tool convert examples/three-rows.inv "$HOME/a.xlsx" || fail "the command-line tool does not write a workbook"
 for name in a.inv 'with space.INE'; do
     cp examples/three-rows.inv "$HOME/$name"
     kind=$(gio info -a standard::content-type "$HOME/$name" | sed -n 's/.*content-type: //p')

@@ -5,7 +5,7 @@ set -euo pipefail
 packages=(
     # build
     g++ cmake ninja-build
-    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools libgl-dev
+    qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-tools-dev-tools qt6-documentation-tools libgl-dev libxlsxwriter-dev
     # run
     libqt6svg6 libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-ipafont-gothic
     # test, measure and check

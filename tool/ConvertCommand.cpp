@@ -4,6 +4,7 @@
 #include "check/SavedForm.h"
 #include "runtime/FileName.h"
 #include "tool/DocumentCsv.h"
+#include "tool/DocumentXlsx.h"
 #include "tool/Files.h"
 #include "tool/SheetJson.h"
 
@@ -13,10 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList formats = {u"inv"_s, u"json"_s, u"csv"_s};
+const QStringList readFormats = {u"inv"_s, u"json"_s, u"csv"_s};
+const QStringList writtenFormats = readFormats + QStringList{u"xlsx"_s};
 
-/// The format that the option names, else the file's ending; std::nullopt if neither does.
-std::optional<QString> formatOf(const QString &option, const QString &fileName)
+/// The format that the option names, else the file's ending; std::nullopt if neither names one of those.
+std::optional<QString> formatOf(const QString &option, const QString &fileName, const QStringList &formats)
 {
     const QString ending = QFileInfo(fileName).suffix().toLower();
     const QString format = !option.isEmpty() ? option : ending == "ine"_L1 ? u"inv"_s : ending;
@@ -45,6 +47,10 @@ OutputBytes written(const Document &document, const QString &format)
     if (format == "json"_L1) {
         return {sheetAsJson(sheetOf(document)), {}};
     }
+    if (format == "xlsx"_L1) {
+        const XlsxBytes xlsx = documentAsXlsx(document);
+        return {xlsx.bytes, xlsx.failure};
+    }
     const auto saved = savedForm(document);
     return saved ? encodeOutput(*saved) : OutputBytes{{}, ownText(OwnText::Overflow)};
 }
@@ -53,10 +59,11 @@ OutputBytes written(const Document &document, const QString &format)
 std::optional<std::pair<QString, QString>> formatsOf(const QCommandLineParser &parser, Session &session)
 {
     const QStringList names = parser.positionalArguments();
-    const auto from = formatOf(parser.value(u"from"_s), names[0]);
-    const auto to = formatOf(parser.value(u"to"_s), names[1]);
+    const auto from = formatOf(parser.value(u"from"_s), names[0], readFormats);
+    const auto to = formatOf(parser.value(u"to"_s), names[1], writtenFormats);
     if (!from || !to) {
-        session.say(ToolText::ConvertUnknownFormat, {shownFileName(from ? names[1] : names[0]), formats.join(u", "_s)});
+        session.say(ToolText::ConvertUnknownFormat,
+            {shownFileName(from ? names[1] : names[0]), (from ? writtenFormats : readFormats).join(u", "_s)});
         return std::nullopt;
     }
     return std::pair(*from, *to);
@@ -84,8 +91,8 @@ int runConvert(const QCommandLineParser &parser, Session &session)
 
 void addConvertOptions(OptionList &options)
 {
-    addChoice(options, u"from"_s, ToolText::ConvertFromOption, u"FORMAT"_s, formats);
-    addChoice(options, u"to"_s, ToolText::ConvertToOption, u"FORMAT"_s, formats);
+    addChoice(options, u"from"_s, ToolText::ConvertFromOption, u"FORMAT"_s, readFormats);
+    addChoice(options, u"to"_s, ToolText::ConvertToOption, u"FORMAT"_s, writtenFormats);
 }
 
 } // namespace

@@ -105,6 +105,9 @@ enum class ToolText : quint8 {
     ConvertArguments,
     ConvertFromOption,
     ConvertToOption,
+    XlsxParameters,
+    XlsxSoftwareVersion,
+    XlsxCodePage,
     ConvertUnknownFormat, ///< %1: file; %2: the formats
     // What is not in the form of JSON that a command takes
     JsonError, ///< %1: line; %2: the system's own description
