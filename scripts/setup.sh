@@ -11,7 +11,7 @@ packages=(
     # test, measure and check
     git libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick dbus-daemon dbus-bin at-spi2-core
     openbox libxcb1-dev libxcb-xkb-dev
-    clang clang-format clang-tidy libclang-rt-14-dev python3
+    clang clang-format clang-tidy libclang-rt-14-dev python3 python3-jsonschema
     # package, and check the package
     dpkg-dev file librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps
 )

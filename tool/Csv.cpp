@@ -27,11 +27,13 @@ public:
 
 private:
     void readRecord();
+    void addField(CsvRecord &record);
     QString readField();
     QString readQuoted();
     bool atEnd() const { return m_at == m_text.size(); }
     bool atLineEnd() const { return atEnd() || m_text[m_at] == u'\n' || m_text.sliced(m_at).startsWith(u"\r\n"); }
     bool atSeparator() const { return atLineEnd() || m_text[m_at] == u','; }
+    CsvPlace place() const { return {m_line, int(m_at - m_lineAt) + 1}; }
     QChar take();
     void fail(ToolText what);
 
@@ -52,11 +54,11 @@ CsvInput CsvReader::read()
 
 void CsvReader::readRecord()
 {
-    CsvRecord record{{}, m_line};
-    record.fields << readField();
+    CsvRecord record;
+    addField(record);
     while (!atLineEnd() && !m_input.failure) {
         take();
-        record.fields << readField();
+        addField(record);
     }
     if (!atEnd() && m_text[m_at] == u'\r') {
         take();
@@ -65,6 +67,12 @@ void CsvReader::readRecord()
         take();
     }
     m_input.records << record;
+}
+
+void CsvReader::addField(CsvRecord &record)
+{
+    record.places << place();
+    record.fields << readField();
 }
 
 QString CsvReader::readField()
@@ -117,8 +125,27 @@ QChar CsvReader::take()
 void CsvReader::fail(ToolText what)
 {
     if (!m_input.failure) {
-        m_input.failure = toolText(what, {QString::number(m_line), QString::number(m_at - m_lineAt + 1)});
+        m_input.failure = toolText(what, {QString::number(place().line), QString::number(place().column)});
     }
+}
+
+/// Where bytes stop being UTF-8.
+CsvPlace placeOfFirstFault(const QByteArray &bytes)
+{
+    CsvPlace place;
+    for (const QByteArray &line : bytes.split('\n')) {
+        if (!QByteArrayView(line).isValidUtf8()) {
+            QStringDecoder decoder(QStringDecoder::Utf8);
+            QString before;
+            for (qsizetype at = 0; at < line.size() && !decoder.hasError(); ++at) {
+                place.column = int(before.size()) + 1;
+                before += QString(decoder(QByteArrayView(line).sliced(at, 1)));
+            }
+            break;
+        }
+        ++place.line;
+    }
+    return place;
 }
 
 } // namespace
@@ -139,7 +166,8 @@ CsvInput readCsv(const QByteArray &bytes)
     QStringDecoder decoder(QStringDecoder::Utf8);
     const QString text = decoder(bytes);
     if (decoder.hasError()) {
-        return {{}, toolText(ToolText::CsvNotUtf8)};
+        const CsvPlace place = placeOfFirstFault(bytes);
+        return {{}, toolText(ToolText::CsvNotUtf8, {QString::number(place.line), QString::number(place.column)})};
     }
     return CsvReader(text).read();
 }

@@ -1,6 +1,9 @@
 #include "tool/SheetJson.h"
 
+#include "check/MachineKeys.h"
+#include "document/ParameterColumn.h"
 #include "tool/JsonInput.h"
+#include "tool/ListTexts.h"
 #include "tool/ToolTexts.h"
 
 #include <QJsonArray>
@@ -8,6 +11,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +42,8 @@ private:
     QString text(const QJsonObject &object, QLatin1StringView name);
     SheetEntry entry(const QJsonObject &object);
     void checkNames(const QJsonObject &object);
+    void checkValues(const SheetEntry &entry);
+    void checkList(QLatin1StringView name, const QString &text, const QString &back);
     void fail(ToolText what, const QString &name);
 
     const SheetPartInfo &m_part;
@@ -54,6 +60,9 @@ QList<SheetEntry> PartReader::read(const QJsonValue &list)
     for (const QJsonValue value : list.toArray()) {
         m_place = u"%1[%2]"_s.arg(m_part.name).arg(entries.size());
         entries.append(entry(value.toObject()));
+    }
+    if (m_part.part == SheetPart::Parameters && entries.size() > std::numeric_limits<qint16>::max()) {
+        fail(ToolText::JsonTooManyRows, m_part.name);
     }
     countOccurrences(entries);
     return entries;
@@ -75,6 +84,9 @@ SheetEntry PartReader::entry(const QJsonObject &object)
         entry.values.append(text(object, field.name));
     }
     checkNames(object);
+    if (!failure) {
+        checkValues(entry);
+    }
     return entry;
 }
 
@@ -87,6 +99,33 @@ void PartReader::checkNames(const QJsonObject &object)
         if (!isField && name != m_part.keyName) {
             fail(ToolText::JsonUnknown, name);
         }
+    }
+}
+
+/// Nothing that is given may be lost: neither a value that the machine information does not have, nor a part of a list.
+void PartReader::checkValues(const SheetEntry &entry)
+{
+    const auto keys = machineTextKeys();
+    if (m_part.part == SheetPart::Machine
+        && std::ranges::find(keys, entry.key.text, &MachineTextKey::key) == keys.end()) {
+        fail(ToolText::JsonUnknown, entry.key.text);
+    }
+    for (qsizetype i = 0; i < entry.values.size(); ++i) {
+        const SheetField &field = m_part.fields[std::size_t(i)];
+        const QString &text = entry.values[i];
+        if (field.column == ParameterColumn::SettingRange) {
+            checkList(field.name, text, rangesAsText(rangesOfText(text)));
+        } else if (field.column == ParameterColumn::Condition) {
+            checkList(field.name, text, conditionsAsText(conditionsOfText(text)));
+        }
+    }
+}
+
+/// back: the text again, from what was read of it.
+void PartReader::checkList(QLatin1StringView name, const QString &text, const QString &back)
+{
+    if (!failure && text != back) {
+        failure = toolText(ToolText::JsonBadList, {m_place, name, text});
     }
 }
 

@@ -110,25 +110,35 @@ enum class ToolText : quint8 {
     XlsxCodePage,
     ConvertUnknownFormat, ///< %1: file; %2: the formats
     // What is not in the form of JSON that a command takes
-    JsonError, ///< %1: line; %2: the system's own description
+    JsonError, ///< %1: line; %2: column; %3: the system's own description
     JsonFormat, ///< %1: format; %2: version
     JsonNotAnArray, ///< %1: place; %2: name
     JsonMissing, ///< likewise
     JsonUnknown, ///< likewise
     JsonBadChange, ///< %1: place; %2: value
     JsonOldAndNew, ///< %1: place; %2: name
+    JsonTooManyRows,
+    JsonBadList, ///< %1: place; %2: name; %3: value
     JsonCodePage,
-    // What is not in the form of CSV. %1: line
-    CsvQuoteInside, ///< %2: column
-    CsvTextAfterQuote, ///< likewise
-    CsvQuoteOpen, ///< likewise
+    // What is not in the form of CSV. %1: line; %2: column
+    CsvQuoteInside,
+    CsvTextAfterQuote,
+    CsvQuoteOpen,
     CsvNotUtf8,
-    CsvHeader, ///< %2: the columns
+    CsvHeader, ///< %3: the columns
     CsvTooManyRows,
-    CsvFieldCount, ///< %2: number of fields; %3: how many there should be
+    CsvFieldCount, ///< %3: number of fields; %4: how many there should be
     CsvOverflow,
-    CsvUnknownKey, ///< %2: key
+    CsvUnknownKey, ///< %3: key
     CsvNoCodePage,
+    // print
+    PrintSummary,
+    PrintMachineOption,
+    PrintParametersOption,
+    PrintColumnsOption,
+    PrintPaperOption,
+    PrintLandscapeOption,
+    CannotStart, ///< %1: program; %2: why
     // git-setup
     SetupSummary,
     SetupGlobalOption,

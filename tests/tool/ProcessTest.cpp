@@ -277,7 +277,7 @@ TEST_F(ToolProcess, patchListsWhatDoesNotFit)
     }
     EXPECT_FALSE(QFile::exists(path(u"out.inv"_s)));
     put(u"bad.json"_s, "{\n\"a\": }");
-    EXPECT_TRUE(run({u"patch"_s, u"old.inv"_s, u"bad.json"_s}).err.contains("Line 2:"));
+    EXPECT_TRUE(run({u"patch"_s, u"old.inv"_s, u"bad.json"_s}).err.contains("Line 2, column 6: "));
 }
 
 TEST_F(ToolProcess, mergeTakesBothSidesAndListsConflicts)
@@ -323,15 +323,21 @@ TEST_F(ToolProcess, convertNamesTheLineAndWritesNothing)
     const QByteArray csv = contentOf(u"a.csv"_s);
     const QByteArray json = contentOf(u"a.json"_s);
     const QList<std::pair<QByteArray, QByteArray>> bad = {
-        {QByteArray(csv).replace("79,Oper", "79,extra,Oper"), "Line 3: there are 14 fields"},
-        {QByteArray(csv).replace("number,", "numbers,"), "Line 1: the columns"},
-        {QByteArray(csv).replace(",0001,", ",10001,"), "Line 3: a number is too large"},
-        {QByteArray(csv).replace("TypeCode,", "Typecode,"), "Line 7: \"Typecode\""},
-        {QByteArray(csv).replace("CodePage,1252", "CodePage,437"), "\"CodePage\""},
-        {QByteArray(csv).replace("CodePage,1252\r\n", ""), "CodePage is missing"},
+        {QByteArray(csv).replace("79,Oper", "79,extra,Oper"), "Line 3, column 54: there are 14 fields instead of 13."},
+        {QByteArray(csv).replace("79,Oper", "79Oper"), "Line 3, column 47: there are 12 fields instead of 13."},
+        {QByteArray(csv).replace(",unit", ",units"), "Line 1, column 46: the columns have to be "},
+        {QByteArray(csv).replace(",unit", ",name"), "Line 1, column 46: the columns have to be "},
+        {QByteArray(csv).replace(",0001,", ",10001,"), "Line 3, column 41: the number is too large"},
+        {QByteArray(csv).replace("TypeCode,", "Typecode,"), "Line 7, column 1: \"Typecode\""},
+        {QByteArray(csv).replace("CodePage,1252", "CodePage,437"), "column 1: \"CodePage\""},
+        {QByteArray(csv).replace("CodePage,1252\r\n", ""), "column 1: CodePage is missing"},
+        {QByteArray(csv).replace("Torque", "\xE9"), "Line 2, column 3: the text is not UTF-8."},
         {QByteArray(json).replace("\"unit\"", "\"units\""), "parameters[0]: \"unit\" is missing"},
         {QByteArray(json).replace("\"options\"", "\"option\""), "options: this is not an array"},
-        {QByteArray(json).replace("1252", "437"), "\"codePage\""}, {"{", "Line 1: "}};
+        {QByteArray(json).replace("SoftWareVersion", "Version"), "machine[4]: \"Version\" is not known"},
+        {QByteArray(json).replace("\"0-7\"", "\"0-7x\""), "parameters[1]: \"ranges\" is not in its form: 0-7x"},
+        {QByteArray(json).replace("1=1-3", "1=1-"), "parameters[1]: \"conditions\" is not in its form"},
+        {QByteArray(json).replace("1252", "437"), "\"codePage\""}, {"{\n \"a\" 1}", "Line 2, column 6: "}};
     for (const auto &[content, message] : bad) {
         const QString name = content.startsWith('{') ? u"bad.json"_s : u"bad.csv"_s;
         put(name, content);
