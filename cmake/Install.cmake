@@ -9,7 +9,7 @@ else()
     set(TABRIX_PROGRAM_DIR ${CMAKE_INSTALL_LIBDIR}/tabrix)
 endif()
 
-install(TARGETS tabrix tabrix-tool tabrix_xlsx
+install(TARGETS tabrix tabrix-tool tabrix-print tabrix_xlsx
         RUNTIME DESTINATION ${TABRIX_PROGRAM_DIR} LIBRARY DESTINATION ${TABRIX_PROGRAM_DIR})
 install(FILES ${CMAKE_BINARY_DIR}/TABRIX.HLP ${CMAKE_BINARY_DIR}/TABRIXE.HLP DESTINATION ${TABRIX_PROGRAM_DIR})
 install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)

@@ -17,12 +17,17 @@ QString pdfFileName(const QString &title)
     return folder + u'/' + document.completeBaseName() + u".pdf"_s;
 }
 
+void setUpPdf(QPdfWriter &writer, const QPageLayout &layout)
+{
+    writer.setPageLayout(layout);
+    writer.setCreator(QCoreApplication::applicationName());
+}
+
 PdfFile::PdfFile(const QString &fileName, const QPageLayout &layout) : m_file(fileName), m_writer(&m_file)
 {
     // In a folder that takes no new files an existing file may still be writable.
     m_file.setDirectWriteFallback(true);
-    m_writer.setPageLayout(layout);
-    m_writer.setCreator(QCoreApplication::applicationName());
+    setUpPdf(m_writer, layout);
 }
 
 bool PdfFile::open()

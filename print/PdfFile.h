@@ -7,6 +7,9 @@
 /// title is the editor window's caption.
 QString pdfFileName(const QString &title);
 
+/// Makes a PDF of the pages that are printed; all that Tabrix makes are set up alike.
+void setUpPdf(QPdfWriter &writer, const QPageLayout &layout);
+
 /// A PDF file to print into. An existing file is replaced after everything has been written: errors and cancelling
 /// leave it as it was, unless its folder takes no new files, in which case it is written in place.
 class PdfFile

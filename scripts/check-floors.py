@@ -18,7 +18,7 @@ FLOOR_OF_FOLDER = {
     "dialogs": 6, "tool": 6,
     "dialogs/print": 7,
     "editor": 8,
-    "app": 9,
+    "app": 9, "tool/print": 9,
 }
 # What a folder may use beside itself where its floor alone would allow more
 ONLY = {

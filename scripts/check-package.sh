@@ -37,6 +37,7 @@ export HOME=$work/home XDG_DATA_DIRS=$root/usr/share XDG_CONFIG_HOME=$work/home/
 mkdir -p "$HOME"
 tabrix-tool check --severity error examples/three-rows.inv || fail "the command-line tool does not check a sample"
 tabrix-tool convert examples/three-rows.inv "$HOME/a.xlsx" || fail "the command-line tool does not write a workbook"
+env -u DISPLAY tabrix-tool print examples/three-rows.inv -o "$HOME/a.pdf" || fail "the command-line tool does not print"
 for name in a.inv 'with space.INE'; do
     cp examples/three-rows.inv "$HOME/$name"
     kind=$(gio info -a standard::content-type "$HOME/$name" | sed -n 's/.*content-type: //p')

@@ -23,7 +23,7 @@ struct Command
 };
 
 /// Every command, in the order of the help.
-std::span<const Command> commands();
+std::span<const Command> toolCommands();
 
 /// The options that all commands have, and those of this command.
 OptionList optionsOf(const Command &command);

@@ -5,12 +5,13 @@
 #include "tool/GitSetupCommand.h"
 #include "tool/MergeCommand.h"
 #include "tool/PatchCommand.h"
+#include "tool/PrintCommand.h"
 #include "tool/ShowCommand.h"
 #include "tool/TextCommand.h"
 
-std::span<const Command> commands()
+std::span<const Command> toolCommands()
 {
     static const Command all[] = {checkCommand, diffCommand, patchCommand, mergeCommand, convertCommand, textCommand,
-        formatCommand, showCommand, gitSetupCommand};
+        formatCommand, showCommand, printCommand, gitSetupCommand};
     return all;
 }

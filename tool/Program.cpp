@@ -1,11 +1,14 @@
 #include "tool/Program.h"
 
 #include "app/services/Language.h"
+#include "runtime/FileName.h"
 #include "tool/Command.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <csignal>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -46,7 +49,7 @@ int showCommands(Session &session)
 {
     constexpr qsizetype nameWidth = 12;
     QString lines;
-    for (const Command &command : commands()) {
+    for (const Command &command : toolCommands()) {
         lines += u"  "_s + QString(command.name).leftJustified(nameWidth) + toolText(command.summary) + u'\n';
     }
     session.out.put(toolText(ToolText::ProgramSummary) + u"\n\n"_s + toolText(ToolText::CommandList, {lines}));
@@ -100,7 +103,7 @@ int runCommand(const Command &command, const QStringList &arguments, Session &se
 
 int runNamed(const QString &name, const QStringList &arguments, Session &session)
 {
-    const auto all = commands();
+    const auto all = toolCommands();
     const auto found = std::ranges::find_if(all, [&name](const Command &command) { return command.name == name; });
     if (found == all.end()) {
         session.say(ToolText::NoSuchCommand, {name});
@@ -129,9 +132,26 @@ int run(const QStringList &arguments, Session &session)
 
 } // namespace
 
+void prepareStreams()
+{
+#ifdef SIGPIPE
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+}
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (const char *argument : std::span(argv, std::size_t(argc)).subspan(1)) {
+        arguments << fileNameFromBytes(argument);
+    }
+    return arguments;
+}
+
 int runProgram(const QStringList &arguments)
 {
     Session session;
+    session.commandLine = arguments;
     const int status = run(arguments, session);
     session.out.flush();
     if (const auto failure = session.out.failure()) {

@@ -18,6 +18,7 @@ struct Session
 {
     Output out{stdout};
     Output err{stderr};
+    QStringList commandLine; ///< what the program was called with
     std::optional<int> codePage; ///< std::nullopt: the one that the file's bytes fit
     bool isQuiet = false; ///< only the exit status and failures tell
 

@@ -56,6 +56,12 @@ PrintOutcome DocumentPrinter::printParameters(PrintJob &job) const
     return printGrid(m_grid, gridPrintOptions(m_grid, SharedPrintSettings, m_title), job, m_parent);
 }
 
+PrintOutcome DocumentPrinter::print(PrintJob &job) const
+{
+    const PrintOutcome outcome = printMachinePage(job);
+    return outcome == PrintOutcome::Done ? printParameters(job) : outcome;
+}
+
 void DocumentPrinter::toPrinter(QPrinter &printer)
 {
     // Two jobs, so that the machine page is printed while the parameters are still being produced.
@@ -86,10 +92,7 @@ void DocumentPrinter::toPdf(const QString &fileName, const QPageLayout &layout)
         return;
     }
     PrintJob job(file.paper(), m_title);
-    PrintOutcome outcome = printMachinePage(job);
-    if (outcome == PrintOutcome::Done) {
-        outcome = printParameters(job);
-    }
+    const PrintOutcome outcome = print(job);
     const bool isWhole = job.end() && outcome == PrintOutcome::Done;
     if (job.pageCount() == 0 || outcome == PrintOutcome::Cancelled) {
         return;

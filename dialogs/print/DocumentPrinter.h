@@ -23,6 +23,8 @@ public:
     /// if there is one.
     QString missingParameters(QPagedPaintDevice &paper) const;
 
+    /// Prints both parts into the job. After another outcome than Done the caller ends it.
+    PrintOutcome print(PrintJob &job) const;
     /// Prints the two parts as two jobs.
     void toPrinter(QPrinter &printer);
     /// Prints both parts into one file. Without a page, after a failure and if the user cancels the file stays as it
