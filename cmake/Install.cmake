@@ -27,6 +27,28 @@ if(UNIX)
     install(FILES packaging/tabrix-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME tabrix.xml)
     install(FILES resources/pictures/tabrix.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
+    # The tool's pages and completion come from the tables that its --help comes from.
+    set(pages)
+    foreach(output "man1/tabrix-tool.1|en|man" "ja/man1/tabrix-tool.1|ja|man" "completions/tabrix-tool|en|bash")
+        string(REPLACE "|" ";" output "${output}")
+        list(GET output 0 name)
+        list(GET output 1 language)
+        list(GET output 2 format)
+        set(page ${CMAKE_BINARY_DIR}/install/${name})
+        get_filename_component(folder ${page} DIRECTORY)
+        file(MAKE_DIRECTORY ${folder})
+        add_custom_command(OUTPUT ${page}
+            COMMAND tabrix-tool help --language ${language} --format ${format} --output ${page}
+            DEPENDS tabrix-tool
+            VERBATIM)
+        list(APPEND pages ${page})
+    endforeach()
+    add_custom_target(tabrix_pages ALL DEPENDS ${pages})
+    configure_file(packaging/tabrix.1.in ${CMAKE_BINARY_DIR}/install/man1/tabrix.1 @ONLY)
+    install(DIRECTORY ${CMAKE_BINARY_DIR}/install/man1 ${CMAKE_BINARY_DIR}/install/ja DESTINATION ${CMAKE_INSTALL_MANDIR})
+    install(FILES ${CMAKE_BINARY_DIR}/install/completions/tabrix-tool
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+
     # Desktops that do not draw SVG take the nearest of these.
     find_program(TABRIX_RSVG_CONVERT rsvg-convert DOC "Draws the icon sizes (Debian package librsvg2-bin)")
     set(icons)

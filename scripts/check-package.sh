@@ -30,6 +30,9 @@ for size in 16 22 24 32 48 64 128 256; do
     icon=$root/usr/share/icons/hicolor/${size}x$size/apps/tabrix.png
     [ "$(identify -format %wx%h "$icon")" = "${size}x$size" ] || fail "no icon of $size pixels"
 done
+for page in man/man1/tabrix.1 man/man1/tabrix-tool.1 man/ja/man1/tabrix-tool.1 bash-completion/completions/tabrix-tool; do
+    [ -s "$root/usr/share/$page" ] || fail "$page is missing"
+done
 update-mime-database "$root/usr/share/mime"
 update-desktop-database "$root/usr/share/applications"
 

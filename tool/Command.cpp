@@ -5,7 +5,7 @@
 
 using namespace Qt::StringLiterals;
 
-OptionList optionsOf(const Command &command)
+OptionList commonOptions()
 {
     OptionList options;
     options.append({.names = {u"h"_s, u"help"_s}, .description = toolText(ToolText::OptionHelp)});
@@ -14,6 +14,12 @@ OptionList optionsOf(const Command &command)
     addChoice(options, u"language"_s, ToolText::OptionLanguage, u"LANGUAGE"_s, {u"en"_s, u"ja"_s});
     addChoice(options, u"color"_s, ToolText::OptionColor, u"WHEN"_s, {u"auto"_s, u"always"_s, u"never"_s}, u"auto"_s);
     addSwitch(options, u"quiet"_s, ToolText::OptionQuiet);
+    return options;
+}
+
+OptionList optionsOf(const Command &command)
+{
+    OptionList options = commonOptions();
     command.addOptions(options);
     return options;
 }

@@ -25,7 +25,13 @@ struct Command
 /// Every command, in the order of the help.
 std::span<const Command> toolCommands();
 
-/// The options that all commands have, and those of this command.
+/// The command of that name; nullptr if there is none.
+const Command *commandNamed(QStringView name);
+
+/// The options that all commands have.
+OptionList commonOptions();
+
+/// These, and those of this command.
 OptionList optionsOf(const Command &command);
 
 /// Writes bytes to the file of the option --output, or to standard output. Returns an ExitStatus.

@@ -3,10 +3,10 @@
 #include "app/services/Language.h"
 #include "runtime/FileName.h"
 #include "tool/Command.h"
+#include "tool/Help.h"
 
 #include <QCoreApplication>
 
-#include <algorithm>
 #include <csignal>
 #include <span>
 
@@ -45,25 +45,6 @@ bool setLanguage(const QStringList &arguments)
     return language.isEmpty() || language == "ja"_L1 || language == "en"_L1;
 }
 
-int showCommands(Session &session)
-{
-    constexpr qsizetype nameWidth = 12;
-    QString lines;
-    for (const Command &command : toolCommands()) {
-        lines += u"  "_s + QString(command.name).leftJustified(nameWidth) + toolText(command.summary) + u'\n';
-    }
-    session.out.put(toolText(ToolText::ProgramSummary) + u"\n\n"_s + toolText(ToolText::CommandList, {lines}));
-    return Fine;
-}
-
-int showHelp(const Command &command, const QCommandLineParser &parser, Session &session)
-{
-    const QString usage = toolText(ToolText::UsageLine, {command.name + u" [OPTION...] "_s + command.usage});
-    const QString help = parser.helpText();
-    session.out.put(usage + help.sliced(help.indexOf(u'\n')));
-    return Fine;
-}
-
 int failWithHint(const Command &command, const QString &reason, Session &session)
 {
     session.say(reason);
@@ -73,20 +54,16 @@ int failWithHint(const Command &command, const QString &reason, Session &session
 
 int runCommand(const Command &command, const QStringList &arguments, Session &session)
 {
-    QCommandLineParser parser;
-    parser.setApplicationDescription(toolText(command.summary));
-    const OptionList options = optionsOf(command);
-    parser.addOptions(parserOptions(options));
-    if (!command.usage.isEmpty()) {
-        parser.addPositionalArgument(command.usage, toolText(command.arguments), command.usage);
-    }
+    const std::unique_ptr<QCommandLineParser> own = parserOf(command);
+    QCommandLineParser &parser = *own;
     if (!parser.parse(QStringList{u"tabrix-tool"_s} + arguments)) {
         return failWithHint(command, parser.errorText(), session);
     }
     if (parser.isSet(u"help"_s)) {
-        return showHelp(command, parser, session);
+        session.out.put(commandHelp(command));
+        return Fine;
     }
-    if (const auto wrong = wrongValue(parser, options)) {
+    if (const auto wrong = wrongValue(parser, optionsOf(command))) {
         session.say(*wrong);
         return Failed;
     }
@@ -103,13 +80,12 @@ int runCommand(const Command &command, const QStringList &arguments, Session &se
 
 int runNamed(const QString &name, const QStringList &arguments, Session &session)
 {
-    const auto all = toolCommands();
-    const auto found = std::ranges::find_if(all, [&name](const Command &command) { return command.name == name; });
-    if (found == all.end()) {
+    const Command *command = commandNamed(name);
+    if (command == nullptr) {
         session.say(ToolText::NoSuchCommand, {name});
         return Failed;
     }
-    return runCommand(*found, arguments, session);
+    return runCommand(*command, arguments, session);
 }
 
 int run(const QStringList &arguments, Session &session)
@@ -123,9 +99,9 @@ int run(const QStringList &arguments, Session &session)
         session.out.put(u"tabrix-tool "_s + QCoreApplication::applicationVersion() + u'\n');
         return Fine;
     }
-    if (first.isEmpty() || first == "--help"_L1 || first == "-h"_L1 || first == "help"_L1) {
-        const int status = showCommands(session);
-        return first.isEmpty() ? Failed : status;
+    if (first.isEmpty() || first == "--help"_L1 || first == "-h"_L1) {
+        session.out.put(programHelp());
+        return first.isEmpty() ? Failed : Fine;
     }
     return runNamed(first, arguments.sliced(1), session);
 }

@@ -153,6 +153,69 @@ constexpr ToolTextEntry entries[] = {
     {XlsxCodePage, u"Code page", u"コードページ"},
     {ConvertUnknownFormat, u"%1: neither the ending nor an option tells the format, which is one of %2.",
         u"%1: 拡張子からもオプションからも形式 (%2) を判別できません。"},
+    // help and the manual
+    {HelpSummary, u"Explain the program or one of its commands.", u"プログラムまたはコマンドを説明します。"},
+    {HelpArguments, u"The command.", u"コマンド。"},
+    {HelpFormatOption, u"What is written: text, man (the manual page) or bash (the completion for bash).",
+        u"出力するもの: text、man (マニュアルページ)、bash (bash の補完)。"},
+    {ManualPurpose, u"check, compare and merge parameter definition files",
+        u"パラメータ定義ファイルの検査、比較、統合"},
+    {ManualDescriptionText,
+        u"tabrix-tool works on the files (.inv, .ine) that describe an inverter model to its set-up software, without "
+        u"a "
+        u"window. It changes no file but where a command says so, and replaces files as a whole: at every moment the "
+        u"earlier or the new content is there.\n"
+        u"\"-\" stands for standard input; pipes are read too. Several files are worked on side by side, what is found "
+        u"comes in their order, and one that cannot be read does not stop the rest. Output is UTF-8.",
+        u"tabrix-tool は、インバータの機種をセットアップソフトウェアに伝えるファイル (.inv、.ine) "
+        u"をウィンドウなしで扱います。コマンドの説明にある場合のほかはファイルを変更しません。ファイルは全体として"
+        u"置き換えられ、どの時点でも以前の内容か新しい内容のどちらかが残ります。\n"
+        u"「-」は標準入力を表します。パイプも読み込めます。複数のファイルは並行して処理され、結果はファイルの順に出力"
+        u"されます。読み込めないファイルがあっても残りは処理されます。出力は UTF-8 です。"},
+    {ManualExitStatusList,
+        u"0\tFine: nothing found, no difference, merged without a conflict.\n"
+        u"1\tSomething was found: findings, differences, files that are not in the saved form, changes that do not "
+        u"fit, "
+        u"conflicts.\n"
+        u"2\tSomething could not be done: wrong arguments, a file that cannot be read or written.",
+        u"0\t問題なし。検査で何も見つからず、違いがなく、競合なしに統合されました。\n"
+        u"1\t見つかったものがあります。検査結果、違い、保存形式でないファイル、適用できない変更、競合。\n"
+        u"2\t実行できないことがありました。引数の誤り、読み書きできないファイル。"},
+    {ManualEnvironmentList,
+        u"LC_ALL, LC_MESSAGES, LANG\tThe country, and so the language, where --language does not name one.\n"
+        u"NO_COLOR\tIf set, --color auto uses no colours.\n"
+        u"TERM\tIf it is \"dumb\" or not set, there are neither colours nor a line for the progress.",
+        u"LC_ALL, LC_MESSAGES, LANG\t国。--language の指定がないときの言語を決めます。\n"
+        u"NO_COLOR\t設定されていると、--color auto では色を付けません。\n"
+        u"TERM\t「dumb」または未設定のときは、色も進行状況も表示しません。"},
+    {ManualFilesList,
+        u"tabrix-check.ini\tBeside the files or in a folder above them: which checks are off, or of another severity, "
+        u"and why. A section is the id of a check; its keys are severity (off, note, warning, error) and reason.\n"
+        u".gitattributes\tWhere git-setup names the drivers for both endings.",
+        u"tabrix-check.ini\tファイルと同じフォルダまたはその上のフォルダに置き、行わない検査、重大度を変える検査と"
+        u"その理由を書きます。セクション名は検査の ID、キーは severity (off、note、warning、error) と reason です。\n"
+        u".gitattributes\tgit-setup が二つの拡張子にドライバを割り当てるファイル。"},
+    {ManualExampleList,
+        u"tabrix-tool check *.inv\tWhat is wrong in these files, or would be lost by a save?\n"
+        u"tabrix-tool diff --format html -o changes.html old.inv new.inv\tA page of what has changed, for a release "
+        u"record.\n"
+        u"tabrix-tool git-setup\tMake git compare and merge parameter files by number and field.",
+        u"tabrix-tool check *.inv\tこれらのファイルの誤りや、保存で失われるものを知らせます。\n"
+        u"tabrix-tool diff --format html -o changes.html old.inv "
+        u"new.inv\t変更の一覧をリリース記録用のページにします。\n"
+        u"tabrix-tool git-setup\tgit がパラメータファイルを番号と項目ごとに比較、統合するようにします。"},
+    {ManualSeeAlsoList, u"tabrix(1), git(1), /usr/share/doc/tabrix/tool.md, /usr/share/doc/tabrix/checks.md",
+        u"tabrix(1), git(1), /usr/share/doc/tabrix/tool.md, /usr/share/doc/tabrix/checks.md"},
+    {ManualName, u"NAME", u"名前"},
+    {ManualSynopsis, u"SYNOPSIS", u"書式"},
+    {ManualDescription, u"DESCRIPTION", u"説明"},
+    {ManualOptions, u"OPTIONS OF EVERY COMMAND", u"共通のオプション"},
+    {ManualCommands, u"COMMANDS", u"コマンド"},
+    {ManualExitStatus, u"EXIT STATUS", u"終了ステータス"},
+    {ManualEnvironment, u"ENVIRONMENT", u"環境変数"},
+    {ManualFiles, u"FILES", u"ファイル"},
+    {ManualExamples, u"EXAMPLES", u"例"},
+    {ManualSeeAlso, u"SEE ALSO", u"関連項目"},
     // What is not in the form of JSON that a command takes
     {JsonError, u"Line %1, column %2: %3", u"%1 行目 %2 文字目: %3"},
     {JsonFormat, u"\"format\" is not \"%1\", version %2.", u"\"format\" が \"%1\"、バージョン %2 ではありません。"},

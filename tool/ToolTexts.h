@@ -109,6 +109,27 @@ enum class ToolText : quint8 {
     XlsxSoftwareVersion,
     XlsxCodePage,
     ConvertUnknownFormat, ///< %1: file; %2: the formats
+    // help and the manual
+    HelpSummary,
+    HelpArguments,
+    HelpFormatOption,
+    ManualPurpose,
+    ManualDescriptionText, ///< a paragraph a line
+    ManualExitStatusList, ///< lists have "what TAB text", a line each
+    ManualEnvironmentList,
+    ManualFilesList,
+    ManualExampleList,
+    ManualSeeAlsoList, ///< one line
+    ManualName, ///< headings, as manual pages have them
+    ManualSynopsis,
+    ManualDescription,
+    ManualOptions,
+    ManualCommands,
+    ManualExitStatus,
+    ManualEnvironment,
+    ManualFiles,
+    ManualExamples,
+    ManualSeeAlso,
     // What is not in the form of JSON that a command takes
     JsonError, ///< %1: line; %2: column; %3: the system's own description
     JsonFormat, ///< %1: format; %2: version

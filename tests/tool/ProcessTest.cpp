@@ -36,7 +36,7 @@ TEST_F(ToolProcess, helpNamesEveryCommandAndEachHasItsOwn)
     const ToolRun help = run({u"--help"_s});
     EXPECT_EQ(help.status, 0);
     for (const QString &command : {u"check"_s, u"diff"_s, u"patch"_s, u"merge"_s, u"convert"_s, u"text"_s, u"format"_s,
-             u"show"_s, u"git-setup"_s}) {
+             u"show"_s, u"git-setup"_s, u"help"_s}) {
         EXPECT_TRUE(help.out.contains("\n  " + command.toUtf8() + " ")) << command.toStdString();
         const ToolRun own = run({command, u"--help"_s});
         EXPECT_EQ(own.status, 0);

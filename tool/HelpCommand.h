@@ -1,0 +1,5 @@
+#pragma once
+
+#include "tool/Command.h"
+
+extern const Command helpCommand;
