@@ -10,6 +10,7 @@
 #include "tool/Wording.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cstdio>
@@ -47,6 +48,16 @@ void readPipe(InputFile &input)
     } else {
         input.failure = file.errorString();
     }
+}
+
+/// Into a pipe or a device, which must not be replaced.
+std::optional<QString> writeStream(const QString &fileName, const QByteArray &bytes)
+{
+    QFile file(fileName);
+    if (!file.open(QFile::WriteOnly | QFile::Unbuffered) || file.write(bytes) != bytes.size()) {
+        return file.errorString();
+    }
+    return std::nullopt;
 }
 
 } // namespace
@@ -118,6 +129,9 @@ OutputBytes encodeOutput(const Document &document)
 
 std::optional<QString> writeOutput(const QString &fileName, const QByteArray &bytes)
 {
+    if (const QFileInfo present(fileName); present.exists() && !present.isFile() && !present.isDir()) {
+        return writeStream(fileName, bytes);
+    }
     if (QFile::encodeName(fileName) != fileNameBytes(fileName)) { // a name that only the system's own calls can take
         const Result<> written = writeWholeFile(fileName, bytes);
         return written ? std::nullopt : std::optional(failureText(written.failure()));

@@ -44,5 +44,5 @@ struct OutputBytes
 OutputBytes encodeOutput(const Document &document);
 
 /// Replaces the file, or makes it: at every moment the earlier or the new content is there as a whole. Returns the
-/// reason of a failure, std::nullopt if all went well.
+/// reason of a failure, std::nullopt if all went well. A pipe or a device is written into.
 std::optional<QString> writeOutput(const QString &fileName, const QByteArray &bytes);

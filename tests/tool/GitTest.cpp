@@ -107,6 +107,37 @@ TEST_F(ToolInGit, setUpForTheUserIsInTheUsersFiles)
     EXPECT_EQ(contentOf(u"config/git/attributes"_s), "");
 }
 
+/// The check before each commit, as the documentation has it.
+QByteArray documentedHook()
+{
+    QFile file(QStringLiteral(TABRIX_DOCS_FOLDER "/tool.md"));
+    EXPECT_TRUE(file.open(QFile::ReadOnly));
+    const QByteArray text = file.readAll();
+    const qsizetype begin = text.indexOf("#!/bin/sh", text.indexOf("pre-commit"));
+    return text.sliced(begin, text.indexOf("```", begin) - begin);
+}
+
+TEST_F(ToolInGit, theDocumentedHookChecksWhatIsCommitted)
+{
+    put(u".git/hooks/pre-commit"_s, documentedHook());
+    ASSERT_EQ(
+        shell(u"chmod +x .git/hooks/pre-commit; mkdir .git/bin; ln -s \"$TOOL\" .git/bin/tabrix-tool"_s).status, 0);
+    const QString commitAll = u"PATH=\"$PWD/.git/bin:$PATH\"; git add -A; git commit -q -m change"_s;
+    const QByteArray bad = with(",6,3,1,1,0,30", ",31,3,1,1,0,30");
+    put(u"with space.INV"_s, bad);
+    put(u"a.inv"_s, bad);
+    const ToolRun refused = shell(commitAll);
+    EXPECT_NE(refused.status, 0);
+    for (const char *line : {"with space.INV:1:9: warning: ", "a.inv:1:9: warning: "}) {
+        EXPECT_TRUE((refused.out + refused.err).contains(line)) << refused.out.constData() << refused.err.constData();
+    }
+    put(u"tabrix-check.ini"_s, "[factory-outside-ranges]\nseverity=off\nreason=clipped\n");
+    EXPECT_EQ(shell(commitAll).status, 0);
+    put(u"tabrix-check.ini"_s, "[factory-outside-ranges]\nseverity=of\nreason=clipped\n");
+    put(u"a.inv"_s, threeRows());
+    EXPECT_NE(shell(commitAll).status, 0);
+}
+
 TEST_F(ToolProcess, setUpNeedsARepository)
 {
     EXPECT_EQ(shell(u"GIT_CEILING_DIRECTORIES=/ $TOOL git-setup"_s).status, 2);
