@@ -2,6 +2,7 @@
 
 #include "app/services/FindingTexts.h"
 #include "app/services/Messages.h"
+#include "check/CheckRules.h"
 #include "desktop/InputHold.h"
 #include "document/FuncCodeText.h"
 #include "editor/OpenDocument.h"
@@ -30,23 +31,33 @@ FindingMarks::FindingMarks(SpreadGrid &grid, const OpenDocument &document, QObje
     m_slices.setSingleShot(true);
     connect(&m_slices, &QTimer::timeout, this, &FindingMarks::runSlice);
     connect(&grid, &SpreadGrid::contentsChanged, this, &FindingMarks::noteChange);
-    connect(&document, &OpenDocument::titleChanged, this, &FindingMarks::updateBasis);
-    connect(&document, &OpenDocument::saved, this, &FindingMarks::updateBasis);
+    connect(&document, &OpenDocument::titleChanged, this, &FindingMarks::noteFile);
+    connect(&document, &OpenDocument::saved, this, &FindingMarks::noteFile);
     m_check.setMarksChanged([this](int row) {
         if (m_isComplete) {
             m_grid.updateMarks(row + 1);
         }
     });
-    updateBasis();
     grid.setMarks(this);
 }
 
-void FindingMarks::updateBasis()
+/// What the document's file and folder say is read when there is time for it.
+void FindingMarks::noteFile()
 {
-    m_check.setBasis({functionLabels(m_document.path()), m_document.codePage()},
-        [](CheckId id) { return std::optional(checkInfo(id).severity); });
+    m_hasBasis = false;
     noteChange();
     m_grid.viewport()->update();
+}
+
+/// A rules file that cannot be read, or is wrong, changes nothing; goTo() tells of it.
+void FindingMarks::readBasis()
+{
+    const Result<CheckRules> read = rulesFor(m_document.path());
+    m_rulesFailure = read ? QString() : failureText(read.failure());
+    const CheckRules rules = read ? *read : CheckRules();
+    m_check.setBasis({functionLabels(m_document.path()), m_document.codePage()},
+        [&rules](CheckId id) { return rules.severityOf(id); });
+    m_hasBasis = true;
 }
 
 bool FindingMarks::isShown(const Finding &finding) const
@@ -98,7 +109,7 @@ bool FindingMarks::bringUpToDate()
         takeRows(m_grid.textRows().size());
         m_isStale = false;
     }
-    if (!m_slices.isActive() && (!m_isComplete || m_check.isPending())) {
+    if (!m_slices.isActive() && (!m_isComplete || !m_hasBasis || m_check.isPending())) {
         m_slices.start(0);
     }
     return m_isComplete;
@@ -164,6 +175,10 @@ void FindingMarks::runSlice()
 /// False once nothing is left to do.
 bool FindingMarks::runStep()
 {
+    if (!m_hasBasis) {
+        readBasis();
+        return true;
+    }
     if (!m_isComplete) {
         takeRows(m_known.size() + rowsOfStep);
         m_isComplete = m_known.size() == m_grid.textRows().size();
@@ -230,7 +245,7 @@ QString FindingMarks::goTo(int step)
     finish();
     const std::vector<CellPosition> all = stops();
     if (all.empty()) {
-        return ownText(OwnText::NoFinding);
+        return withRulesFailure(ownText(OwnText::NoFinding));
     }
     const auto isBefore = [](const CellPosition &left, const CellPosition &right) {
         return std::pair(left.row, left.column) < std::pair(right.row, right.column);
@@ -241,7 +256,13 @@ QString FindingMarks::goTo(int step)
     const auto reached = (index + count) % count;
     const CellPosition &stop = all[std::size_t(reached)];
     show(stop);
-    return ownText(OwnText::FindingReached, {QString::number(reached + 1), QString::number(count), textOf(stop)});
+    return withRulesFailure(
+        ownText(OwnText::FindingReached, {QString::number(reached + 1), QString::number(count), textOf(stop)}));
+}
+
+QString FindingMarks::withRulesFailure(const QString &said) const
+{
+    return m_rulesFailure.isEmpty() ? said : u"%1 %2"_s.arg(said, m_rulesFailure);
 }
 
 void FindingMarks::show(const CellPosition &stop)

@@ -20,6 +20,10 @@ class SpreadGrid;
 /// The first painting of the grid starts the work, which is done in slices between events and not while a file is read
 /// or written. What is in view is up to date whenever it is painted, once all rows are known. Nothing of the document
 /// is touched.
+///
+/// The marks are about the document as it is in the window: what opening its file has lost already, and how its bytes
+/// are spelled, is not in the grid. What each finding counts as is said by the rules for the document's folder, read
+/// when it is opened and saved.
 class FindingMarks final : public QObject, private CellMarks
 {
     Q_OBJECT
@@ -35,7 +39,7 @@ public:
     /// The findings of all rows, whatever they count as.
     Findings allFindings();
     /// Whether all rows have been looked at.
-    bool isUpToDate() const { return m_isComplete && !m_isStale && !m_slices.isActive(); }
+    bool isUpToDate() const { return m_hasBasis && m_isComplete && !m_isStale && !m_slices.isActive(); }
     qint64 checkedRows() const { return m_check.checkedRows(); }
 
 private:
@@ -43,7 +47,8 @@ private:
     QString text(int column, int row) override;
 
     bool isShown(const Finding &finding) const;
-    void updateBasis();
+    void noteFile();
+    void readBasis();
     void noteChange();
     bool bringUpToDate();
     void takeRows(std::size_t count);
@@ -55,6 +60,7 @@ private:
     CellPosition position() const;
     void show(const CellPosition &stop);
     QString textOf(const CellPosition &stop);
+    QString withRulesFailure(const QString &said) const;
     QStringList linesOf(const Findings &findings, int column) const;
 
     SpreadGrid &m_grid;
@@ -62,6 +68,8 @@ private:
     ParameterCells m_cells;
     LiveCheck m_check;
     std::vector<CellRow> m_known; ///< the grid's rows as the check knows them
+    QString m_rulesFailure; ///< why the rules for the document's folder do not count
+    bool m_hasBasis = false; ///< the check goes by the document's file and its rules
     bool m_isStale = true; ///< the grid has changed since then
     bool m_isComplete = false; ///< the check knows all rows
     QTimer m_slices;

@@ -228,5 +228,34 @@ TEST_F(FindingMarksTest, followTheNameOfTheFile)
     grid().setText(ParameterColumn::FuncCode, 1, u"1000"_s);
     EXPECT_TRUE(described(ParameterColumn::FuncCode, 1).contains(u"[unknown-function-bits]"_s));
     editor().document().setPath(path(u"KQM3.inv"_s));
+    ASSERT_TRUE(isUpToDate());
     EXPECT_EQ(described(ParameterColumn::FuncCode, 1), QString());
+}
+
+TEST_F(FindingMarksTest, goByTheRulesForTheFolder)
+{
+    start();
+    writeFile(u"tabrix-check.ini"_s,
+        "[factory-outside-ranges]\nseverity=error\nreason=Ours must fit\n[number-twice]\nseverity=off\n"
+        "reason=On purpose\n[number-order]\nseverity=warning\nreason=Read in order\n");
+    ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, faultyDocument())));
+    ASSERT_TRUE(isUpToDate());
+    EXPECT_TRUE(described(ParameterColumn::FactorySetting, 1).startsWith(u"Error: "_s));
+    EXPECT_EQ(described(ParameterColumn::Number, 3), QString());
+    grid().setText(ParameterColumn::Number, 3, u"0"_s);
+    EXPECT_TRUE(described(ParameterColumn::Number, 3).startsWith(u"Warning: "_s));
+    writeFile(u"tabrix-check.ini"_s, "[number-order]\nseverity=off\nreason=Any order\n");
+    chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
+    ASSERT_TRUE(isUpToDate());
+    EXPECT_EQ(described(ParameterColumn::Number, 3), QString());
+}
+
+TEST_F(FindingMarksTest, tellOfRulesThatCannotBeUsed)
+{
+    start();
+    writeFile(u"tabrix-check.ini"_s, "[no-such-check]\nseverity=off\nreason=x\n");
+    ASSERT_TRUE(frame().documents().OpenPrFile(writeFile(u"a.inv"_s, faultyDocument())));
+    press(Qt::Key_F8);
+    EXPECT_TRUE(notice().accessibleName().startsWith(outsideAs(u"1 of 4. "_s)));
+    EXPECT_TRUE(notice().accessibleName().contains(u"no-such-check"_s)) << notice().accessibleName().toStdString();
 }
