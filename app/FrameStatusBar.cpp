@@ -39,6 +39,7 @@ FrameStatusBar::FrameStatusBar(QWidget *parent)
 {
     setObjectName(u"sspnlStatus"_s);
     setSizeGripEnabled(false);
+    m_lblNotice->hide();
     m_lblPrcount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_numberCaption->setBuddy(m_txtPr);
     m_txtPr->setObjectName(u"txtPr"_s);
@@ -80,6 +81,7 @@ void FrameStatusBar::showNotice(const QString &message)
         return;
     }
     m_notice = message;
+    m_lblNotice->setVisible(!message.isEmpty());
     m_lblNotice->setAccessibleName(message);
     m_lblNotice->setToolTip(message.isEmpty() ? QString() : Qt::convertFromPlainText(message, Qt::WhiteSpaceNormal));
     placeNotice();

@@ -40,6 +40,9 @@ constexpr Looked lookedFor[] = {
     {u"Tick several boxes", u"チェックをまとめて付ける", "edit.html#fill", u"Space"},
     {u"Next changed cell", u"次の変更したセル", "grid.html#colours", u"F7"},
     {u"Previous changed cell", u"前の変更したセル", "grid.html#colours", u"Shift+F7"},
+    {u"Next error", u"次のエラー", "findings.html#keys", u"F8"},
+    {u"Previous error", u"前のエラー", "findings.html#keys", u"Shift+F8"},
+    {u"Rules for checks", u"チェックの規則", "findings.html#meaning", u"tabrix-check.ini"},
     {u"Recovery", u"復旧", "files.html#recovery", u"recovery"},
     {u"Jump to a parameter", u"ジャンプ", "frame.html#jump", u"Enter"},
 };
