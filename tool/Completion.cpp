@@ -77,7 +77,7 @@ QString optionLine(const Command &command)
     for (const Option &option : optionsOf(command)) {
         names << dashed(option);
     }
-    const QString arguments = command.usage == "COMMAND"_L1 ? u"choices=$commands"_s : u"return"_s;
+    const QString arguments = command.usage == "[COMMAND]"_L1 ? u"choices=$commands"_s : u"return"_s;
     return u"        "_s + command.name + u") case $current in -*) choices='"_s + names.join(u' ') + u"' ;; *) "_s
         + arguments + u" ;; esac ;;\n"_s;
 }

@@ -33,4 +33,4 @@ void addHelpOptions(OptionList &options)
 } // namespace
 
 const Command helpCommand{
-    "help"_L1, ToolText::HelpSummary, ToolText::HelpArguments, "COMMAND"_L1, 0, 1, addHelpOptions, runHelp};
+    "help"_L1, ToolText::HelpSummary, ToolText::HelpArguments, "[COMMAND]"_L1, 0, 1, addHelpOptions, runHelp};
