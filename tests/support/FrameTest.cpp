@@ -151,12 +151,17 @@ void FrameTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
     pressKey(*QApplication::focusWidget(), key, modifiers);
 }
 
+void FrameTest::activateFrame()
+{
+    if (QApplication::activeWindow() != m_frame.get()) {
+        m_frame->activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == m_frame.get(); }, patience));
+    }
+}
+
 void FrameTest::typeInto(int column, int row, const QString &text)
 {
-    if (!m_frame->isActiveWindow()) { // a message box may just have gone
-        m_frame->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(m_frame.get(), patience));
-    }
+    activateFrame();
     grid().setActiveCell(column, row);
     grid().setFocus();
     pressKey(grid(), Qt::Key_F2);

@@ -46,6 +46,8 @@ protected:
     QAction &menuCommand(const QString &menu, const QString &command);
     RibbonButton &toolButton(const QString &name);
     void clickTool(const QString &name);
+    /// A menu or a message box that has just gone may still count as the active window; then no command hears its key.
+    void activateFrame();
     /// Types a text into a cell by keyboard and ends with Enter.
     void typeInto(int column, int row, const QString &text);
     static void pressKey(QWidget &widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
