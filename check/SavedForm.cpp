@@ -4,6 +4,8 @@
 #include "document/RecordTexts.h"
 #include "document/RowCollector.h"
 
+#include <algorithm>
+
 namespace {
 
 /// A grid of the one row that it shows at present.
@@ -30,9 +32,13 @@ void takeFields(const RowFields &fields, PrRecord &record)
         }
     }
     record.rangeCount = fields.rangeCount;
-    record.ranges = QList<SettingRange>(fields.ranges.begin(), fields.ranges.end());
+    if (!std::ranges::equal(record.ranges, fields.ranges)) {
+        record.ranges = QList<SettingRange>(fields.ranges.begin(), fields.ranges.end());
+    }
     record.conditionCount = fields.conditionCount;
-    record.conditions = QList<PrCondition>(fields.conditions.begin(), fields.conditions.end());
+    if (!std::ranges::equal(record.conditions, fields.conditions)) {
+        record.conditions = QList<PrCondition>(fields.conditions.begin(), fields.conditions.end());
+    }
 }
 
 std::optional<Document> savedForm(const Document &document)

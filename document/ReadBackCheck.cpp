@@ -136,12 +136,15 @@ std::optional<ReadBackFault> RowCheck::conditionFault(const RowFields &fields) c
     return std::nullopt;
 }
 
-/// Numbers of up to seven digits with up to four decimals come back; of others the text is looked at. One with a
-/// negative exponent would be taken for a range as soon as the grid shows it.
+/// Whole numbers of up to seven digits come back, and with fewer digits those with up to four decimals; of others the
+/// text is looked at. One with a negative exponent would be taken for a range as soon as the grid shows it.
 bool RowCheck::comesBack(float bound) const
 {
     constexpr double maxValue = 1e7;
     constexpr double decimals = 1e4;
+    if (std::abs(bound) < maxValue && float(int(bound)) == bound) {
+        return true;
+    }
     const double shifted = std::nearbyint(double(bound) * decimals);
     if (std::abs(shifted) < maxValue && float(shifted / decimals) == bound) {
         return true;

@@ -4,7 +4,7 @@
 #include "tool/DiffJson.h"
 #include "tool/DiffReport.h"
 #include "tool/EntryTexts.h"
-#include "tool/Files.h"
+#include "tool/FileWork.h"
 
 using namespace Qt::StringLiterals;
 
@@ -46,11 +46,6 @@ QStringList fieldNames()
     return names;
 }
 
-InputDocument documentIn(const QString &fileName, const Session &session)
-{
-    return decodeInput(readInput(fileName), session.codePage);
-}
-
 QByteArray reportOf(
     const SheetDiff &diff, const DiffNames &names, const QCommandLineParser &parser, const Session &session)
 {
@@ -78,14 +73,13 @@ bool sayFailure(const InputDocument &document, const QString &name, bool isFromG
 
 int compare(const Pair &pair, const DiffOptions &options, const QCommandLineParser &parser, Session &session)
 {
-    const InputDocument before = documentIn(pair.before, session);
-    const InputDocument after = documentIn(pair.after, session);
+    const auto [before, after] = decodeTwo(pair.before, pair.after, session.codePage);
     const bool isFromGit = parser.isSet(u"git"_s);
     const bool hasFailed = sayFailure(before, pair.names.before, isFromGit, session);
     if (sayFailure(after, pair.names.after, isFromGit, session) || hasFailed) {
         return isFromGit ? Fine : Failed;
     }
-    const SheetDiff diff = diffSheets(sheetOf(before.document), sheetOf(after.document), options);
+    const SheetDiff diff = diffDocuments(before.document, after.document, options);
     if (!session.isQuiet) {
         const QByteArray report = reportOf(diff, pair.names, parser, session);
         if (const int status = deliver(parser, session, report); status != Fine) {

@@ -9,6 +9,7 @@
 #include <QWaitCondition>
 
 #include <algorithm>
+#include <future>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -108,4 +109,14 @@ int workOnFiles(const QStringList &names, const FileWork &work, Session &session
         status = std::max(status, result.status);
     }
     return status;
+}
+
+std::pair<InputDocument, InputDocument> decodeTwo(
+    const QString &first, const QString &second, std::optional<int> codePage)
+{
+    makeCodePages();
+    const auto decode = [codePage](const QString &name) { return decodeInput(readInput(name), codePage); };
+    auto other = std::async(std::launch::async, decode, second);
+    InputDocument document = decode(first);
+    return {std::move(document), other.get()};
 }

@@ -4,6 +4,7 @@
 #include "tool/Session.h"
 
 #include <functional>
+#include <utility>
 
 /// What working on one file came to.
 struct FileResult
@@ -19,3 +20,7 @@ using FileWork = std::function<FileResult(const InputFile &input)>;
 /// Reads the files and works on them side by side; what they came to is written in their order, with separator between
 /// two outputs. A file that cannot be read is named and does not stop the others. Returns the highest status.
 int workOnFiles(const QStringList &names, const FileWork &work, Session &session, QByteArrayView separator = {});
+
+/// Reads and decodes two files side by side.
+std::pair<InputDocument, InputDocument> decodeTwo(
+    const QString &first, const QString &second, std::optional<int> codePage);

@@ -52,6 +52,11 @@ void countOccurrences(QList<SheetEntry> &entries)
 
 Sheet sheetOf(const Document &document)
 {
+    return sheetOf(document, QList<bool>(document.rows.size(), true));
+}
+
+Sheet sheetOf(const Document &document, const QList<bool> &needsValues)
+{
     Sheet sheet;
     sheet.codePage = document.codePage;
     const MachineInfo &machine = document.machine;
@@ -66,8 +71,9 @@ Sheet sheetOf(const Document &document)
     }
     auto &parameters = sheet.part(SheetPart::Parameters);
     parameters.reserve(document.rows.size());
-    for (const PrRecord &record : document.rows) {
-        parameters.append(SheetEntry{{record.number}, valuesOf(record)});
+    for (qsizetype row = 0; row < document.rows.size(); ++row) {
+        const PrRecord &record = document.rows[row];
+        parameters.append(SheetEntry{{record.number}, needsValues[row] ? valuesOf(record) : QStringList()});
     }
     for (auto &part : sheet.parts) {
         countOccurrences(part);

@@ -49,5 +49,8 @@ struct DiffOptions
 /// Entries are matched by key, the n-th of one key with the n-th.
 SheetDiff diffSheets(const Sheet &before, const Sheet &after, const DiffOptions &options = {});
 
+/// The same of two documents.
+SheetDiff diffDocuments(const Document &before, const Document &after, const DiffOptions &options = {});
+
 /// For each of after's entries whether it keeps its place among those that both lists have: the fewest are moved.
 QList<bool> unmovedEntries(const QList<EntryKey> &before, const QList<EntryKey> &after);

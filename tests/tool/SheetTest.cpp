@@ -123,6 +123,20 @@ TEST(Sheet, isTheSameAsItself)
     }
 }
 
+TEST(Sheet, hasTheSameDifferencesWhicheverTextsAreMade)
+{
+    for (quint32 seed = 0; seed < 1000; ++seed) {
+        RandomDocument random = seeded(seed);
+        const Document before = randomDocument(random, seed);
+        const Document after = edited(before, random);
+        for (const bool isExact : {false, true}) {
+            const DiffOptions options{.isExact = isExact};
+            EXPECT_TRUE(diffDocuments(before, after, options) == diffSheets(sheetOf(before), sheetOf(after), options))
+                << "seed " << seed;
+        }
+    }
+}
+
 TEST(Sheet, becomesTheLaterOneByItsPatch)
 {
     for (quint32 seed = 0; seed < 1000; ++seed) {
