@@ -30,7 +30,7 @@ void GridCommandsTest::select(int column1, int row1, int column2, int row2)
 
 void GridCommandsTest::selectRows(int row1, int row2)
 {
-    select(-1, row1, 13, row2);
+    select(-1, row1, grid().columnCount(), row2);
 }
 
 void GridCommandsTest::selectCell(int column, int row)
@@ -65,7 +65,7 @@ QStringList GridCommandsTest::names()
 
 QString GridCommandsTest::rowText(int row)
 {
-    return grid().blockText({1, row, 13, row});
+    return grid().blockText({1, row, grid().columnCount(), row});
 }
 
 bool GridCommandsTest::isRed(int column, int row)

@@ -29,6 +29,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <random>
 
 using namespace Qt::StringLiterals;
@@ -62,6 +63,7 @@ protected:
     const QString &oneOf(const QStringList &texts) { return texts.at(upTo(0, int(texts.size()) - 1)); }
     RowsModel::Row randomRow(int number);
     const QString &randomText(int column);
+    int randomColumn() { return upTo(1, RowsModel::columnCount); }
     int randomRowNumber() { return upTo(1, std::max(m_model.rowCount(), 1)); }
 
     void step();
@@ -70,8 +72,8 @@ protected:
     QString difference();
 
     void select(const GridBlock &block);
-    void selectCell() { selectFrom(upTo(1, 13), randomRowNumber(), 0, 0); }
-    void selectBlock() { selectFrom(upTo(1, 13), randomRowNumber(), upTo(0, 4), upTo(0, 6)); }
+    void selectCell() { selectFrom(randomColumn(), randomRowNumber(), 0, 0); }
+    void selectBlock() { selectFrom(randomColumn(), randomRowNumber(), upTo(0, 4), upTo(0, 6)); }
     void selectRows();
     void selectRowsUpward();
     void selectCellsUpward();
@@ -129,6 +131,7 @@ const QString &GridModelTest::randomText(int column)
         {u"0"_s, u"50"_s, u"1.5"_s, u"0.75"_s}, {u"0"_s, u"1001"_s, u"32767"_s},
         {u"000A"_s, u"FFFF"_s, u"8000"_s, u"0000"_s}, {u"0"_s, u"3"_s, u"9"_s},
         {QString(), u"79=1"_s, u"160=1-3"_s, u"160=9-10"_s, u"MODE/0"_s, u"OP/A1,79=1-3,10/5,MODE=1"_s}};
+    static_assert(std::size(texts) == RowsModel::columnCount);
     return oneOf(column >= 5 && column <= 7 ? numbers : column == checkBoxColumn ? numbers : texts[column - 1]);
 }
 
@@ -410,6 +413,7 @@ QString GridModelTest::difference()
 
 void GridModelTest::compare()
 {
+    ASSERT_EQ(grid().columnCount(), RowsModel::columnCount);
     ASSERT_EQ(grid().rowCount(), m_model.rowCount());
     ASSERT_EQ(difference(), QString());
     ASSERT_EQ(grid().selectedBlock(), m_model.selection());

@@ -39,7 +39,7 @@ void UndoTest::open(int rows)
 Shown UndoTest::shown()
 {
     Shown now;
-    now.texts = grid().blockText({1, 1, 13, grid().rowCount()});
+    now.texts = grid().blockText({1, 1, grid().columnCount(), grid().rowCount()});
     now.countLabel = control<QLabel>(frame(), u"lblPrcount"_s).text();
     now.parameters = MachineInfos[docNo()].Paramater;
     now.changed = isChanged();

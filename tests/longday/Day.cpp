@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QJsonArray>
 
+#include <iterator>
 #include <stdexcept>
 
 using namespace Qt::StringLiterals;
@@ -248,14 +249,14 @@ RowsModel::Row Day::randomRow(int number)
 const QString &Day::randomText(int column)
 {
     static const QStringList steps{u"1"_s, u"0.1"_s, u"0.01"_s, u"0.001"_s};
-    static const std::array<QStringList, RowsModel::columnCount> texts{
-        {{u"1"_s, u"79"_s, u"160"_s, u"999"_s, u"1000"_s},
-            {u"Name 7"_s, u"Torque boost"_s, u"x"_s, u"Buzzer [*] <b>"_s},
-            {u"0-400"_s, u"0.5-30,9999"_s, u"7"_s, u"10-20,5-"_s}, {u"0"_s, u"1"_s}, steps, steps, steps,
-            {u"%"_s, u"Hz"_s, u"kW"_s}, {u"0"_s, u"50"_s, u"1.5"_s, u"0.75"_s}, {u"0"_s, u"1001"_s, u"32767"_s},
-            {u"000A"_s, u"FFFF"_s, u"8000"_s, u"0000"_s}, {u"0"_s, u"3"_s, u"9"_s},
-            {QString(), u"79=1"_s, u"160=1-3"_s, u"160=9-10"_s, u"MODE/0"_s, u"OP/A1,79=1-3,10/5,MODE=1"_s}}};
-    return oneOf(texts.at(size_t(column - 1)));
+    static const QStringList texts[] = {{u"1"_s, u"79"_s, u"160"_s, u"999"_s, u"1000"_s},
+        {u"Name 7"_s, u"Torque boost"_s, u"x"_s, u"Buzzer [*] <b>"_s},
+        {u"0-400"_s, u"0.5-30,9999"_s, u"7"_s, u"10-20,5-"_s}, {u"0"_s, u"1"_s}, steps, steps, steps,
+        {u"%"_s, u"Hz"_s, u"kW"_s}, {u"0"_s, u"50"_s, u"1.5"_s, u"0.75"_s}, {u"0"_s, u"1001"_s, u"32767"_s},
+        {u"000A"_s, u"FFFF"_s, u"8000"_s, u"0000"_s}, {u"0"_s, u"3"_s, u"9"_s},
+        {QString(), u"79=1"_s, u"160=1-3"_s, u"160=9-10"_s, u"MODE/0"_s, u"OP/A1,79=1-3,10/5,MODE=1"_s}};
+    static_assert(std::size(texts) == RowsModel::columnCount);
+    return oneOf(texts[column - 1]);
 }
 
 const std::vector<Day::ActLine> &Day::acts()

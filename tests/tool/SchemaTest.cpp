@@ -93,7 +93,7 @@ TEST_F(Schema, hasEachColumnOfTheTable)
 {
     const QJsonObject properties = property(u"parameters"_s)["items"_L1]["properties"_L1].toObject();
     for (const ColumnInfo &column : parameterColumns) {
-        const bool isCount = column.column == ParameterColumn::ConditionCount; // which follows from the conditions
+        const bool isCount = column.collect == ColumnConversions::collectNothing; // which follows from a list
         EXPECT_EQ(properties.contains(fieldNameOfColumn(column.column)), !isCount) << column.column;
     }
     EXPECT_EQ(property(u"parameters"_s)["maxItems"_L1].toInt(), std::numeric_limits<qint16>::max());
@@ -154,7 +154,8 @@ TEST(SheetJson, takesNoMoreParametersThanAFileHas)
     root["codePage"_L1] = 1252;
     Sheet sheet;
     sheet.codePage = 1252;
-    sheet.part(SheetPart::Parameters).append(SheetEntry{{u"1"_s}, QStringList(11, QString())});
+    const auto fieldCount = qsizetype(sheetPart(SheetPart::Parameters).fields.size());
+    sheet.part(SheetPart::Parameters).append(SheetEntry{{u"1"_s}, QStringList(fieldCount, QString())});
     const QJsonValue row = QJsonDocument::fromJson(sheetAsJson(sheet)).object()["parameters"_L1].toArray().first();
     QJsonArray rows;
     for (int i = 0; i <= std::numeric_limits<qint16>::max(); ++i) {
