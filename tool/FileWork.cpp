@@ -4,6 +4,7 @@
 #include "runtime/FileName.h"
 #include "tool/Progress.h"
 
+#include <QDeadlineTimer>
 #include <QMutex>
 #include <QThreadPool>
 #include <QWaitCondition>

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <array>
+#include <csignal>
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
