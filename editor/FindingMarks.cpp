@@ -31,6 +31,7 @@ FindingMarks::FindingMarks(SpreadGrid &grid, const OpenDocument &document, QObje
     m_slices.setSingleShot(true);
     connect(&m_slices, &QTimer::timeout, this, &FindingMarks::runSlice);
     connect(&grid, &SpreadGrid::contentsChanged, this, &FindingMarks::noteChange);
+    connect(&grid, &SpreadGrid::rowCountAboutToChange, this, &FindingMarks::noteChange);
     connect(&document, &OpenDocument::titleChanged, this, &FindingMarks::noteFile);
     connect(&document, &OpenDocument::saved, this, &FindingMarks::noteFile);
     m_check.setMarksChanged([this](int row) {
@@ -69,7 +70,7 @@ bool FindingMarks::isShown(const Finding &finding) const
 
 CellMark FindingMarks::mark(int column, int row)
 {
-    if (!bringUpToDate()) {
+    if (!bringUpToDate() || row > m_check.rowCount()) { // the grid has just got the row
         return CellMark::None;
     }
     const auto severity = m_check.marks(row - 1).at(column);
@@ -78,7 +79,8 @@ CellMark FindingMarks::mark(int column, int row)
 
 QString FindingMarks::text(int column, int row)
 {
-    return bringUpToDate() ? linesOf(m_check.findings(row - 1), column).join(u'\n') : QString();
+    const bool isKnown = bringUpToDate() && row <= m_check.rowCount();
+    return isKnown ? linesOf(m_check.findings(row - 1), column).join(u'\n') : QString();
 }
 
 QStringList FindingMarks::linesOf(const Findings &findings, int column) const

@@ -19,6 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QStringList focusedNames; // of what the program announced as focused, in that order
+QStringList alerts; // likewise, of what it said by itself
 QList<QAccessible::Event> events;
 
 void noteEvent(QAccessibleEvent *event)
@@ -26,6 +27,9 @@ void noteEvent(QAccessibleEvent *event)
     events << event->type();
     if (event->type() == QAccessible::Focus && event->accessibleInterface()) {
         focusedNames << event->accessibleInterface()->text(QAccessible::Name);
+    }
+    if (event->type() == QAccessible::Alert && event->accessibleInterface()) {
+        alerts << event->accessibleInterface()->text(QAccessible::Name);
     }
 }
 
@@ -137,6 +141,20 @@ TEST_P(GridSpeech, aChangedTextIsAnnounced)
     typeInto(ParameterColumn::Unit, 3, u"Hz"_s);
     EXPECT_TRUE(events.contains(QAccessible::TableModelChanged));
     EXPECT_EQ(spoken(ParameterColumn::Unit, 3), u"Hz"_s);
+}
+
+TEST_P(GridSpeech, whatF8ReachesIsAnnouncedAndDescribed)
+{
+    grid().setText(ParameterColumn::Name, 1, u"Boost, torque"_s); // a comma
+    grid().setActiveCell(ParameterColumn::Number, 1);
+    focusedNames.clear();
+    alerts.clear();
+    pressKey(grid(), Qt::Key_F8);
+    EXPECT_EQ(focusedNames, QStringList(u"Boost, torque"_s));
+    EXPECT_TRUE(cell(ParameterColumn::Name, 1).text(QAccessible::Description).contains(u"[comma-in-text]"_s));
+    EXPECT_EQ(cell(ParameterColumn::Name, 2).text(QAccessible::Description), QString());
+    ASSERT_EQ(alerts.size(), 1);
+    EXPECT_TRUE(alerts.first().contains(u"[comma-in-text]"_s)) << alerts.first().toStdString();
 }
 
 TEST_P(GridSpeech, theCornerIsCalledAsItsHeader)
