@@ -20,6 +20,7 @@
 #include "grid/SpreadGrid.h"
 #include "runtime/FileName.h"
 #include "runtime/NumberText.h"
+#include "runtime/SystemPath.h"
 #include "storage/BackupTidying.h"
 
 #include <QAction>

@@ -1,6 +1,7 @@
 #include "check/CheckRules.h"
 
 #include "runtime/FileName.h"
+#include "runtime/SystemPath.h"
 #include "runtime/WholeFile.h"
 
 #include <QDir>

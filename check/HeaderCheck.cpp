@@ -19,7 +19,7 @@ struct HeaderLine
     bool isSection() const { return text.startsWith('['); }
     bool isInverterSection() const
     {
-        return isSection() && text.mid(1, text.indexOf(']') - 1).trimmed().toLower() == "inverter";
+        return isSection() && text.mid(1, text.lastIndexOf(']') - 1).trimmed().toLower() == "inverter";
     }
     /// Lower case, as keys are looked up; empty for a line that has none.
     QByteArray key() const

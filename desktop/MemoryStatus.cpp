@@ -1,8 +1,8 @@
 #include "desktop/MemoryStatus.h"
 
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#else
+#include "runtime/WindowsApi.h"
+
+#ifndef Q_OS_WIN
 #include <unistd.h>
 #endif
 

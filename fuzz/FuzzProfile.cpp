@@ -46,7 +46,7 @@ bool isSection(const QByteArray &line)
 
 QByteArray sectionOf(const QByteArray &line)
 {
-    return trimmed(line.mid(1, line.indexOf(']') - 1)).toLower();
+    return trimmed(line.mid(1, line.lastIndexOf(']') - 1)).toLower();
 }
 
 std::optional<QByteArray> valueOf(const QByteArray &line)

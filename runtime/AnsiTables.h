@@ -1,19 +1,19 @@
 #pragma once
 
-#include <QStringDecoder>
+#include <QtGlobal>
 
 #include <array>
-#include <memory>
-#include <optional>
 #include <vector>
 
-/// What a code page's bytes from 80 up and characters from U+0080 up mean, as the system's converter of that name
-/// has it. Each entry is asked for once, so that a refused byte cannot hide among its neighbours.
+class AnsiConverter;
+
+/// What a code page's bytes from 80 up and characters from U+0080 up mean, as the system's own converter has
+/// it. Each entry is asked for once, so that a refused byte cannot hide among its neighbours.
 class AnsiTables
 {
 public:
-    /// Ends the program with a message when the system has no such converter.
-    explicit AnsiTables(const char *converterName);
+    /// Ends the program with a message when the system does not have that page.
+    explicit AnsiTables(int page);
 
     /// The character of a byte; 0 when it is none on its own.
     char16_t single(uchar byte) const { return m_singles[byte]; }
@@ -27,14 +27,9 @@ public:
 private:
     static size_t pairIndex(uchar lead, uchar trail) { return (lead - 0x80U) * 256U + trail; }
 
-    std::optional<char16_t> decodeCode(quint16 code);
-    void readSingles();
-    void readPairs(uchar lead);
-    void addCode(char16_t character, quint16 code);
-    quint16 preferredCode(char16_t character) const;
+    void readPairs(AnsiConverter &converter, uchar lead);
+    void addCode(const AnsiConverter &converter, char16_t character, quint16 code);
 
-    const char *m_converterName;
-    std::unique_ptr<QStringDecoder> m_decoder;
     std::array<char16_t, 256> m_singles{};
     std::vector<char16_t> m_pairs; ///< by pairIndex(); empty for a page of single bytes
     std::vector<quint16> m_codes; ///< by character

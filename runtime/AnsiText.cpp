@@ -1,16 +1,14 @@
 #include "runtime/AnsiText.h"
 
+#include "runtime/AnsiConverter.h"
 #include "runtime/AnsiTables.h"
 #include "runtime/Country.h"
+#include "runtime/WindowsApi.h"
 
 #include <QVarLengthArray>
 
 #include <algorithm>
 #include <cstring>
-
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
 
 namespace {
 
@@ -24,7 +22,15 @@ int codePageOverride = 0;
 int systemCodePage()
 {
 #ifdef Q_OS_WIN
-    return static_cast<int>(GetACP());
+    const int page = static_cast<int>(GetACP());
+    if (AnsiConverter::has(page)) {
+        return page;
+    }
+    // A system set to UTF-8 has no ANSI page of its own; files are still in the one of its language.
+    DWORD ofLanguage = 0;
+    GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+        reinterpret_cast<wchar_t *>(&ofLanguage), sizeof ofLanguage / sizeof(wchar_t));
+    return static_cast<int>(ofLanguage);
 #else
     constexpr int japan = 81;
     return countryCode() == japan ? japanese : western;
@@ -68,13 +74,17 @@ const AnsiCodePage &AnsiCodePage::page(int number)
 {
     static const AnsiCodePage japanesePage(japanese);
     static const AnsiCodePage westernPage(western);
-    return number == japanese ? japanesePage : westernPage;
+    static const AnsiCodePage systemPage(systemCodePage());
+    if (number == japanese) {
+        return japanesePage;
+    }
+    return number == systemPage.number() ? systemPage : westernPage;
 }
 
 const AnsiTables &AnsiCodePage::tables() const
 {
     if (!m_tables) {
-        m_tables = std::make_unique<const AnsiTables>(m_number == japanese ? "windows-31j" : "windows-1252");
+        m_tables = std::make_unique<const AnsiTables>(m_number);
     }
     return *m_tables;
 }

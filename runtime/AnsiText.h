@@ -8,7 +8,7 @@
 
 class AnsiTables;
 
-/// One ANSI code page: 932 (Japanese) or 1252 (Western European).
+/// One ANSI code page: 932 (Japanese), 1252 (Western European) or the system's own.
 ///
 /// Bytes that the page cannot decode become private characters (U+F780 to U+F7FF, the byte in the low eight bits) and
 /// encode to the same bytes again, so that a file keeps what it holds. The page's tables are built on first use; a
@@ -26,7 +26,7 @@ public:
     /// The most bytes that one UTF-16 unit takes.
     static constexpr int maxBytesPerUnit = 2;
 
-    /// The page of that number; 932 or 1252, any other number gives 1252.
+    /// The page of that number: 932, 1252 or the system's; any other number gives 1252.
     static const AnsiCodePage &page(int number);
 
     ~AnsiCodePage();

@@ -1,6 +1,7 @@
 #include "runtime/CommandLine.h"
 
 #include "runtime/FileName.h"
+#include "runtime/WindowsApi.h"
 
 #include <QCoreApplication>
 
@@ -8,7 +9,7 @@
 #include <span>
 
 #ifdef Q_OS_WIN
-#include <qt_windows.h>
+#include <shellapi.h>
 #endif
 
 namespace {
@@ -118,5 +119,25 @@ QString commandLineText([[maybe_unused]] int argc, [[maybe_unused]] char **argv)
         arguments << argument;
     }
     return fileNameFromBytes(arguments.join(' '));
+#endif
+}
+
+QStringList commandLineArguments([[maybe_unused]] int argc, [[maybe_unused]] char **argv)
+{
+#ifdef Q_OS_WIN
+    int count = 0; // argv has them in the ANSI code page only
+    wchar_t **const all = CommandLineToArgvW(GetCommandLineW(), &count);
+    QStringList arguments;
+    for (int i = 1; i < count; ++i) {
+        arguments << QString::fromWCharArray(all[i]);
+    }
+    LocalFree(all);
+    return arguments;
+#else
+    QStringList arguments;
+    for (const char *argument : std::span(argv, std::size_t(argc)).subspan(1)) {
+        arguments << fileNameFromBytes(argument);
+    }
+    return arguments;
 #endif
 }

@@ -11,3 +11,7 @@ QString commandLineText(int argc, char **argv);
 /// The same of a line as Windows keeps it, program name included. left: the values of the arguments that are not the
 /// toolkit's; spaces around the text do not count.
 QString commandLineAsTyped(const QString &line, const QStringList &left);
+
+/// The arguments one by one, each as a file name of any bytes. Call it before there is an application object, which may
+/// take some out.
+QStringList commandLineArguments(int argc, char **argv);

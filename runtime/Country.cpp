@@ -1,10 +1,8 @@
 #include "runtime/Country.h"
 
-#include <QLocale>
+#include "runtime/WindowsApi.h"
 
-#ifdef Q_OS_WIN
-#include <qt_windows.h>
-#endif
+#include <QLocale>
 
 namespace {
 

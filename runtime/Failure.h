@@ -66,7 +66,7 @@ struct Failure
 {
     FailureCode code;
     QStringList arguments = {};
-    int systemError = 0; ///< the system's number (errno); for files that are refused the one that comes nearest
+    int systemError = 0; ///< errno, or 0x100000 + a code of Windows only; the nearest one for files that are refused
     std::optional<CellPosition> cell = {}; ///< the text that cannot be written
     std::optional<FilePosition> position = {}; ///< what cannot be read
 

@@ -1,11 +1,11 @@
 #include "runtime/FileName.h"
 
+#include <QDir>
 #include <QFile>
 #include <QStringDecoder>
 #include <QUrl>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace {
 
@@ -35,28 +35,6 @@ QString characterOf(QByteArrayView bytes)
     const QString character = utf8.decode(bytes);
     return utf8.hasError() || isByteAt(character, 0) ? QString() : character;
 }
-
-#ifdef Q_OS_WIN
-std::filesystem::path pathOf(const QString &name)
-{
-    return name.toStdWString();
-}
-
-QString nameOf(const std::filesystem::path &path)
-{
-    return QString::fromStdWString(path.wstring());
-}
-#else
-std::filesystem::path pathOf(const QString &name)
-{
-    return fileNameBytes(name).toStdString();
-}
-
-QString nameOf(const std::filesystem::path &path)
-{
-    return fileNameFromBytes(QByteArrayView(path.native()));
-}
-#endif
 
 } // namespace
 
@@ -95,7 +73,7 @@ QByteArray fileNameBytes(const QString &name)
 QString fileNameFromQt(const QString &name)
 {
 #ifdef Q_OS_WIN
-    return name;
+    return QDir::toNativeSeparators(name);
 #else
     return fileNameFromBytes(QFile::encodeName(name));
 #endif
@@ -104,23 +82,10 @@ QString fileNameFromQt(const QString &name)
 QString fileNameFromUrl(const QUrl &url)
 {
 #ifdef Q_OS_WIN
-    return url.toLocalFile();
+    return QDir::toNativeSeparators(url.toLocalFile());
 #else
     return fileNameFromBytes(QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1()));
 #endif
-}
-
-// Without "." and "..", unless a link on the way makes them lead somewhere else.
-QString absoluteFileName(const QString &name)
-{
-    const std::filesystem::path typed = pathOf(name);
-    std::error_code error;
-    const std::filesystem::path whole = std::filesystem::absolute(typed, error);
-    if (name.isEmpty() || typed.is_absolute() || error || !std::filesystem::exists(whole, error)) {
-        return name;
-    }
-    const std::filesystem::path plain = whole.lexically_normal();
-    return nameOf(std::filesystem::equivalent(whole, plain, error) ? plain : whole);
 }
 
 QString shownFileName(const QString &name)

@@ -16,15 +16,13 @@ QString fileNameFromBytes(QByteArrayView bytes);
 /// What the system calls the file; to be used for each call that takes a name.
 QByteArray fileNameBytes(const QString &name);
 
-/// A name that Qt gives (from a dialog, say) as the program holds it: only one with such a private character differs.
+/// A name that Qt gives (from a dialog, say) as the program holds it: one with such a private character differs, and on
+/// Windows the separators are its own.
 QString fileNameFromQt(const QString &name);
 
-/// The local file that the address means, "/" between the folders; it may hold bytes that are not UTF-8.
+/// The local file that the address means, the system's separator between the folders; it may hold bytes that are not
+/// UTF-8.
 QString fileNameFromUrl(const QUrl &url);
-
-/// The full path of what the name leads to from the working folder, so that it goes on meaning that; the name itself
-/// when it is a full path, or leads nowhere.
-QString absoluteFileName(const QString &name);
 
 /// The name as a user is shown it: U+FFFD for each byte that is not part of a character.
 QString shownFileName(const QString &name);

@@ -2,20 +2,20 @@
 
 #include "runtime/FileName.h"
 #include "runtime/SystemFile.h"
+#include "runtime/SystemPath.h"
 #include "runtime/Uninterrupted.h"
+#include "runtime/WindowsApi.h"
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 
-#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 
-#ifdef Q_OS_WIN
-#include <io.h>
-#else
+#ifndef Q_OS_WIN
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
@@ -28,71 +28,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+#ifdef Q_OS_WIN
+
+Result<> moved(const QString &from, const QString &to, DWORD flags)
+{
+    const bool isMoved = MoveFileExW(systemPath(from).c_str(), systemPath(to).c_str(), flags | MOVEFILE_WRITE_THROUGH);
+    return isMoved ? Result<>() : Failure::lastSystemCall();
+}
+
+bool isBusy(const Failure &failure)
+{
+    return failure.systemError == EBUSY || failure.systemError == EACCES;
+}
+
+#else
+
 constexpr auto othersRights = fs::perms::group_all | fs::perms::others_all;
 
-fs::path nativePath(const QString &path)
-{
-#ifdef Q_OS_WIN
-    return path.toStdWString();
-#else
-    return fileNameBytes(path).toStdString();
 #endif
-}
-
-QString textPath(const fs::path &path)
-{
-#ifdef Q_OS_WIN
-    return QString::fromStdWString(path.wstring());
-#else
-    return fileNameFromBytes(path.c_str());
-#endif
-}
-
-Result<> outcomeOf(const std::error_code &error)
-{
-    return error ? Failure::system(error.value()) : Result<>();
-}
-
-FileKind kindOf(const fs::file_status &status)
-{
-    switch (status.type()) {
-    case fs::file_type::not_found:
-        return FileKind::Nothing;
-    case fs::file_type::regular:
-        return FileKind::File;
-    case fs::file_type::directory:
-        return FileKind::Folder;
-    default:
-        return FileKind::Other;
-    }
-}
-
-/// That a name is not there is an answer, although the system gives it as an error.
-Result<FileKind> answer(const fs::file_status &status, const std::error_code &error)
-{
-    const FileKind kind = kindOf(status);
-    if (error && kind != FileKind::Nothing) {
-        return Failure::system(error.value());
-    }
-    return kind;
-}
-
-/// The listing of a folder, opened again as long as a signal interrupts that.
-fs::directory_iterator openListing(const QString &path, std::error_code &error)
-{
-    fs::directory_iterator listing;
-    do {
-        listing = fs::directory_iterator(nativePath(path), error);
-    } while (error == std::errc::interrupted);
-    return listing;
-}
 
 Result<> makeOneFolder(const QString &path)
 {
 #ifdef Q_OS_WIN
-    std::error_code error;
-    fs::create_directory(nativePath(path), error);
-    return outcomeOf(error);
+    // Another program may have made it a moment ago.
+    const bool made = CreateDirectoryW(systemPath(path).c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
+    return made ? Result<>() : Failure::lastSystemCall();
 #else
     // Another program may have made it a moment ago.
     const bool made = ::mkdir(QFile::encodeName(path).constData(), S_IRWXU) == 0 || errno == EEXIST;
@@ -130,49 +90,22 @@ Result<> syncFolder([[maybe_unused]] const QString &path)
     return {};
 }
 
-bool isRunning([[maybe_unused]] qint64 process)
+bool isRunning(qint64 process)
 {
 #ifdef Q_OS_WIN
-    return true; // its files cannot be removed while it has them open, nor need they be otherwise
+    const HANDLE found = OpenProcess(SYNCHRONIZE, FALSE, DWORD(process));
+    if (!found) {
+        return GetLastError() != ERROR_INVALID_PARAMETER; // no such process; otherwise it is somebody else's
+    }
+    const bool isAlive = WaitForSingleObject(found, 0) == WAIT_TIMEOUT;
+    CloseHandle(found);
+    return isAlive;
 #else
     return ::kill(pid_t(process), 0) == 0 || errno != ESRCH;
 #endif
 }
 
 } // namespace
-
-Result<FileKind> findKind(const QString &path)
-{
-    std::error_code error;
-    const fs::file_status status = fs::status(nativePath(path), error);
-    return answer(status, error);
-}
-
-Result<FileKind> findOwnKind(const QString &path)
-{
-    std::error_code error;
-    const fs::file_status status = fs::symlink_status(nativePath(path), error);
-    return answer(status, error);
-}
-
-FolderListing listFolder(const QString &path)
-{
-    FolderListing listing;
-    std::error_code error;
-    std::error_code unknown;
-    for (fs::directory_iterator entry = openListing(path, error); !error && entry != fs::directory_iterator();
-         entry.increment(error)) {
-        std::error_code problem;
-        const auto kind = answer(entry->symlink_status(problem), problem);
-        if (!kind) {
-            unknown = problem;
-        }
-        listing.entries << FolderEntry{textPath(entry->path().filename()), kind.valueOr(FileKind::Other)};
-    }
-    std::ranges::sort(listing.entries, {}, &FolderEntry::name);
-    listing.outcome = outcomeOf(error ? error : unknown);
-    return listing;
-}
 
 Result<> makeOwnFolder(const QString &path)
 {
@@ -191,15 +124,17 @@ Result<> makeOwnFolder(const QString &path)
     return made ? syncFolder(parent) : made;
 }
 
-void keepForUser(const QString &path)
+void keepForUser([[maybe_unused]] const QString &path)
 {
+#ifndef Q_OS_WIN // where the user's folders are for the user alone, and what is made in them too
     std::error_code error;
-    const fs::path native = nativePath(path);
+    const fs::path native = systemPath(path);
     const fs::file_status status = fs::symlink_status(native, error);
     const bool ours = status.type() == fs::file_type::regular || status.type() == fs::file_type::directory;
     if (ours && (status.permissions() & othersRights) != fs::perms::none) {
         fs::permissions(native, othersRights, fs::perm_options::remove, error);
     }
+#endif
 }
 
 Result<> writeOwnFile(const QString &fileName, QByteArrayView bytes)
@@ -217,11 +152,32 @@ Result<> writeOwnFile(const QString &fileName, QByteArrayView bytes)
     return written;
 }
 
+#ifdef Q_OS_WIN
+
+Result<> renameOwnFile(const QString &from, const QString &to)
+{
+    constexpr int attempts = 50; // a second: scanners of viruses look at what was just written
+    constexpr unsigned long pause = 20; // ms
+    Result<> renamed = moved(from, to, MOVEFILE_REPLACE_EXISTING);
+    for (int attempt = 1; attempt < attempts && !renamed && isBusy(renamed.failure()); ++attempt) {
+        QThread::msleep(pause);
+        renamed = moved(from, to, MOVEFILE_REPLACE_EXISTING);
+    }
+    return renamed;
+}
+
+Result<> renameOwnFileOnce(const QString &from, const QString &to)
+{
+    return moved(from, to, 0);
+}
+
+#else
+
 Result<> renameOwnFile(const QString &from, const QString &to)
 {
     std::error_code error;
-    fs::rename(nativePath(from), nativePath(to), error);
-    return error ? outcomeOf(error) : syncFolder(QFileInfo(to).path());
+    fs::rename(systemPath(from), systemPath(to), error);
+    return error ? Failure::system(error.value()) : syncFolder(QFileInfo(to).path());
 }
 
 Result<> renameOwnFileOnce(const QString &from, const QString &to)
@@ -242,6 +198,8 @@ Result<> renameOwnFileOnce(const QString &from, const QString &to)
     }
     return *kind == FileKind::Nothing ? renameOwnFile(from, to) : Failure::system(EEXIST);
 }
+
+#endif
 
 Result<> putOwnFile(const QString &fileName, QByteArrayView bytes)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "runtime/FolderListing.h"
 #include "runtime/Result.h"
 
 #include <QByteArray>
@@ -8,35 +9,6 @@
 
 /// Files and folders of the program's own: versions, recovery copies, settings. They are for the user alone from the
 /// moment they are made, whatever rights new files have otherwise.
-
-/// What a name stands for.
-enum class FileKind {
-    Nothing, ///< surely: if the system does not tell, that is a failure
-    File,
-    Folder,
-    Other ///< a device, a pipe, a link that was not to be followed
-};
-
-struct FolderEntry
-{
-    QString name;
-    FileKind kind; ///< links are not followed
-
-    bool operator==(const FolderEntry &) const = default;
-};
-
-/// The kind of what is at path, through links.
-Result<FileKind> findKind(const QString &path);
-/// The kind of what is at path; a link is FileKind::Other.
-Result<FileKind> findOwnKind(const QString &path);
-
-/// What a folder holds.
-struct FolderListing
-{
-    QList<FolderEntry> entries; ///< in the order of their names; as far as they could be listed
-    Result<> outcome; ///< a failure if that was not to the end
-};
-FolderListing listFolder(const QString &path);
 
 /// Makes the folder and those above it, as far as they are missing.
 Result<> makeOwnFolder(const QString &path);

@@ -44,13 +44,13 @@ QByteArrayView takeLine(QByteArrayView &bytes)
     return trimmed(line);
 }
 
-/// The name between the brackets of a section line, lower case; nothing for any other line.
+/// The name between the outermost brackets of a section line, lower case; nothing for any other line.
 std::optional<QByteArray> sectionName(QByteArrayView line)
 {
     if (!line.startsWith('[') || !line.contains(']')) {
         return std::nullopt;
     }
-    return trimmed(line.first(line.indexOf(']')).sliced(1)).toByteArray().toLower();
+    return trimmed(line.first(line.lastIndexOf(']')).sliced(1)).toByteArray().toLower();
 }
 
 QByteArrayView withoutQuotes(QByteArrayView value)

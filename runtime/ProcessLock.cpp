@@ -1,6 +1,8 @@
 #include "runtime/ProcessLock.h"
 
+#include "runtime/SystemPath.h"
 #include "runtime/Uninterrupted.h"
+#include "runtime/WindowsApi.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -10,9 +12,7 @@
 #include <optional>
 #include <utility>
 
-#ifdef Q_OS_WIN
-#include <QLockFile>
-#else
+#ifndef Q_OS_WIN
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -30,22 +30,42 @@ Failure lockHeld()
 
 #ifdef Q_OS_WIN
 
+/// A file that nobody else can open. The system closes and removes it with its program, however that ends.
 struct ProcessLock::Holder
 {
-    explicit Holder(const QString &name) : file(name) { }
+    explicit Holder(const QString &name)
+        : file(CreateFileW(systemPath(name).c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+            FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr))
+    {
+    }
+    ~Holder()
+    {
+        if (file != INVALID_HANDLE_VALUE) {
+            CloseHandle(file);
+        }
+    }
+    Q_DISABLE_COPY_MOVE(Holder)
 
-    QLockFile file; // the system removes it with its program
+    HANDLE file;
 };
 
 Result<> ProcessLock::lock(std::chrono::milliseconds longestWait)
 {
-    auto holder = std::make_unique<Holder>(m_fileName);
-    holder->file.setStaleLockTime(0);
-    if (!holder->file.tryLock(int(longestWait.count()))) {
-        return holder->file.error() == QLockFile::LockFailedError ? lockHeld() : Failure::system(EBUSY);
+    constexpr unsigned long pause = 10; // ms
+    const QDeadlineTimer deadline(longestWait);
+    for (;;) {
+        auto holder = std::make_unique<Holder>(m_fileName);
+        if (holder->file != INVALID_HANDLE_VALUE) {
+            m_holder = std::move(holder);
+            return {};
+        }
+        const Failure failure = Failure::lastSystemCall();
+        // A file that is just being removed cannot be opened either, and is reported as one without the right to it.
+        if ((failure.systemError != EBUSY && failure.systemError != EACCES) || deadline.hasExpired()) {
+            return failure.systemError == EBUSY ? lockHeld() : failure;
+        }
+        QThread::msleep(pause);
     }
-    m_holder = std::move(holder);
-    return {};
 }
 
 #else

@@ -1,11 +1,12 @@
 #include "runtime/SettingsFile.h"
 
+#ifndef Q_OS_WIN
+
 #include "runtime/OwnFiles.h"
-#include "runtime/ProcessLock.h"
+#include "runtime/SettingsTurn.h"
 #include "runtime/WholeFile.h"
 
 #include <QDateTime>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -15,7 +16,6 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -35,30 +35,8 @@ bool isSane(const QString &store)
 {
     constexpr qint64 largestStore = qint64(16) * 1024 * 1024;
     const QFileInfo file(store);
-    return !QDir::isAbsolutePath(store) || !file.exists() || (file.isFile() && file.size() <= largestStore);
+    return !file.exists() || (file.isFile() && file.size() <= largestStore);
 }
-
-std::chrono::milliseconds longestWait = 2s; // storing takes some milliseconds
-
-/// Keeps every other Tabrix from storing, for as long as this object lives. Where that cannot be, both go on.
-class StoreTurn
-{
-public:
-    explicit StoreTurn(const QString &store) : m_lock(store + u".turn"_s)
-    {
-        constexpr auto memory = 60s;
-        // Who holds the turn that long has been stopped: he must not hold up the next acts of the user as well.
-        static QDeadlineTimer impatient;
-        const bool waits = impatient.hasExpired();
-        const auto locked = m_lock.lock(waits ? longestWait : 0s);
-        if (!locked && locked.failure().code == FailureCode::LockHeld && waits) {
-            impatient.setRemainingTime(memory);
-        }
-    }
-
-private:
-    ProcessLock m_lock;
-};
 
 /// Writes a file that nobody needs after a power cut.
 bool writeDraft(const QString &name, const QByteArray &content)
@@ -170,10 +148,8 @@ QString SettingsFile::path()
 void SettingsFile::read(const std::function<void(const QSettings &)> &read)
 {
     const QString store = path();
-    if (QDir::isAbsolutePath(store)) {
-        keepForUser(QFileInfo(store).path());
-        keepForUser(store);
-    }
+    keepForUser(QFileInfo(store).path());
+    keepForUser(store);
     // A store that is not sane is not opened; one that does not exist takes its place.
     const QString name = isSane(store) ? u"Tabrix"_s : u"Tabrix.place"_s;
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, name);
@@ -181,25 +157,16 @@ void SettingsFile::read(const std::function<void(const QSettings &)> &read)
     read(settings);
 }
 
-void SettingsFile::setLongestWait(std::chrono::milliseconds wait)
-{
-    longestWait = wait;
-}
-
 bool SettingsFile::change(const std::function<void(QSettings &)> &change)
 {
     const QString store = path();
-    if (!QDir::isAbsolutePath(store)) {
-        QSettings settings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
-        change(settings);
-        settings.sync();
-        return settings.status() == QSettings::NoError;
-    }
     if (!makeOwnFolder(QFileInfo(store).path())) {
         return false;
     }
     keepForUser(QFileInfo(store).path());
-    const StoreTurn turn(store);
+    const SettingsTurn turn(store + u".turn"_s);
     removeLeftOvers(store);
     return changeStore(store, change);
 }
+
+#endif

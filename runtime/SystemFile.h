@@ -41,7 +41,7 @@ public:
     Result<> close();
 
 private:
-    int m_handle = -1;
+    qintptr m_handle = -1; ///< the system's; -1: none
 };
 
 /// Whether the name is that of a regular file, or a link to one. False also when the system cannot tell.

@@ -1,8 +1,8 @@
 #include "storage/BackupTidying.h"
 
+#include "runtime/DataFolder.h"
 #include "runtime/OwnFiles.h"
 #include "runtime/WholeFile.h"
-#include "storage/DataFolder.h"
 #include "storage/FileBackup.h"
 #include "storage/VersionFolder.h"
 

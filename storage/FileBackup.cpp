@@ -1,8 +1,8 @@
 #include "storage/FileBackup.h"
 
+#include "runtime/DataFolder.h"
 #include "runtime/FileName.h"
 #include "runtime/WholeFile.h"
-#include "storage/DataFolder.h"
 #include "storage/VersionFolder.h"
 
 #include <QCryptographicHash>

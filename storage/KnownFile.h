@@ -1,7 +1,7 @@
 #pragma once
 
+#include "runtime/FileStamp.h"
 #include "runtime/Result.h"
-#include "storage/FileStamp.h"
 
 #include <QByteArrayView>
 #include <QString>

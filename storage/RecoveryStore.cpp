@@ -1,7 +1,7 @@
 #include "storage/RecoveryStore.h"
 
+#include "runtime/DataFolder.h"
 #include "runtime/WholeFile.h"
-#include "storage/DataFolder.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

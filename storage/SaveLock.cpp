@@ -1,7 +1,7 @@
 #include "storage/SaveLock.h"
 
+#include "runtime/DataFolder.h"
 #include "runtime/OwnFiles.h"
-#include "storage/DataFolder.h"
 
 #include <QCryptographicHash>
 #include <QDir>

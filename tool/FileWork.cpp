@@ -29,7 +29,7 @@ FileResult resultOf(const QString &name, const FileWork &work)
 /// The code pages' tables are made on first use, by one thread only.
 void makeCodePages()
 {
-    for (const int number : {932, 1252}) {
+    for (const int number : {932, 1252, ansiCodePageNumber()}) {
         AnsiCodePage::page(number).decode("\x80");
     }
 }

@@ -33,8 +33,9 @@ void Output::write(QByteArrayView bytes)
     if (isWritten) {
         return;
     }
-    m_isClosed = errno == EPIPE;
+    const Failure failure = Failure::lastSystemCall();
+    m_isClosed = failure.systemError == EPIPE;
     if (!m_isClosed) {
-        m_failure = Failure::lastSystemCall().reason();
+        m_failure = failure.reason();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "document/ParameterColumn.h"
 #include "runtime/FileName.h"
+#include "runtime/SystemPath.h"
 #include "tool/Files.h"
 #include "tool/OtherProgram.h"
 #include "tool/SheetFields.h"

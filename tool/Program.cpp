@@ -1,14 +1,10 @@
 #include "tool/Program.h"
 
 #include "app/services/Language.h"
-#include "runtime/FileName.h"
 #include "tool/Command.h"
 #include "tool/Help.h"
 
 #include <QCoreApplication>
-
-#include <csignal>
-#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -107,22 +103,6 @@ int run(const QStringList &arguments, Session &session)
 }
 
 } // namespace
-
-void prepareStreams()
-{
-#ifdef SIGPIPE
-    std::signal(SIGPIPE, SIG_IGN);
-#endif
-}
-
-QStringList argumentsOf(int argc, char **argv)
-{
-    QStringList arguments;
-    for (const char *argument : std::span(argv, std::size_t(argc)).subspan(1)) {
-        arguments << fileNameFromBytes(argument);
-    }
-    return arguments;
-}
 
 int runProgram(const QStringList &arguments)
 {

@@ -3,6 +3,7 @@
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
 #include "runtime/AnsiText.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QDir>
 #include <QFile>
@@ -23,7 +24,7 @@ QString folderTemplate()
 
 DocumentFixture::DocumentFixture() : m_folder(folderTemplate())
 {
-    qputenv("XDG_DATA_HOME", m_folder.filePath(u"data"_s).toLocal8Bit());
+    UserPlaces::setDataHome(m_folder.filePath(u"data"_s));
     setAnsiCodePageNumber(1252);
     resetDocumentTables();
     growDocumentTables(docNo);

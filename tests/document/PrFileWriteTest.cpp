@@ -6,6 +6,7 @@
 #include "storage/KnownFile.h"
 #include "tests/document/DocumentFixture.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QDir>
 #include <QFile>
@@ -298,7 +299,7 @@ TEST_F(Writing, keepsFilesOfOneNameInDifferentFoldersApart)
 
 TEST_F(Writing, asksWhenTheEarlierVersionCannotBeKeptAndTouchesNothingOnNo)
 {
-    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    UserPlaces::setDataHome(put("a file where the folder should be", u"blocked"_s));
     const QString file = putOwnFile();
     EXPECT_FALSE(write(file));
     EXPECT_EQ(host.questions,
@@ -312,7 +313,7 @@ TEST_F(Writing, asksWhenTheEarlierVersionCannotBeKeptAndTouchesNothingOnNo)
 
 TEST_F(Writing, savesOnYesWhereTheEarlierVersionCannotBeKept)
 {
-    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    UserPlaces::setDataHome(put("a file where the folder should be", u"blocked"_s));
     host.answersYes = true;
     const QString file = put("earlier");
     documentOrigin(docNo).file = KnownFile::present(file);

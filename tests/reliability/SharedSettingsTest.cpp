@@ -1,5 +1,6 @@
 #include "app/services/Settings.h"
 #include "runtime/SettingsFile.h"
+#include "runtime/SettingsTurn.h"
 #include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
@@ -33,7 +34,7 @@ protected:
     SharedSettings()
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
-        SettingsFile::setLongestWait(std::chrono::milliseconds(patience));
+        SettingsTurn::setLongestWait(std::chrono::milliseconds(patience));
         void *memory =
             ::mmap(nullptr, sizeof(std::atomic<int>), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
         m_ready = new (memory) std::atomic<int>(0);

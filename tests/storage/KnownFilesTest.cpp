@@ -1,100 +1,21 @@
+#include "tests/storage/KnownFiles.h"
+
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
 #include "storage/FileBackup.h"
 #include "storage/KnownFile.h"
 #include "storage/SaveLock.h"
-#include "tests/document/DocumentFixture.h"
-#include "tests/support/MemoryDisk.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
-#include <sys/wait.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString changedQuestion =
-    u"Another program has changed this file since it was opened or saved here. Replace it all the same?"_s;
-const QString appearedQuestion = u"There is a file of this name that was not opened or saved here. Replace it?"_s;
-
-/// A document that was read from a file.
-class KnownFiles : public DocumentFixture
-{
-protected:
-    KnownFiles()
-    {
-        file = put(opened);
-        EXPECT_TRUE(read(file));
-        grid = FakeGrid(PrRecords, 1);
-        DocFlags[docNo].changed = true;
-    }
-
-    bool saveGrid(const QString &name) { return save(name, grid); }
-    /// Expects that a save asks that and, on No, leaves all as it is.
-    void expectQuestion(const QString &question)
-    {
-        host.questions.clear();
-        host.titles.clear();
-        const QByteArray before = contentOf(file);
-        EXPECT_FALSE(saveGrid(file));
-        EXPECT_EQ(host.questions, QStringList{question});
-        EXPECT_EQ(host.titles, QStringList{file});
-        EXPECT_EQ(contentOf(file), before);
-        EXPECT_TRUE(DocFlags[docNo].changed);
-        EXPECT_FALSE(QDir(backupFolder(file)).exists());
-        EXPECT_FALSE(host.busy);
-    }
-    void expectNoQuestion()
-    {
-        EXPECT_TRUE(saveGrid(file));
-        EXPECT_TRUE(host.questions.isEmpty()) << host.questions.value(0).toStdString();
-    }
-    /// What another program does: other bytes under the same times and size.
-    void changeBehindTheTimes() const
-    {
-        QFile changed(file);
-        EXPECT_TRUE(changed.open(QIODevice::ReadWrite));
-        const QDateTime time = changed.fileTime(QFileDevice::FileModificationTime);
-        changed.seek(opened.indexOf("Name=XT") + 6);
-        changed.write("Y");
-        changed.flush();
-        EXPECT_TRUE(changed.setFileTime(time, QFileDevice::FileModificationTime));
-    }
-
-    /// Reads a file of that name, and lets another program change it while its stamp stays the same. False when that
-    /// did not happen.
-    bool changeInTheMomentOfReading(const QString &name)
-    {
-        constexpr int attempts = 1'000; // the first nearly always does
-        const QByteArray theirs = QByteArray(opened).replace(",a,", ",b,");
-        for (int attempt = 0; attempt < attempts; ++attempt) {
-            file = put(opened, name);
-            const FileStamp before = FileStamp::of(file);
-            if (read(file) && put(theirs, name) == file && FileStamp::of(file) == before) {
-                return true;
-            }
-        }
-        return false;
-    }
-    /// Puts a file where the folder of the backups should be.
-    void keepFromKeepingVersions()
-    {
-        EXPECT_TRUE(QDir().mkpath(QFileInfo(backupRoot()).path()));
-        EXPECT_TRUE(QFile(backupRoot()).open(QIODevice::WriteOnly | QIODevice::NewOnly));
-    }
-
-    const QByteArray opened =
-        "[Inverter]\r\nName=XT\r\nTypeCode=\r\nVCapacity=\r\nCode=\r\nSoftWareVersion=\r\nParamater=1\r\n"
-        "[Paramater]\r\n0,1,,a,,1,-1,-1,0,0,0,0,";
-    QString file;
-    FakeGrid grid;
-};
 
 TEST_F(KnownFiles, areReplacedWithoutAQuestionWhenNobodyTouchedThem)
 {
@@ -123,29 +44,6 @@ TEST_F(KnownFiles, areAskedAboutWhenSizeAndTimeAreTheSame)
 {
     changeBehindTheTimes();
     expectQuestion(changedQuestion);
-}
-
-// A disk whose clock goes in steps shows nothing of it.
-TEST_F(KnownFiles, areAskedAboutWhenOthersChangedThemInTheVeryMomentOfReading)
-{
-    enum Outcome { Asked, NotAsked, NoSuchDisk };
-    const QString disk = path(u"disk"_s);
-    ASSERT_TRUE(QDir().mkpath(disk));
-    const pid_t program = ::fork(); // the disk is the child's own
-    if (program == 0) {
-        const bool isMounted = MemoryDisk::prepare() && MemoryDisk::mount(disk, "mode=0700", "ramfs");
-        if (!isMounted || !changeInTheMomentOfReading(u"disk/document.inv"_s)) {
-            ::_exit(NoSuchDisk);
-        }
-        ::_exit(!saveGrid(file) && host.questions == QStringList{changedQuestion} ? Asked : NotAsked);
-    }
-    int status = 0;
-    ASSERT_EQ(::waitpid(program, &status, 0), program);
-    ASSERT_TRUE(WIFEXITED(status));
-    if (WEXITSTATUS(status) == NoSuchDisk) {
-        GTEST_SKIP() << "this system lets tests mount no disk";
-    }
-    EXPECT_EQ(WEXITSTATUS(status), Asked);
 }
 
 TEST_F(KnownFiles, areAskedAboutWhenAnotherFileTookTheirPlace)
@@ -341,7 +239,7 @@ TEST_F(KnownFiles, thatOthersChangedAreAskedAboutApartFromALostVersion)
 TEST_F(KnownFiles, areSavedWithoutALockWhereNoneCanBeMade)
 {
     ASSERT_TRUE(QFile::remove(file)); // no backup is to be made either
-    qputenv("XDG_DATA_HOME", put("a file where the folder should be", u"blocked"_s).toLocal8Bit());
+    UserPlaces::setDataHome(put("a file where the folder should be", u"blocked"_s));
     expectNoQuestion();
     EXPECT_EQ(contentOf(file), opened);
 }

@@ -13,6 +13,13 @@ qint64 bytesInUse()
 {
 #if defined(__SANITIZE_ADDRESS__)
     return qint64(__sanitizer_get_current_allocated_bytes()); // the system's heap is not used then
+#elif defined(Q_OS_WIN)
+    qint64 bytes = 0;
+    _HEAPINFO entry{};
+    while (_heapwalk(&entry) == _HEAPOK) {
+        bytes += entry._useflag == _USEDENTRY ? qint64(entry._size) : 0;
+    }
+    return bytes;
 #else
     const auto info = mallinfo2();
     return qint64(info.uordblks + info.hblkhd);

@@ -1,6 +1,7 @@
 #include "tests/support/WidgetTestRun.h"
 
 #include "tests/support/Patience.h"
+#include "tests/support/UserPlaces.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +9,6 @@
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QPointer>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -54,11 +54,10 @@ int runWidgetTests(int argc, char **argv)
     testing::InitGoogleTest(&argc, argv);
     const QTemporaryDir home;
     qputenv("HOME", home.path().toLocal8Bit());
-    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toLocal8Bit());
-    qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toLocal8Bit());
+    UserPlaces::setDataHome(home.filePath(QStringLiteral("data")));
+    UserPlaces::setConfigHome(home.filePath(QStringLiteral("config")));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tabrix"));
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.filePath(QStringLiteral("config")));
     const UnansweredWindows unanswered;
     return RUN_ALL_TESTS();
 }

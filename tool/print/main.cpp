@@ -1,5 +1,7 @@
 // tabrix-print: does what "tabrix-tool print" is asked for. It needs no display.
 
+#include "runtime/CommandLine.h"
+#include "runtime/StandardStreams.h"
 #include "tool/Program.h"
 #include "tool/print/PdfPrint.h"
 
@@ -20,8 +22,8 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen"); // whatever the desktop is, if there is one
     qInstallMessageHandler(dropRemark);
-    prepareStreams();
-    const QStringList arguments = argumentsOf(argc, argv);
+    prepareStandardStreams();
+    const QStringList arguments = commandLineArguments(argc, argv);
     int own = 1; // all others are the command's, and none of them Qt's
     const QApplication application(own, argv);
     QApplication::setApplicationName(u"Tabrix"_s); // which PDF files name as their creator

@@ -1,6 +1,7 @@
 #include "app/services/Settings.h"
 
 #include "tests/support/QtPrinters.h"
+#include "tests/support/UserPlaces.h"
 
 #include <gtest/gtest.h>
 
@@ -19,15 +20,12 @@ class SettingsTest : public testing::Test
 protected:
     SettingsTest()
     {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_folder.path());
+        UserPlaces::setConfigHome(m_folder.path());
         ListVisualState.fill(false);
     }
 
     /// What another program, or another version, may have left.
-    void store(const QString &key, const QString &text) const
-    {
-        QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).setValue(key, text);
-    }
+    void store(const QString &key, const QString &text) const { UserPlaces::settings().setValue(key, text); }
 
     void storeBytes(const QByteArray &bytes) const
     {
@@ -35,13 +33,6 @@ protected:
         QFile file(filePath());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
-    }
-
-    QList<QByteArray> storedLines() const
-    {
-        QFile file(filePath());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll().split('\n');
     }
 
     UserFontSettings loadedFont() const
@@ -99,7 +90,7 @@ TEST_F(SettingsTest, loadingWritesNothing)
 TEST_F(SettingsTest, fontIsStoredAsTexts)
 {
     SaveUserFont(u"IPAGothic"_s, 10.5F, true, false);
-    const QList<QByteArray> lines = storedLines();
+    const QList<QByteArray> lines = UserPlaces::settingsLines();
     for (const char *line : {"[FontInf]", "FontName=IPAGothic", "FontSize=10.5", "FontItalic=True", "FontBold=False"}) {
         EXPECT_TRUE(lines.contains(line)) << line;
     }
@@ -123,7 +114,7 @@ TEST_F(SettingsTest, windowStateAndColumnsAreStoredAsTexts)
     ListVisualState[12] = true;
     ListVisualState.back() = true;
     SaveWindowSettings(1);
-    const QList<QByteArray> lines = storedLines();
+    const QList<QByteArray> lines = UserPlaces::settingsLines();
     for (const char *line : {"[WindowInf]", "WindowState=1", "ListVisualState0=True", "ListVisualState1=False",
              "ListVisualState11=False", "ListVisualState12=True"}) {
         EXPECT_TRUE(lines.contains(line)) << line;
@@ -235,7 +226,7 @@ TEST_F(SettingsTest, recentFilesAreStoredNewestFirst)
 {
     StoreRecentFile(u"/data/a.inv"_s);
     StoreRecentFile(u"/data/b.inv"_s);
-    const QList<QByteArray> lines = storedLines();
+    const QList<QByteArray> lines = UserPlaces::settingsLines();
     for (const char *line : {"[Recent%20Files]", "RecentFile1=/data/b.inv", "RecentFile2=/data/a.inv"}) {
         EXPECT_TRUE(lines.contains(line)) << line;
     }
