@@ -36,6 +36,7 @@ QPixmap CheckBoxPictures::drawn(bool ticked, const QColor &own, int zoom) const
     picture.fill(Qt::transparent);
     QStyleOptionButton box;
     box.initFrom(&m_view);
+    box.styleObject = nullptr; // a style that fades a tick in would have its first frame kept here
     box.rect = QRect(QPoint(), size(zoom));
     box.palette = boxPalette(box.palette, box.palette.color(QPalette::Base), own);
     box.state = QStyle::State_Enabled | (ticked ? QStyle::State_On : QStyle::State_Off);

@@ -2,6 +2,7 @@
 
 #include "desktop/Contrast.h"
 #include "desktop/PlainMessages.h"
+#include "desktop/PrintSetupDialog.h"
 
 #include <QCoreApplication>
 #include <QDialogButtonBox>
@@ -114,6 +115,11 @@ void CurrentPrinter::showSetup(
     const bool toFile = !isPresent();
     const QString before = printer().outputFileName();
     const QString preset = before.isEmpty() ? fileName : before;
+    if (toFile && !printSetupTakesFiles()) {
+        const QString chosen = askForPdfName(parent, title, preset);
+        printer().setOutputFileName(chosen.isEmpty() || chosen == preset ? before : chosen);
+        return;
+    }
     if (toFile) {
         printer().setOutputFileName(preset);
     }

@@ -7,12 +7,12 @@
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QDir>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QSettings>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -20,14 +20,8 @@ using namespace Qt::StringLiterals;
 class StartUp : public FrameTest
 {
 protected:
-    static QString setting(const QString &key)
-    {
-        return QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).value(key).toString();
-    }
-    static void store(const QString &key, const QString &value)
-    {
-        QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).setValue(key, value);
-    }
+    static QString setting(const QString &key) { return UserPlaces::settings().value(key).toString(); }
+    static void store(const QString &key, const QString &value) { UserPlaces::settings().setValue(key, value); }
 };
 
 TEST_F(StartUp, showsOneUntitledDocumentWithOneRow)
@@ -49,6 +43,18 @@ TEST_F(StartUp, opensTheCommandLineAsOneFileName)
     EXPECT_EQ(editor().windowTitle(), file);
     EXPECT_EQ(editor().document().number(), 2);
     EXPECT_EQ(grid().text(2, 3), u"Parameter 3"_s);
+}
+
+// It is placed before the frame is shown, when there is hardly any room.
+TEST_F(StartUp, showsTheFileOfTheCommandLineInAWindowThatFitsTheFrame)
+{
+    start(writeFile(u"a.inv"_s, document(3)));
+    const QWidget &window = *editor().parentWidget();
+    const QSize area = window.parentWidget()->size();
+    const QRect shown = window.geometry() & QRect(QPoint(), area);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_GE(shown.width(), std::min(window.sizeHint().width(), area.width() * 3 / 4));
+    EXPECT_GE(shown.height(), std::min(window.sizeHint().height(), area.height() * 3 / 4));
 }
 
 TEST_F(StartUp, namesTheDocumentByTheFullPathOfARelativeName)

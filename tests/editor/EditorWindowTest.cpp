@@ -6,6 +6,7 @@
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,7 +20,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSettings>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -245,7 +245,7 @@ TEST_F(GridFont, isChosenStoredAndApplied)
     });
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
     EXPECT_EQ(UserFont, (UserFontSettings{u"DejaVu Sans"_s, 24, false, true}));
-    const QSettings store(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
+    const QSettings store = UserPlaces::settings();
     EXPECT_EQ(store.value(u"FontInf/FontName"_s), u"DejaVu Sans"_s);
     EXPECT_EQ(store.value(u"FontInf/FontSize"_s), u"24"_s);
     EXPECT_EQ(store.value(u"FontInf/FontItalic"_s), u"False"_s);
@@ -280,7 +280,7 @@ TEST_F(GridFont, isChosenByListAndSizeWhereTheStoredNameIsAnAlias)
     });
     chooseMenu(u"mneVisual"_s, u"mneVisualItem(3)"_s);
     EXPECT_EQ(UserFont, (UserFontSettings{family, 17, false, true}));
-    const QSettings store(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s);
+    const QSettings store = UserPlaces::settings();
     EXPECT_EQ(store.value(u"FontInf/FontSize"_s), u"17"_s);
     EXPECT_EQ(store.value(u"FontInf/FontBold"_s), u"True"_s);
     EXPECT_TRUE(QFontInfo(grid().gridFont()).bold());

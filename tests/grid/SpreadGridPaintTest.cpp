@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 #include <cstdlib>
 
@@ -25,6 +27,24 @@ bool hasColour(const QImage &picture, const QRect &part, const QColor &colour)
     }
     return false;
 }
+
+/// Counts the boxes that are drawn, and those for which there is an object to animate.
+class BoxStyle : public QProxyStyle
+{
+public:
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const override
+    {
+        if (element == PE_IndicatorCheckBox) {
+            ++boxes;
+            animated += option->styleObject ? 1 : 0;
+        }
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+    mutable int boxes = 0;
+    mutable int animated = 0;
+};
 
 } // namespace
 
@@ -83,6 +103,19 @@ TEST(SpreadGridPaint, paintsATickForANumberOtherThanZero)
     EXPECT_EQ(cell(1), cell(4));
     EXPECT_EQ(cell(2), cell(3));
     EXPECT_NE(cell(1), cell(2));
+}
+
+// The pictures are kept: one of a tick that is only just fading in would stay for ever.
+TEST(SpreadGridPaint, givesTheStyleNothingToAnimateInABox)
+{
+    BoxStyle style;
+    const auto grid = shownGrid();
+    grid->setStyle(&style);
+    grid->setText(4, 2, u"1"_s);
+    grid->setTextColour({4, 2, 4, 2}, QColor(0, 90, 0)); // of which there is no picture yet
+    pictureOf(*grid);
+    EXPECT_GT(style.boxes, 0);
+    EXPECT_EQ(style.animated, 0);
 }
 
 // "99,99" of "99,9999" would pass for a value.

@@ -10,6 +10,7 @@
 #include "runtime/AnsiText.h"
 #include "runtime/Country.h"
 #include "tests/support/Patience.h"
+#include "tests/support/UserPlaces.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -17,7 +18,6 @@
 #include <QFile>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSettings>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -27,7 +27,7 @@ FrameTest::FrameTest() : m_formerFolder(QDir::currentPath())
     resetDocumentTables();
     clipboardRecord() = {};
     QApplication::clipboard()->setText(u""_s);
-    QSettings(QSettings::NativeFormat, QSettings::UserScope, u"Tabrix"_s, u"Tabrix"_s).clear();
+    UserPlaces::settings().clear();
     setProgramFolder(m_folder.path());
     setCountryCode(1);
     setAnsiCodePageNumber(1252);

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -36,7 +37,8 @@ protected:
     /// Writes a file into the test's folder and returns its full path.
     QString writeFile(const QString &name, const QByteArray &bytes);
     QByteArray readFile(const QString &path);
-    QString path(const QString &name) const { return m_folder.filePath(name); }
+    /// The full path of that name in the test's folder, as the system writes it.
+    QString path(const QString &name) const { return QDir::toNativeSeparators(m_folder.filePath(name)); }
     /// The bytes of a document with that many parameters, numbered from 1, named "Parameter 1" and so on.
     static QByteArray document(int rows);
 
