@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs what building, testing and running Tabrix needs from Debian's packages. Does nothing when all is there.
+# setup.sh [windows]: installs what building, testing and running Tabrix needs from Debian's packages, with "windows" for
+# a cross-build as well. Does nothing when all is there.
 set -euo pipefail
 
 packages=(
@@ -15,6 +16,8 @@ packages=(
     # package, and check the package
     dpkg-dev file librsvg2-bin desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin xdotool procps
 )
+
+[ "${1:-}" != windows ] || packages+=(g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine nsis zip)
 
 missing=()
 for package in "${packages[@]}"; do
