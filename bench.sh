@@ -12,8 +12,10 @@ if [ "${1:-}" = --peers ]; then
     "${sudo[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends gnumeric libreoffice-calc
 fi
 cmake --preset release
-cmake --build --preset release --target bench_speed bench_bare make_document
+cmake --build --preset release --target bench_speed bench_bare bench_tool make_document
 build/bench_speed 2>/dev/null
+echo
+build/bench_tool 2>/dev/null
 
 if ! command -v valgrind >/dev/null; then
     echo "Counts: skipped, valgrind is not installed"
