@@ -28,4 +28,4 @@ run() {
         END { printf "fuzz: %-8s %9d inputs, peak memory %d MB\n", name, inputs, rss }' "build-fuzz/$name.log"
 }
 export -f run
-printf '%s\n' reader profile codec block | xargs -P "$(nproc)" -I{} bash -c 'run {}'
+printf '%s\n' reader profile codec block csv json merge | xargs -P "$(nproc)" -I{} bash -c 'run {}'
