@@ -68,11 +68,11 @@ Result<> RulesReader::read(const QByteArray &bytes)
     if (const QStringList keys = settings.childKeys(); !keys.isEmpty()) {
         return failure(FailureCode::RulesUnknownKey, {keys.first()});
     }
-    if (const auto checked = checkEntries(bytes, settings.childGroups()); !checked) {
+    if (auto checked = checkEntries(bytes, settings.childGroups()); !checked) {
         return checked;
     }
     for (const QString &section : settings.childGroups()) {
-        if (const auto taken = readSection(settings, section); !taken) {
+        if (auto taken = readSection(settings, section); !taken) {
             return taken;
         }
     }

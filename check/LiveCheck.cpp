@@ -52,7 +52,7 @@ LiveCheck::LiveCheck(const PrGrid &grid) : m_grid(grid), m_records(grid)
 
 void LiveCheck::setBasis(const ContentBasis &basis, const SeverityOf &severityOf)
 {
-    std::array<std::optional<Severity>, idCount> severities;
+    std::array<std::optional<Severity>, checkCount> severities;
     std::ranges::transform(
         checkInfos(), severities.begin(), [&severityOf](const CheckInfo &info) { return severityOf(info.id); });
     if (basis == m_basis && severities == m_severities) {
@@ -81,8 +81,9 @@ void LiveCheck::replaceRows(int first, int removed, int added)
         m_positions[std::size_t(handle)] = row;
         m_new.push_back(handle);
     }
+    m_isSettled = false;
     if (first + added < rowCount()) {
-        m_concerned.push_back(m_rows[std::size_t(first + added)]); // another row precedes it
+        m_concerned.push_back(m_rows[std::size_t(first) + std::size_t(added)]); // another row precedes it
     }
     if (removed != added) {
         m_firstMoved = std::min(m_firstMoved, first + added);
@@ -114,20 +115,32 @@ void LiveCheck::drop(int handle)
 
 void LiveCheck::settle()
 {
+    settleSome(int(m_new.size()));
+}
+
+bool LiveCheck::settleSome(int rows)
+{
+    placeRows();
+    for (; rows > 0 && !m_new.empty(); --rows) {
+        enter(m_new.back());
+        m_concerned.push_back(m_new.back());
+        m_new.pop_back();
+    }
+    m_isSettled = m_new.empty();
+    if (m_isSettled) {
+        m_groups.settle(m_positions, m_concerned);
+        std::ranges::for_each(m_concerned, [this](int handle) { pend(handle); });
+        m_concerned.clear();
+    }
+    return m_isSettled;
+}
+
+void LiveCheck::placeRows()
+{
     for (int row = m_firstMoved; row < rowCount(); ++row) {
         m_positions[std::size_t(m_rows[std::size_t(row)])] = row;
     }
     m_firstMoved = rowCount();
-    for (const int handle : m_new) {
-        enter(handle);
-    }
-    m_concerned.insert(m_concerned.end(), m_new.begin(), m_new.end());
-    m_new.clear();
-    m_groups.settle(m_positions, m_concerned);
-    for (const int handle : m_concerned) {
-        pend(handle);
-    }
-    m_concerned.clear();
 }
 
 void LiveCheck::enter(int handle)
@@ -195,7 +208,7 @@ void LiveCheck::check(int handle)
 RowMarks LiveCheck::marks(int row)
 {
     const int handle = m_rows[std::size_t(row)];
-    if (m_byHandle[std::size_t(handle)].isPending) {
+    if (m_isSettled && m_byHandle[std::size_t(handle)].isPending) {
         check(handle);
     }
     return m_byHandle[std::size_t(handle)].marks;

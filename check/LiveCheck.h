@@ -57,9 +57,13 @@ public:
     void replaceRows(int first, int removed, int added);
     /// Reads the new rows, and finds out which of the others they concern.
     void settle();
+    /// Reads that many of the new rows, so that a large change can be taken up in parts. True once it is settled.
+    bool settleSome(int rows);
+    bool isSettled() const { return m_isSettled; }
 
     int rowCount() const { return int(m_rows.size()); }
-    /// Looks at up to that many of the rows that are to be looked at. False once none is left.
+    /// Looks at up to that many of the rows that are to be looked at. False once none is left. Only once all is
+    /// settled.
     bool checkNext(int rows);
     /// Whether rows are to be looked at.
     bool isPending() const { return !m_pending.empty(); }
@@ -68,14 +72,12 @@ public:
     /// Called with each row whose marks change. It must leave the check alone.
     void setMarksChanged(std::function<void(int row)> call) { m_marksChanged = std::move(call); }
 
-    /// Up to date, also while other rows are still to be looked at.
+    /// Up to date, also while other rows are still to be looked at. Until a change is settled, those from before it.
     RowMarks marks(int row);
-    /// All that is found in the row, by column, whatever it counts as.
+    /// All that is found in the row, by column, whatever it counts as. Only once all is settled.
     Findings findings(int row);
 
 private:
-    static constexpr std::size_t idCount = std::size_t(CheckId::HelpIdShared) + 1;
-
     /// A row keeps its handle wherever it moves.
     struct Row
     {
@@ -90,6 +92,7 @@ private:
     QString name(int row) const override;
     QList<SettingInterval> intervals(int row) const override;
 
+    void placeRows();
     int newHandle();
     void drop(int handle);
     void enter(int handle);
@@ -99,7 +102,7 @@ private:
     const PrGrid &m_grid;
     GridRecords m_records;
     ContentBasis m_basis{};
-    std::array<std::optional<Severity>, idCount> m_severities;
+    std::array<std::optional<Severity>, checkCount> m_severities;
     std::function<void(int)> m_marksChanged;
     RowGroups m_groups;
     std::vector<Row> m_byHandle;
@@ -110,6 +113,7 @@ private:
     std::vector<int> m_concerned; ///< rows that it finds to be looked at
     std::vector<int> m_pending; ///< rows, of which some may have been looked at already
     int m_firstMoved = 0;
+    bool m_isSettled = true;
     qint64 m_checkedRows = 0;
 };
 

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t rowsOfStep = 128; ///< some milliseconds at most on a slow machine
+constexpr int rowsOfStep = 128; ///< some milliseconds at most on a slow machine
 
 bool isSame(const CellRow &left, const CellRow &right)
 {
@@ -79,7 +79,7 @@ CellMark FindingMarks::mark(int column, int row)
 
 QString FindingMarks::text(int column, int row)
 {
-    const bool isKnown = bringUpToDate() && row <= m_check.rowCount();
+    const bool isKnown = bringUpToDate() && m_check.isSettled() && row <= m_check.rowCount();
     return isKnown ? linesOf(m_check.findings(row - 1), column).join(u'\n') : QString();
 }
 
@@ -111,7 +111,7 @@ bool FindingMarks::bringUpToDate()
         takeRows(m_grid.textRows().size());
         m_isStale = false;
     }
-    if (!m_slices.isActive() && (!m_isComplete || !m_hasBasis || m_check.isPending())) {
+    if (!m_slices.isActive() && (!m_isComplete || !m_hasBasis || !m_check.isSettled() || m_check.isPending())) {
         m_slices.start(0);
     }
     return m_isComplete;
@@ -122,7 +122,7 @@ void FindingMarks::takeRows(std::size_t count)
 {
     const auto rows = m_grid.textRows();
     tell(rows.first(std::min(count, rows.size())));
-    m_check.settle();
+    m_check.settleSome(rowsOfStep);
 }
 
 /// Tells the check what differs from what it knows. Rows that only moved share their memory with the rows that they
@@ -182,7 +182,7 @@ bool FindingMarks::runStep()
         return true;
     }
     if (!m_isComplete) {
-        takeRows(m_known.size() + rowsOfStep);
+        takeRows(m_known.size() + std::size_t(rowsOfStep));
         m_isComplete = m_known.size() == m_grid.textRows().size();
         if (m_isComplete) {
             m_isStale = false;
@@ -194,7 +194,13 @@ bool FindingMarks::runStep()
         takeRows(m_grid.textRows().size());
         m_isStale = false;
     }
-    return m_check.checkNext(int(rowsOfStep));
+    if (!m_check.isSettled()) {
+        if (m_check.settleSome(rowsOfStep)) {
+            m_grid.viewport()->update();
+        }
+        return true;
+    }
+    return m_check.checkNext(rowsOfStep);
 }
 
 void FindingMarks::finish()
@@ -252,7 +258,7 @@ QString FindingMarks::goTo(int step)
     const auto isBefore = [](const CellPosition &left, const CellPosition &right) {
         return std::pair(left.row, left.column) < std::pair(right.row, right.column);
     };
-    const auto [first, after] = std::ranges::equal_range(all, position(), isBefore);
+    const auto [first, after] = std::equal_range(all.begin(), all.end(), position(), isBefore);
     const auto index = step > 0 ? after - all.begin() : first - all.begin() - 1;
     const auto count = std::ssize(all);
     const auto reached = (index + count) % count;

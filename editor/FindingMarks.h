@@ -18,8 +18,8 @@ class SpreadGrid;
 /// from one to the next.
 ///
 /// The first painting of the grid starts the work, which is done in slices between events and not while a file is read
-/// or written. What is in view is up to date whenever it is painted, once all rows are known. Nothing of the document
-/// is touched.
+/// or written. What is in view is up to date whenever it is painted, once all rows are known and unless very many have
+/// changed at once. Nothing of the document is touched.
 ///
 /// The marks are about the document as it is in the window: what opening its file has lost already, and how its bytes
 /// are spelled, is not in the grid. What each finding counts as is said by the rules for the document's folder, read
@@ -39,7 +39,10 @@ public:
     /// The findings of all rows, whatever they count as.
     Findings allFindings();
     /// Whether all rows have been looked at.
-    bool isUpToDate() const { return m_hasBasis && m_isComplete && !m_isStale && !m_slices.isActive(); }
+    bool isUpToDate() const
+    {
+        return m_hasBasis && m_isComplete && !m_isStale && m_check.isSettled() && !m_slices.isActive();
+    }
     qint64 checkedRows() const { return m_check.checkedRows(); }
 
 private:

@@ -228,6 +228,24 @@ TEST(LiveCheckTest, countsManyRowsOfOneNumberInProportion)
     EXPECT_LT(growthOfWork(fill, 200, 8), 24); // by the square it would be 64
 }
 
+TEST(LiveCheckTest, takesALargeChangeUpInParts)
+{
+    LargeTable table(100);
+    table.lookedAt(ParameterColumn::FactorySetting, 1, u"9"_s);
+    const qint64 before = table.check.checkedRows();
+    const std::vector<LiveRows::Row> same(50, LiveRows::Row{u"1"_s, u"Name"_s});
+    table.rows.replaceRows(table.check, 1, 0, same);
+    for (int part = 0; part < 4; ++part) {
+        EXPECT_FALSE(table.check.settleSome(10));
+        EXPECT_EQ(table.check.marks(0).at(ParameterColumn::FactorySetting), Severity::Warning); // as before
+        EXPECT_TRUE(table.check.marks(1).isEmpty());
+    }
+    EXPECT_EQ(table.check.checkedRows(), before);
+    EXPECT_TRUE(table.check.settleSome(10));
+    EXPECT_TRUE(table.check.isSettled());
+    EXPECT_EQ(table.check.marks(1).at(ParameterColumn::Number), Severity::Warning);
+}
+
 TEST(LiveCheckTest, followsTheSeveritiesThatItIsGiven)
 {
     LargeTable table(10);

@@ -101,7 +101,7 @@ void LiveRows::edit(LiveCheck &check)
     } else {
         goBack(check);
     }
-    check.settle();
+    while (!check.settleSome(1 + random.number(2))) { }
 }
 
 void LiveRows::typeSome(LiveCheck &check)

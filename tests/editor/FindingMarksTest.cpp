@@ -221,6 +221,23 @@ TEST_F(FindingMarksTest, followAnEditByLookingAtFewRows)
     EXPECT_LE(editor().findings().checkedRows() - before, 8);
 }
 
+// Otherwise the first picture after it would wait for all of its rows.
+TEST_F(FindingMarksTest, followALargeChangeInParts)
+{
+    open(document(2000));
+    ASSERT_TRUE(isUpToDate());
+    const qint64 before = editor().findings().checkedRows();
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_D, Qt::ControlModifier); // every row becomes the first one
+    grid().viewport()->grab();
+    EXPECT_FALSE(editor().findings().isUpToDate());
+    EXPECT_EQ(editor().findings().checkedRows(), before);
+    EXPECT_EQ(described(ParameterColumn::Number, 2), QString()); // not known yet
+    ASSERT_TRUE(isUpToDate());
+    EXPECT_FALSE(described(ParameterColumn::Number, 2000).isEmpty());
+    EXPECT_GE(editor().findings().checkedRows() - before, 1999);
+}
+
 TEST_F(FindingMarksTest, followTheNameOfTheFile)
 {
     open(faultyDocument());
