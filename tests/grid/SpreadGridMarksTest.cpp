@@ -37,7 +37,7 @@ double luminance(const QColor &colour)
 
 double contrast(const QColor &left, const QColor &right)
 {
-    const auto [less, more] = std::minmax(luminance(left), luminance(right));
+    const auto [less, more] = std::minmax({luminance(left), luminance(right)});
     return (more + 0.05) / (less + 0.05);
 }
 
