@@ -63,8 +63,7 @@ void WindowPlacer::setGeometry(Placed &placed)
     const QSize maxSize = available.size() - QSize(offset.x(), offset.y());
     placed.geometry = QRect(available.topLeft() + offset, placed.window->sizeHint().boundedTo(maxSize));
     placed.window->setGeometry(placed.geometry);
-    placed.geometry =
-        placed.window->geometry(); // as it is: in an area that is not yet laid out, not what was asked for
+    placed.geometry = placed.window->geometry(); // an area that is not yet laid out gives another than was asked for
 }
 
 void WindowPlacer::followArea()

@@ -8,6 +8,7 @@
 #include "grid/SpreadGrid.h"
 #include "help/HelpWindow.h"
 #include "tests/accessibility/ControlWalk.h"
+#include "tests/support/ContrastRatio.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/Patience.h"
 

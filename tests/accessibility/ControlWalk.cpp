@@ -1,9 +1,12 @@
 #include "tests/accessibility/ControlWalk.h"
 
+#include "tests/support/ContrastRatio.h"
+
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QColor>
 #include <QHash>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -12,7 +15,6 @@
 #include <QPushButton>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -85,14 +87,6 @@ bool looksFocused(QWidget &control)
     return with != pictureOf(control);
 }
 
-double luminance(const QColor &colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
 QHash<QRgb, int> coloursOf(const QImage &picture)
 {
     QHash<QRgb, int> counts;
@@ -148,12 +142,6 @@ QStringList withoutVisibleFocusIn(QWidget &window)
         }
     }
     return without;
-}
-
-double contrastRatio(const QColor &colour1, const QColor &colour2)
-{
-    const auto [darker, lighter] = std::minmax({luminance(colour1), luminance(colour2)});
-    return (lighter + 0.05) / (darker + 0.05);
 }
 
 double contrastIn(const QImage &picture)

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <QImage>
 #include <QList>
 #include <QStringList>
@@ -17,9 +16,6 @@ QStringList badlyNamedIn(QWidget &window);
 
 /// The controls that Tab can reach and that look the same with the focus and without it.
 QStringList withoutVisibleFocusIn(QWidget &window);
-
-/// Contrast ratio after WCAG 2, 1 to 21.
-double contrastRatio(const QColor &colour1, const QColor &colour2);
 
 /// The greatest contrast of a pixel with the colour that most pixels of the picture have.
 double contrastIn(const QImage &picture);

@@ -7,6 +7,7 @@
 #include "tests/accessibility/ControlWalk.h"
 #include "tests/dialogs/DialogDriver.h"
 #include "tests/dialogs/DialogOpeners.h"
+#include "tests/support/ContrastRatio.h"
 #include "tests/support/FrameTest.h"
 
 #include <QAbstractButton>

@@ -1,5 +1,6 @@
 #include "desktop/Picture.h"
 
+#include "tests/support/ContrastRatio.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -7,9 +8,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
-
-#include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -24,22 +22,6 @@ QImage image(const QIcon &icon, int size, QIcon::Mode mode = QIcon::Normal)
     return icon.pixmap({size, size}, 1, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-double linear(double channel)
-{
-    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double luminance(const QColor &colour)
-{
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor &one, const QColor &other)
-{
-    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
-    return (high + 0.05) / (low + 0.05);
-}
-
 /// The share of the picture's area that has at least that contrast to the background.
 double visibleShare(const QIcon &icon, const QColor &background, double leastContrast)
 {
@@ -50,7 +32,7 @@ double visibleShare(const QIcon &icon, const QColor &background, double leastCon
     int visible = 0;
     for (int y = 0; y < size; ++y) {
         for (int x = 0; x < size; ++x) {
-            visible += contrast(canvas.pixelColor(x, y), background) >= leastContrast;
+            visible += contrastRatio(canvas.pixelColor(x, y), background) >= leastContrast;
         }
     }
     return double(visible) / (size * size);

@@ -1,5 +1,6 @@
 #include "grid/cells/CellMarks.h"
 #include "tests/grid/SpreadGridSupport.h"
+#include "tests/support/ContrastRatio.h"
 #include "tests/support/Patience.h"
 #include "tests/support/QtPrinters.h"
 
@@ -10,7 +11,6 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -26,20 +26,6 @@ public:
     }
     QString text(int column, int row) override { return u"First <%1>\nSecond %2"_s.arg(column).arg(row); }
 };
-
-double luminance(const QColor &colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor &left, const QColor &right)
-{
-    const auto [less, more] = std::minmax({luminance(left), luminance(right)});
-    return (more + 0.05) / (less + 0.05);
-}
 
 /// The upper right corner of a cell in device pixels, as it is with and without marks.
 struct Corner
@@ -69,7 +55,7 @@ struct Corner
                 top = isPainted(x, y) ? std::min(top, y) : top;
             }
         }
-        return contrast(marked.pixelColor(right, top), unmarked.pixelColor(right, top)) > 2;
+        return contrastRatio(marked.pixelColor(right, top), unmarked.pixelColor(right, top)) > 2;
     }
     /// The most that a painted pixel differs from the background.
     double contrastWith(const QColor &background) const
@@ -77,7 +63,7 @@ struct Corner
         double most = 0;
         for (int y = 0; y < marked.height(); ++y) {
             for (int x = 0; x < marked.width(); ++x) {
-                most = isPainted(x, y) ? std::max(most, contrast(marked.pixelColor(x, y), background)) : most;
+                most = isPainted(x, y) ? std::max(most, contrastRatio(marked.pixelColor(x, y), background)) : most;
             }
         }
         return most;
