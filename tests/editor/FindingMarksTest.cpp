@@ -265,6 +265,10 @@ TEST_F(FindingMarksTest, goByTheRulesForTheFolder)
     chooseMenu(u"mneFile"_s, u"mneFileSave"_s);
     ASSERT_TRUE(isUpToDate());
     EXPECT_EQ(described(ParameterColumn::Number, 3), QString());
+    writeFile(u"tabrix-check.ini"_s, "[number-order]\nseverity=error\nreason=Read in order\n");
+    clickTool(u"ssrbnSave"_s); // which leaves the name alone
+    ASSERT_TRUE(isUpToDate());
+    EXPECT_TRUE(described(ParameterColumn::Number, 3).startsWith(u"Error: "_s));
 }
 
 TEST_F(FindingMarksTest, tellOfRulesThatCannotBeUsed)
