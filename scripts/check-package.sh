@@ -46,7 +46,7 @@ for name in a.inv 'with space.INE'; do
     kind=$(gio info -a standard::content-type "$HOME/$name" | sed -n 's/.*content-type: //p')
     [ "$kind" = application/x-tabrix-parameters ] || fail "$name is taken for $kind"
     # shellcheck disable=SC2016
-    xvfb-run -a bash -c '
+    xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" bash -c '
         gio open "$HOME/$0"
         for _ in $(seq 100); do
             sleep 0.1

@@ -3,7 +3,7 @@
 # user, opens the examples from there as a double click does, edits and saves, and removes the program again.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-[ -n "${TABRIX_CHECK_DISPLAY:-}" ] || exec env TABRIX_CHECK_DISPLAY=1 xvfb-run -a "$0" "$@"
+[ -n "${TABRIX_CHECK_DISPLAY:-}" ] || exec env TABRIX_CHECK_DISPLAY=1 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$0" "$@"
 
 setup=$(realpath "${1:-build-windows}"/packages/*-setup.exe)
 work=$(mktemp -d)

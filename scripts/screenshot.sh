@@ -7,7 +7,7 @@ shift
 export picture
 
 # shellcheck disable=SC2016
-xvfb-run -a -s "-screen 0 ${TABRIX_SCREEN:-1280x800}x24" bash -c '
+xvfb-run -a -s "-screen 0 ${TABRIX_SCREEN:-1280x800}x24 -noreset" bash -c '
     "$@" &
     program=$!
     previous=
