@@ -1,0 +1,379 @@
+// Files that a second start hands over to the program that runs already.
+
+#include "app/HandOver.h"
+
+#include "app/FileReceiver.h"
+#include "desktop/InputHold.h"
+#include "desktop/MessageBox.h"
+#include "document/DocumentTables.h"
+#include "editor/OpenDocument.h"
+#include "editor/frmPrFile.h"
+#include "grid/SpreadGrid.h"
+#include "runtime/FileName.h"
+#include "tests/support/FrameTest.h"
+#include "tests/support/Patience.h"
+#include "tests/support/UserPlaces.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFile>
+#include <QMenu>
+#include <QProcess>
+#include <QTest>
+
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+QString recentFile(int number)
+{
+    return UserPlaces::settings().value(u"Recent Files/RecentFile%1"_s.arg(number)).toString();
+}
+
+/// Two programs may meet only in the same place of the user's; a test has one of its own.
+class HandOverTest : public FrameTest
+{
+protected:
+    HandOverTest() { QDir(dataFolderOfTest()).removeRecursively(); }
+    ~HandOverTest() override
+    {
+        m_receiver.reset();
+        for (const auto &program : m_programs) {
+            program->kill();
+            program->waitForFinished(patience);
+        }
+    }
+
+    static QString dataFolderOfTest() { return qEnvironmentVariable("XDG_DATA_HOME") + u"/Tabrix"_s; }
+
+    /// Starts the frame of this test as main() does.
+    void startFrame(const QString &file = {})
+    {
+        HandOver handOver(meetingName());
+        ASSERT_FALSE(handOver.give(file));
+        start(file);
+        m_receiver = std::make_unique<FileReceiver>(handOver, frame());
+        QCoreApplication::processEvents();
+    }
+    /// A program as the desktop starts it. The name is the bytes that it is given.
+    QProcess &startProgram(const QByteArray &name, const QProcessEnvironment &environment = {})
+    {
+        const auto &program = m_programs.emplace_back(std::make_unique<QProcess>());
+        program->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        program->setWorkingDirectory(m_workingFolder);
+        if (!environment.isEmpty()) {
+            program->setProcessEnvironment(environment);
+        }
+        // QProcess takes no arguments that are not UTF-8
+        program->start(u"/bin/sh"_s,
+            {u"-c"_s, u"exec \"$0\" \"$(printf '%b' \"$1\")\""_s, QStringLiteral(TABRIX_PROGRAM), escaped(name)});
+        EXPECT_TRUE(program->waitForStarted(patience));
+        return *program;
+    }
+    static QString escaped(const QByteArray &name)
+    {
+        QString text;
+        for (const char byte : name) {
+            text += u"\\0"_s + QString::number(uchar(byte), 8);
+        }
+        return text;
+    }
+    static bool waitForEnd(QProcess &program)
+    {
+        return QTest::qWaitFor([&] { return program.state() == QProcess::NotRunning; }, patience)
+            && program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0;
+    }
+    bool waitForWindows(int count)
+    {
+        return QTest::qWaitFor([&] { return frame().openEditors().size() == count; }, patience);
+    }
+
+    std::unique_ptr<FileReceiver> m_receiver;
+    QString m_workingFolder;
+    std::vector<std::unique_ptr<QProcess>> m_programs;
+};
+
+} // namespace
+
+TEST_F(HandOverTest, opensTheFileInTheProgramThatRuns)
+{
+    startFrame(writeFile(u"a.inv"_s, document(1)));
+    frame().showMinimized();
+    const QString file = writeFile(u"two words.inv"_s, document(3));
+    QProcess &second = startProgram(fileNameBytes(file));
+    ASSERT_TRUE(waitForWindows(3));
+    EXPECT_TRUE(waitForEnd(second));
+    EXPECT_EQ(editor().windowTitle(), file);
+    EXPECT_EQ(grid().text(2, 3), u"Parameter 3"_s);
+    EXPECT_EQ(recentFile(1), file);
+    EXPECT_FALSE(frame().isMinimized());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return frame().isActiveWindow(); }, patience));
+}
+
+TEST_F(HandOverTest, opensWhatTheNameLeadsToFromWhereItWasTyped)
+{
+    startFrame();
+    ASSERT_TRUE(QDir().mkpath(path(u"below"_s)));
+    const QString file = writeFile(u"below/a.inv"_s, document(2));
+    m_workingFolder = path(u"below"_s);
+    startProgram("a.inv");
+    ASSERT_TRUE(waitForWindows(2));
+    EXPECT_EQ(editor().windowTitle(), file);
+}
+
+TEST_F(HandOverTest, opensAFileWhoseNameIsNotUtf8)
+{
+    startFrame();
+    const QByteArray name = path(u"."_s).toUtf8() + "/\x83\x70.inv";
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    ASSERT_EQ(std::rename(file.toUtf8().constData(), name.constData()), 0);
+    startProgram(name);
+    ASSERT_TRUE(waitForWindows(2));
+    EXPECT_EQ(grid().rowCount(), 2);
+    EXPECT_TRUE(fileNameBytes(editor().document().path()).endsWith("/\x83\x70.inv"));
+    std::remove(name.constData());
+}
+
+TEST_F(HandOverTest, opensAFileThatIsOpenAlreadyOnceMoreAsTheOpenCommandDoes)
+{
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    startFrame(file);
+    startProgram(fileNameBytes(file));
+    ASSERT_TRUE(waitForWindows(3));
+    EXPECT_EQ(editor().document().number(), 3);
+    EXPECT_EQ(recentFile(2), QString());
+}
+
+TEST_F(HandOverTest, tellsOfAFileThatCannotBeOpenedInTheProgramThatRuns)
+{
+    startFrame();
+    const QString file = writeFile(u"broken.inv"_s, document(3).replace("Paramater=3", "Paramater=-3"));
+    ModalScript script;
+    script.then([&](QWidget &box) {
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    QProcess &second = startProgram(fileNameBytes(file));
+    EXPECT_TRUE(waitForEnd(second));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return script.asked() == 1; }, patience));
+    EXPECT_EQ(frame().openEditors().size(), 1);
+}
+
+// A command line is one file name, so that the desktop has to start a program for each file (%F would join them).
+TEST_F(HandOverTest, threeStartsAtOnceEndInOneProgramWithThreeFiles)
+{
+    QFile entry(QStringLiteral(TABRIX_DESKTOP_ENTRY));
+    ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
+    ASSERT_TRUE(entry.readAll().contains("\nExec=tabrix %f\n"));
+    QStringList files;
+    for (const QString &name : {u"a.inv"_s, u"b.inv"_s, u"c.inv"_s}) {
+        files << writeFile(name, document(2));
+        startProgram(fileNameBytes(files.last()));
+    }
+    const auto running = [this] {
+        return std::ranges::count_if(
+            m_programs, [](const auto &program) { return program->state() != QProcess::NotRunning; });
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return running() == 1 && !recentFile(3).isEmpty(); }, patience));
+    QStringList recent{recentFile(1), recentFile(2), recentFile(3)};
+    recent.sort();
+    EXPECT_EQ(recent, files);
+    for (const auto &program : m_programs) {
+        EXPECT_TRUE(program->state() != QProcess::NotRunning || program->exitCode() == 0);
+    }
+}
+
+namespace {
+
+/// The second start as the first program sees it, step by step.
+class Start
+{
+public:
+    explicit Start(const QString &file)
+    {
+        auto socket = ProgramSocket::to(meetingName());
+        EXPECT_TRUE(socket);
+        if (socket) {
+            m_socket = std::move(*socket);
+            EXPECT_TRUE(m_socket.send(HandedFile{file, {}}.message()));
+        }
+    }
+
+    /// The next answer; empty if the other program has ended.
+    QByteArray answer()
+    {
+        std::optional<QByteArray> message;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return (message = m_socket.receive()).has_value(); }, patience));
+        return message.value_or("none"_ba);
+    }
+    void giveUp() { m_socket = {}; }
+
+private:
+    ProgramSocket m_socket;
+};
+
+} // namespace
+
+TEST_F(HandOverTest, waitsForTheUserToAnswerADialog)
+{
+    startFrame();
+    Start start(writeFile(u"a.inv"_s, document(2)));
+    ModalScript script;
+    script.then([&](QWidget &box) {
+        EXPECT_EQ(start.answer(), HandOverAnswer::Later);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    MessageBox::showPlain(&frame(), u"?"_s, u"?"_s);
+    EXPECT_EQ(frame().openEditors().size(), 1);
+    EXPECT_EQ(start.answer(), HandOverAnswer::Opened);
+    EXPECT_TRUE(waitForWindows(2));
+}
+
+TEST_F(HandOverTest, waitsForAMenuToClose)
+{
+    startFrame();
+    Start start(writeFile(u"a.inv"_s, document(2)));
+    QMenu &menu = menuInBar(u"mneFile"_s);
+    menu.popup({});
+    EXPECT_EQ(start.answer(), HandOverAnswer::Later);
+    EXPECT_EQ(frame().openEditors().size(), 1);
+    menu.close();
+    EXPECT_EQ(start.answer(), HandOverAnswer::Opened);
+    EXPECT_TRUE(waitForWindows(2));
+}
+
+TEST_F(HandOverTest, waitsForTheEndOfASaveOrAnotherOpen)
+{
+    startFrame();
+    Start start(writeFile(u"a.inv"_s, document(2)));
+    {
+        const InputHold hold;
+        EXPECT_EQ(start.answer(), HandOverAnswer::Later);
+        EXPECT_EQ(frame().openEditors().size(), 1);
+    }
+    EXPECT_EQ(start.answer(), HandOverAnswer::Opened);
+    EXPECT_TRUE(waitForWindows(2));
+}
+
+TEST_F(HandOverTest, leavesTheFileToTheSecondProgramIfTheFirstEndsMeanwhile)
+{
+    startFrame();
+    typeInto(2, 1, u"changed"_s);
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    Start start(file);
+    QProcess *second = nullptr;
+    ModalScript script;
+    script.then([&](QWidget &question) { // whether to save
+        EXPECT_EQ(start.answer(), HandOverAnswer::Later);
+        second = &startProgram(fileNameBytes(file));
+        QTest::mouseClick(&control<QAbstractButton>(question, u"cmdNo"_s), Qt::LeftButton);
+    });
+    EXPECT_TRUE(frame().close());
+    EXPECT_EQ(start.answer(), QByteArray());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return recentFile(1) == file; }, patience));
+    EXPECT_EQ(second->state(), QProcess::Running);
+}
+
+TEST_F(HandOverTest, opensNothingForAStartThatHasLostItsPatience)
+{
+    startFrame();
+    HandOver impatient(meetingName());
+    impatient.setPatience(50ms, 0ms);
+    EXPECT_FALSE(impatient.give(writeFile(u"a.inv"_s, document(2)))); // this program does nothing meanwhile
+    Start next(writeFile(u"b.inv"_s, document(2)));
+    EXPECT_EQ(next.answer(), HandOverAnswer::Opened);
+    ASSERT_TRUE(waitForWindows(2));
+    EXPECT_EQ(editor().windowTitle(), path(u"b.inv"_s));
+}
+
+TEST_F(HandOverTest, doesNotMindAStartThatIsKilled)
+{
+    startFrame();
+    {
+        const InputHold hold;
+        Start killed(writeFile(u"a.inv"_s, document(2)));
+        EXPECT_EQ(killed.answer(), HandOverAnswer::Later);
+    }
+    Start next(writeFile(u"b.inv"_s, document(2)));
+    EXPECT_EQ(next.answer(), HandOverAnswer::Opened);
+    EXPECT_TRUE(waitForWindows(2));
+    EXPECT_EQ(editor().windowTitle(), path(u"b.inv"_s));
+}
+
+TEST_F(HandOverTest, isPossibleAgainAfterACrash)
+{
+    QProcess &crashed = startProgram(fileNameBytes(writeFile(u"a.inv"_s, document(2))));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !recentFile(1).isEmpty(); }, patience));
+    crashed.kill();
+    ASSERT_TRUE(crashed.waitForFinished(patience));
+    startFrame(writeFile(u"b.inv"_s, document(2)));
+    Start next(path(u"a.inv"_s));
+    EXPECT_EQ(next.answer(), HandOverAnswer::Opened);
+}
+
+// Such a start is a program of its own. It receives the files when the program that did so has ended.
+TEST_F(HandOverTest, isNotAskedForByAStartWithoutAName)
+{
+    auto first = ProgramSocket::named(meetingName());
+    ASSERT_TRUE(first && first->listen());
+    QProcess &second = startProgram({});
+    ProgramSocket waiting;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bool(waiting = first->accept()); }, patience));
+    EXPECT_EQ(waiting.receive(), std::nullopt);
+    *first = {};
+    waiting = {};
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    EXPECT_TRUE(waitForEnd(startProgram(fileNameBytes(file))));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return recentFile(1) == file; }, patience));
+    EXPECT_EQ(second.state(), QProcess::Running);
+}
+
+TEST_F(HandOverTest, takesWhatLeadsToNoFileForThisProgram)
+{
+    startFrame();
+    HandOver handOver(meetingName());
+    for (const QString &name : {u""_s, u"missing.inv"_s, path(u"missing.inv"_s), path(u"."_s), u"/dev/null"_s}) {
+        EXPECT_FALSE(handOver.give(name)) << name.toStdString();
+        EXPECT_FALSE(handOver.takeSocket()) << name.toStdString();
+    }
+}
+
+namespace {
+
+struct OtherStart
+{
+    const char *variable;
+    QByteArray value;
+};
+
+void PrintTo(const OtherStart &start, std::ostream *out)
+{
+    *out << start.variable;
+}
+
+class StartedDifferently : public HandOverTest, public testing::WithParamInterface<OtherStart>
+{
+};
+
+} // namespace
+
+TEST_P(StartedDifferently, opensTheFileItself)
+{
+    startFrame();
+    const QString file = writeFile(u"a.inv"_s, document(2));
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(GetParam().variable), QString::fromUtf8(GetParam().value));
+    QProcess &second = startProgram(fileNameBytes(file), environment);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return recentFile(1) == file; }, patience));
+    EXPECT_EQ(second.state(), QProcess::Running);
+    EXPECT_EQ(frame().openEditors().size(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(HandOver, StartedDifferently,
+    testing::Values(OtherStart{"TABRIX_SEPARATE", "1"}, OtherStart{"DISPLAY", ":77"},
+        OtherStart{"WAYLAND_DISPLAY", "wayland-77"}, OtherStart{"XDG_DATA_HOME", "/tmp"},
+        OtherStart{"LC_ALL", "ja_JP.UTF-8"}));
