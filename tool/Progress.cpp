@@ -9,7 +9,7 @@ constexpr QByteArrayView toLineBegin = "\r\x1B[K";
 } // namespace
 
 Progress::Progress(Session &session, qsizetype files)
-    : m_session(session), m_files(files), m_isShown(files > 1 && !session.isQuiet && isErrorTerminal())
+    : m_session(session), m_files(files), m_isShown(!session.isQuiet && isErrorTerminal())
 {
     m_time.start();
 }
