@@ -10,7 +10,7 @@ packages=(
     # run
     libqt6svg6 libqt6sql6-sqlite qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core fonts-ipafont-gothic
     # test, measure and check
-    git man-db libgtest-dev libbenchmark-dev poppler-utils xvfb xauth imagemagick dbus-daemon dbus-bin at-spi2-core
+    git man-db libgtest-dev libbenchmark-dev valgrind poppler-utils xvfb xauth imagemagick dbus-daemon dbus-bin at-spi2-core
     openbox libxcb1-dev libxcb-xkb-dev
     clang clang-format clang-tidy libclang-rt-14-dev python3 python3-jsonschema
     # package, and check the package

@@ -1,0 +1,36 @@
+#!/usr/bin/env python3
+"""check-counts.py [--keep]: fails when what users wait for takes over 3 % more instructions than bench/counts.txt says.
+
+Needs the release build. --keep writes the figures there instead, after a change that is worth them or that saves some.
+"""
+import pathlib
+import subprocess
+import sys
+
+TOLERANCE = 0.03
+root = pathlib.Path(__file__).resolve().parent.parent
+kept_file = root / "bench/counts.txt"
+
+
+def by_name(lines):
+    return {name: int(number) for number, name in (line.split("\t") for line in lines.splitlines())}
+
+
+printed = subprocess.run([root / "scripts/counts.sh"], stdout=subprocess.PIPE, text=True, check=True).stdout
+if "--keep" in sys.argv:
+    kept_file.write_text(printed)
+    sys.exit()
+
+counted = by_name(printed)
+kept = by_name(kept_file.read_text())
+if counted.keys() != kept.keys():
+    sys.exit("bench/counts.txt does not have the same rows: " + ", ".join(sorted(counted.keys() ^ kept.keys())))
+grown = []
+for name, number in counted.items():
+    growth = number / kept[name] - 1
+    print(f"{number:>12,} {growth:+7.1%}  {name}")
+    if growth > TOLERANCE:
+        grown.append(name)
+if grown:
+    sys.exit(f"Slower than bench/counts.txt by more than {TOLERANCE:.0%}: " + ", ".join(grown)
+             + "\nIf the change is worth it, or only a library has changed: scripts/check-counts.py --keep")
