@@ -3,18 +3,27 @@
 #include "check/ContentCheck.h"
 #include "check/HeaderCheck.h"
 #include "check/MachineCheck.h"
+#include "check/PlainContent.h"
 #include "check/ReadBackFindings.h"
 #include "check/RowSaveCheck.h"
 #include "check/SavedForm.h"
 #include "document/FuncCodeText.h"
+#include "document/PlainRow.h"
 #include "document/PrFileCodec.h"
 #include "runtime/AnsiText.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+Finding noModelName()
+{
+    return {CheckId::NoModelName, {}, u"Name"_s};
+}
 
 void addReadFindings(const ReadFindings &read, Findings &findings)
 {
@@ -46,6 +55,22 @@ EncodedPrFile encodedWhole(Document saved)
     return encodePrFile(saved);
 }
 
+/// bytes: of the file; written: what a save writes, at least up to the rows.
+void addHeaderFindings(const QByteArray &bytes, const QByteArray &written, const Document &document, Findings &findings)
+{
+    if (!document.machine.Name.isEmpty()) {
+        findings += checkHeader(bytes, written, AnsiCodePage::page(document.codePage));
+    }
+}
+
+/// To be called once all else is found that a save would change.
+void addLayoutFinding(Findings &findings)
+{
+    if (isUnexplained(findings)) {
+        findings.append({CheckId::LayoutDiffers});
+    }
+}
+
 /// found: the rows that are in the file.
 void addSaveFindings(const QByteArray &bytes, const Document &document, qsizetype found, Findings &findings)
 {
@@ -54,16 +79,60 @@ void addSaveFindings(const QByteArray &bytes, const Document &document, qsizetyp
     if (!saved || !written.isWritable() || written.bytes == bytes) {
         return;
     }
-    const AnsiCodePage &page = AnsiCodePage::page(document.codePage);
-    if (!document.machine.Name.isEmpty()) {
-        findings += checkHeader(bytes, written.bytes, page);
-    }
+    addHeaderFindings(bytes, written.bytes, document, findings);
     const QList<PrRecord> rows = document.rows.first(found);
-    findings +=
-        checkSavedRows({.bytes = bytes, .rows = rows}, {.bytes = written.bytes, .rows = saved->rows}, page, findings);
-    if (isUnexplained(findings)) {
-        findings.append({CheckId::LayoutDiffers});
+    findings += checkSavedRows({.bytes = bytes, .rows = rows}, {.bytes = written.bytes, .rows = saved->rows},
+        AnsiCodePage::page(document.codePage), findings);
+    addLayoutFinding(findings);
+}
+
+/// The same where the rows come back as they are. document: without them.
+void addSaveFindings(const QByteArray &bytes, QByteArrayView rows, const Document &document, Findings &findings)
+{
+    const EncodedPrFile written = encodedWhole(document);
+    if (written.isWritable() && written.bytes != QByteArrayView(bytes.begin(), rows.begin())) {
+        addHeaderFindings(bytes, written.bytes, document, findings);
+        addLayoutFinding(findings);
     }
+}
+
+/// A missing model name has been said already.
+void addReadBackFindings(const Findings &readBack, Findings &findings)
+{
+    std::ranges::copy_if(readBack, std::back_inserter(findings),
+        [](const Finding &finding) { return finding.id != CheckId::NoModelName; });
+}
+
+Findings sorted(Findings findings)
+{
+    std::ranges::stable_sort(
+        findings, {}, [](const Finding &finding) { return std::pair(finding.place.row, finding.place.column); });
+    return findings;
+}
+
+/// The findings of a file whose rows are all plain, so that a save can change the machine information alone;
+/// std::nullopt for any other.
+std::optional<Findings> checkPlainFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
+{
+    Document document{.machine = {}, .rows = {}, .codePage = page.number()};
+    MachineInfo &machine = document.machine;
+    const QByteArrayView rows = rowsOfFile(bytes);
+    if (rows.isNull() || !PrFileDecoder(bytes, page).decodeMachine(machine)) {
+        return std::nullopt;
+    }
+    PlainContent content({functionLabels(fileName), page.number()});
+    if (!content.read(rows) || content.rowCount() != machine.Paramater) {
+        return std::nullopt;
+    }
+    Findings findings;
+    if (machine.Name.isEmpty()) {
+        findings.append(noModelName());
+    }
+    addReadBackFindings(checkMachineReadBack(machine, content.rowCount() > 0, page), findings);
+    findings += checkMachine(machine);
+    findings += content.check();
+    addSaveFindings(bytes, rows, document, findings);
+    return sorted(std::move(findings));
 }
 
 } // namespace
@@ -91,11 +160,17 @@ Finding readFailureFinding(const Failure &failure)
 
 Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
 {
+    const auto findings = checkPlainFile(bytes, page, fileName);
+    return findings ? *findings : checkDecodedFile(bytes, page, fileName);
+}
+
+Findings checkDecodedFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
+{
     DecodedPrFile decoded = decodePrFile(bytes, page);
     Document &document = decoded.document;
     Findings findings;
     if (document.machine.Name.isEmpty()) {
-        findings.append({CheckId::NoModelName, {}, u"Name"_s});
+        findings.append(noModelName());
     }
     if (!decoded.outcome) {
         findings.append(readFailureFinding(decoded.outcome.failure()));
@@ -104,15 +179,9 @@ Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QStr
     addReadFindings(*decoded.findings, findings);
     document.rows.resize(document.machine.Paramater);
     const qsizetype found = std::min<qsizetype>(decoded.findings->rowsFound, document.rows.size());
-    for (const Finding &finding : checkReadBack(document)) {
-        if (finding.id != CheckId::NoModelName) {
-            findings.append(finding);
-        }
-    }
+    addReadBackFindings(checkReadBack(document), findings);
     findings += checkMachine(document.machine);
     findings += checkContent(document.rows.first(found), {functionLabels(fileName), page.number()});
     addSaveFindings(bytes, document, found, findings);
-    std::ranges::stable_sort(
-        findings, {}, [](const Finding &finding) { return std::pair(finding.place.row, finding.place.column); });
-    return findings;
+    return sorted(std::move(findings));
 }

@@ -13,5 +13,8 @@ class AnsiCodePage;
 /// a save give exactly these bytes.
 Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName);
 
+/// The same by decoding and saving the whole file, which checkFile() leaves out where nothing can come of it.
+Findings checkDecodedFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName);
+
 /// Why decoding failed: the finding that checkFile() has for it.
 Finding readFailureFinding(const Failure &failure);

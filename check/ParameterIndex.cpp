@@ -4,15 +4,13 @@
 
 ParameterIndex::ParameterIndex(const QList<PrRecord> &rows) : m_rows(rows)
 {
-    m_numbers.reserve(rows.size());
-    m_helpIds.reserve(rows.size());
-    for (int row = int(rows.size()) - 1; row >= 0; --row) { // the first of equal ones stays
-        m_numbers.insert(numberKey(rows[row].number), row);
-        m_helpIds.insert(rows[row].helpId, row);
+    for (int row = 0; row < rows.size(); ++row) {
+        m_numbers.enter(numberKey(rows[row].number), row);
+        m_helpIds.enter(rows[row].helpId, row);
     }
 }
 
 int ParameterIndex::rowOf(const QString &number) const
 {
-    return m_numbers.value(numberKey(number), -1);
+    return m_numbers.rowOf(numberKey(number));
 }

@@ -1,0 +1,244 @@
+#include "check/PlainContent.h"
+
+#include "check/NumberKey.h"
+#include "document/FieldReader.h"
+#include "document/ParameterColumns.h"
+#include "document/RecordReader.h"
+#include "runtime/AnsiText.h"
+#include "runtime/NumberText.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace {
+
+/// Where a column's text is in the file.
+constexpr int fieldOf(int column)
+{
+    return parameterColumns.at(std::size_t(column - 1)).fileField;
+}
+
+constexpr int numberField = fieldOf(ParameterColumn::Number);
+constexpr int helpField = fieldOf(ParameterColumn::HelpId);
+constexpr int nameField = fieldOf(ParameterColumn::Name);
+constexpr int settingField = fieldOf(ParameterColumn::FactorySetting);
+constexpr int codeField = fieldOf(ParameterColumn::FuncCode);
+constexpr int rangeCheckField = fieldOf(ParameterColumn::RangeCheck);
+constexpr std::array stepFields = {
+    fieldOf(ParameterColumn::Min1), fieldOf(ParameterColumn::Min2), fieldOf(ParameterColumn::Min3)};
+
+qsizetype decimals(QByteArrayView number)
+{
+    const qsizetype point = number.indexOf('.');
+    return point < 0 ? 0 : number.size() - point - 1;
+}
+
+/// The decimals of the smallest of the row's steps, which are powers of ten.
+qsizetype stepDecimals(const PlainRow &row)
+{
+    qsizetype most = 0;
+    for (const int field : stepFields) {
+        most = std::max(most, decimals(row.text(field)));
+    }
+    return most;
+}
+
+/// Whether one of the conditions says the opposite of another, or seems to.
+bool hasOpposites(const std::vector<PlainRow::Condition> &conditions)
+{
+    for (auto one = conditions.begin(); one != conditions.end(); ++one) {
+        const bool isThere = std::any_of(conditions.begin(), one, [one](const PlainRow::Condition &other) {
+            return one->kind != other.kind && one->value1 == other.value1 && one->subject == other.subject;
+        });
+        if (isThere) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+PlainContent::PlainContent(const ContentBasis &basis)
+    : m_basis(basis)
+    , m_page(AnsiCodePage::page(basis.codePage))
+    , m_knownBits(quint16(codeOfGroups(groupsOfCode(-1, basis.labels), basis.labels)))
+{
+}
+
+bool PlainContent::read(QByteArrayView rows)
+{
+    constexpr qsizetype typicalRow = 80;
+    m_rows.reserve(std::size_t(rows.size() / typicalRow));
+    PlainRowReader reader(rows, m_page);
+    while (!reader.atEnd()) {
+        if (!reader.next()) {
+            return false;
+        }
+        add(reader.row());
+    }
+    return true;
+}
+
+void PlainContent::add(const PlainRow &row)
+{
+    constexpr qsizetype printedWidth = 25; // of the name's column, in bytes
+    const int at = rowCount();
+    const QByteArrayView helpId = row.text(helpField);
+    Row &added = m_rows.emplace_back(Row{.bytes = row.bytes,
+        .name = row.text(nameField),
+        .number = smallNumber(row.text(numberField)),
+        .helpId = helpId.isEmpty() ? 0 : smallNumber(helpId),
+        .intervalsEnd = 0,
+        .isOdd = false});
+    if (added.number >= 0) {
+        m_numbers.enter(added.number, at);
+    } else {
+        m_numbers.enter(numberKey(m_page.decode(row.text(numberField))), at);
+    }
+    if (added.helpId >= 0) {
+        m_helpIds.enter(added.helpId, at);
+    } else {
+        m_helpIds.enter(m_page.decode(helpId), at);
+    }
+    const bool areIntervalsOdd = addIntervals(row);
+    const bool areConditionsOdd = addConditions(row);
+    added.intervalsEnd = m_intervals.size();
+    added.isOdd = added.number < 0 || added.helpId < 0 || added.name.size() > printedWidth || areIntervalsOdd
+        || areConditionsOdd || (row.ranges.empty() && row.text(rangeCheckField) == "1") || isOddCode(row)
+        || isOddSetting(row, intervalsOf(at));
+}
+
+/// True if they have something in common.
+bool PlainContent::addIntervals(const PlainRow &row)
+{
+    const auto first = std::ptrdiff_t(m_intervals.size());
+    std::ranges::transform(row.ranges, std::back_inserter(m_intervals), settingInterval);
+    if (row.ranges.size() < 2) {
+        return false;
+    }
+    const std::span own(m_intervals.begin() + first, m_intervals.end());
+    std::ranges::stable_sort(own, {}, &SettingInterval::lowest);
+    return std::ranges::adjacent_find(own, [](const SettingInterval &one, const SettingInterval &next) {
+        return next.lowest <= one.highest;
+    }) != own.end();
+}
+
+/// True if something may be wrong with one of them.
+bool PlainContent::addConditions(const PlainRow &row)
+{
+    bool isOdd = row.conditions.size() > 1 && hasOpposites(row.conditions);
+    for (const PlainRow::Condition &condition : row.conditions) {
+        isOdd = addCondition(condition) || isOdd;
+    }
+    return isOdd;
+}
+
+bool PlainContent::addCondition(const PlainRow::Condition &condition)
+{
+    constexpr double lastMode = 7;
+    if (condition.subject == "OP") {
+        return false; // a plug-in option may have any name
+    }
+    const double first = leadingNumber(condition.value1);
+    if (condition.subject == "MODE") {
+        return first > lastMode;
+    }
+    const bool hasRange = (condition.kind & PrCondition::HasRange) != 0;
+    const double second = hasRange ? leadingNumber(condition.value2) : first;
+    const int subject = smallNumber(condition.subject);
+    m_conditions.push_back({.row = rowCount() - 1,
+        .subject = subject,
+        .named = {std::min(first, second), std::max(first, second)},
+        .hasRange = hasRange});
+    return subject < 0;
+}
+
+/// Steps are powers of ten: a setting with more decimals than the smallest of them is between two.
+bool PlainContent::isOddSetting(const PlainRow &row, std::span<const SettingInterval> permitted) const
+{
+    const QByteArrayView setting = row.text(settingField);
+    return !permitted.empty()
+        && (decimals(setting) > stepDecimals(row) || !containsValue(permitted, double(float(leadingNumber(setting)))));
+}
+
+bool PlainContent::isOddCode(const PlainRow &row) const
+{
+    const QByteArrayView text = row.text(codeField);
+    int code = 0;
+    std::from_chars(text.begin(), text.end(), code);
+    return (quint16(code) & ~m_knownBits) != 0;
+}
+
+Findings PlainContent::check()
+{
+    for (const Condition &condition : m_conditions) {
+        Row &row = m_rows[std::size_t(condition.row)];
+        row.isOdd = row.isOdd || isOdd(condition);
+    }
+    Findings findings;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (m_rows[std::size_t(row)].isOdd || isOddAmongOthers(row)) {
+            findings += checkContent(recordOf(row), row, *this, m_basis);
+        }
+    }
+    return findings;
+}
+
+bool PlainContent::isOdd(const Condition &condition) const
+{
+    const int row = condition.subject < 0 ? -1 : m_numbers.rowOf(condition.subject);
+    if (row < 0 || condition.subject == m_rows[std::size_t(condition.row)].number) {
+        return true;
+    }
+    const std::span<const SettingInterval> permitted = intervalsOf(row);
+    const bool isWithin = containsValue(permitted, condition.named.lowest)
+        && containsValue(permitted, condition.named.highest)
+        && !(condition.hasRange && isCoveredBy(permitted, condition.named));
+    return !permitted.empty() && !isWithin;
+}
+
+bool PlainContent::isOddAmongOthers(int row) const
+{
+    const Row &own = m_rows[std::size_t(row)];
+    if (m_numbers.rowOf(own.number) != row || (row > 0 && own.number < m_rows[std::size_t(row - 1)].number)) {
+        return true;
+    }
+    return own.helpId != 0 && m_rows[std::size_t(m_helpIds.rowOf(own.helpId))].name != own.name;
+}
+
+std::span<const SettingInterval> PlainContent::intervalsOf(int row) const
+{
+    const std::size_t begin = row == 0 ? 0 : m_rows[std::size_t(row - 1)].intervalsEnd;
+    return std::span(m_intervals).subspan(begin, m_rows[std::size_t(row)].intervalsEnd - begin);
+}
+
+PrRecord PlainContent::recordOf(int row) const
+{
+    FieldReader in(m_rows[std::size_t(row)].bytes, m_page);
+    PrRecord record;
+    readRecord(in, record);
+    return record;
+}
+
+int PlainContent::rowOf(const QString &number) const
+{
+    return m_numbers.rowOf(numberKey(number));
+}
+
+QString PlainContent::number(int row) const
+{
+    const int known = m_rows[std::size_t(row)].number;
+    return known >= 0 ? QString::number(known) : recordOf(row).number;
+}
+
+QString PlainContent::name(int row) const
+{
+    return m_page.decode(m_rows[std::size_t(row)].name);
+}
+
+QList<SettingInterval> PlainContent::intervals(int row) const
+{
+    const std::span<const SettingInterval> own = intervalsOf(row);
+    return {own.begin(), own.end()};
+}

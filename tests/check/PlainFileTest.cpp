@@ -1,0 +1,200 @@
+#include "check/FileCheck.h"
+#include "check/PlainContent.h"
+#include "document/PlainRow.h"
+#include "document/PrFileCodec.h"
+#include "runtime/AnsiText.h"
+#include "tests/check/CheckedFiles.h"
+#include "tests/document/RandomDocument.h"
+#include "tests/support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Rows of a kind that is common, so that most are plain, with much that can be wrong in their content.
+class PlainRows
+{
+public:
+    explicit PlainRows(quint32 seed) : m_random(seed, seed % 2 == 0) { }
+
+    QByteArray file(int rows);
+    /// A few bytes exchanged for others that mean something in such a file.
+    QByteArray damaged(QByteArray bytes);
+    int number(int last) { return m_random.number(last); }
+
+private:
+    QByteArray oneOf(std::initializer_list<QByteArray> texts) { return texts.begin()[number(int(texts.size()) - 1)]; }
+    QByteArray value();
+    QByteArray ranges(int count);
+    QByteArray conditions(int count);
+    QByteArray row(int index);
+
+    RandomDocument m_random;
+};
+
+QByteArray PlainRows::value()
+{
+    const QByteArray whole = QByteArray::number(number(9) == 0 ? number(99999) : number(12));
+    return number(3) == 0 ? whole + '.' + QByteArray::number(1 + number(8)) : whole;
+}
+
+QByteArray PlainRows::ranges(int count)
+{
+    QByteArray fields;
+    for (int i = 0; i < count; ++i) {
+        const int lower = number(20);
+        fields += ',' + QByteArray::number(lower) + ','
+            + oneOf({QByteArray::number(lower + 1 + number(30)), QByteArray::number(lower + 10) + ".5", "0", "-1"});
+    }
+    return fields;
+}
+
+QByteArray PlainRows::conditions(int count)
+{
+    QByteArray fields;
+    for (int i = 0; i < count; ++i) {
+        const QByteArray low = QByteArray::number(number(4));
+        const QByteArray high = QByteArray::number(4 + number(5));
+        const QByteArray subject = oneOf({"MODE", "OP", QByteArray::number(1 + number(12)), "007"});
+        const bool hasRange = subject != "MODE" && subject != "OP" && number(1) == 0;
+        fields += ',' + subject + ',' + QByteArray::number(number(1) + (hasRange ? 2 : 0)) + ','
+            + (hasRange ? low + ',' + high : oneOf({low, high}));
+    }
+    return fields;
+}
+
+QByteArray PlainRows::row(int index)
+{
+    const int conditionCount = std::max(0, number(5) - 3);
+    const int rangeCount = number(9) == 0 ? 2 : number(4) == 0 ? 0 : 1;
+    const QByteArray number1 = QByteArray::number(number(15) == 0 ? number(12) : index + 1);
+    const QByteArray name = oneOf({"Jog", "Torque boost", "\x83\x41\x83\x43", "Terminal RL function selection", ""});
+    return QByteArray::number(conditionCount) + ',' + (number(30) == 0 ? "A" + number1 : number1) + ','
+        + oneOf({"0", "0", "", QByteArray::number(index + 1), QByteArray::number(number(5)), "x"}) + ',' + name + ','
+        + oneOf({"", "Hz", "\xB0"}) + ',' + oneOf({"1", "0.1", "0.01"}) + ',' + oneOf({"-1", "0.001"}) + ",-1,"
+        + value() + ',' + QByteArray::number(1 << number(number(9) == 0 ? 14 : 9)) + ',' + oneOf({"0", "1"}) + ','
+        + QByteArray::number(rangeCount) + ranges(rangeCount) + conditions(conditionCount)
+        + (rangeCount + conditionCount > 0 ? "\r\n" : ",");
+}
+
+QByteArray PlainRows::file(int rows)
+{
+    QByteArray bytes =
+        "[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\nICapacity0=2\r\n"
+        "SoftWareVersion=1\r\nParamater="
+        + QByteArray::number(rows) + "\r\n[Paramater]\r\n";
+    for (int i = 0; i < rows; ++i) {
+        bytes += row(i);
+    }
+    return bytes;
+}
+
+QByteArray PlainRows::damaged(QByteArray bytes)
+{
+    constexpr QByteArrayView odd = ",\r\n\"0179-. =;[abM\x81\xFF";
+    for (int i = number(3); i > 0; --i) {
+        bytes[number(int(bytes.size()) - 1)] = odd[number(int(odd.size()) - 1)];
+    }
+    return bytes;
+}
+
+bool isPlain(const QByteArray &bytes, const AnsiCodePage &page)
+{
+    PlainContent content({FunctionLabels::Normal, page.number()});
+    return content.read(rowsOfFile(bytes));
+}
+
+TEST(PlainFile, isCheckedLikeAnyOther)
+{
+    int plain = 0;
+    int sound = 0;
+    constexpr quint32 files = 2000;
+    for (quint32 seed = 0; seed < files; ++seed) {
+        PlainRows random(seed);
+        const AnsiCodePage &page = AnsiCodePage::page(seed % 2 == 0 ? 932 : 1252);
+        const QByteArray bytes = random.damaged(random.file(random.number(8)));
+        const Findings expected = checkDecodedFile(bytes, page, u"xt.inv"_s);
+        plain += isPlain(bytes, page) ? 1 : 0;
+        sound += expected.isEmpty() ? 1 : 0;
+        const Findings findings = checkFile(bytes, page, u"xt.inv"_s);
+        ASSERT_TRUE(findings == expected) << "seed " << seed << "\n"
+                                          << bytes.constData() << "\n"
+                                          << namesOf(findings).constData() << "\ninstead of\n"
+                                          << namesOf(expected).constData();
+    }
+    EXPECT_GT(plain, int(files) / 4); // else only one road was taken
+    EXPECT_LT(plain, int(files));
+    EXPECT_GT(sound, 0);
+}
+
+/// Files of texts that are as odd as a save can write them
+TEST(PlainFile, isCheckedLikeAnyOtherWithOddTexts)
+{
+    for (quint32 seed = 0; seed < 200; ++seed) {
+        const AnsiCodePage &page = AnsiCodePage::page(seed % 2 == 0 ? 932 : 1252);
+        RandomDocument random(seed, page.number() == 932);
+        Document document{random.machineInfo(), random.records(3), page.number()};
+        document.machine.Paramater = qint16(document.rows.size());
+        const QByteArray bytes = encodePrFile(document).bytes;
+        ASSERT_TRUE(checkFile(bytes, page, u"xt.inv"_s) == checkDecodedFile(bytes, page, u"xt.inv"_s))
+            << "seed " << seed;
+    }
+}
+
+/// A number's text is plain only if that is how a single is written: of each length, next to each power of two.
+TEST(PlainFile, hasBoundsThatComeBack)
+{
+    int taken = 0;
+    for (int decimals = 0; decimals <= 4; ++decimals) {
+        for (int digits = 1; digits <= 8; ++digits) {
+            RandomDocument random(quint32(digits * 10 + decimals), false);
+            for (int i = 0; i < 200; ++i) {
+                QByteArray text = QByteArray::number(1 + random.number(int(std::pow(10, digits)) - 2));
+                if (decimals > 0) {
+                    text = text.rightJustified(decimals + 1, '0');
+                    text.insert(text.size() - decimals, '.');
+                }
+                const QByteArray row = "0,1,0,a,,1,-1,-1,0,0,0,1," + text + ",-1\r\n";
+                PlainRowReader reader(row, AnsiCodePage::page(1252));
+                if (reader.next()) {
+                    ++taken;
+                    const QByteArray bytes = "[Inverter]\r\nName=a\r\nParamater=1\r\n[Paramater]\r\n" + row;
+                    Document document = decodePrFile(bytes, AnsiCodePage::page(1252)).document;
+                    document.rows.resize(1);
+                    ASSERT_TRUE(encodePrFile(document).bytes.endsWith(row)) << text.constData();
+                }
+            }
+        }
+    }
+    EXPECT_GT(taken, 2500);
+}
+
+/// What the full road would change, or say something about
+TEST(PlainFile, isNoneWithWhatASaveWouldChange)
+{
+    const QByteArray sound = "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,10\r\n";
+    const AnsiCodePage &page = AnsiCodePage::page(1252);
+    ASSERT_TRUE(PlainRowReader(sound, page).next());
+    const QByteArray others[] = {"00,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,10\r\n", "0,1,0, Jog,Hz,1,-1,-1,0,0,0,1,0,10\r\n",
+        "0,1,0,\"Jog\",Hz,1,-1,-1,0,0,0,1,0,10\r\n", "0,1,0,Jog ,Hz,1,-1,-1,0,0,0,1,0,10\r\n",
+        "0,1,0,Jo\ng,Hz,1,-1,-1,0,0,0,1,0,10\r\n", "0,1,0,Jog\x81,Hz,1,-1,-1,0,0,0,1,0,10\r\n",
+        "0,1,0,Jog,Hz,-1,-1,-1,0,0,0,1,0,10\r\n", "0,1,0,Jog,Hz,1,No,-1,0,0,0,1,0,10\r\n",
+        "0,1,0,Jog,Hz,1,-1,-1,00,0,0,1,0,10\r\n", "0,1,0,Jog,Hz,1,-1,-1,-0,0,0,1,0,10\r\n",
+        "0,1,0,Jog,Hz,1,-1,-1,0,65535,0,1,0,10\r\n", "0,1,0,Jog,Hz,1,-1,-1,0,0,2,1,0,10\r\n",
+        "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,10,5\r\n", "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,-5,5\r\n",
+        "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,16777217\r\n", "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,1.50\r\n",
+        "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,10\n", "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,10,",
+        "0,1,0,Jog,Hz,1,-1,-1,0,0,0,1,0,10", "0,1,0,Jog,Hz,1,-1,-1,0,0,0,0\r\n",
+        "1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,2,3,2,1\r\n", "1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,2,2,9,10\r\n",
+        "1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,OP,0,\r\n", "1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,MODE,2,1,2\r\n",
+        "1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,X,0,1\r\n", "-1,1,0,Jog,Hz,1,-1,-1,0,0,0,0,", "0,1,0,Jog,Hz,1,-1,-1,0,0,0,-1,"};
+    for (const QByteArray &row : others) {
+        EXPECT_FALSE(PlainRowReader(row, page).next()) << row.constData();
+    }
+}
+
+} // namespace
