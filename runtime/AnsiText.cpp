@@ -83,9 +83,7 @@ const AnsiCodePage &AnsiCodePage::page(int number)
 
 const AnsiTables &AnsiCodePage::tables() const
 {
-    if (!m_tables) {
-        m_tables = std::make_unique<const AnsiTables>(m_number);
-    }
+    std::call_once(m_tablesMade, [this] { m_tables = std::make_unique<const AnsiTables>(m_number); });
     return *m_tables;
 }
 

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 
 class AnsiTables;
@@ -63,6 +64,7 @@ private:
 
     int m_number;
     mutable std::unique_ptr<const AnsiTables> m_tables;
+    mutable std::once_flag m_tablesMade; ///< by whichever thread is the first to need them
 };
 
 /// The page that bytes from elsewhere are in: preferred wherever it fits. Where it does not, 932 is taken for 1252 when

@@ -5,6 +5,7 @@
 #include "tool/DiffReport.h"
 #include "tool/EntryTexts.h"
 #include "tool/FileWork.h"
+#include "tool/PlainDiff.h"
 
 using namespace Qt::StringLiterals;
 
@@ -71,22 +72,50 @@ bool sayFailure(const InputDocument &document, const QString &name, bool isFromG
     return document.failure.has_value();
 }
 
-int compare(const Pair &pair, const DiffOptions &options, const QCommandLineParser &parser, Session &session)
+/// Reports what differs. Returns the exit status.
+int report(const SheetDiff &diff, const Pair &pair, const QCommandLineParser &parser, Session &session)
 {
-    const auto [before, after] = decodeTwo(pair.before, pair.after, session.codePage);
-    const bool isFromGit = parser.isSet(u"git"_s);
-    const bool hasFailed = sayFailure(before, pair.names.before, isFromGit, session);
-    if (sayFailure(after, pair.names.after, isFromGit, session) || hasFailed) {
-        return isFromGit ? Fine : Failed;
-    }
-    const SheetDiff diff = diffDocuments(before.document, after.document, options);
     if (!session.isQuiet) {
         const QByteArray report = reportOf(diff, pair.names, parser, session);
         if (const int status = deliver(parser, session, report); status != Fine) {
             return status;
         }
     }
-    return diff.isEmpty() || isFromGit ? Fine : Found;
+    return diff.isEmpty() || parser.isSet(u"git"_s) ? Fine : Found;
+}
+
+int compareDecoded(const InputFile &old, const InputFile &now, const Pair &pair, const DiffOptions &options,
+    const QCommandLineParser &parser, Session &session)
+{
+    const bool isFromGit = parser.isSet(u"git"_s);
+    const auto [before, after] = sideBySide(
+        [&] { return decodeInput(old, session.codePage); }, [&] { return decodeInput(now, session.codePage); });
+    const bool hasFailed = sayFailure(before, pair.names.before, isFromGit, session);
+    if (sayFailure(after, pair.names.after, isFromGit, session) || hasFailed) {
+        return isFromGit ? Fine : Failed;
+    }
+    return report(diffDocuments(before.document, after.document, options), pair, parser, session);
+}
+
+/// A file, taken apart by its bytes if it can be compared by them.
+struct Side
+{
+    InputFile input;
+    std::optional<PlainFile> plain;
+};
+
+int compare(const Pair &pair, const DiffOptions &options, const QCommandLineParser &parser, Session &session)
+{
+    const auto sideOf = [&session](const QString &name) {
+        Side side{readInput(name), {}};
+        side.plain = plainFile(side.input, session.codePage);
+        return side;
+    };
+    const auto [before, after] = sideBySide([&] { return sideOf(pair.before); }, [&] { return sideOf(pair.after); });
+    if (before.plain && after.plain && before.plain->document.codePage == after.plain->document.codePage) {
+        return report(diffPlainFiles(*before.plain, *after.plain, options), pair, parser, session);
+    }
+    return compareDecoded(before.input, after.input, pair, options, parser, session);
 }
 
 int sayNoPair(const QCommandLineParser &parser, Session &session)

@@ -1,6 +1,5 @@
 #include "tool/FileWork.h"
 
-#include "runtime/AnsiText.h"
 #include "runtime/FileName.h"
 #include "tool/Progress.h"
 
@@ -10,7 +9,6 @@
 #include <QWaitCondition>
 
 #include <algorithm>
-#include <future>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -24,14 +22,6 @@ FileResult resultOf(const QString &name, const FileWork &work)
         return {{}, {toolText(ToolText::CannotRead, {shownFileName(name), *input.failure})}, Failed};
     }
     return work(input);
-}
-
-/// The code pages' tables are made on first use, by one thread only.
-void makeCodePages()
-{
-    for (const int number : {932, 1252, ansiCodePageNumber()}) {
-        AnsiCodePage::page(number).decode("\x80");
-    }
 }
 
 /// The results of files that are worked on by several threads.
@@ -97,7 +87,6 @@ int workOnFiles(const QStringList &names, const FileWork &work, Session &session
     Results results(names.size());
     QThreadPool pool;
     if (names.size() > 1) {
-        makeCodePages();
         for (qsizetype i = 0; i < names.size(); ++i) {
             pool.start([&results, &names, &work, i] { results.put(std::size_t(i), resultOf(names[i], work)); });
         }
@@ -110,14 +99,4 @@ int workOnFiles(const QStringList &names, const FileWork &work, Session &session
         status = std::max(status, result.status);
     }
     return status;
-}
-
-std::pair<InputDocument, InputDocument> decodeTwo(
-    const QString &first, const QString &second, std::optional<int> codePage)
-{
-    makeCodePages();
-    const auto decode = [codePage](const QString &name) { return decodeInput(readInput(name), codePage); };
-    auto other = std::async(std::launch::async, decode, second);
-    InputDocument document = decode(first);
-    return {std::move(document), other.get()};
 }

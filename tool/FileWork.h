@@ -4,6 +4,7 @@
 #include "tool/Session.h"
 
 #include <functional>
+#include <future>
 #include <utility>
 
 /// What working on one file came to.
@@ -21,6 +22,11 @@ using FileWork = std::function<FileResult(const InputFile &input)>;
 /// two outputs. A file that cannot be read is named and does not stop the others. Returns the highest status.
 int workOnFiles(const QStringList &names, const FileWork &work, Session &session, QByteArrayView separator = {});
 
-/// Reads and decodes two files side by side.
-std::pair<InputDocument, InputDocument> decodeTwo(
-    const QString &first, const QString &second, std::optional<int> codePage);
+/// What two calls give that are made at the same time.
+template <typename First, typename Second>
+auto sideBySide(const First &first, const Second &second)
+{
+    auto other = std::async(std::launch::async, second);
+    auto result = first();
+    return std::pair(std::move(result), other.get());
+}

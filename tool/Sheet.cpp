@@ -12,12 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList valuesOf(const PrRecord &record)
-{
-    return {record.helpId, record.name, record.unit, record.min1, record.min2, record.min3, record.factorySetting,
-        record.functionCode, record.rangeCheck, rangesAsText(record.ranges), conditionsAsText(record.conditions)};
-}
-
 PrRecord recordOf(const SheetEntry &entry)
 {
     PrRecord record;
@@ -35,6 +29,12 @@ PrRecord recordOf(const SheetEntry &entry)
 }
 
 } // namespace
+
+QStringList parameterValues(const PrRecord &record)
+{
+    return {record.helpId, record.name, record.unit, record.min1, record.min2, record.min3, record.factorySetting,
+        record.functionCode, record.rangeCheck, rangesAsText(record.ranges), conditionsAsText(record.conditions)};
+}
 
 size_t qHash(const EntryKey &key, size_t seed)
 {
@@ -73,7 +73,7 @@ Sheet sheetOf(const Document &document, const QList<bool> &needsValues)
     parameters.reserve(document.rows.size());
     for (qsizetype row = 0; row < document.rows.size(); ++row) {
         const PrRecord &record = document.rows[row];
-        parameters.append(SheetEntry{{record.number}, needsValues[row] ? valuesOf(record) : QStringList()});
+        parameters.append(SheetEntry{{record.number}, needsValues[row] ? parameterValues(record) : QStringList()});
     }
     for (auto &part : sheet.parts) {
         countOccurrences(part);

@@ -45,6 +45,9 @@ Sheet sheetOf(const Document &document);
 /// The same, with values of those parameters only, by row from 0, that are true in needsValues.
 Sheet sheetOf(const Document &document, const QList<bool> &needsValues);
 
+/// The values of the entry that a parameter becomes.
+QStringList parameterValues(const PrRecord &record);
+
 /// The inverse of sheetOf(). A text of ranges or conditions that is not in their form gives the part of it that is.
 Document documentOf(const Sheet &sheet);
 

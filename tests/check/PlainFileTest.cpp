@@ -4,6 +4,7 @@
 #include "document/PrFileCodec.h"
 #include "runtime/AnsiText.h"
 #include "tests/check/CheckedFiles.h"
+#include "tests/document/PlainRows.h"
 #include "tests/document/RandomDocument.h"
 #include "tests/support/QtPrinters.h"
 
@@ -14,93 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Rows of a kind that is common, so that most are plain, with much that can be wrong in their content.
-class PlainRows
-{
-public:
-    explicit PlainRows(quint32 seed) : m_random(seed, seed % 2 == 0) { }
-
-    QByteArray file(int rows);
-    /// A few bytes exchanged for others that mean something in such a file.
-    QByteArray damaged(QByteArray bytes);
-    int number(int last) { return m_random.number(last); }
-
-private:
-    QByteArray oneOf(std::initializer_list<QByteArray> texts) { return texts.begin()[number(int(texts.size()) - 1)]; }
-    QByteArray value();
-    QByteArray ranges(int count);
-    QByteArray conditions(int count);
-    QByteArray row(int index);
-
-    RandomDocument m_random;
-};
-
-QByteArray PlainRows::value()
-{
-    const QByteArray whole = QByteArray::number(number(9) == 0 ? number(99999) : number(12));
-    return number(3) == 0 ? whole + '.' + QByteArray::number(1 + number(8)) : whole;
-}
-
-QByteArray PlainRows::ranges(int count)
-{
-    QByteArray fields;
-    for (int i = 0; i < count; ++i) {
-        const int lower = number(20);
-        fields += ',' + QByteArray::number(lower) + ','
-            + oneOf({QByteArray::number(lower + 1 + number(30)), QByteArray::number(lower + 10) + ".5", "0", "-1"});
-    }
-    return fields;
-}
-
-QByteArray PlainRows::conditions(int count)
-{
-    QByteArray fields;
-    for (int i = 0; i < count; ++i) {
-        const QByteArray low = QByteArray::number(number(4));
-        const QByteArray high = QByteArray::number(4 + number(5));
-        const QByteArray subject = oneOf({"MODE", "OP", QByteArray::number(1 + number(12)), "007"});
-        const bool hasRange = subject != "MODE" && subject != "OP" && number(1) == 0;
-        fields += ',' + subject + ',' + QByteArray::number(number(1) + (hasRange ? 2 : 0)) + ','
-            + (hasRange ? low + ',' + high : oneOf({low, high}));
-    }
-    return fields;
-}
-
-QByteArray PlainRows::row(int index)
-{
-    const int conditionCount = std::max(0, number(5) - 3);
-    const int rangeCount = number(9) == 0 ? 2 : number(4) == 0 ? 0 : 1;
-    const QByteArray number1 = QByteArray::number(number(15) == 0 ? number(12) : index + 1);
-    const QByteArray name = oneOf({"Jog", "Torque boost", "\x83\x41\x83\x43", "Terminal RL function selection", ""});
-    return QByteArray::number(conditionCount) + ',' + (number(30) == 0 ? "A" + number1 : number1) + ','
-        + oneOf({"0", "0", "", QByteArray::number(index + 1), QByteArray::number(number(5)), "x"}) + ',' + name + ','
-        + oneOf({"", "Hz", "\xB0"}) + ',' + oneOf({"1", "0.1", "0.01"}) + ',' + oneOf({"-1", "0.001"}) + ",-1,"
-        + value() + ',' + QByteArray::number(1 << number(number(9) == 0 ? 14 : 9)) + ',' + oneOf({"0", "1"}) + ','
-        + QByteArray::number(rangeCount) + ranges(rangeCount) + conditions(conditionCount)
-        + (rangeCount + conditionCount > 0 ? "\r\n" : ",");
-}
-
-QByteArray PlainRows::file(int rows)
-{
-    QByteArray bytes =
-        "[Inverter]\r\nName=XT\r\nTypeCode=1\r\nVCapacity=2\r\nCode=35\r\nCapacity0=0.4\r\nICapacity0=2\r\n"
-        "SoftWareVersion=1\r\nParamater="
-        + QByteArray::number(rows) + "\r\n[Paramater]\r\n";
-    for (int i = 0; i < rows; ++i) {
-        bytes += row(i);
-    }
-    return bytes;
-}
-
-QByteArray PlainRows::damaged(QByteArray bytes)
-{
-    constexpr QByteArrayView odd = ",\r\n\"0179-. =;[abM\x81\xFF";
-    for (int i = number(3); i > 0; --i) {
-        bytes[number(int(bytes.size()) - 1)] = odd[number(int(odd.size()) - 1)];
-    }
-    return bytes;
-}
 
 bool isPlain(const QByteArray &bytes, const AnsiCodePage &page)
 {
@@ -116,7 +30,7 @@ TEST(PlainFile, isCheckedLikeAnyOther)
     for (quint32 seed = 0; seed < files; ++seed) {
         PlainRows random(seed);
         const AnsiCodePage &page = AnsiCodePage::page(seed % 2 == 0 ? 932 : 1252);
-        const QByteArray bytes = random.damaged(random.file(random.number(8)));
+        const QByteArray bytes = random.damaged(PlainRows::fileOf(random.rows(random.number(8))));
         const Findings expected = checkDecodedFile(bytes, page, u"xt.inv"_s);
         plain += isPlain(bytes, page) ? 1 : 0;
         sound += expected.isEmpty() ? 1 : 0;
