@@ -17,6 +17,7 @@
 #include <QAbstractButton>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMenu>
 #include <QProcess>
 #include <QTest>
@@ -210,7 +211,8 @@ public:
         EXPECT_TRUE(QTest::qWaitFor([&] { return (message = m_socket.receive()).has_value(); }, patience));
         return message.value_or("none"_ba);
     }
-    void giveUp() { m_socket = {}; }
+    /// As a start does before it opens the file itself.
+    void losePatience() { m_socket.refuseMessages(); }
 
 private:
     ProgramSocket m_socket;
@@ -281,13 +283,25 @@ TEST_F(HandOverTest, leavesTheFileToTheSecondProgramIfTheFirstEndsMeanwhile)
 TEST_F(HandOverTest, opensNothingForAStartThatHasLostItsPatience)
 {
     startFrame();
-    HandOver impatient(meetingName());
-    impatient.setPatience(50ms, 0ms);
-    EXPECT_FALSE(impatient.give(writeFile(u"a.inv"_s, document(2)))); // this program does nothing meanwhile
+    Start impatient(writeFile(u"a.inv"_s, document(2)));
+    impatient.losePatience();
     Start next(writeFile(u"b.inv"_s, document(2)));
     EXPECT_EQ(next.answer(), HandOverAnswer::Opened);
     ASSERT_TRUE(waitForWindows(2));
     EXPECT_EQ(editor().windowTitle(), path(u"b.inv"_s));
+}
+
+TEST_F(HandOverTest, isGivenUpIfTheOtherProgramHangs)
+{
+    const auto hanging = ProgramSocket::named(meetingName());
+    ASSERT_TRUE(hanging && hanging->listen());
+    HandOver handOver(meetingName());
+    handOver.setPatience(50ms, 1s);
+    EXPECT_FALSE(handOver.give(writeFile(u"a.inv"_s, document(2))));
+    const ProgramSocket start = hanging->accept();
+    ASSERT_TRUE(start);
+    EXPECT_TRUE(start.receive().has_value());
+    EXPECT_FALSE(start.send(HandOverAnswer::Opened));
 }
 
 TEST_F(HandOverTest, doesNotMindAStartThatIsKilled)
@@ -332,14 +346,25 @@ TEST_F(HandOverTest, isNotAskedForByAStartWithoutAName)
     EXPECT_EQ(second.state(), QProcess::Running);
 }
 
-TEST_F(HandOverTest, takesWhatLeadsToNoFileForThisProgram)
+TEST_F(HandOverTest, isNotAskedForByANameThatLeadsToNoFile)
 {
-    startFrame();
+    const auto first = ProgramSocket::named(meetingName());
+    ASSERT_TRUE(first && first->listen());
     HandOver handOver(meetingName());
     for (const QString &name : {u""_s, u"missing.inv"_s, path(u"missing.inv"_s), path(u"."_s), u"/dev/null"_s}) {
         EXPECT_FALSE(handOver.give(name)) << name.toStdString();
-        EXPECT_FALSE(handOver.takeSocket()) << name.toStdString();
+        EXPECT_FALSE(first->accept()) << name.toStdString();
     }
+}
+
+TEST_F(HandOverTest, isNotForProgramsWithOtherSettings)
+{
+    const QByteArray name = meetingName();
+    const QString home = QFileInfo(UserPlaces::settings().fileName()).dir().path() + u"/.."_s;
+    UserPlaces::setConfigHome(path(u"elsewhere"_s));
+    EXPECT_NE(meetingName(), name);
+    UserPlaces::setConfigHome(QDir::cleanPath(home));
+    EXPECT_EQ(meetingName(), name);
 }
 
 namespace {
