@@ -1,9 +1,9 @@
 #include "check/FileCheck.h"
 
 #include "check/ContentCheck.h"
+#include "check/FileRows.h"
 #include "check/HeaderCheck.h"
 #include "check/MachineCheck.h"
-#include "check/PlainContent.h"
 #include "check/ReadBackFindings.h"
 #include "check/RowSaveCheck.h"
 #include "check/SavedForm.h"
@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <iterator>
 #include <optional>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -86,14 +87,49 @@ void addSaveFindings(const QByteArray &bytes, const Document &document, qsizetyp
     addLayoutFinding(findings);
 }
 
-/// The same where the rows come back as they are. document: without them.
-void addSaveFindings(const QByteArray &bytes, QByteArrayView rows, const Document &document, Findings &findings)
+/// Whether the bytes of a row end where the reader ends the row, whatever follows them.
+bool isOneRow(QByteArrayView bytes, const AnsiCodePage &page)
 {
-    const EncodedPrFile written = encodedWhole(document);
-    if (written.isWritable() && written.bytes != QByteArrayView(bytes.begin(), rows.begin())) {
-        addHeaderFindings(bytes, written.bytes, document, findings);
-        addLayoutFinding(findings);
+    PlainRowReader reader(bytes, page);
+    PrRecord record;
+    return reader.decodeNext(record) && reader.atEnd();
+}
+
+/// What a save makes of the rows that it may change; std::nullopt if it could not write them.
+std::optional<std::vector<SavedRow>> changedRows(const FileRows &rows, const AnsiCodePage &page)
+{
+    std::vector<SavedRow> changed;
+    for (const FileRows::Decoded &row : rows.decoded()) {
+        const auto saved = savedForm(row.record);
+        const auto written = saved ? encodeRow(*saved, page) : std::nullopt;
+        if (!written) {
+            return std::nullopt;
+        }
+        if (*written != row.bytes) {
+            changed.push_back({row.row + 1, row.record, *saved, row.bytes, *written});
+        }
     }
+    return changed;
+}
+
+/// The same by the rows that a save may change, without the others. False if only all of them tell: if a row was
+/// written that is read as more or less than one. document: without rows; header: the bytes before them.
+bool addSaveFindings(
+    const QByteArray &bytes, QByteArrayView header, const FileRows &rows, const Document &document, Findings &findings)
+{
+    const AnsiCodePage &page = AnsiCodePage::page(document.codePage);
+    const EncodedPrFile written = encodedWhole(document);
+    const auto changed = changedRows(rows, page);
+    if (!written.isWritable() || !changed || (changed->empty() && written.bytes == header)) {
+        return true;
+    }
+    if (!std::ranges::all_of(*changed, [&page](const SavedRow &row) { return isOneRow(row.written, page); })) {
+        return false;
+    }
+    addHeaderFindings(bytes, written.bytes, document, findings);
+    findings += checkSavedRows(*changed, page, findings);
+    addLayoutFinding(findings);
+    return true;
 }
 
 /// A missing model name has been said already.
@@ -110,29 +146,33 @@ Findings sorted(Findings findings)
     return findings;
 }
 
-/// The findings of a file whose rows are all plain, so that a save can change the machine information alone;
-/// std::nullopt for any other.
-std::optional<Findings> checkPlainFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
+/// The findings of a file that can be read and has as many rows as it says, with only those rows decoded that have to
+/// be; std::nullopt for any other.
+std::optional<Findings> checkByRows(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
 {
     Document document{.machine = {}, .rows = {}, .codePage = page.number()};
-    MachineInfo &machine = document.machine;
-    const QByteArrayView rows = rowsOfFile(bytes);
-    if (rows.isNull() || !PrFileDecoder(bytes, page).decodeMachine(machine)) {
+    const MachineInfo &machine = document.machine;
+    const QByteArrayView content = rowsOfFile(bytes);
+    if (content.isNull() || !PrFileDecoder(bytes, page).decodeMachine(document.machine)) {
         return std::nullopt;
     }
-    PlainContent content({functionLabels(fileName), page.number()});
-    if (!content.read(rows) || content.rowCount() != machine.Paramater) {
+    FileRows rows({functionLabels(fileName), page.number()});
+    if (!rows.read(content) || rows.rowCount() != machine.Paramater) {
         return std::nullopt;
     }
     Findings findings;
     if (machine.Name.isEmpty()) {
         findings.append(noModelName());
     }
-    addReadBackFindings(checkMachineReadBack(machine, content.rowCount() > 0, page), findings);
+    addReadBackFindings(checkMachineReadBack(machine, rows.rowCount() > 0, page), findings);
+    for (const FileRows::Decoded &row : rows.decoded()) {
+        findings += checkRowReadBack(row.record, row.row + 1, page);
+    }
     findings += checkMachine(machine);
-    findings += content.check();
-    addSaveFindings(bytes, rows, document, findings);
-    return sorted(std::move(findings));
+    findings += rows.checkContent();
+    const QByteArrayView header(bytes.begin(), content.begin());
+    return addSaveFindings(bytes, header, rows, document, findings) ? std::optional(sorted(std::move(findings)))
+                                                                    : std::nullopt;
 }
 
 } // namespace
@@ -160,7 +200,7 @@ Finding readFailureFinding(const Failure &failure)
 
 Findings checkFile(const QByteArray &bytes, const AnsiCodePage &page, const QString &fileName)
 {
-    const auto findings = checkPlainFile(bytes, page, fileName);
+    const auto findings = checkByRows(bytes, page, fileName);
     return findings ? *findings : checkDecodedFile(bytes, page, fileName);
 }
 

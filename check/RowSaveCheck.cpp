@@ -5,6 +5,7 @@
 #include "document/FieldReader.h"
 #include "document/FieldText.h"
 #include "document/ParameterColumns.h"
+#include "document/PlainRow.h"
 #include "document/PrCondText.h"
 #include "document/PrFileCodec.h"
 #include "document/RecordReader.h"
@@ -50,11 +51,7 @@ QByteArrayView trimmed(QByteArrayView bytes)
 class RawRows
 {
 public:
-    RawRows(QByteArrayView bytes, const AnsiCodePage &page) : m_in(bytes, page)
-    {
-        m_in.setTrace(&m_fields);
-        m_in.passLine(rowsLine);
-    }
+    RawRows(QByteArrayView rows, const AnsiCodePage &page) : m_in(rows, page) { m_in.setTrace(&m_fields); }
 
     /// The next row, which is there.
     RawRow next();
@@ -260,10 +257,9 @@ void RowSaveCheck::add(CheckId id, int column, const QString &before, const QStr
     findings.append({id, {.row = m_row, .column = column}, m_number, {before, after}});
 }
 
-/// The bytes of a document of that one row
 QByteArray bytesOf(const PrRecord &record, const AnsiCodePage &page)
 {
-    return encodePrFile(Document{.machine = {}, .rows = {record}, .codePage = page.number()}).bytes;
+    return encodeRow(record, page).value_or(QByteArray());
 }
 
 } // namespace
@@ -271,12 +267,21 @@ QByteArray bytesOf(const PrRecord &record, const AnsiCodePage &page)
 Findings checkSavedRows(
     const RowsOfFile &original, const RowsOfFile &saved, const AnsiCodePage &page, const Findings &known)
 {
-    RawRows raw(original.bytes, page);
-    RawRows written(saved.bytes, page);
+    RawRows raw(rowsOfFile(original.bytes), page);
+    RawRows written(rowsOfFile(saved.bytes), page);
     RowSaveCheck check(page, known);
     for (qsizetype i = 0; i < original.rows.size() && i < saved.rows.size(); ++i) {
         const RawRow row = raw.next();
         check.check(int(i + 1), original.rows[i], saved.rows[i], row, written.next());
+    }
+    return std::move(check.findings);
+}
+
+Findings checkSavedRows(const std::vector<SavedRow> &rows, const AnsiCodePage &page, const Findings &known)
+{
+    RowSaveCheck check(page, known);
+    for (const SavedRow &row : rows) {
+        check.check(row.row, row.read, row.saved, RawRows(row.bytes, page).next(), RawRows(row.written, page).next());
     }
     return std::move(check.findings);
 }

@@ -128,14 +128,31 @@ bool isPlainNumber(QByteArrayView text)
 bool PlainRowReader::next()
 {
     const char *const first = m_at;
+    const bool isPlain = takeRow();
+    if (isPlain) {
+        m_row.bytes = QByteArrayView(first, m_at);
+    } else {
+        m_at = first;
+    }
+    return isPlain;
+}
+
+bool PlainRowReader::decodeNext(PrRecord &record)
+{
+    FieldReader in(QByteArrayView(m_at, m_end), m_page);
+    record = {};
+    readRecord(in, record);
+    m_row.bytes = QByteArrayView(m_at, in.position());
+    m_at += in.position();
+    return !in.hasFailed() && in.fieldHasEnd();
+}
+
+bool PlainRowReader::takeRow()
+{
     int conditions = 0;
     int ranges = 0;
-    if (!takeCount(conditions) || !takeSeparator() || !takeTexts() || !takeCount(ranges) || !takeRanges(ranges)
-        || !takeConditions(conditions) || !takeEnd()) {
-        return false;
-    }
-    m_row.bytes = QByteArrayView(first, m_at);
-    return true;
+    return takeCount(conditions) && takeSeparator() && takeTexts() && takeCount(ranges) && takeRanges(ranges)
+        && takeConditions(conditions) && takeEnd();
 }
 
 bool PlainRowReader::takeSeparator()

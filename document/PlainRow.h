@@ -42,12 +42,18 @@ public:
     }
 
     bool atEnd() const { return m_at == m_end; }
-    /// Takes the next row. False if it is not plain or there is none; the reader is of no use then.
+    /// Takes the next row. False if it is not plain, or there is none: then it is not taken.
     bool next();
     /// The row taken last, until the next one is.
     const PlainRow &row() const { return m_row; }
 
+    /// Takes and decodes the next row, plain or not. False if there is none or it cannot be read as a whole.
+    bool decodeNext(PrRecord &record);
+    /// The bytes of the row taken last, plain or not.
+    QByteArrayView bytes() const { return m_row.bytes; }
+
 private:
+    bool takeRow();
     bool takeSeparator();
     void takeField(QByteArrayView &field);
     bool takeEntry(QByteArrayView &field);

@@ -223,6 +223,13 @@ EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow)
     return encoder.finish();
 }
 
+std::optional<QByteArray> encodeRow(const PrRecord &record, const AnsiCodePage &page)
+{
+    AnsiBuffer out(page);
+    putFields(fieldsOf(record), out);
+    return out.missingCharacter() ? std::nullopt : std::optional(out.takeBytes());
+}
+
 EncodedGrid encodePrFile(const GridDocument &document, const AfterRow &afterRow)
 {
     const AnsiCodePage &page = AnsiCodePage::page(document.codePage);

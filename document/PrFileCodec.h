@@ -63,6 +63,9 @@ struct EncodedPrFile
 /// Encodes a document in its own code page. Its row count is written as machine.Paramater has it.
 EncodedPrFile encodePrFile(const Document &document, const AfterRow &afterRow = {});
 
+/// The bytes of one row; std::nullopt if the page does not have one of its characters.
+std::optional<QByteArray> encodeRow(const PrRecord &record, const AnsiCodePage &page);
+
 /// A document whose rows are a grid's.
 struct GridDocument
 {

@@ -1,5 +1,5 @@
 #include "check/FileCheck.h"
-#include "check/PlainContent.h"
+#include "check/FileRows.h"
 #include "document/PlainRow.h"
 #include "document/PrFileCodec.h"
 #include "runtime/AnsiText.h"
@@ -18,8 +18,8 @@ namespace {
 
 bool isPlain(const QByteArray &bytes, const AnsiCodePage &page)
 {
-    PlainContent content({FunctionLabels::Normal, page.number()});
-    return content.read(rowsOfFile(bytes));
+    FileRows rows({FunctionLabels::Normal, page.number()});
+    return rows.read(rowsOfFile(bytes)) && rows.decoded().empty();
 }
 
 TEST(PlainFile, isCheckedLikeAnyOther)

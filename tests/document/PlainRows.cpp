@@ -39,7 +39,7 @@ QByteArray PlainRows::row(int index)
     const int rangeCount = number(9) == 0 ? 2 : number(4) == 0 ? 0 : 1;
     const QByteArray number1 = QByteArray::number(number(15) == 0 ? number(12) : index + 1);
     const QByteArray name = oneOf({"Jog", "Torque boost", "\x83\x41\x83\x43", "Terminal RL function selection", ""});
-    return QByteArray::number(conditionCount) + ',' + (number(30) == 0 ? "A" + number1 : number1) + ','
+    return QByteArray::number(conditionCount) + ',' + (number(20) == 0 ? oneOf({"A1", "007", "123456"}) : number1) + ','
         + oneOf({"0", "0", "", QByteArray::number(index + 1), QByteArray::number(number(5)), "x"}) + ',' + name + ','
         + oneOf({"", "Hz", "\xB0"}) + ',' + oneOf({"1", "0.1", "0.01"}) + ',' + oneOf({"-1", "0.001"}) + ",-1,"
         + value() + ',' + QByteArray::number(1 << number(number(9) == 0 ? 14 : 9)) + ',' + oneOf({"0", "1"}) + ','

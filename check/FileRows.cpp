@@ -1,4 +1,4 @@
-#include "check/PlainContent.h"
+#include "check/FileRows.h"
 
 #include "check/NumberKey.h"
 #include "document/FieldReader.h"
@@ -59,28 +59,49 @@ bool hasOpposites(const std::vector<PlainRow::Condition> &conditions)
 
 } // namespace
 
-PlainContent::PlainContent(const ContentBasis &basis)
+FileRows::FileRows(const ContentBasis &basis)
     : m_basis(basis)
     , m_page(AnsiCodePage::page(basis.codePage))
     , m_knownBits(quint16(codeOfGroups(groupsOfCode(-1, basis.labels), basis.labels)))
 {
 }
 
-bool PlainContent::read(QByteArrayView rows)
+bool FileRows::read(QByteArrayView rows)
 {
     constexpr qsizetype typicalRow = 80;
     m_rows.reserve(std::size_t(rows.size() / typicalRow));
     PlainRowReader reader(rows, m_page);
     while (!reader.atEnd()) {
-        if (!reader.next()) {
+        if (reader.next()) {
+            add(reader.row());
+            continue;
+        }
+        Decoded row{.row = rowCount(), .bytes = {}, .record = {}};
+        if (!reader.decodeNext(row.record)) {
             return false;
         }
-        add(reader.row());
+        row.bytes = reader.bytes();
+        add(row);
+        m_decoded.push_back(std::move(row));
     }
     return true;
 }
 
-void PlainContent::add(const PlainRow &row)
+void FileRows::add(const Decoded &row)
+{
+    const QList<SettingInterval> intervals = settingIntervals(row.record.ranges);
+    m_intervals.insert(m_intervals.end(), intervals.begin(), intervals.end());
+    m_numbers.enter(numberKey(row.record.number), row.row);
+    m_helpIds.enter(row.record.helpId, row.row);
+    m_rows.push_back({.bytes = row.bytes,
+        .name = {},
+        .number = -1,
+        .helpId = -1,
+        .intervalsEnd = m_intervals.size(),
+        .isOdd = true});
+}
+
+void FileRows::add(const PlainRow &row)
 {
     constexpr qsizetype printedWidth = 25; // of the name's column, in bytes
     const int at = rowCount();
@@ -110,7 +131,7 @@ void PlainContent::add(const PlainRow &row)
 }
 
 /// True if they have something in common.
-bool PlainContent::addIntervals(const PlainRow &row)
+bool FileRows::addIntervals(const PlainRow &row)
 {
     const auto first = std::ptrdiff_t(m_intervals.size());
     std::ranges::transform(row.ranges, std::back_inserter(m_intervals), settingInterval);
@@ -125,7 +146,7 @@ bool PlainContent::addIntervals(const PlainRow &row)
 }
 
 /// True if something may be wrong with one of them.
-bool PlainContent::addConditions(const PlainRow &row)
+bool FileRows::addConditions(const PlainRow &row)
 {
     bool isOdd = row.conditions.size() > 1 && hasOpposites(row.conditions);
     for (const PlainRow::Condition &condition : row.conditions) {
@@ -134,7 +155,7 @@ bool PlainContent::addConditions(const PlainRow &row)
     return isOdd;
 }
 
-bool PlainContent::addCondition(const PlainRow::Condition &condition)
+bool FileRows::addCondition(const PlainRow::Condition &condition)
 {
     constexpr double lastMode = 7;
     if (condition.subject == "OP") {
@@ -155,14 +176,14 @@ bool PlainContent::addCondition(const PlainRow::Condition &condition)
 }
 
 /// Steps are powers of ten: a setting with more decimals than the smallest of them is between two.
-bool PlainContent::isOddSetting(const PlainRow &row, std::span<const SettingInterval> permitted) const
+bool FileRows::isOddSetting(const PlainRow &row, std::span<const SettingInterval> permitted) const
 {
     const QByteArrayView setting = row.text(settingField);
     return !permitted.empty()
         && (decimals(setting) > stepDecimals(row) || !containsValue(permitted, double(float(leadingNumber(setting)))));
 }
 
-bool PlainContent::isOddCode(const PlainRow &row) const
+bool FileRows::isOddCode(const PlainRow &row) const
 {
     const QByteArrayView text = row.text(codeField);
     int code = 0;
@@ -170,7 +191,7 @@ bool PlainContent::isOddCode(const PlainRow &row) const
     return (quint16(code) & ~m_knownBits) != 0;
 }
 
-Findings PlainContent::check()
+Findings FileRows::checkContent()
 {
     for (const Condition &condition : m_conditions) {
         Row &row = m_rows[std::size_t(condition.row)];
@@ -179,13 +200,13 @@ Findings PlainContent::check()
     Findings findings;
     for (int row = 0; row < rowCount(); ++row) {
         if (m_rows[std::size_t(row)].isOdd || isOddAmongOthers(row)) {
-            findings += checkContent(recordOf(row), row, *this, m_basis);
+            findings += ::checkContent(recordOf(row), row, *this, m_basis);
         }
     }
     return findings;
 }
 
-bool PlainContent::isOdd(const Condition &condition) const
+bool FileRows::isOdd(const Condition &condition) const
 {
     const int row = condition.subject < 0 ? -1 : m_numbers.rowOf(condition.subject);
     if (row < 0 || condition.subject == m_rows[std::size_t(condition.row)].number) {
@@ -198,22 +219,31 @@ bool PlainContent::isOdd(const Condition &condition) const
     return !permitted.empty() && !isWithin;
 }
 
-bool PlainContent::isOddAmongOthers(int row) const
+/// Whether its number or help ID may be wrong in the light of the other rows.
+bool FileRows::isOddAmongOthers(int row) const
 {
     const Row &own = m_rows[std::size_t(row)];
-    if (m_numbers.rowOf(own.number) != row || (row > 0 && own.number < m_rows[std::size_t(row - 1)].number)) {
+    if (m_numbers.rowOf(own.number) != row) {
         return true;
     }
-    return own.helpId != 0 && m_rows[std::size_t(m_helpIds.rowOf(own.helpId))].name != own.name;
+    const int previous = row > 0 ? m_rows[std::size_t(row - 1)].number : 0;
+    return previous < 0 || own.number < previous || (own.helpId != 0 && sharesHelp(own));
 }
 
-std::span<const SettingInterval> PlainContent::intervalsOf(int row) const
+/// Whether it has the help ID of a row that has another name, or may have.
+bool FileRows::sharesHelp(const Row &row) const
+{
+    const Row &first = m_rows[std::size_t(m_helpIds.rowOf(row.helpId))];
+    return first.helpId != row.helpId || first.name != row.name;
+}
+
+std::span<const SettingInterval> FileRows::intervalsOf(int row) const
 {
     const std::size_t begin = row == 0 ? 0 : m_rows[std::size_t(row - 1)].intervalsEnd;
     return std::span(m_intervals).subspan(begin, m_rows[std::size_t(row)].intervalsEnd - begin);
 }
 
-PrRecord PlainContent::recordOf(int row) const
+PrRecord FileRows::recordOf(int row) const
 {
     FieldReader in(m_rows[std::size_t(row)].bytes, m_page);
     PrRecord record;
@@ -221,23 +251,24 @@ PrRecord PlainContent::recordOf(int row) const
     return record;
 }
 
-int PlainContent::rowOf(const QString &number) const
+int FileRows::rowOf(const QString &number) const
 {
     return m_numbers.rowOf(numberKey(number));
 }
 
-QString PlainContent::number(int row) const
+QString FileRows::number(int row) const
 {
     const int known = m_rows[std::size_t(row)].number;
     return known >= 0 ? QString::number(known) : recordOf(row).number;
 }
 
-QString PlainContent::name(int row) const
+QString FileRows::name(int row) const
 {
-    return m_page.decode(m_rows[std::size_t(row)].name);
+    const QByteArrayView name = m_rows[std::size_t(row)].name;
+    return name.isNull() ? recordOf(row).name : m_page.decode(name);
 }
 
-QList<SettingInterval> PlainContent::intervals(int row) const
+QList<SettingInterval> FileRows::intervals(int row) const
 {
     const std::span<const SettingInterval> own = intervalsOf(row);
     return {own.begin(), own.end()};
