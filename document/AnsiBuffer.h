@@ -19,6 +19,9 @@ public:
     void putText(QStringView text);
     void putInteger(int value);
     void putSingle(float value);
+    /// Room for that many bytes, for what is put by other means; advanceTo() says where that ended.
+    char *room(qsizetype bytes) { return extend(bytes); }
+    void advanceTo(const char *end) { m_used = end - m_bytes.constData(); }
 
     /// The first character that the code page does not have: itself, its code in hexadecimal digits, the page's number.
     /// `std::nullopt` if there was none.

@@ -15,8 +15,8 @@ namespace {
 /// otherwise: stored for "No" and for an empty cell.
 QStringView increment(QStringView cell, QStringView otherwise)
 {
-    constexpr QLatin1StringView steps[] = {"1"_L1, "0.1"_L1, "0.01"_L1, "0.001"_L1};
-    const bool isStep = std::ranges::any_of(steps, [cell](QLatin1StringView step) { return cell == step; });
+    constexpr QStringView steps[] = {u"1", u"0.1", u"0.01", u"0.001"};
+    const bool isStep = std::ranges::any_of(steps, [cell](QStringView step) { return cell == step; });
     return isStep ? cell : otherwise;
 }
 
@@ -55,15 +55,25 @@ bool ColumnConversions::collectText(const ColumnInfo &column, QStringView cell, 
     return true;
 }
 
+QStringView ColumnConversions::firstIncrement(QStringView cell)
+{
+    return increment(cell, u"1");
+}
+
+QStringView ColumnConversions::otherIncrement(QStringView cell)
+{
+    return increment(cell, u"-1");
+}
+
 bool ColumnConversions::collectFirstIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    row.fields.text(column.fileField) = increment(cell, u"1");
+    row.fields.text(column.fileField) = firstIncrement(cell);
     return true;
 }
 
 bool ColumnConversions::collectOtherIncrement(const ColumnInfo &column, QStringView cell, CollectedRow &row)
 {
-    row.fields.text(column.fileField) = increment(cell, u"-1");
+    row.fields.text(column.fileField) = otherIncrement(cell);
     return true;
 }
 

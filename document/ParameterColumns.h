@@ -53,6 +53,10 @@ bool collectFunctionCode(const ColumnInfo &column, QStringView cell, CollectedRo
 /// The number of conditions is that of the list, whatever the cell says.
 bool collectNothing(const ColumnInfo &column, QStringView cell, CollectedRow &row);
 bool collectConditions(const ColumnInfo &column, QStringView cell, CollectedRow &row);
+/// What a file has for the cell of a minimum increment: a step as it is; for "No" and all else "1" in the first column,
+/// "-1" in the others.
+QStringView firstIncrement(QStringView cell);
+QStringView otherIncrement(QStringView cell);
 } // namespace ColumnConversions
 
 // clang-format off

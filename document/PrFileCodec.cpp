@@ -3,6 +3,7 @@
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
 #include "document/InverterSection.h"
+#include "document/OrdinaryRow.h"
 #include "document/ReadBackCheck.h"
 #include "document/RecordReader.h"
 #include "document/RowCollector.h"
@@ -130,6 +131,8 @@ public:
 
     void putMachine(const MachineInfo &machine, qsizetype rowCount);
     void putRow(const RowFields &fields, int row);
+    /// False for a row that is not ordinary: nothing is put then.
+    bool putOrdinaryRow(const CellTexts &cells);
     bool hasFailed() const { return !m_outcome; }
     EncodedPrFile finish();
 
@@ -165,6 +168,15 @@ void Encoder::putRow(const RowFields &fields, int row)
             .arguments = QStringList{QString::number(row)} + *missing,
             .cell = findMissingCharacter(fields, row, m_page)};
     }
+}
+
+bool Encoder::putOrdinaryRow(const CellTexts &cells)
+{
+    const char *const end = encodeOrdinaryRow(cells, m_page, m_out.room(maxOrdinaryRowBytes(cells)));
+    if (end != nullptr && !hasFailed()) {
+        m_out.advanceTo(end);
+    }
+    return end != nullptr;
 }
 
 EncodedPrFile Encoder::finish()
@@ -240,11 +252,13 @@ EncodedGrid encodePrFile(const GridDocument &document, const AfterRow &afterRow)
     check.checkMachine(document.machine, rowCount > 0);
     RowCollector rows(document.grid);
     for (int row = 1; row <= rowCount; ++row) {
-        if (auto collected = rows.collect(row); !collected) {
-            return {{.bytes = {}, .outcome = collected}, {}};
+        if (!encoder.putOrdinaryRow(document.grid.rowTexts(row))) {
+            if (auto collected = rows.collect(row); !collected) {
+                return {{.bytes = {}, .outcome = collected}, {}};
+            }
+            check.checkRow(rows.fields(), row);
+            encoder.putRow(rows.fields(), row);
         }
-        check.checkRow(rows.fields(), row);
-        encoder.putRow(rows.fields(), row);
         if (afterRow && !encoder.hasFailed()) {
             afterRow();
         }

@@ -36,23 +36,6 @@ bool hasLineEnd(QStringView text)
     return std::ranges::any_of(text, isLineEnd);
 }
 
-/// Whether only reading can tell if the text comes back. Nearly no text is of that kind, so most cost no more than this
-/// one pass, which looks at every character alike so that the compiler can take several at once.
-bool isSuspicious(QStringView text)
-{
-    constexpr char16_t firstByteCharacter = 0xF780; // represent bytes that are not a character of the page
-    constexpr char16_t lastByteCharacter = 0xF7FF;
-    if (text.isEmpty()) {
-        return false;
-    }
-    bool isOdd = text.front() == u' ' || text.front() == u'"' || text.back() == u' ';
-    for (const QChar character : text) {
-        const char16_t unit = character.unicode();
-        isOdd |= unit == u',' || unit == u'\n' || (unit >= firstByteCharacter && unit <= lastByteCharacter);
-    }
-    return isOdd;
-}
-
 ReadBackFault faultOf(QStringView text)
 {
     if (hasLineEnd(text)) {
@@ -113,7 +96,7 @@ void RowCheck::add(ReadBackFault fault, int column)
 /// A text comes back when the reader's own field is the text, and ends where the text does.
 std::optional<ReadBackFault> RowCheck::textFault(QStringView text) const
 {
-    if (!isSuspicious(text)) {
+    if (!mayChangeWhenRead(text)) {
         return std::nullopt;
     }
     AnsiBuffer written(m_page);
@@ -261,6 +244,22 @@ bool isMissingIn(QStringView text, const AnsiCodePage &page)
 }
 
 } // namespace
+
+// Every character is looked at alike, so that the compiler can take several at once.
+bool mayChangeWhenRead(QStringView text)
+{
+    constexpr char16_t firstByteCharacter = 0xF780; // represent bytes that are not a character of the page
+    constexpr char16_t lastByteCharacter = 0xF7FF;
+    if (text.isEmpty()) {
+        return false;
+    }
+    bool isOdd = text.front() == u' ' || text.front() == u'"' || text.back() == u' ';
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        isOdd |= unit == u',' || unit == u'\n' || (unit >= firstByteCharacter && unit <= lastByteCharacter);
+    }
+    return isOdd;
+}
 
 void ReadBackCheck::checkMachine(const MachineInfo &info, bool hasRows)
 {

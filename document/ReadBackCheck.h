@@ -58,6 +58,9 @@ private:
     QList<ReadBackFinding> m_findings;
 };
 
+/// Whether only reading can tell if a text comes back: nearly no text is of that kind.
+bool mayChangeWhenRead(QStringView text);
+
 /// The findings in a whole document: the machine information, then the rows.
 QList<ReadBackFinding> findReadBackFaults(
     const MachineInfo &info, const QList<PrRecord> &records, const AnsiCodePage &page);

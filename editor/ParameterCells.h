@@ -2,6 +2,7 @@
 
 #include "document/PrGrid.h"
 #include "grid/SpreadGrid.h"
+#include "grid/cells/CellRow.h"
 
 /// A spread grid's cells for the collector.
 class ParameterCells : public PrGrid
@@ -11,6 +12,15 @@ public:
 
     int rowCount() const override { return m_grid.rowCount(); }
     QStringView cellText(int column, int row) const override { return m_grid.cellText(column, row); }
+    CellTexts rowTexts(int row) const override
+    {
+        const CellRow &cells = m_grid.textRows()[std::size_t(row - 1)];
+        CellTexts texts;
+        for (int column = 0; column < ParameterColumn::Count; ++column) {
+            texts[std::size_t(column)] = cells.text(column);
+        }
+        return texts;
+    }
 
 private:
     const SpreadGrid &m_grid;
