@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-scripts/setup.sh
+scripts/setup.sh test
 if [ "${1:-}" = --peers ]; then
     sudo=()
     [ "$(id -u)" -eq 0 ] || sudo=(sudo)

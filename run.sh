@@ -5,7 +5,7 @@ set -euo pipefail
 file=$(realpath -- "${1:-$(dirname "$0")/examples/XT200.INV}")
 cd "$(dirname "$0")"
 
-scripts/setup.sh
+scripts/setup.sh run
 cmake --preset release -D TABRIX_TESTS=OFF -D TABRIX_BENCH=OFF -B build-run
 cmake --build build-run
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then

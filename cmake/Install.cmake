@@ -1,7 +1,8 @@
-# Where the program stands once installed, and the packages made of it. The program looks for its help files and for the
+# Where the program stands once installed; scripts/ makes packages of that. The program looks for its help files and for the
 # set-up software's INI folders beside its executable: all of them share one folder, and bin/ holds a link.
-set(CMAKE_INSTALL_DOCDIR share/doc/tabrix CACHE PATH "Documents")
 include(GNUInstallDirs)
+include(cmake/Release.cmake)
+set(TABRIX_DOC_DIR ${CMAKE_INSTALL_DATAROOTDIR}/doc/tabrix) # of the package's name, not of the project's
 
 if(WIN32)
     set(TABRIX_PROGRAM_DIR .)
@@ -12,7 +13,7 @@ endif()
 install(TARGETS tabrix tabrix-tool tabrix-print tabrix_xlsx
         RUNTIME DESTINATION ${TABRIX_PROGRAM_DIR} LIBRARY DESTINATION ${TABRIX_PROGRAM_DIR})
 install(FILES ${CMAKE_BINARY_DIR}/TABRIX.HLP ${CMAKE_BINARY_DIR}/TABRIXE.HLP DESTINATION ${TABRIX_PROGRAM_DIR})
-install(DIRECTORY examples/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(DIRECTORY examples/ DESTINATION ${TABRIX_DOC_DIR}/examples)
 
 if(UNIX)
     file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/install)
@@ -21,9 +22,10 @@ if(UNIX)
         file(CREATE_LINK ${link_target} ${CMAKE_BINARY_DIR}/install/${program} SYMBOLIC)
         install(FILES ${CMAKE_BINARY_DIR}/install/${program} DESTINATION ${CMAKE_INSTALL_BINDIR})
     endforeach()
-    install(FILES docs/tool.md docs/checks.md docs/parameters.schema.json DESTINATION ${CMAKE_INSTALL_DOCDIR})
+    install(FILES docs/tool.md docs/checks.md docs/parameters.schema.json DESTINATION ${TABRIX_DOC_DIR})
     install(FILES packaging/tabrix.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-    install(FILES packaging/org.tabrix.Tabrix.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+    configure_file(packaging/org.tabrix.Tabrix.metainfo.xml.in ${CMAKE_BINARY_DIR}/install/org.tabrix.Tabrix.metainfo.xml @ONLY)
+    install(FILES ${CMAKE_BINARY_DIR}/install/org.tabrix.Tabrix.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
     install(FILES packaging/tabrix-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages RENAME tabrix.xml)
     install(FILES resources/pictures/tabrix.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
@@ -44,7 +46,9 @@ if(UNIX)
         list(APPEND pages ${page})
     endforeach()
     add_custom_target(tabrix_pages ALL DEPENDS ${pages})
-    configure_file(packaging/tabrix.1.in ${CMAKE_BINARY_DIR}/install/man1/tabrix.1 @ONLY)
+    foreach(page man1/tabrix.1 man1/tabrix-print.1 ja/man1/tabrix.1)
+        configure_file(packaging/${page}.in ${CMAKE_BINARY_DIR}/install/${page} @ONLY)
+    endforeach()
     install(DIRECTORY ${CMAKE_BINARY_DIR}/install/man1 ${CMAKE_BINARY_DIR}/install/ja DESTINATION ${CMAKE_INSTALL_MANDIR})
     install(FILES ${CMAKE_BINARY_DIR}/install/completions/tabrix-tool
             DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
@@ -67,22 +71,3 @@ if(UNIX)
     endif()
     add_custom_target(tabrix_icons ALL DEPENDS ${icons})
 endif()
-
-set(CPACK_PACKAGE_NAME tabrix)
-set(CPACK_PACKAGE_VENDOR Tabrix)
-set(CPACK_PACKAGE_CONTACT "Tabrix developers <tabrix@localhost>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Editor for parameter definition files of variable-frequency drives")
-set(CPACK_PACKAGE_DESCRIPTION
-    "Tabrix edits the files that describe an inverter model to its set-up software:
-the machine's information and a table of parameters. Several files stand side
-by side; the interface is English or Japanese.")
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
-set(CPACK_STRIP_FILES ON)
-set(CPACK_GENERATOR DEB)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SECTION editors)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# What the libraries load at run time, which no link shows: SVG icons, the help files' database, Qt's own texts.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, libqt6sql6-sqlite")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-translations-l10n, fonts-ipafont-gothic, shared-mime-info, desktop-file-utils")
-include(CPack)
