@@ -1,5 +1,5 @@
-// bench_counts: does each thing that users wait for, so that callgrind counts its instructions (scripts/counts.sh). They
-// do not move with the machine's load, as long as no clock has a say: timers do not run here, but for those that a
+// bench_counts: does each thing that users wait for, so that callgrind counts its instructions (scripts/counts.sh).
+// They do not move with the machine's load, as long as no clock has a say: timers do not run here, but for those that a
 // file's reading lets run, and the marks, which are found in slices of time, are off.
 
 #include "bench/BenchDocument.h"
