@@ -21,24 +21,18 @@ constexpr int fieldOf(int column)
 constexpr int numberField = fieldOf(ParameterColumn::Number);
 constexpr int helpField = fieldOf(ParameterColumn::HelpId);
 constexpr int nameField = fieldOf(ParameterColumn::Name);
-constexpr int settingField = fieldOf(ParameterColumn::FactorySetting);
 constexpr int codeField = fieldOf(ParameterColumn::FuncCode);
 constexpr int rangeCheckField = fieldOf(ParameterColumn::RangeCheck);
 constexpr std::array stepFields = {
     fieldOf(ParameterColumn::Min1), fieldOf(ParameterColumn::Min2), fieldOf(ParameterColumn::Min3)};
 
-qsizetype decimals(QByteArrayView number)
-{
-    const qsizetype point = number.indexOf('.');
-    return point < 0 ? 0 : number.size() - point - 1;
-}
-
 /// The decimals of the smallest of the row's steps, which are powers of ten.
-qsizetype stepDecimals(const PlainRow &row)
+int stepDecimals(const PlainRow &row)
 {
-    qsizetype most = 0;
+    constexpr int point = 2; // "0." before them; a step that has none is "1", or "-1" for no step
+    int most = 0;
     for (const int field : stepFields) {
-        most = std::max(most, decimals(row.text(field)));
+        most = std::max(most, int(row.text(field).size()) - point);
     }
     return most;
 }
@@ -178,9 +172,8 @@ bool FileRows::addCondition(const PlainRow::Condition &condition)
 /// Steps are powers of ten: a setting with more decimals than the smallest of them is between two.
 bool FileRows::isOddSetting(const PlainRow &row, std::span<const SettingInterval> permitted) const
 {
-    const QByteArrayView setting = row.text(settingField);
     return !permitted.empty()
-        && (decimals(setting) > stepDecimals(row) || !containsValue(permitted, double(float(leadingNumber(setting)))));
+        && (row.settingDecimals > stepDecimals(row) || !containsValue(permitted, double(float(row.setting))));
 }
 
 bool FileRows::isOddCode(const PlainRow &row) const
@@ -245,7 +238,7 @@ std::span<const SettingInterval> FileRows::intervalsOf(int row) const
 
 PrRecord FileRows::recordOf(int row) const
 {
-    FieldReader in(m_rows[std::size_t(row)].bytes, m_page);
+    FieldReader in(m_rows[std::size_t(row)].bytes, m_page, FieldReader::Storage::Separate);
     PrRecord record;
     readRecord(in, record);
     return record;

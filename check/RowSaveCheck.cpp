@@ -51,7 +51,10 @@ QByteArrayView trimmed(QByteArrayView bytes)
 class RawRows
 {
 public:
-    RawRows(QByteArrayView rows, const AnsiCodePage &page) : m_in(rows, page) { m_in.setTrace(&m_fields); }
+    RawRows(QByteArrayView rows, const AnsiCodePage &page) : m_in(rows, page, FieldReader::Storage::Separate)
+    {
+        m_in.setTrace(&m_fields);
+    }
 
     /// The next row, which is there.
     RawRow next();

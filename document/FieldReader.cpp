@@ -33,6 +33,14 @@ QByteArrayView from(const char *at, QByteArrayView bytes)
 
 } // namespace
 
+FieldReader::FieldReader(QByteArrayView bytes, const AnsiCodePage &page, Storage storage)
+    : m_size(bytes.size())
+    , m_rest(bytes)
+    , m_page(page)
+    , m_pool(storage == Storage::Shared ? std::make_unique<TextPool>() : nullptr)
+{
+}
+
 bool FieldReader::passLine(QByteArrayView line)
 {
     while (!atEnd()) {
@@ -205,15 +213,21 @@ void FieldReader::traceField()
     *m_trace << FileField{m_fieldAt, bytes};
 }
 
+template <typename View>
+QString FieldReader::stored(View text)
+{
+    return m_pool ? m_pool->share(text) : text.toString();
+}
+
 QString FieldReader::decoded(const Field &field)
 {
     if (field.ascii) {
-        return m_pool.share(QLatin1StringView(field.bytes.data(), field.bytes.size()));
+        return stored(QLatin1StringView(field.bytes.data(), field.bytes.size()));
     }
     QVarLengthArray<char16_t, 256> units(field.bytes.size());
     const QStringView text(units.data(), m_page.decodeTo(field.bytes, units.data()));
     m_undecoded += undecodedBytes(text);
-    return m_pool.share(text);
+    return stored(text);
 }
 
 /// A numeric field; an empty one is 0.

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 class AnsiCodePage;
@@ -25,7 +26,10 @@ struct FileField
 class FieldReader
 {
 public:
-    FieldReader(QByteArrayView bytes, const AnsiCodePage &page) : m_size(bytes.size()), m_rest(bytes), m_page(page) { }
+    /// Whether equal texts share their storage, which pays for a file, but not for a single row.
+    enum class Storage { Shared, Separate };
+
+    FieldReader(QByteArrayView bytes, const AnsiCodePage &page, Storage storage = Storage::Shared);
 
     /// Passes whole lines up to the first one that equals line; false when there is none, with all passed.
     bool passLine(QByteArrayView line);
@@ -70,6 +74,8 @@ private:
     Field takeUnquotedText();
     QByteArrayView takeQuotedText();
     void traceField();
+    template <typename View>
+    QString stored(View text);
     QString decoded(const Field &field);
     double number();
 
@@ -82,6 +88,6 @@ private:
     bool m_fieldHasEnd = true;
     const AnsiCodePage &m_page;
     QList<FileField> *m_trace = nullptr;
-    TextPool m_pool;
+    std::unique_ptr<TextPool> m_pool; ///< null: texts are stored separately
     std::optional<FailureCode> m_error;
 };

@@ -3,12 +3,19 @@
 #include "document/FieldReader.h"
 #include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
-#include "runtime/NumberText.h"
+#include "runtime/DecimalValue.h"
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 namespace {
+
+/// As operator==, without a call
+bool isEqual(QByteArrayView text, std::string_view other)
+{
+    return std::string_view(text.data(), std::size_t(text.size())) == other;
+}
 
 bool isDigit(char byte)
 {
@@ -48,15 +55,48 @@ QByteArrayView withoutSign(QByteArrayView text)
     return text.startsWith('-') ? text.sliced(1) : text;
 }
 
-/// Whether a save writes the factory setting as it is.
-bool isPlainSetting(QByteArrayView text)
+/// A number from 0 that is written with no zero too many.
+struct PlainNumber
 {
-    constexpr qsizetype exactDigits = 15;
-    constexpr qsizetype mostDecimals = 3; // a number below 0.0001 is written with an exponent
-    const QByteArrayView number = withoutSign(text);
-    const qsizetype point = number.indexOf('.');
-    return number.size() <= exactDigits && isPlainNumber(number) && text != "-0"
-        && (point < 0 || number.size() - point - 1 <= mostDecimals);
+    qint64 mantissa = 0;
+    int digits = 0; ///< 0: the text is not of that kind
+    int decimals = 0;
+
+    double value() const { return double(mantissa) / exactPowersOfTen[decimals]; }
+};
+
+PlainNumber plainNumber(QByteArrayView text)
+{
+    constexpr qsizetype longest = 16;
+    PlainNumber number;
+    const char *point = nullptr;
+    if (text.isEmpty() || text.size() > longest) {
+        return {};
+    }
+    for (const char &byte : text) {
+        if (isDigit(byte)) {
+            number.mantissa = number.mantissa * 10 + (byte - '0');
+            ++number.digits;
+        } else if (byte == '.' && point == nullptr) {
+            point = &byte;
+        } else {
+            return {};
+        }
+    }
+    const bool hasPoint = point != nullptr;
+    const auto whole = (hasPoint ? point : text.end()) - text.begin();
+    number.decimals = number.digits - int(whole);
+    const bool isWholePlain = whole == 1 || (whole > 1 && text.front() != '0');
+    const bool isFractionPlain = !hasPoint || (number.decimals > 0 && text.back() != '0');
+    return isWholePlain && isFractionPlain ? number : PlainNumber();
+}
+
+/// Whether a save writes the factory setting as it is.
+bool isPlainSetting(QByteArrayView text, const PlainNumber &number)
+{
+    constexpr int exactDigits = 14;
+    constexpr int mostDecimals = 3; // a number below 0.0001 is written with an exponent
+    return number.digits > 0 && number.digits <= exactDigits && number.decimals <= mostDecimals && !isEqual(text, "-0");
 }
 
 /// Whether the function code is what its hexadecimal digits in the grid are saved as.
@@ -70,18 +110,15 @@ bool isPlainCode(QByteArrayView text)
 
 bool isStep(QByteArrayView text)
 {
-    return text == "1" || text == "0.1" || text == "0.01" || text == "0.001";
+    return isEqual(text, "1") || isEqual(text, "0.1") || isEqual(text, "0.01") || isEqual(text, "0.001");
 }
 
 /// Whether a bound is a number from 0 that a single holds, and writes as it is here.
-bool isPlainBound(QByteArrayView text)
+bool isPlainBound(const PlainNumber &number)
 {
-    constexpr qsizetype singleDigits = 7;
-    constexpr qsizetype mostDecimals = 3;
-    const qsizetype point = text.indexOf('.');
-    return point < 0
-        ? text.size() <= singleDigits && isPlainNumber(text)
-        : text.size() - 1 <= singleDigits && text.size() - point - 1 <= mostDecimals && isPlainNumber(text);
+    constexpr int singleDigits = 7;
+    constexpr int mostDecimals = 3;
+    return number.digits > 0 && number.digits <= singleDigits && number.decimals <= mostDecimals;
 }
 
 /// Whether the value of a condition stays a number's text, and in one piece, in the text of all conditions.
@@ -101,10 +138,10 @@ bool isPlainOption(QByteArrayView text)
 bool isPlainCondition(const PlainRow::Condition &condition)
 {
     const bool hasRange = (condition.kind & PrCondition::HasRange) != 0;
-    if (condition.subject == "OP") {
+    if (isEqual(condition.subject, "OP")) {
         return !hasRange && isPlainOption(condition.value1);
     }
-    if (condition.subject == "MODE") {
+    if (isEqual(condition.subject, "MODE")) {
         return !hasRange && isPlainValue(condition.value1);
     }
     return isDigits(condition.subject) && isPlainValue(condition.value1)
@@ -115,15 +152,6 @@ bool isPlainCondition(const PlainRow::Condition &condition)
 enum Field { Min1 = 4, Min2, Min3, Setting, Code, RangeCheck };
 
 } // namespace
-
-bool isPlainNumber(QByteArrayView text)
-{
-    const qsizetype point = text.indexOf('.');
-    const QByteArrayView whole = point < 0 ? text : text.first(point);
-    const QByteArrayView fraction = point < 0 ? QByteArrayView() : text.sliced(point + 1);
-    return isDigits(whole) && (whole.size() == 1 || whole.front() != '0')
-        && (point < 0 || (isDigits(fraction) && fraction.back() != '0'));
-}
 
 bool PlainRowReader::next()
 {
@@ -139,7 +167,7 @@ bool PlainRowReader::next()
 
 bool PlainRowReader::decodeNext(PrRecord &record)
 {
-    FieldReader in(QByteArrayView(m_at, m_end), m_page);
+    FieldReader in(QByteArrayView(m_at, m_end), m_page, FieldReader::Storage::Separate);
     record = {};
     readRecord(in, record);
     m_row.bytes = QByteArrayView(m_at, in.position());
@@ -171,11 +199,12 @@ bool PlainRowReader::takeCount(int &count)
 /// Up to the next comma or line end, which stays.
 void PlainRowReader::takeField(QByteArrayView &field)
 {
-    const char *const first = m_at;
-    while (m_at != m_end && *m_at != ',' && *m_at != '\r' && *m_at != '\n') {
-        ++m_at;
+    const char *at = m_at;
+    while (at != m_end && *at != ',' && *at != '\r' && *at != '\n') {
+        ++at;
     }
-    field = QByteArrayView(first, m_at);
+    field = QByteArrayView(m_at, at);
+    m_at = at;
 }
 
 /// A field of a list, after its comma.
@@ -191,18 +220,19 @@ bool PlainRowReader::takeEntry(QByteArrayView &field)
 /// A text with its comma. Control characters, and what is not a character of the page, is left to the full road.
 bool PlainRowReader::takeText(QByteArrayView &text)
 {
-    const char *const first = m_at;
+    const char *at = m_at;
     uchar all = 0;
     bool isOdd = false;
-    for (; m_at != m_end && *m_at != ','; ++m_at) {
-        const uchar byte = uchar(*m_at);
+    for (; at != m_end && *at != ','; ++at) {
+        const auto byte = uchar(*at);
         all |= byte;
         isOdd |= byte < ' ';
     }
-    if (m_at == m_end || isOdd) {
+    if (at == m_end || isOdd) {
         return false;
     }
-    text = QByteArrayView(first, m_at++);
+    text = QByteArrayView(m_at, at);
+    m_at = at + 1;
     if (!text.isEmpty() && (text.front() == ' ' || text.front() == '"' || text.back() == ' ')) {
         return false;
     }
@@ -218,14 +248,19 @@ bool PlainRowReader::takeTexts()
             return false;
         }
     }
-    const auto isOptional = [](QByteArrayView text) { return text == "-1" || isStep(text); };
-    return isStep(texts[Min1]) && isOptional(texts[Min2]) && isOptional(texts[Min3]) && isPlainSetting(texts[Setting])
-        && isPlainCode(texts[Code]) && (texts[RangeCheck] == "0" || texts[RangeCheck] == "1");
+    const PlainNumber setting = plainNumber(withoutSign(texts[Setting]));
+    m_row.setting = texts[Setting].startsWith('-') ? -setting.value() : setting.value();
+    m_row.settingDecimals = setting.decimals;
+    const auto isOptional = [](QByteArrayView text) { return isEqual(text, "-1") || isStep(text); };
+    return isStep(texts[Min1]) && isOptional(texts[Min2]) && isOptional(texts[Min3])
+        && isPlainSetting(texts[Setting], setting) && isPlainCode(texts[Code])
+        && (isEqual(texts[RangeCheck], "0") || isEqual(texts[RangeCheck], "1"));
 }
 
 /// Ranges that are the same again after they have been shown as a text.
 bool PlainRowReader::takeRanges(int count)
 {
+    constexpr float openEnd = -1;
     m_row.ranges.clear();
     for (int i = 0; i < count; ++i) {
         QByteArrayView lower;
@@ -233,11 +268,13 @@ bool PlainRowReader::takeRanges(int count)
         if (!takeEntry(lower) || !takeEntry(upper)) {
             return false;
         }
-        const bool isOpen = upper == "-1";
-        if (!isPlainBound(lower) || (!isOpen && !isPlainBound(upper))) {
+        const bool isOpen = isEqual(upper, "-1");
+        const PlainNumber first = plainNumber(lower);
+        const PlainNumber last = plainNumber(upper);
+        if (!isPlainBound(first) || (!isOpen && !isPlainBound(last))) {
             return false;
         }
-        const SettingRange range{.upper = float(leadingNumber(upper)), .lower = float(leadingNumber(lower))};
+        const SettingRange range{.upper = isOpen ? openEnd : float(last.value()), .lower = float(first.value())};
         if (!isOpen && range.upper <= range.lower && range.upper != 0) {
             return false;
         }
@@ -277,17 +314,16 @@ bool PlainRowReader::takeCondition(PlainRow::Condition &condition)
 /// A row with neither ranges nor conditions ends in a comma, without a line end.
 bool PlainRowReader::takeEnd()
 {
-    constexpr QByteArrayView lineEnd = "\r\n";
-    const QByteArrayView end = m_row.ranges.empty() && m_row.conditions.empty() ? QByteArrayView(",") : lineEnd;
-    if (!QByteArrayView(m_at, m_end).startsWith(end)) {
-        return false;
+    if (m_row.ranges.empty() && m_row.conditions.empty()) {
+        return takeSeparator();
     }
-    m_at += end.size();
-    return true;
+    const bool isLineEnd = m_end - m_at > 1 && m_at[0] == '\r' && m_at[1] == '\n';
+    m_at += isLineEnd ? 2 : 0;
+    return isLineEnd;
 }
 
 QByteArrayView rowsOfFile(QByteArrayView bytes)
 {
-    FieldReader in(bytes, AnsiCodePage::page(0));
+    FieldReader in(bytes, AnsiCodePage::page(0), FieldReader::Storage::Separate);
     return in.passLine(rowsLine) ? bytes.sliced(in.position()) : QByteArrayView();
 }

@@ -24,6 +24,8 @@ struct PlainRow
 
     QByteArrayView bytes; ///< with the row's end
     std::array<QByteArrayView, RowFields::textCount> texts; ///< in the order of the file
+    double setting = 0; ///< the value of the factory setting
+    int settingDecimals = 0; ///< how many digits it has after the point
     std::vector<SettingRange> ranges;
     std::vector<Condition> conditions;
 
@@ -73,6 +75,3 @@ private:
 
 /// What follows the line "[Paramater]"; null if there is no such line.
 QByteArrayView rowsOfFile(QByteArrayView bytes);
-
-/// Whether the text is a number from 0 as it is written: digits without a zero too many, at most one point among them.
-bool isPlainNumber(QByteArrayView text);

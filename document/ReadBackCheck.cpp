@@ -102,7 +102,7 @@ std::optional<ReadBackFault> RowCheck::textFault(QStringView text) const
     AnsiBuffer written(m_page);
     written.putText(text);
     written.put(',');
-    FieldReader reader(written.bytes(), m_page);
+    FieldReader reader(written.bytes(), m_page, FieldReader::Storage::Separate);
     const bool isSame = reader.text() == text && reader.atEnd();
     return isSame ? std::nullopt : std::optional(faultOf(text));
 }
@@ -135,7 +135,7 @@ bool RowCheck::comesBack(float bound) const
     AnsiBuffer written(m_page);
     written.putSingle(bound);
     const bool isRange = written.bytes().contains("E-");
-    return !isRange && FieldReader(written.bytes(), m_page).single() == bound;
+    return !isRange && FieldReader(written.bytes(), m_page, FieldReader::Storage::Separate).single() == bound;
 }
 
 QString numbered(const QString &key, qsizetype index)

@@ -62,6 +62,22 @@ bool isAscii(QStringView text)
     return bits < 0x80;
 }
 
+/// How many bytes from the first on are ASCII, eight at a time.
+qsizetype asciiLength(QByteArrayView bytes)
+{
+    constexpr quint64 highBits = 0x8080808080808080U;
+    const char *at = bytes.data();
+    const char *const end = at + bytes.size();
+    for (; end - at >= qsizetype(sizeof(quint64)); at += sizeof(quint64)) {
+        quint64 eight = 0;
+        std::memcpy(&eight, at, sizeof eight);
+        if ((eight & highBits) != 0) {
+            break;
+        }
+    }
+    return std::find_if(at, end, [](char byte) { return static_cast<uchar>(byte) >= 0x80; }) - bytes.data();
+}
+
 } // namespace
 
 AnsiCodePage::AnsiCodePage(int number) : m_number(number)
@@ -108,15 +124,13 @@ qsizetype AnsiCodePage::decodeTo(QByteArrayView bytes, char16_t *out) const
 AnsiCodePage::Fit AnsiCodePage::fitOf(QByteArrayView bytes) const
 {
     Fit fit;
-    if (isAscii(bytes)) {
+    qsizetype i = asciiLength(bytes);
+    if (i == bytes.size()) {
         return fit;
     }
     const AnsiTables &table = tables();
-    for (qsizetype i = 0; i < bytes.size() && fit.isWhole; ++i) {
+    for (; i < bytes.size() && fit.isWhole; i += 1 + asciiLength(bytes.sliced(i + 1))) {
         const uchar byte = byteAt(bytes, i);
-        if (byte < 0x80) {
-            continue;
-        }
         const uchar next = i + 1 < bytes.size() ? byteAt(bytes, i + 1) : uchar(0);
         const char16_t pair = table.pair(byte, next);
         fit.hasPairs |= pair != 0;
@@ -196,17 +210,7 @@ qsizetype undecodedBytes(QStringView text)
 
 bool isAscii(QByteArrayView bytes)
 {
-    constexpr quint64 highBits = 0x8080808080808080U;
-    const char *at = bytes.data();
-    const char *const end = at + bytes.size();
-    for (; end - at >= qsizetype(sizeof(quint64)); at += sizeof(quint64)) {
-        quint64 eight = 0;
-        std::memcpy(&eight, at, sizeof eight);
-        if ((eight & highBits) != 0) {
-            return false;
-        }
-    }
-    return std::all_of(at, end, [](char byte) { return static_cast<uchar>(byte) < 0x80; });
+    return asciiLength(bytes) == bytes.size();
 }
 
 int ansiCodePageNumber()

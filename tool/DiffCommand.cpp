@@ -5,7 +5,7 @@
 #include "tool/DiffReport.h"
 #include "tool/EntryTexts.h"
 #include "tool/FileWork.h"
-#include "tool/PlainDiff.h"
+#include "tool/RawDiff.h"
 
 using namespace Qt::StringLiterals;
 
@@ -97,23 +97,23 @@ int compareDecoded(const InputFile &old, const InputFile &now, const Pair &pair,
     return report(diffDocuments(before.document, after.document, options), pair, parser, session);
 }
 
-/// A file, taken apart by its bytes if it can be compared by them.
+/// A file, and its rows if it can be compared by their bytes.
 struct Side
 {
     InputFile input;
-    std::optional<PlainFile> plain;
+    std::optional<RawFile> raw;
 };
 
 int compare(const Pair &pair, const DiffOptions &options, const QCommandLineParser &parser, Session &session)
 {
     const auto sideOf = [&session](const QString &name) {
         Side side{readInput(name), {}};
-        side.plain = plainFile(side.input, session.codePage);
+        side.raw = rawFile(side.input, session.codePage);
         return side;
     };
     const auto [before, after] = sideBySide([&] { return sideOf(pair.before); }, [&] { return sideOf(pair.after); });
-    if (before.plain && after.plain && before.plain->document.codePage == after.plain->document.codePage) {
-        return report(diffPlainFiles(*before.plain, *after.plain, options), pair, parser, session);
+    if (before.raw && after.raw && before.raw->document.codePage == after.raw->document.codePage) {
+        return report(diffRawFiles(*before.raw, *after.raw, options), pair, parser, session);
     }
     return compareDecoded(before.input, after.input, pair, options, parser, session);
 }

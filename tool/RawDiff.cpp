@@ -1,4 +1,4 @@
-#include "tool/PlainDiff.h"
+#include "tool/RawDiff.h"
 
 #include "check/FirstRows.h"
 #include "document/FieldReader.h"
@@ -16,10 +16,10 @@ namespace {
 constexpr int numberField = parameterColumns[ParameterColumn::Number - 1].fileField;
 
 /// A file's parameters as entries. They are known by their numbers and occurrences, which it counts from 1.
-class PlainEntries : public EntryList
+class RawEntries : public EntryList
 {
 public:
-    explicit PlainEntries(const PlainFile &file);
+    explicit RawEntries(const RawFile &file);
 
     EntryKey key(int index) const override;
     QStringList values(int index) const override;
@@ -28,11 +28,11 @@ public:
     int size() const { return int(m_occurrences.size()); }
 
 private:
-    const PlainFile &m_file;
+    const RawFile &m_file;
     std::vector<int> m_occurrences;
 };
 
-PlainEntries::PlainEntries(const PlainFile &file) : m_file(file)
+RawEntries::RawEntries(const RawFile &file) : m_file(file)
 {
     std::vector<int> counts;
     m_occurrences.reserve(file.numbers.size());
@@ -42,30 +42,31 @@ PlainEntries::PlainEntries(const PlainFile &file) : m_file(file)
     }
 }
 
-EntryKey PlainEntries::key(int index) const
+EntryKey RawEntries::key(int index) const
 {
     return {QString::number(number(index)), occurrence(index)};
 }
 
-QStringList PlainEntries::values(int index) const
+QStringList RawEntries::values(int index) const
 {
-    FieldReader in(m_file.rows[std::size_t(index)], AnsiCodePage::page(m_file.document.codePage));
+    const AnsiCodePage &page = AnsiCodePage::page(m_file.document.codePage);
+    FieldReader in(m_file.rows[std::size_t(index)], page, FieldReader::Storage::Separate);
     PrRecord record;
     readRecord(in, record);
     return parameterValues(record);
 }
 
 /// Gives numbers to keys: the parameter's own to the first of that number, which nearly all are.
-class PlainKeys
+class RawKeys
 {
 public:
-    std::vector<int> of(const PlainEntries &entries);
+    std::vector<int> of(const RawEntries &entries);
 
 private:
     QHash<std::pair<int, int>, int> m_further; ///< by number and occurrence
 };
 
-std::vector<int> PlainKeys::of(const PlainEntries &entries)
+std::vector<int> RawKeys::of(const RawEntries &entries)
 {
     constexpr int firstFurther = 100'000; // above every small number
     std::vector<int> keys;
@@ -82,26 +83,36 @@ std::vector<int> PlainKeys::of(const PlainEntries &entries)
     return keys;
 }
 
-QList<EntryChange> diffParameters(const PlainFile &before, const PlainFile &after, const DiffOptions &options)
+QList<EntryChange> diffParameters(const RawFile &before, const RawFile &after, const DiffOptions &options)
 {
-    const PlainEntries entriesBefore(before);
-    const PlainEntries entriesAfter(after);
-    PlainKeys keys;
+    const RawEntries entriesBefore(before);
+    const RawEntries entriesAfter(after);
+    RawKeys keys;
     const auto isSame = [&](int old, int now) { return before.rows[std::size_t(old)] == after.rows[std::size_t(now)]; };
     const ListPair lists{entriesBefore, entriesAfter, keys.of(entriesBefore), keys.of(entriesAfter), isSame};
     return diffLists(sheetPart(SheetPart::Parameters), lists, options);
 }
 
+/// The parameter's number in the next row; -1 if it is no small number, or there is no such row.
+int nextNumber(PlainRowReader &reader)
+{
+    if (reader.next()) {
+        return smallNumber(reader.row().text(numberField));
+    }
+    PrRecord record;
+    return reader.decodeNext(record) ? smallNumber(record.number) : -1;
+}
+
 } // namespace
 
-std::optional<PlainFile> plainFile(const InputFile &input, std::optional<int> codePage)
+std::optional<RawFile> rawFile(const InputFile &input, std::optional<int> codePage)
 {
     const QByteArrayView rows = rowsOfFile(input.bytes);
     if (input.failure || rows.isNull()) {
         return std::nullopt;
     }
     const AnsiCodePage &page = pageOfInput(input.bytes, codePage);
-    PlainFile file{.bytes = input.bytes,
+    RawFile file{.bytes = input.bytes,
         .document = {.machine = {}, .rows = {}, .codePage = page.number()},
         .rows = {},
         .numbers = {}};
@@ -111,17 +122,17 @@ std::optional<PlainFile> plainFile(const InputFile &input, std::optional<int> co
     }
     PlainRowReader reader(rows, page);
     while (!reader.atEnd()) {
-        const int number = reader.next() ? smallNumber(reader.row().text(numberField)) : -1;
+        const int number = nextNumber(reader);
         if (number < 0) {
             return std::nullopt;
         }
-        file.rows.push_back(reader.row().bytes);
+        file.rows.push_back(reader.bytes());
         file.numbers.push_back(number);
     }
     return qsizetype(file.rows.size()) == machine.Paramater ? std::optional(std::move(file)) : std::nullopt;
 }
 
-SheetDiff diffPlainFiles(const PlainFile &before, const PlainFile &after, const DiffOptions &options)
+SheetDiff diffRawFiles(const RawFile &before, const RawFile &after, const DiffOptions &options)
 {
     SheetDiff diff = diffDocuments(before.document, after.document, options);
     diff.parts.at(std::size_t(SheetPart::Parameters)) = diffParameters(before, after, options);
