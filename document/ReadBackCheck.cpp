@@ -143,6 +143,18 @@ QString numbered(const QString &key, qsizetype index)
     return key + QString::number(index);
 }
 
+/// Whether a value of the "[Inverter]" section is seen to come back: few printable characters of ASCII without quotes
+/// or spaces around them.
+bool isOrdinary(QStringView value)
+{
+    constexpr qsizetype few = 20;
+    const auto isPrintable = [](QChar character) { return character >= u' ' && character <= u'~'; };
+    const auto isOdd = [](QChar character) { return character == u' ' || character == u'"' || character == u'\''; };
+    return value.isEmpty()
+        || (value.size() <= few && !isOdd(value.front()) && !isOdd(value.back())
+            && std::ranges::all_of(value, isPrintable));
+}
+
 /// Searches the values of the "[Inverter]" section.
 class MachineCheck
 {
@@ -213,6 +225,9 @@ void MachineCheck::checkValue(const QString &key, const QString &value)
 
 bool MachineCheck::comesBack(const QString &key, const QString &value) const
 {
+    if (isOrdinary(value)) {
+        return true;
+    }
     const QString section = u"Inverter"_s;
     AnsiBuffer written(m_page);
     written.putText(u"[%1]\r\n%2="_s.arg(section, key));

@@ -5,10 +5,13 @@
 
 #include <QDeadlineTimer>
 #include <QMutex>
-#include <QThreadPool>
+#include <QThread>
 #include <QWaitCondition>
 
 #include <algorithm>
+#include <atomic>
+#include <thread>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -24,37 +27,62 @@ FileResult resultOf(const QString &name, const FileWork &work)
     return work(input);
 }
 
-/// The results of files that are worked on by several threads.
-class Results
+/// Files that are worked on by several threads, each taking the next one as soon as it is free.
+class SharedWork
 {
 public:
-    explicit Results(qsizetype count) : m_results(std::size_t(count)) { }
+    SharedWork(const QStringList &names, const FileWork &work)
+        : m_names(names), m_work(work), m_results(std::size_t(names.size()))
+    {
+    }
 
-    void put(std::size_t index, FileResult result)
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_results[index] = std::move(result);
-        ++m_done;
-        m_changed.wakeAll();
-    }
-    FileResult take(std::size_t index, Progress &progress)
-    {
-        constexpr unsigned long step = 100; // milliseconds between two looks at the progress
-        const QMutexLocker lock(&m_mutex);
-        while (!m_results[index]) {
-            m_changed.wait(
-                &m_mutex, progress.isShown() ? QDeadlineTimer(step) : QDeadlineTimer(QDeadlineTimer::Forever));
-            progress.update(m_done);
-        }
-        return std::move(*m_results[index]);
-    }
+    /// Works on the next file. False if none is left.
+    bool doNext();
+    /// What working on a file came to, if that is done.
+    std::optional<FileResult> takeIfDone(qsizetype index);
+    /// Waits for it, as long as other threads work on it.
+    FileResult take(qsizetype index, Progress &progress);
 
 private:
+    const QStringList &m_names;
+    const FileWork &m_work;
+    std::atomic<qsizetype> m_next = 0;
+    qsizetype m_done = 0;
     QMutex m_mutex;
     QWaitCondition m_changed;
     std::vector<std::optional<FileResult>> m_results;
-    qsizetype m_done = 0;
 };
+
+bool SharedWork::doNext()
+{
+    const qsizetype index = m_next++;
+    if (index >= m_names.size()) {
+        return false;
+    }
+    FileResult result = resultOf(m_names[index], m_work);
+    const QMutexLocker lock(&m_mutex);
+    m_results[std::size_t(index)] = std::move(result);
+    ++m_done;
+    m_changed.wakeAll();
+    return true;
+}
+
+std::optional<FileResult> SharedWork::takeIfDone(qsizetype index)
+{
+    const QMutexLocker lock(&m_mutex);
+    return std::exchange(m_results[std::size_t(index)], std::nullopt);
+}
+
+FileResult SharedWork::take(qsizetype index, Progress &progress)
+{
+    constexpr unsigned long step = 100; // milliseconds between two looks at the progress
+    const QMutexLocker lock(&m_mutex);
+    while (!m_results[std::size_t(index)]) {
+        m_changed.wait(&m_mutex, progress.isShown() ? QDeadlineTimer(step) : QDeadlineTimer(QDeadlineTimer::Forever));
+        progress.update(m_done);
+    }
+    return std::move(*m_results[std::size_t(index)]);
+}
 
 /// Writes what came of one file. Returns whether there was output.
 bool write(const FileResult &result, Session &session, QByteArrayView separator, Progress &progress)
@@ -84,19 +112,29 @@ bool write(const FileResult &result, Session &session, QByteArrayView separator,
 int workOnFiles(const QStringList &names, const FileWork &work, Session &session, QByteArrayView separator)
 {
     Progress progress(session, names.size());
-    Results results(names.size());
-    QThreadPool pool;
-    if (names.size() > 1) {
-        for (qsizetype i = 0; i < names.size(); ++i) {
-            pool.start([&results, &names, &work, i] { results.put(std::size_t(i), resultOf(names[i], work)); });
-        }
+    SharedWork shared(names, work);
+    // This thread writes the results in turn. It works itself while it has nothing to write, unless it has to show
+    // how far the work is.
+    const bool isWorker = !progress.isShown();
+    const qsizetype threads = std::min<qsizetype>(names.size(), QThread::idealThreadCount());
+    std::vector<std::jthread> others;
+    while (qsizetype(others.size()) < threads - (isWorker ? 1 : 0)) {
+        others.emplace_back([&shared] {
+            while (shared.doNext()) { }
+        });
     }
     int status = Fine;
     bool isFirst = true;
     for (qsizetype i = 0; i < names.size(); ++i) {
-        const FileResult result = names.size() > 1 ? results.take(std::size_t(i), progress) : resultOf(names[i], work);
-        isFirst = !write(result, session, isFirst ? QByteArrayView() : separator, progress) && isFirst;
-        status = std::max(status, result.status);
+        std::optional<FileResult> result = shared.takeIfDone(i);
+        while (!result && isWorker && shared.doNext()) {
+            result = shared.takeIfDone(i);
+        }
+        if (!result) {
+            result = shared.take(i, progress);
+        }
+        isFirst = !write(*result, session, isFirst ? QByteArrayView() : separator, progress) && isFirst;
+        status = std::max(status, result->status);
     }
     return status;
 }
