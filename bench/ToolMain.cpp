@@ -16,6 +16,7 @@
 #include <QStandardPaths>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -96,7 +97,7 @@ void writeSound(int rows, quint32 seed, const QString &fileName)
         PrRecord &record = document.rows[row];
         record.number = QString::number(row + 1);
         record.helpId = record.number;
-        record.name.truncate(maxPrintedName);
+        record.name = record.name.first(std::min(record.name.size(), maxPrintedName)).trimmed();
         record.functionCode = u"1"_s;
         record.factorySetting = record.ranges.isEmpty() ? u"0"_s : SingleToText(record.ranges.first().lower);
         record.rangeCheck = record.ranges.isEmpty() ? u"0"_s : u"1"_s;

@@ -89,9 +89,10 @@ void FileRows::add(const Decoded &row)
     m_helpIds.enter(row.record.helpId, row.row);
     m_rows.push_back({.bytes = row.bytes,
         .name = {},
-        .number = -1,
+        .number = smallNumber(row.record.number),
         .helpId = -1,
         .intervalsEnd = m_intervals.size(),
+        .decoded = int(m_decoded.size()),
         .isOdd = true});
 }
 
@@ -105,6 +106,7 @@ void FileRows::add(const PlainRow &row)
         .number = smallNumber(row.text(numberField)),
         .helpId = helpId.isEmpty() ? 0 : smallNumber(helpId),
         .intervalsEnd = 0,
+        .decoded = -1,
         .isOdd = false});
     if (added.number >= 0) {
         m_numbers.enter(added.number, at);
@@ -238,6 +240,9 @@ std::span<const SettingInterval> FileRows::intervalsOf(int row) const
 
 PrRecord FileRows::recordOf(int row) const
 {
+    if (const int decoded = m_rows[std::size_t(row)].decoded; decoded >= 0) {
+        return m_decoded[std::size_t(decoded)].record;
+    }
     FieldReader in(m_rows[std::size_t(row)].bytes, m_page, FieldReader::Storage::Separate);
     PrRecord record;
     readRecord(in, record);

@@ -39,9 +39,10 @@ private:
     {
         QByteArrayView bytes;
         QByteArrayView name; ///< of a plain row; else null
-        int number; ///< -1: no small number, or the row is not plain
-        int helpId; ///< likewise; 0 for none
+        int number; ///< -1: no small number
+        int helpId; ///< likewise, or the row is not plain; 0 for none
         std::size_t intervalsEnd; ///< in m_intervals, where the next row's begin
+        int decoded; ///< in m_decoded; -1: the row is plain
         bool isOdd; ///< only checkContent() can tell whether something is wrong
     };
     /// A condition on a parameter's number.
