@@ -37,9 +37,13 @@ int stepDecimals(const PlainRow &row)
     return most;
 }
 
-/// Whether one of the conditions says the opposite of another, or seems to.
+/// Whether one of the conditions says the opposite of another, or seems to. Of very many that is not found out here.
 bool hasOpposites(const std::vector<PlainRow::Condition> &conditions)
 {
+    constexpr std::size_t mostCompared = 16;
+    if (conditions.size() > mostCompared) {
+        return true;
+    }
     for (auto one = conditions.begin(); one != conditions.end(); ++one) {
         const bool isThere = std::any_of(conditions.begin(), one, [one](const PlainRow::Condition &other) {
             return one->kind != other.kind && one->value1 == other.value1 && one->subject == other.subject;

@@ -60,7 +60,11 @@ public:
     RawRow next();
 
 private:
-    QByteArrayView field(qsizetype index) const { return trimmed(m_fields.at(index).bytes); }
+    /// Empty if the row has ended before: what was written of a text with a comma is read as other fields.
+    QByteArrayView field(qsizetype index) const
+    {
+        return index < m_fields.size() ? trimmed(m_fields[index].bytes) : QByteArrayView();
+    }
     QByteArray joined(qsizetype begin, qsizetype end) const;
 
     FieldReader m_in;

@@ -1,5 +1,6 @@
 // Any bytes as a parameter file: opened, shown as cell texts, saved, and opened again.
 
+#include "check/FileCheck.h"
 #include "document/DocumentTables.h"
 #include "document/FieldText.h"
 #include "document/PrCondText.h"
@@ -152,6 +153,9 @@ void roundTrip(const QByteArray &bytes)
     if (!open(bytes) || MachineInfos[docNo].Paramater > maxRows) {
         return;
     }
+    const QString name = u"opened.inv"_s;
+    require(checkFile(bytes, documentPage(), name) == checkDecodedFile(bytes, documentPage(), name),
+        "a check finds the same by rows as by the whole file");
     const QByteArray saved = save();
     if (saved.isEmpty() || !allComesBack() || &pageOfBytes(saved, ansiCodePage()) != &documentPage()) {
         return;

@@ -59,6 +59,16 @@ TEST(PlainFile, isCheckedLikeAnyOtherWithOddTexts)
     }
 }
 
+/// Written without its quotes the name becomes two fields, and the row ends in the middle of a range.
+TEST(PlainFile, isCheckedWithARowThatASaveBreaksInTwo)
+{
+    const AnsiCodePage &page = AnsiCodePage::page(1252);
+    const QByteArray bytes = PlainRows::fileOf({"0,1,0,\"Jog, slow\",Hz,1,-1,-1,0,0,1,0,"});
+    const Findings findings = checkFile(bytes, page, u"xt.inv"_s);
+    EXPECT_TRUE(idsOf(findings).contains(CheckId::CommaInText));
+    EXPECT_TRUE(findings == checkDecodedFile(bytes, page, u"xt.inv"_s));
+}
+
 /// A number's text is plain only if that is how a single is written: of each length, next to each power of two.
 TEST(PlainFile, hasBoundsThatComeBack)
 {

@@ -12,6 +12,10 @@ QByteArray PlainRows::ranges(int count)
 {
     QByteArray fields;
     for (int i = 0; i < count; ++i) {
+        if (number(3) == 0) { // which conditions may name as a whole
+            fields += ",1,5";
+            continue;
+        }
         const int lower = number(20);
         fields += ',' + QByteArray::number(lower) + ','
             + oneOf({QByteArray::number(lower + 1 + number(30)), QByteArray::number(lower + 10) + ".5", "0", "-1"});
@@ -23,8 +27,8 @@ QByteArray PlainRows::conditions(int count)
 {
     QByteArray fields;
     for (int i = 0; i < count; ++i) {
-        const QByteArray low = QByteArray::number(number(4));
-        const QByteArray high = QByteArray::number(4 + number(5));
+        const QByteArray low = QByteArray::number(number(2));
+        const QByteArray high = QByteArray::number(4 + number(3));
         const QByteArray subject = oneOf({"MODE", "OP", QByteArray::number(1 + number(12)), "007"});
         const bool hasRange = subject != "MODE" && subject != "OP" && number(1) == 0;
         fields += ',' + subject + ',' + QByteArray::number(number(1) + (hasRange ? 2 : 0)) + ','
@@ -38,7 +42,9 @@ QByteArray PlainRows::row(int index)
     const int conditionCount = std::max(0, number(5) - 3);
     const int rangeCount = number(9) == 0 ? 2 : number(4) == 0 ? 0 : 1;
     const QByteArray number1 = QByteArray::number(number(15) == 0 ? number(12) : index + 1);
-    const QByteArray name = oneOf({"Jog", "Torque boost", "\x83\x41\x83\x43", "Terminal RL function selection", ""});
+    const QByteArray commonName =
+        oneOf({"Jog", "Torque boost", "\x83\x41\x83\x43", "Terminal RL function selection", ""});
+    const QByteArray name = number(60) == 0 ? oneOf({"\"Jog, slow\"", "\"Jog\r\nslow\""}) : commonName;
     return QByteArray::number(conditionCount) + ',' + (number(20) == 0 ? oneOf({"A1", "007", "123456"}) : number1) + ','
         + oneOf({"0", "0", "", QByteArray::number(index + 1), QByteArray::number(number(5)), "x"}) + ',' + name + ','
         + oneOf({"", "Hz", "\xB0"}) + ',' + oneOf({"1", "0.1", "0.01"}) + ',' + oneOf({"-1", "0.001"}) + ",-1,"
