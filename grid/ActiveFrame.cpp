@@ -7,6 +7,19 @@
 
 #include <utility>
 
+namespace {
+
+/// The outermost pixels of a rectangle. A fill takes a direct road in the painter, an outline is stroked.
+void paintFrame(QPainter &painter, const QRect &rect, const QColor &colour)
+{
+    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), colour);
+    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), colour);
+    painter.fillRect(QRect(rect.left(), rect.top(), 1, rect.height()), colour);
+    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), colour);
+}
+
+} // namespace
+
 void ActiveFrame::paint(QPainter &painter)
 {
     const bool isAroundView = shouldBeAroundView();
@@ -14,8 +27,7 @@ void ActiveFrame::paint(QPainter &painter)
         m_view.viewport()->update(edges()); // the part being painted now may be another one
     }
     if (isAroundView) {
-        painter.setPen(m_view.palette().color(QPalette::Highlight));
-        painter.drawRect(m_view.viewport()->rect().adjusted(0, 0, -1, -1));
+        paintFrame(painter, m_view.viewport()->rect(), m_view.palette().color(QPalette::Highlight));
     } else if (isCellVisible()) {
         paintAroundCell(painter);
     }
@@ -23,12 +35,12 @@ void ActiveFrame::paint(QPainter &painter)
 
 void ActiveFrame::paintAroundCell(QPainter &painter) const
 {
-    const QRect cell = m_view.visualRect(m_view.currentIndex()).adjusted(0, 0, -2, -2);
+    const QRect cell = m_view.visualRect(m_view.currentIndex()).adjusted(0, 0, -1, -1);
+    const QColor colour = m_view.palette().color(m_view.hasFocus() ? QPalette::Highlight : QPalette::Mid);
     painter.setClipRect(visibleArea());
-    painter.setPen(m_view.palette().color(m_view.hasFocus() ? QPalette::Highlight : QPalette::Mid));
-    painter.drawRect(cell);
+    paintFrame(painter, cell, colour);
     if (m_view.hasFocus()) {
-        painter.drawRect(cell.adjusted(1, 1, -1, -1));
+        paintFrame(painter, cell.adjusted(1, 1, -1, -1), colour);
     }
 }
 

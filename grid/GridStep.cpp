@@ -4,6 +4,8 @@
 #include "grid/cells/SpreadModel.h"
 #include "grid/cells/TextChange.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -135,18 +137,22 @@ int GridStep::formerRowCount(const SpreadModel &model) const
     return model.rowCount();
 }
 
-// Most commands move rows by as many places as they add or drop; only other rows have to be searched for.
-QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &model) const
+// Most commands move rows by as many places as they add or drop, and what a command puts in and replaces again is the
+// step's alone; only other rows have to be searched for.
+qsizetype GridStep::memoryOutsideGrid(const SpreadModel &model) const
 {
     const auto grid = model.rows(1, model.rowCount());
     const int moved = model.rowCount() - formerRowCount(model);
+    qsizetype own = 0;
     QHash<const void *, qsizetype> memory;
     for (const Change &change : m_changes) {
         if (const auto *rows = std::get_if<Rows>(&change)) {
             int position = rows->firstRow + moved;
             for (const CellRow &row : rows->texts) {
                 const bool isThere = position >= 1 && position <= model.rowCount();
-                if (!isThere || !grid[size_t(position - 1)].sharesMemoryWith(row)) {
+                if (!row.isShared()) {
+                    own += row.memorySize();
+                } else if (!isThere || !grid[size_t(position - 1)].sharesMemoryWith(row)) {
                     memory.insert(row.memory(), row.memorySize());
                 }
                 ++position;
@@ -156,7 +162,7 @@ QHash<const void *, qsizetype> GridStep::memoryOutsideGrid(const SpreadModel &mo
     for (auto row = grid.begin(); row != grid.end() && !memory.isEmpty(); ++row) {
         memory.remove(row->memory());
     }
-    return memory;
+    return std::accumulate(memory.begin(), memory.end(), own);
 }
 
 // Rows that were only moved are still in the grid: their texts cost nothing.
@@ -172,8 +178,7 @@ qsizetype GridStep::size(const SpreadModel &model) const
             bytes += heights->pixels.capacity() * sizeof(int);
         }
     }
-    const auto texts = memoryOutsideGrid(model);
-    return std::accumulate(texts.begin(), texts.end(), qsizetype(bytes));
+    return qsizetype(bytes) + memoryOutsideGrid(model);
 }
 
 void GridStep::undo(SpreadModel &model, SpreadView &view)

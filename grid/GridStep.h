@@ -3,8 +3,6 @@
 #include "grid/cells/CellRow.h"
 #include "grid/cells/GridBlock.h"
 
-#include <QHash>
-
 #include <optional>
 #include <variant>
 #include <vector>
@@ -60,7 +58,7 @@ private:
     struct Exchange;
 
     int formerRowCount(const SpreadModel &model) const;
-    QHash<const void *, qsizetype> memoryOutsideGrid(const SpreadModel &model) const;
+    qsizetype memoryOutsideGrid(const SpreadModel &model) const;
 
     std::vector<Change> m_changes;
 };

@@ -410,19 +410,19 @@ void SpreadView::paintColumn(QPainter &painter, QStyleOptionViewItem &option, in
     const int width = columnWidth(column);
     const auto styleColour = QColor::fromRgba(QRgb(style()->styleHint(QStyle::SH_Table_GridLineColor, &option, this)));
     const QColor lines = lineOn(palette().color(QPalette::Base), styleColour);
-    int top = 0;
-    for (int row = rowAt(part.top()); row >= 0 && row < rowCount(); ++row) {
-        top = rowViewportPosition(row);
+    const int first = rowAt(part.top());
+    const int firstTop = first < 0 ? 0 : rowViewportPosition(first);
+    int bottom = firstTop;
+    for (int row = first; row >= 0 && row < rowCount() && bottom <= part.bottom(); ++row) {
+        const int top = bottom;
         const int height = rowHeight(row);
+        bottom += height;
         option.rect = QRect(left, top, width - 1, height - 1);
         option.state.setFlag(QStyle::State_Selected, m_selection->contains(column + 1, row + 1));
         m_delegate->paint(&painter, option, model()->index(row, column));
-        painter.fillRect(left, top + height - 1, width, 1, lines);
-        painter.fillRect(left + width - 1, top, 1, height, lines);
-        if (top + height > part.bottom()) {
-            break;
-        }
+        painter.fillRect(left, bottom - 1, width, 1, lines);
     }
+    painter.fillRect(left + width - 1, firstTop, 1, bottom - firstTop, lines);
 }
 
 // Focus

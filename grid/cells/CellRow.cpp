@@ -57,6 +57,11 @@ CellRow::~CellRow()
     }
 }
 
+bool CellRow::isShared() const
+{
+    return m_buffer && m_buffer->references > 1;
+}
+
 qsizetype CellRow::memorySize() const
 {
     const size_t unitBytes = size_t(allTexts().size()) * sizeof(char16_t);

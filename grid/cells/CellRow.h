@@ -26,6 +26,8 @@ public:
     QStringView allTexts() const;
 
     bool sharesMemoryWith(const CellRow &other) const { return m_buffer == other.m_buffer; }
+    /// Whether another row has the same memory.
+    bool isShared() const;
     /// The address of the row's memory, to tell one from another; nullptr if all cells are empty.
     const void *memory() const { return m_buffer; }
     /// The bytes of that memory, whether it is shared or not.

@@ -1,5 +1,6 @@
 #include "grid/cells/CellText.h"
 
+#include "grid/cells/FitGuess.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -61,6 +62,35 @@ TEST(CellTextLines, areShownAsFarAsTheyFit)
     EXPECT_EQ(shown(u"one\rtwo\nthree"_s, u"wide enough"_s, 2), u"one\ntwo\u2026"_s);
     EXPECT_EQ(shown(u"one\n\nthree"_s, u"wide enough"_s, 3), u"one\n\nthree"_s);
     EXPECT_EQ(shown(u"a long line\n12"_s, u"a lon\u2026"_s, 2), u"a lon\u2026\n12"_s);
+}
+
+// In no font, size or width may a text be taken to fit that would be cut; most that fit easily are seen to.
+TEST(FitGuess, isRightAboutWhatFits)
+{
+    const QStringList texts{u"1"_s, u"1000"_s, u"0-3600"_s, u"No"_s, u"Acceleration time"_s, u"WAVAToTyP,Y."_s,
+        u"iiiiillll"_s, u"ffi fl ffl"_s, u"MMMMMMWWWW"_s, u"r.v,w-y"_s};
+    FitGuess guess;
+    int guessed = 0;
+    int fitting = 0;
+    for (const QString &family : {u"DejaVu Sans"_s, u"DejaVu Sans Mono"_s, u"DejaVu Serif"_s}) {
+        for (const int pixels : {9, 13, 16, 31}) {
+            QFont font(family);
+            font.setPixelSize(pixels);
+            const QFontMetrics metrics(font);
+            for (int width = 1; width < 400; width += 3) {
+                for (const QString &text : texts) {
+                    const bool fits = shownCellText(text, metrics, {width, 100}) == text;
+                    const bool isGuessed = guess.surelyFits(text, metrics, width);
+                    ASSERT_TRUE(fits || !isGuessed) << text.toStdString() << ' ' << pixels << ' ' << width;
+                    guessed += isGuessed ? 1 : 0;
+                    fitting += fits ? 1 : 0;
+                }
+            }
+        }
+    }
+    EXPECT_GT(guessed, fitting * 8 / 10);
+    EXPECT_FALSE(guess.surelyFits(u"\u8868", QFontMetrics(cellFont()), 1000));
+    EXPECT_FALSE(guess.surelyFits(u"a\nb", QFontMetrics(cellFont()), 1000));
 }
 
 // Only as much as could be seen is looked at, so that painting does not depend on the text's length.
