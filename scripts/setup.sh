@@ -20,9 +20,9 @@ check=(
     clang clang-format clang-tidy libclang-rt-14-dev
     # make packages, and check them
     dpkg-dev file patchelf librsvg2-bin
-    lintian gdb desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin
+    lintian gdb debootstrap desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin
 )
-windows=(g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine nsis zip)
+windows=(librsvg2-bin g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine nsis zip)
 
 case $purpose in
 run)
