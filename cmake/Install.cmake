@@ -10,8 +10,10 @@ else()
     set(TABRIX_PROGRAM_DIR ${CMAKE_INSTALL_LIBDIR}/tabrix)
 endif()
 
-install(TARGETS tabrix tabrix-tool tabrix-print tabrix_xlsx
-        RUNTIME DESTINATION ${TABRIX_PROGRAM_DIR} LIBRARY DESTINATION ${TABRIX_PROGRAM_DIR})
+install(TARGETS tabrix tabrix-tool tabrix-print RUNTIME DESTINATION ${TABRIX_PROGRAM_DIR})
+if(TARGET tabrix_xlsx)
+    install(TARGETS tabrix_xlsx LIBRARY DESTINATION ${TABRIX_PROGRAM_DIR})
+endif()
 install(FILES ${CMAKE_BINARY_DIR}/TABRIX.HLP ${CMAKE_BINARY_DIR}/TABRIXE.HLP DESTINATION ${TABRIX_PROGRAM_DIR})
 install(DIRECTORY examples/ DESTINATION ${TABRIX_DOC_DIR}/examples)
 

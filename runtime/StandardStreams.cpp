@@ -9,7 +9,18 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <io.h>
+#else
+#include <QString>
+
+#include <fcntl.h>
+#include <unistd.h>
 #endif
+
+namespace {
+
+constexpr int errorStream = 2;
+
+} // namespace
 
 #ifdef Q_OS_WIN
 
@@ -24,11 +35,48 @@ void prepareStandardStreams()
     }
 }
 
+bool isTerminal(int /*descriptor*/)
+{
+    return false; // consoles before Windows 10 show the codes as text
+}
+
+QuietErrors::QuietErrors() : m_errors(_dup(errorStream))
+{
+    const int nowhere = _open("NUL", _O_WRONLY);
+    _dup2(nowhere, errorStream);
+    _close(nowhere);
+}
+
+QuietErrors::~QuietErrors()
+{
+    _dup2(m_errors, errorStream);
+    _close(m_errors);
+}
+
 #else
 
 void prepareStandardStreams()
 {
     std::signal(SIGPIPE, SIG_IGN);
+}
+
+bool isTerminal(int descriptor)
+{
+    const QString kind = qEnvironmentVariable("TERM");
+    return ::isatty(descriptor) != 0 && !kind.isEmpty() && kind != QLatin1StringView("dumb");
+}
+
+QuietErrors::QuietErrors() : m_errors(::dup(errorStream))
+{
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    ::dup2(nowhere, errorStream);
+    ::close(nowhere);
+}
+
+QuietErrors::~QuietErrors()
+{
+    ::dup2(m_errors, errorStream);
+    ::close(m_errors);
 }
 
 #endif

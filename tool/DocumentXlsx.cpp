@@ -4,6 +4,7 @@
 #include "app/services/Language.h"
 #include "document/ParameterColumn.h"
 #include "document/RecordTexts.h"
+#include "runtime/StandardStreams.h"
 #include "tool/SheetFields.h"
 #include "tool/TextWidth.h"
 #include "tool/ToolTexts.h"
@@ -150,7 +151,11 @@ XlsxBytes documentAsXlsx(const Document &document)
     }
     QFile file(folder.filePath(u"workbook.xlsx"_s));
     QString failure;
-    write(workbookOf(document), QFile::encodeName(file.fileName()), QFile::encodeName(folder.path()), failure);
+    {
+        // The library reports its failures there too, and names files that users know nothing of.
+        const QuietErrors quiet;
+        write(workbookOf(document), QFile::encodeName(file.fileName()), QFile::encodeName(folder.path()), failure);
+    }
     if (!failure.isEmpty()) {
         return {{}, failure};
     }

@@ -1,22 +1,10 @@
 #include "tool/Terminal.h"
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
+#include "runtime/StandardStreams.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool isTerminal([[maybe_unused]] int descriptor)
-{
-#ifdef Q_OS_UNIX
-    const QString kind = qEnvironmentVariable("TERM");
-    return ::isatty(descriptor) != 0 && !kind.isEmpty() && kind != "dumb"_L1;
-#else
-    return false;
-#endif
-}
 
 QLatin1StringView codeOf(TextStyle style)
 {

@@ -1,5 +1,6 @@
 // tabrix-print: does what "tabrix-tool print" is asked for. It needs no display.
 
+#include "desktop/DisplaylessProgram.h"
 #include "runtime/CommandLine.h"
 #include "runtime/StandardStreams.h"
 #include "tool/Program.h"
@@ -20,7 +21,7 @@ void dropRemark(QtMsgType, const QMessageLogContext &, const QString &)
 
 int main(int argc, char **argv)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // whatever the desktop is, if there is one
+    needNoDisplay();
     qInstallMessageHandler(dropRemark);
     prepareStandardStreams();
     const QStringList arguments = commandLineArguments(argc, argv);

@@ -3,10 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <xlsxwriter.h>
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 using namespace Qt::StringLiterals;
 
@@ -32,30 +28,6 @@ QByteArray cellText(const QString &text)
     }
     return escaped.toUtf8();
 }
-
-/// While one is there, nothing is written to standard error: the library reports its failures there too, and names
-/// files that users know nothing of.
-class QuietErrors
-{
-public:
-#ifdef Q_OS_UNIX
-    QuietErrors() : m_errors(::dup(STDERR_FILENO))
-    {
-        const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
-        ::dup2(nowhere, STDERR_FILENO);
-        ::close(nowhere);
-    }
-    ~QuietErrors()
-    {
-        ::dup2(m_errors, STDERR_FILENO);
-        ::close(m_errors);
-    }
-    Q_DISABLE_COPY_MOVE(QuietErrors)
-
-private:
-    int m_errors;
-#endif
-};
 
 /// Fills one sheet; the first error is kept.
 class SheetWriter
@@ -129,7 +101,6 @@ void SheetWriter::layOut()
 /// Fills the workbook and closes it, which frees it in any case.
 QString written(lxw_workbook &target, const Workbook &workbook)
 {
-    [[maybe_unused]] const QuietErrors quiet;
     lxw_doc_properties properties{};
     properties.created = time_t(workbook.created);
     lxw_error error = workbook_set_properties(&target, &properties);
