@@ -88,6 +88,15 @@ QString fileNameFromUrl(const QUrl &url)
 #endif
 }
 
+QString fileNameKey(const QString &fullName)
+{
+#ifdef Q_OS_WIN
+    return fullName.toLower();
+#else
+    return fullName;
+#endif
+}
+
 QString shownFileName(const QString &name)
 {
     QString shown;

@@ -24,5 +24,9 @@ QString fileNameFromQt(const QString &name);
 /// UTF-8.
 QString fileNameFromUrl(const QUrl &url);
 
+/// What tells files apart by their full names. On Windows, which takes no notice of case, it is in small letters:
+/// it is compared and remembered, and neither opened nor shown.
+QString fileNameKey(const QString &fullName);
+
 /// The name as a user is shown it: U+FFFD for each byte that is not part of a character.
 QString shownFileName(const QString &name);

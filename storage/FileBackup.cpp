@@ -23,7 +23,8 @@ QString properName(const QString &fileName)
 {
     const QFileInfo info(fileName);
     const QString proper = info.canonicalFilePath();
-    return proper.isEmpty() ? info.absoluteFilePath() : proper; // Qt does not find a file whose name is not UTF-8
+    return fileNameKey(
+        proper.isEmpty() ? info.absoluteFilePath() : proper); // Qt does not find a file whose name is not UTF-8
 }
 
 /// The sum of what saves of this run have left half-done in files, by their proper names.
@@ -54,8 +55,8 @@ QString backupFolder(const QString &fileName)
     constexpr int readableLength = 60;
     constexpr int hashLength = 16;
     const QFileInfo info(fileName);
-    const QByteArray hash =
-        QCryptographicHash::hash(info.absoluteFilePath().toUtf8(), QCryptographicHash::Sha256).toHex().left(hashLength);
+    const QByteArray path = fileNameKey(info.absoluteFilePath()).toUtf8();
+    const QByteArray hash = QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(hashLength);
     const QString name = shownFileName(info.fileName()).left(readableLength);
     return backupRoot() + u'/' + name + u'-' + QString::fromLatin1(hash);
 }

@@ -1,5 +1,6 @@
 #include "storage/KnownFile.h"
 
+#include "runtime/FileName.h"
 #include "runtime/WholeFile.h"
 
 #include <QByteArray>
@@ -20,7 +21,7 @@ QString pathOf(const QString &fileName)
 {
     const QFileInfo info(fileName);
     const QString canonical = info.canonicalFilePath();
-    return canonical.isEmpty() ? info.absoluteFilePath() : canonical;
+    return fileNameKey(canonical.isEmpty() ? info.absoluteFilePath() : canonical);
 }
 
 size_t contentHash(QByteArrayView bytes)

@@ -1,6 +1,7 @@
 #include "storage/SaveLock.h"
 
 #include "runtime/DataFolder.h"
+#include "runtime/FileName.h"
 #include "runtime/OwnFiles.h"
 
 #include <QCryptographicHash>
@@ -28,7 +29,7 @@ QString lockPath(const QString &fileName)
     if (path.isEmpty()) {
         path = info.dir().canonicalPath() + u'/' + info.fileName();
     }
-    const QByteArray hash = QCryptographicHash::hash(path.toUtf8(), QCryptographicHash::Sha256).toHex();
+    const QByteArray hash = QCryptographicHash::hash(fileNameKey(path).toUtf8(), QCryptographicHash::Sha256).toHex();
     return lockFolder() + u'/' + QString::fromLatin1(hash.left(hashLength)) + u".lock"_s;
 }
 
