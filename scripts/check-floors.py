@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the floors: a file includes what is on its own floor or below, in no loop, and no library a window above it."""
+"""Checks the floors: a file includes what is on its own floor or below, in no loop, and no library a window above it;
+what differs between systems is in the folders that stand in for them."""
 
 import re
 import subprocess
@@ -40,6 +41,10 @@ MODULES_OF_LIBRARY = {"tabrix_core": ("QtCore",), "tabrix_tool_parts": ("QtCore"
                       "tabrix_cells": ("QtCore", "QtGui")}
 # The units of document/ that may know the global tables; whatever is below this rim works on values.
 RIM = ("DocumentTables", "CollectPrRecords", "PrFileReader", "PrFileWriter", "TableTexts")
+# Where code may be for one system only
+STANDS_IN = ("runtime/", "desktop/", "tests/support/")
+PLATFORM = re.compile(r"^\s*#\s*(?:if|elif|ifdef|ifndef)\b.*\b(Q_OS_\w+|_WIN32|_WIN64|WIN32|__linux__|__unix__|__APPLE__)",
+                      re.MULTILINE)
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 SOURCES = re.compile(r"target_sources\((\w+) PRIVATE([^)]*)\)")
 
@@ -98,6 +103,14 @@ def include_faults(name, text, library, headers):
                 yield f"{name}: {library} may not use <{system}>"
 
 
+def platform_faults():
+    listed = subprocess.run(["git", "ls-files", "*.h", "*.cpp"], cwd=ROOT, capture_output=True, text=True,
+                            check=True).stdout.split()
+    for name in (name for name in listed if not name.startswith(STANDS_IN)):
+        for platform in PLATFORM.findall((ROOT / name).read_text(encoding="utf-8")):
+            yield f"{name}: asks for {platform}, which only {', '.join(STANDS_IN)} may"
+
+
 def find_loop(graph):
     """The units of one include loop, or nothing."""
     closed = set()
@@ -126,6 +139,7 @@ def main():
     faults = [fault for name, text in sources.items()
               for fault in include_faults(name, text, libraries.get(name), headers)]
     faults += [f"{name}: in no CMakeLists.txt" for name in sources if name not in libraries and Path(name).stem != "main"]
+    faults += platform_faults()
     graph = {}
     for name, text in sources.items():
         targets = {unit(own) for own, _ in INCLUDE.findall(text) if own} - {unit(name)}

@@ -5,6 +5,7 @@
 #include "runtime/Country.h"
 #include "storage/RecoveryStore.h"
 #include "tests/support/FrameTest.h"
+#include "tests/support/ThisSystem.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,8 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QTest>
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -132,7 +135,7 @@ protected:
     static void failToSave(ModalScript &script)
     {
         script.then([](QWidget &window) {
-            EXPECT_EQ(dynamic_cast<QMessageBox &>(window).text(), u"Is a directory"_s);
+            EXPECT_EQ(dynamic_cast<QMessageBox &>(window).text(), ThisSystem::words(EISDIR));
             QTest::keyClick(&window, Qt::Key_Return);
         });
     }

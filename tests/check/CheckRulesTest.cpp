@@ -2,8 +2,8 @@
 
 #include "app/services/Language.h"
 #include "app/services/Messages.h"
-#include "runtime/FileName.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/ThisSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -11,10 +11,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#ifdef Q_OS_UNIX
-#include <sys/stat.h>
-#include <unistd.h>
-#endif
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -137,22 +134,7 @@ TEST_F(ACheckRules, areRefusedWithWhatIsWrongInThem)
     QFile::remove(m_folder.filePath(u"family/tabrix-check.ini"_s));
     EXPECT_EQ(complaint(), QString());
     QDir(m_folder.path()).mkdir(u"family/tabrix-check.ini"_s);
-    EXPECT_EQ(complaint(), u"family/tabrix-check.ini cannot be read: Is a directory"_s);
+    EXPECT_EQ(complaint(), u"family/tabrix-check.ini cannot be read: "_s + ThisSystem::words(EISDIR));
 }
-
-#ifdef Q_OS_UNIX
-TEST_F(ACheckRules, areFoundInFoldersWhoseNamesAreNoText)
-{
-    const QString folder = m_folder.filePath(u"a"_s) + fileNameFromBytes("\xFF");
-    ASSERT_EQ(::mkdir(fileNameBytes(folder).constData(), 0700), 0);
-    put(u"rules"_s, "[number-order]\nseverity=off\nreason=x\n");
-    const QByteArray target = fileNameBytes(folder) + "/tabrix-check.ini";
-    ASSERT_EQ(::rename(m_folder.filePath(u"rules"_s).toLocal8Bit().constData(), target.constData()), 0);
-    const auto found = rulesFor(folder + u"/a.inv"_s);
-    EXPECT_TRUE(found && !found->severityOf(NumberOrder));
-    ::unlink(target.constData());
-    ::rmdir(fileNameBytes(folder).constData());
-}
-#endif
 
 } // namespace

@@ -4,9 +4,11 @@
 #include "tests/document/DocumentFixture.h"
 #include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/ThisSystem.h"
 
 #include <QDir>
 
+#include <cerrno>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -32,14 +34,14 @@ TEST_F(Reading, withoutANameSaysNoFile)
 TEST_F(Reading, ofAMissingFileShowsTheSystemsText)
 {
     EXPECT_FALSE(read(path(u"missing.inv"_s)));
-    EXPECT_EQ(host.messages, QStringList{u"No such file or directory"_s});
+    EXPECT_EQ(host.messages, QStringList{ThisSystem::words(ENOENT)});
     EXPECT_EQ(host.titles, QStringList{path(u"missing.inv"_s)});
 }
 
 TEST_F(Reading, ofAFolderOrADeviceFailsWithTheSystemsText)
 {
     EXPECT_FALSE(read(path(u"."_s)));
-    EXPECT_EQ(host.messages, QStringList{u"Is a directory"_s});
+    EXPECT_EQ(host.messages, QStringList{ThisSystem::words(EISDIR)});
     EXPECT_FALSE(read(u"/dev/zero"_s));
     EXPECT_EQ(host.messages.size(), 2);
 }
@@ -322,6 +324,7 @@ TEST_F(Reading, takesAnExtraLineEndForTheBeginningOfARow)
 
 TEST_F(Reading, ofRowsThatClaimTooMuchTakesNoMemoryForIt)
 {
+    PrRecords = {}; // without the memory of an earlier test
     EXPECT_FALSE(readRows("0,1,2,n,u,1,-1,-1,0,0,0,32767,0,1\r\n", 32767));
     ASSERT_EQ(PrRecords.size(), 1);
     EXPECT_LT(PrRecords.capacity(), 100);

@@ -93,7 +93,7 @@ TEST_F(GridPrintPicture, drawsCheckBoxesInsteadOfTheirNumbers)
     const int empty = countPixels(cellAt(u"h2"_s, u"c1r2"_s), isDark);
     EXPECT_GT(empty, 20);
     EXPECT_GT(ticked, empty + 10);
-    EXPECT_EQ(countPixels(cellAt(u"h2"_s, u"c1r3"_s), isDark), empty);
+    EXPECT_NEAR(countPixels(cellAt(u"h2"_s, u"c1r3"_s), isDark), empty, 5); // a place between two pixels differs
 }
 
 TEST_F(GridPrintPicture, writesACheckBoxsCaptionBesideIt)

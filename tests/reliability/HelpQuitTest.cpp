@@ -1,16 +1,9 @@
-#include "app/MDIfrmTabrix.h"
-#include "app/services/Language.h"
 #include "help/HelpLibrary.h"
-#include "tests/support/Controls.h"
+#include "tests/reliability/HelpSession.h"
 
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
-#include <QDir>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTimer>
 
 #include <functional>
 #include <sys/wait.h>
@@ -25,26 +18,6 @@ constexpr int rounds = 15; // starting the program costs some seconds each time
 #else
 constexpr int rounds = 50;
 #endif
-
-/// A Tabrix that opens its help and is closed so many milliseconds later.
-int openHelpAndQuit(int delay)
-{
-    const QTemporaryDir home;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, home.path());
-    char name[] = "tabrix";
-    char *arguments[] = {name, nullptr};
-    int count = 1;
-    QApplication application(count, arguments);
-    setProgramFolder(QStringLiteral(TABRIX_HELP_FOLDER));
-    MDIfrmTabrix frame;
-    frame.load({});
-    frame.show();
-    QTimer::singleShot(0, &frame, [&] {
-        control<QAction>(frame, u"mneHelpItem"_s).trigger();
-        QTimer::singleShot(delay, &frame, &QWidget::close);
-    });
-    return QApplication::exec();
-}
 
 /// Opens the help file so often and closes it at once.
 int openAndClose(int times)

@@ -1,8 +1,7 @@
 #include "tests/support/PdfText.h"
 
-#include "tests/support/Patience.h"
+#include "tests/support/MachineProgram.h"
 
-#include <QProcess>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -12,17 +11,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QByteArray outputOf(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(patience) || process.exitCode() != 0) {
-        const QByteArray reason = process.readAllStandardError() + process.errorString().toUtf8();
-        throw std::runtime_error((program.toUtf8() + ": " + reason).toStdString());
-    }
-    return process.readAllStandardOutput();
-}
 
 double number(const QXmlStreamReader &xml, const QString &attribute)
 {
@@ -74,7 +62,7 @@ QStringList PdfPage::lines() const
 
 QList<PdfPage> readPdf(const QString &fileName)
 {
-    QXmlStreamReader xml(outputOf(u"pdftotext"_s, {u"-bbox"_s, fileName, u"-"_s}));
+    QXmlStreamReader xml(outputOfMachineProgram(u"pdftotext"_s, {u"-bbox"_s, fileName, u"-"_s}));
     QList<PdfPage> pages;
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement) {
@@ -95,7 +83,7 @@ QImage renderPdfPage(const QString &fileName, int page, int dotsPerInch)
 {
     const QString number = QString::number(page);
     const QString resolution = QString::number(dotsPerInch);
-    const QByteArray picture =
-        outputOf(u"pdftoppm"_s, {u"-png"_s, u"-r"_s, resolution, u"-f"_s, number, u"-l"_s, number, fileName});
+    const QByteArray picture = outputOfMachineProgram(
+        u"pdftoppm"_s, {u"-png"_s, u"-r"_s, resolution, u"-f"_s, number, u"-l"_s, number, fileName});
     return QImage::fromData(picture, "PNG");
 }

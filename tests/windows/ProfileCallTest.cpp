@@ -88,7 +88,7 @@ TEST_F(ProfileCall, findsWhatTheProgramFindsInThousandsOfProfiles)
 {
     useCodePage(1252);
     int found = 0;
-    for (unsigned seed = 1; seed <= 5'000; ++seed) {
+    for (unsigned seed = 1; seed <= 6'000; ++seed) {
         const QByteArray bytes = RandomProfile(seed).bytes();
         // A name of its own each time: Windows remembers the profile that it read last.
         const QString file = put(bytes, u"p%1.inv"_s.arg(seed));

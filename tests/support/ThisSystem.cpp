@@ -1,0 +1,69 @@
+#include "tests/support/ThisSystem.h"
+
+#include "runtime/WindowsApi.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+#ifdef Q_OS_WIN
+
+QString ThisSystem::words(int error)
+{
+    switch (error) {
+    case ENOENT:
+        return qt_error_string(ERROR_FILE_NOT_FOUND);
+    case EACCES:
+    case EISDIR:
+        return qt_error_string(ERROR_ACCESS_DENIED);
+    case ENOTDIR:
+        return qt_error_string(ERROR_DIRECTORY);
+    case ENOSPC:
+        return qt_error_string(ERROR_DISK_FULL);
+    default:
+        throw std::runtime_error("no words for error " + std::to_string(error));
+    }
+}
+
+bool ThisSystem::hasLinks()
+{
+    return false;
+}
+
+bool ThisSystem::hasFolderVariables()
+{
+    return false;
+}
+
+QString ThisSystem::fullDevice()
+{
+    return {};
+}
+
+#else
+
+QString ThisSystem::words(int error)
+{
+    return qt_error_string(error);
+}
+
+bool ThisSystem::hasLinks()
+{
+    return true;
+}
+
+bool ThisSystem::hasFolderVariables()
+{
+    return true;
+}
+
+QString ThisSystem::fullDevice()
+{
+    const QString device = u"/dev/full"_s;
+    return QFile::exists(device) ? device : QString();
+}
+
+#endif

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// What the system that the tests run on says and has.
+namespace ThisSystem {
+
+/// Its text for an error, which is a number of errno.
+QString words(int error);
+/// Whether everybody may make symbolic links.
+bool hasLinks();
+/// Whether environment variables (XDG_...) name the folders of settings and data.
+bool hasFolderVariables();
+/// A device that can be written to and takes nothing, as a full disk; empty if there is none.
+QString fullDevice();
+
+} // namespace ThisSystem
