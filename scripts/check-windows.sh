@@ -1,20 +1,24 @@
 #!/usr/bin/env bash
 # check-windows.sh [BUILD]: installs the set-up in BUILD/packages (default: build-windows) silently under Wine, as a new
-# user, opens the examples from there as a double click does, edits and saves, and removes the program again.
+# English user for himself and as a new Japanese one for all users, opens the examples from there as a double click does,
+# edits and saves, shows the help, prints, and removes the program again.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 [ -n "${TABRIX_CHECK_DISPLAY:-}" ] || exec env TABRIX_CHECK_DISPLAY=1 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$0" "$@"
 
 setup=$(realpath "${1:-build-windows}"/packages/*-setup.exe)
 work=$(mktemp -d)
-export WINEPREFIX=$work/prefix
 # Nothing but what is installed is to be found.
 export TABRIX_WINE_PLAIN=1
 wine() { scripts/wine.sh "$@"; }
 # Only Wine's server of this folder, and what it serves.
-cleanup() { wineserver -k 2>/dev/null || true; rm -rf "$work"; }
+end_wine() { [ -z "${WINEPREFIX:-}" ] || wineserver -k 2>/dev/null || true; }
+cleanup() {
+    end_wine
+    rm -rf "$work"
+}
 trap cleanup EXIT
-fail() { echo "windows: $*" >&2; exit 1; }
+fail() { echo "windows: ${language:-}: $*" >&2; exit 1; }
 # value KEY NAME: a text of the registry; NAME "" is the key's own.
 value() {
     local which=(/v "$2")
@@ -29,32 +33,68 @@ until_true() {
     done
     return 1
 }
+# window NAME: waits for a window whose title holds that, and tells its number.
+window() { timeout 60 xdotool search --sync --onlyvisible --name "$1" | tail -1; }
 
-wine "$setup" /S
-folder=$(value 'HKCU\Software\Tabrix\Set-up' Folder)
-[ -n "$folder" ] || fail "the set-up has installed nothing"
-installed=$WINEPREFIX/dosdevices/c:/${folder#C:\\}
-installed=${installed//\\//}
-[ -e "$installed/tabrix.exe" ] || fail "there is no program in $folder"
-[ "$(value 'HKCU\Software\Classes\.inv' '')" = Tabrix.Parameters ] || fail ".inv does not belong to the program"
-[ "$(value 'HKCU\Software\Classes\.ine' '')" = Tabrix.Parameters ] || fail ".ine does not belong to the program"
+# become_user LANGUAGE: a new user, with folders and settings of his own.
+become_user() {
+    end_wine
+    language=$1
+    export WINEPREFIX=$work/$language
+    if [ "$language" = ja ]; then
+        mkdir -p "$work/locales"
+        localedef -i ja_JP -f UTF-8 "$work/locales/ja_JP.UTF-8"
+        export LOCPATH=$work/locales LC_ALL=ja_JP.UTF-8
+        frame='ﾊﾟﾗﾒｰﾀﾌｧｲﾙ編集'
+        help='Tabrix ヘルプ'
+        hive=HKLM
+        mode=/AllUsers
+    else
+        export LC_ALL=C.UTF-8
+        frame='Parameter File Editer'
+        help='Tabrix Help'
+        hive=HKCU
+        mode=/CurrentUser
+    fi
+    documents=$WINEPREFIX/drive_c/users/documents
+}
 
-documents=$WINEPREFIX/drive_c/users/documents
-mkdir -p "$documents"
-cp examples/*.[iI][nN][vVeE] "$documents"
-cp examples/three-rows.inv "$documents/with space.ine"
-wine "$folder\\tabrix-tool.exe" check --severity error 'C:\users\documents\three-rows.inv' ||
-    fail "the command-line tool does not check a sample"
+install_program() {
+    wine "$setup" "$mode" /S
+    folder=$(value "$hive\\Software\\Tabrix\\Set-up" Folder)
+    [ -n "$folder" ] || fail "the set-up has installed nothing"
+    installed=$WINEPREFIX/dosdevices/c:/${folder#C:\\}
+    installed=${installed//\\//}
+    [ -e "$installed/tabrix.exe" ] || fail "there is no program in $folder"
+    [ "$(value "$hive\\Software\\Classes\\.inv" '')" = Tabrix.Parameters ] || fail ".inv does not belong to the program"
+    [ "$(value "$hive\\Software\\Classes\\.ine" '')" = Tabrix.Parameters ] || fail ".ine does not belong to the program"
+    # What a user has of his own there is the system's as well on Windows; Wine 8 does not do that.
+    [ "$hive" = HKLM ] || wine reg copy 'HKCU\Software\Classes' 'HKLM\Software\Classes' /s /f >/dev/null
+    mkdir -p "$documents"
+    cp examples/*.[iI][nN][vVeE] "$documents"
+    cp examples/three-rows.inv "$documents/with space.ine"
+}
+
+use_tool() {
+    wine "$folder\\tabrix-tool.exe" check --severity error 'C:\users\documents\three-rows.inv' ||
+        fail "the command-line tool does not check a sample"
+    wine "$folder\\tabrix-tool.exe" print -o 'C:\users\documents\printed.pdf' 'C:\users\documents\three-rows.inv' ||
+        fail "the command-line tool does not print a sample"
+    pdftotext "$documents/printed.pdf" - | grep -q 'Buzzer control' || fail "the print-out lacks the parameters"
+    rm "$documents/printed.pdf"
+}
 
 recent() { [ "$(value 'HKCU\Software\Tabrix\Tabrix\Recent Files' RecentFile1)" = "$1" ]; }
 changed() { ! cmp -s "$1" "$2"; }
-for file in "$documents"/*; do
+# edit FILE: opens it as a double click does, changes one name and saves.
+edit() {
+    local file=$1 name main
     name="C:\\users\\documents\\$(basename "$file")"
     cp "$file" "$work/before"
-    wine start "$name" # what a double click does
+    wine start "$name"
     until_true recent "$name" || fail "a double click does not open $name"
-    window=$(xdotool search --sync --onlyvisible --name 'Parameter File Editer' | tail -1)
-    xdotool windowfocus --sync "$window"
+    main=$(window "$frame") || fail "there is no window of the program"
+    xdotool windowfocus --sync "$main"
     xdotool key --delay 100 ctrl+Home Right F2 ctrl+a
     xdotool type --delay 50 Edited
     xdotool key --delay 100 Return ctrl+s
@@ -63,15 +103,40 @@ for file in "$documents"/*; do
     diff --text "$work/before" "$file" >"$work/diff" || true
     { [ "$(grep -ac '^[<>]' "$work/diff")" = 2 ] && grep -aq '^> .*,Edited,' "$work/diff"; } ||
         fail "the edit is not all that has changed in $name: $(head -c 600 "$work/diff")"
+}
+# show_help: from the program that is open.
+show_help() {
+    local shown
+    xdotool key --delay 100 F1
+    shown=$(window "$help") || fail "there is no help"
+    xdotool windowfocus --sync "$shown"
     xdotool key --delay 100 alt+F4
-    sleep 2
-done
+}
+leave_program() {
+    xdotool windowfocus --sync "$(window "$frame")"
+    xdotool key --delay 100 alt+F4
+    timeout 60 wineserver -w || fail "the program does not end" # Wine's own programs end after the last other one
+}
 
-wine "$folder\\uninstall.exe" /CurrentUser /S
-gone() { [ ! -e "$installed" ]; }
-until_true gone || fail "files of the program are left in $folder"
-[ -z "$(value 'HKCU\Software\Classes\.inv' '')" ] || fail ".inv still belongs to the program"
-[ -e "$documents/three-rows.inv" ] || fail "a document is gone"
-[ -n "$(value 'HKCU\Software\Tabrix\Tabrix\Recent Files' RecentFile1)" ] || fail "the settings are gone"
-[ -n "$(find "$WINEPREFIX/drive_c/users" -path '*Tabrix/backups/*' -type f)" ] || fail "the backups are gone"
-echo "windows: installed, opened by a double click, edited, saved, removed"
+remove_program() {
+    wine "$folder\\uninstall.exe" "$mode" /S
+    gone() { [ ! -e "$installed" ]; }
+    until_true gone || fail "files of the program are left in $folder"
+    [ -z "$(value "$hive\\Software\\Classes\\.inv" '')" ] || fail ".inv still belongs to the program"
+    [ -e "$documents/three-rows.inv" ] || fail "a document is gone"
+    [ -n "$(value 'HKCU\Software\Tabrix\Tabrix\Recent Files' RecentFile1)" ] || fail "the settings are gone"
+    [ -n "$(find "$WINEPREFIX/drive_c/users" -path '*Tabrix/backups/*' -type f)" ] || fail "the backups are gone"
+}
+
+for user in en ja; do
+    become_user "$user"
+    install_program
+    use_tool
+    for file in "$documents"/*; do
+        edit "$file"
+        [ "$(basename "$file")" != three-rows.inv ] || show_help
+        leave_program
+    done
+    remove_program
+    echo "windows: $user: installed, printed, opened by a double click, edited, saved, helped, removed"
+done

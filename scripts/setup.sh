@@ -22,7 +22,7 @@ check=(
     dpkg-dev file patchelf librsvg2-bin
     lintian gdb debootstrap desktop-file-utils appstream libxml2-utils shared-mime-info libglib2.0-bin
 )
-windows=(librsvg2-bin g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine nsis zip)
+windows=(librsvg2-bin g++-mingw-w64-x86-64-posix googletest wine wine64 fonts-wine nsis zip locales)
 
 case $purpose in
 run)
