@@ -5,7 +5,7 @@
 namespace {
 
 /// A longest run of ascending numbers, not necessarily side by side: for each number whether it belongs to it.
-QList<bool> longestAscending(const QList<int> &numbers)
+std::vector<bool> longestAscending(const QList<int> &numbers)
 {
     QList<qsizetype> ends; // by length of a run: the index at which the best one ends
     QList<qsizetype> before(numbers.size(), -1);
@@ -19,9 +19,9 @@ QList<bool> longestAscending(const QList<int> &numbers)
             *at = i;
         }
     }
-    QList<bool> isMember(numbers.size(), false);
+    std::vector<bool> isMember(std::size_t(numbers.size()));
     for (qsizetype i = ends.isEmpty() ? -1 : ends.last(); i >= 0; i = before[i]) {
-        isMember[i] = true;
+        isMember[std::size_t(i)] = true;
     }
     return isMember;
 }
@@ -98,13 +98,13 @@ void ListDiff::addRemoved()
 
 void ListDiff::addPresent()
 {
-    const QList<bool> isUnmoved = unmovedKeys(m_lists.keysBefore, m_lists.keysAfter);
+    const std::vector<bool> isUnmoved = unmovedKeys(m_lists.keysBefore, m_lists.keysAfter);
     for (int row = 0; row < int(m_lists.keysAfter.size()); ++row) {
         const int place = m_places.of(m_lists.keysAfter[std::size_t(row)]);
-        if (place >= 0 && isUnmoved[row] && m_lists.isSame(place, row)) {
+        if (place >= 0 && isUnmoved[std::size_t(row)] && m_lists.isSame(place, row)) {
             continue;
         }
-        const EntryChange change = changeOf(row, place, isUnmoved[row]);
+        const EntryChange change = changeOf(row, place, isUnmoved[std::size_t(row)]);
         if (place < 0 || change.isMoved || !change.changes.isEmpty()) {
             m_changes.append(change);
         }
@@ -165,23 +165,23 @@ QList<EntryChange> diffLists(const SheetPartInfo &info, const ListPair &lists, c
     return ListDiff(info, lists, options).diff();
 }
 
-QList<bool> unmovedKeys(const std::vector<int> &before, const std::vector<int> &after)
+std::vector<bool> unmovedKeys(const std::vector<int> &before, const std::vector<int> &after)
 {
     if (before == after) {
-        return QList<bool>(qsizetype(after.size()), true);
+        return std::vector<bool>(after.size(), true);
     }
     const Places places(before);
     QList<int> common;
-    QList<qsizetype> owners;
+    std::vector<std::size_t> owners;
     for (std::size_t i = 0; i < after.size(); ++i) {
         if (const int place = places.of(after[i]); place >= 0) {
             common.append(place);
-            owners.append(qsizetype(i));
+            owners.push_back(i);
         }
     }
-    const QList<bool> isMember = longestAscending(common);
-    QList<bool> isUnmoved(qsizetype(after.size()), false);
-    for (qsizetype i = 0; i < owners.size(); ++i) {
+    const std::vector<bool> isMember = longestAscending(common);
+    std::vector<bool> isUnmoved(after.size());
+    for (std::size_t i = 0; i < owners.size(); ++i) {
         isUnmoved[owners[i]] = isMember[i];
     }
     return isUnmoved;

@@ -34,4 +34,4 @@ struct ListPair
 QList<EntryChange> diffLists(const SheetPartInfo &info, const ListPair &lists, const DiffOptions &options);
 
 /// For each of after's entries whether it keeps its place among those that both lists have: the fewest are moved.
-QList<bool> unmovedKeys(const std::vector<int> &before, const std::vector<int> &after);
+std::vector<bool> unmovedKeys(const std::vector<int> &before, const std::vector<int> &after);

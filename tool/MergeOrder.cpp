@@ -29,9 +29,9 @@ struct Side
 
 Side::Side(const Keys &base, const Keys &own) : keys(own), all(own.begin(), own.end())
 {
-    const QList<bool> isUnmoved = unmovedEntries(base, own);
+    const std::vector<bool> isUnmoved = unmovedEntries(base, own);
     for (qsizetype i = 0; i < own.size(); ++i) {
-        if (!isUnmoved[i]) {
+        if (!isUnmoved[std::size_t(i)]) {
             placed.insert(own[i]);
         }
     }

@@ -88,7 +88,7 @@ bool SheetDiff::isEmpty() const
     return std::ranges::all_of(parts, [](const QList<EntryChange> &part) { return part.isEmpty(); });
 }
 
-QList<bool> unmovedEntries(const QList<EntryKey> &before, const QList<EntryKey> &after)
+std::vector<bool> unmovedEntries(const QList<EntryKey> &before, const QList<EntryKey> &after)
 {
     KeyNumbers numbers;
     const std::vector<int> old = numbers.of(before);

@@ -2,6 +2,8 @@
 
 #include "tool/EntryChange.h"
 
+#include <vector>
+
 /// What differs between two sheets, by part. Added and moved entries are in the order of the new list.
 struct SheetDiff
 {
@@ -18,4 +20,4 @@ SheetDiff diffSheets(const Sheet &before, const Sheet &after, const DiffOptions 
 SheetDiff diffDocuments(const Document &before, const Document &after, const DiffOptions &options = {});
 
 /// For each of after's entries whether it keeps its place among those that both lists have: the fewest are moved.
-QList<bool> unmovedEntries(const QList<EntryKey> &before, const QList<EntryKey> &after);
+std::vector<bool> unmovedEntries(const QList<EntryKey> &before, const QList<EntryKey> &after);
