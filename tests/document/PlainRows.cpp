@@ -12,7 +12,7 @@ QByteArray PlainRows::ranges(int count)
 {
     QByteArray fields;
     for (int i = 0; i < count; ++i) {
-        if (number(3) == 0) { // which conditions may name as a whole
+        if (number(1) == 0) { // which conditions may name as a whole
             fields += ",1,5";
             continue;
         }
@@ -32,7 +32,7 @@ QByteArray PlainRows::conditions(int count)
         const QByteArray subject = oneOf({"MODE", "OP", QByteArray::number(1 + number(12)), "007"});
         const bool hasRange = subject != "MODE" && subject != "OP" && number(1) == 0;
         fields += ',' + subject + ',' + QByteArray::number(number(1) + (hasRange ? 2 : 0)) + ','
-            + (hasRange ? low + ',' + high : oneOf({low, high}));
+            + (hasRange ? oneOf({low + ',' + high, "1,5"}) : oneOf({low, high}));
     }
     return fields;
 }
