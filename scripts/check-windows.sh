@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# check-windows.sh [BUILD]: installs the set-up in BUILD/packages (default: build-windows) silently under Wine, as a new
+# check-windows.sh [BUILD [en|ja...]]: installs the set-up in BUILD/packages (default: build-windows) silently under Wine, as a new
 # English user for himself and as a new Japanese one for all users, opens the examples from there as a double click does,
 # edits and saves, shows the help, prints, and removes the program again.
 set -euo pipefail
@@ -8,9 +8,10 @@ cd "$(dirname "$0")/.."
 
 setup=$(realpath "${1:-build-windows}"/packages/*-setup.exe)
 work=$(mktemp -d)
+export LC_ALL=C.UTF-8 # for titles of windows
 # Nothing but what is installed is to be found.
 export TABRIX_WINE_PLAIN=1
-wine() { scripts/wine.sh "$@"; }
+wine() { LC_ALL=$locale scripts/wine.sh "$@"; }
 # Only Wine's server of this folder, and what it serves.
 end_wine() { [ -z "${WINEPREFIX:-}" ] || wineserver -k 2>/dev/null || true; }
 cleanup() {
@@ -23,7 +24,7 @@ fail() { echo "windows: ${language:-}: $*" >&2; exit 1; }
 value() {
     local which=(/v "$2")
     [ -n "$2" ] || which=(/ve)
-    wine reg query "$1" "${which[@]}" 2>/dev/null | tr -d '\r' | sed -n 's/^ .*REG_SZ *//p'
+    wine reg query "$1" "${which[@]}" 2>/dev/null | tr -d '\r' | LC_ALL=C sed -n 's/^ .*REG_SZ *//p'
 }
 # until_true COMMAND...: waits for at most a minute.
 until_true() {
@@ -44,13 +45,14 @@ become_user() {
     if [ "$language" = ja ]; then
         mkdir -p "$work/locales"
         localedef -i ja_JP -f UTF-8 "$work/locales/ja_JP.UTF-8"
-        export LOCPATH=$work/locales LC_ALL=ja_JP.UTF-8
+        export LOCPATH=$work/locales
+        locale=ja_JP.UTF-8
         frame='ﾊﾟﾗﾒｰﾀﾌｧｲﾙ編集'
         help='Tabrix ヘルプ'
         hive=HKLM
         mode=/AllUsers
     else
-        export LC_ALL=C.UTF-8
+        locale=C.UTF-8
         frame='Parameter File Editer'
         help='Tabrix Help'
         hive=HKCU
@@ -113,9 +115,13 @@ show_help() {
     xdotool key --delay 100 alt+F4
 }
 leave_program() {
-    xdotool windowfocus --sync "$(window "$frame")"
-    xdotool key --delay 100 alt+F4
-    timeout 60 wineserver -w || fail "the program does not end" # Wine's own programs end after the last other one
+    for _ in 1 2 3; do # a window that has just closed may still have the keyboard
+        xdotool windowfocus --sync "$(window "$frame")" || true
+        xdotool key --delay 100 alt+F4
+        timeout 60 wineserver -w && return # Wine's own programs end after the last other one
+        [ -z "${TABRIX_CHECK_PICTURE:-}" ] || import -window root "$TABRIX_CHECK_PICTURE"
+    done
+    fail "the program does not end"
 }
 
 remove_program() {
@@ -128,7 +134,8 @@ remove_program() {
     [ -n "$(find "$WINEPREFIX/drive_c/users" -path '*Tabrix/backups/*' -type f)" ] || fail "the backups are gone"
 }
 
-for user in en ja; do
+[ $# -gt 1 ] && users=("${@:2}") || users=(en ja)
+for user in "${users[@]}"; do
     become_user "$user"
     install_program
     use_tool

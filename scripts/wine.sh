@@ -38,5 +38,7 @@ fi
 if [ ! -e "$WINEPREFIX/system.reg" ]; then # two programs that start at once make it once
     mkdir -p "$WINEPREFIX"
     flock "$WINEPREFIX" "$wine" wineboot --init </dev/null >/dev/null 2>&1
+    # Wine's own fonts, which stand in for those of Windows, are not found where Debian puts them.
+    ln -sf /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts" 2>/dev/null || true
 fi
 exec "$wine" "$@"

@@ -90,7 +90,9 @@ QString limitText(const CellType &type)
 QFont userFont()
 {
     QFont font;
-    font.setFamilies({UserFont.FontName}); // one name, whatever commas it holds
+    // A list, so that commas in the name part nothing. If the font is not installed, that of the window is shown, and
+    // not whatever comes first: a serif face, on Windows.
+    font.setFamilies({UserFont.FontName, QApplication::font().family()});
     const bool usable = UserFont.FontSize >= minFont && UserFont.FontSize <= maxFont;
     font.setPointSizeF(usable ? UserFont.FontSize : defaultFont);
     font.setItalic(UserFont.FontItalic);
