@@ -6,12 +6,40 @@
 
 using namespace Qt::StringLiterals;
 
-TourPage::TourPage(const QString &language, const QString &page)
+namespace {
+
+QString sourceOf(const QString &file)
 {
-    QFile file(QStringLiteral(TABRIX_SOURCES "/resources/help/%1/%2").arg(language, page));
-    if (file.open(QIODevice::ReadOnly)) {
-        m_sections = QString::fromUtf8(file.readAll()).split(u"<h2>"_s).mid(1);
+    QFile source(QStringLiteral(TABRIX_SOURCES "/") + file);
+    return source.open(QIODevice::ReadOnly) ? QString::fromUtf8(source.readAll()) : QString();
+}
+
+/// A step of README.md with its captions and keys marked as the guide marks them.
+QString marked(QString step)
+{
+    static const QRegularExpression caption(uR"re(\*([^*]+)\*)re"_s);
+    static const QRegularExpression key(uR"re(\b((?:Ctrl|Shift)\+(?:F?\d+|[A-Z])|F\d+|Space|Enter|Escape)\b)re"_s);
+    step.replace(key, uR"(<span class="key">\1</span>)"_s);
+    step.replace(caption, uR"(<span class="ui">\1</span>)"_s);
+    return step.replace(u" > "_s, uR"(</span><span class="ui">)"_s);
+}
+
+} // namespace
+
+TourPage TourPage::ofGuide(const QString &language, const QString &page)
+{
+    return TourPage(sourceOf(u"resources/help/%1/%2"_s.arg(language, page)).split(u"<h2>"_s).mid(1));
+}
+
+TourPage TourPage::ofReadme(const QString &heading)
+{
+    static const QRegularExpression number(u"^\\d+\\. "_s, QRegularExpression::MultilineOption);
+    const QString chapter = sourceOf(u"README.md"_s).section(u"\n## %1\n"_s.arg(heading), 1).section(u"\n\n"_s, 0, 0);
+    QStringList steps = chapter.split(number).mid(1);
+    for (QString &step : steps) {
+        step = marked(step);
     }
+    return TourPage(steps);
 }
 
 QStringList TourPage::named(int section) const

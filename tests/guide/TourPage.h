@@ -3,14 +3,18 @@
 #include <QString>
 #include <QStringList>
 
-/// A page of the guide that leads through the program, as its source has it: what it names, section by section.
+#include <utility>
+
+/// A text that leads through the program, as its source has it: what it names, section by section.
 class TourPage
 {
 public:
-    /// language: "en" or "ja". page: the file's name.
-    TourPage(const QString &language, const QString &page);
+    /// A page of the guide; its sections are those under headings. language: "en" or "ja". page: the file's name.
+    static TourPage ofGuide(const QString &language, const QString &page);
+    /// The numbered steps under a heading of README.md.
+    static TourPage ofReadme(const QString &heading);
 
-    /// The sections under numbered headings; 0 if the page cannot be read.
+    /// 0 if there is no such page.
     int sections() const { return int(m_sections.size()); }
     /// The captions, keys and pictures of buttons that a section names, each once and sorted. section: from 1.
     QStringList named(int section) const;
@@ -18,5 +22,7 @@ public:
     QString text(int section) const;
 
 private:
-    QStringList m_sections; ///< their sources
+    explicit TourPage(QStringList sections) : m_sections(std::move(sections)) { }
+
+    QStringList m_sections; ///< as HTML
 };

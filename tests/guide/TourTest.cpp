@@ -3,31 +3,24 @@
 
 #include "app/services/Language.h"
 #include "desktop/RibbonButton.h"
-#include "document/DocumentTables.h"
 #include "editor/ParameterGrid.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
 #include "storage/FileBackup.h"
-#include "tests/guide/TourPage.h"
-#include "tests/support/FrameTest.h"
+#include "tests/guide/TourWalk.h"
 
 #include <QAbstractItemModel>
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
-#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QPointer>
 #include <QTest>
-#include <QTimer>
 #include <QTreeView>
 #include <QUrl>
 
@@ -38,68 +31,16 @@ namespace {
 constexpr int rows = 300;
 constexpr int nameColumn = 2;
 
-class Tour : public FrameTest, public testing::WithParamInterface<const char *>
+class Tour : public TourWalk, public testing::WithParamInterface<const char *>
 {
 protected:
-    Tour() : m_page(language(), u"first-steps.html"_s) { setCountryCode(language() == u"ja"_s ? 81 : 1); }
+    Tour() : TourWalk(TourPage::ofGuide(language(), u"first-steps.html"_s))
+    {
+        setCountryCode(language() == u"ja"_s ? 81 : 1);
+    }
 
     static QString language() { return QString::fromLatin1(GetParam()); }
 
-    /// Begins a section; what the test then names belongs to it.
-    void begin(int section)
-    {
-        end();
-        m_section = section;
-    }
-    void end()
-    {
-        m_named.removeDuplicates();
-        m_named.sort();
-        if (m_section > 0) {
-            EXPECT_EQ(m_named, m_page.named(m_section)) << "section " << m_section;
-        }
-        m_named.clear();
-    }
-    void expectText(const QString &text)
-    {
-        EXPECT_TRUE(m_page.text(m_section).contains(text)) << "section " << m_section << ": " << text.toStdString();
-    }
-
-    /// Chooses a command by mouse. Menu and line are called in the page as they are here.
-    void choose(const QString &menu, const QString &command)
-    {
-        nameMenu(menu);
-        nameLine(menu, command);
-        chooseMenu(menu, command);
-    }
-    void nameMenu(const QString &menu) { m_named << withoutMark(menuInBar(menu).title()); }
-    void nameLine(const QString &menu, const QString &command)
-    {
-        m_named << withoutMark(menuCommand(menu, command).text());
-    }
-    static QString withoutMark(QString caption) { return caption.remove(u'&'); }
-
-    /// Presses a key as the page calls it.
-    void key(const QString &name)
-    {
-        m_named << name;
-        const QKeyCombination keys = QKeySequence::fromString(name)[0];
-        press(keys.key() == Qt::Key_Enter ? Qt::Key_Return : keys.key(), keys.keyboardModifiers());
-    }
-    /// The first character may open an editor for the others.
-    static void type(const QString &text)
-    {
-        for (const QChar character : text) {
-            QTest::keyClick(QApplication::focusWidget(), character.toLatin1());
-        }
-    }
-
-    /// Clicks a cell of the active document.
-    void click(int column, int row)
-    {
-        const QModelIndex cell = grid().model()->index(row - 1, column - 1);
-        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualRect(cell).center());
-    }
     void drop(const QString &file)
     {
         QMimeData data;
@@ -126,11 +67,6 @@ protected:
     void close();
 
     QString m_file; ///< the one that is open on the way
-
-private:
-    TourPage m_page;
-    int m_section = 0;
-    QStringList m_named; ///< in the section
 };
 
 } // namespace
@@ -144,7 +80,7 @@ void Tour::openAFile()
     expectOpen(m_file);
     EXPECT_TRUE(frame().isMaximized());
     ASSERT_EQ(frame().openEditors().size(), 1);
-    m_named << editor().windowTitle();
+    name(editor().windowTitle());
 
     ModalScript script;
     script.then([this](QWidget &dialog) {
@@ -174,7 +110,7 @@ void Tour::openAFile()
     expectOpen(m_file);
     script.thenFile(m_file);
     clickTool(u"ssrbnOpen"_s);
-    m_named << u"1000.svg"_s; // the button's picture
+    name(u"1000.svg"_s); // the button's picture
     EXPECT_EQ(editor().windowTitle(), m_file);
 }
 
@@ -221,28 +157,28 @@ void Tour::changeSomething()
 {
     begin(3);
     const int row = grid().activeRow();
-    const auto name = [&] { return grid().text(nameColumn, row); };
+    const auto cell = [&] { return grid().text(nameColumn, row); };
     click(nameColumn, row);
     type(u"new"_s);
     key(u"Enter"_s);
-    EXPECT_EQ(name(), u"new"_s);
+    EXPECT_EQ(cell(), u"new"_s);
     EXPECT_EQ(grid().textColour(nameColumn, row), QColor::fromRgba(changedCellColour));
     click(nameColumn, row);
     key(u"F2"_s);
     press(Qt::Key_End);
     type(u"er"_s);
     key(u"Enter"_s);
-    EXPECT_EQ(name(), u"newer"_s);
+    EXPECT_EQ(cell(), u"newer"_s);
     click(nameColumn, row);
     type(u"dropped"_s);
     key(u"Esc"_s);
-    EXPECT_EQ(name(), u"newer"_s);
+    EXPECT_EQ(cell(), u"newer"_s);
     key(u"Ctrl+Z"_s);
-    EXPECT_EQ(name(), u"new"_s);
+    EXPECT_EQ(cell(), u"new"_s);
     key(u"Ctrl+Z"_s);
-    EXPECT_EQ(name(), u"Parameter %1"_s.arg(row));
+    EXPECT_EQ(cell(), u"Parameter %1"_s.arg(row));
     key(u"Ctrl+Y"_s);
-    EXPECT_EQ(name(), u"new"_s);
+    EXPECT_EQ(cell(), u"new"_s);
 
     ModalScript script;
     for (const auto &[menu, command] : {std::pair(u"mneEdit"_s, u"mneEditFunc"_s),
@@ -308,7 +244,7 @@ void Tour::close()
 
 TEST_P(Tour, leadsWhereThePageSays)
 {
-    ASSERT_EQ(TourPage(language(), u"first-steps.html"_s).sections(), 5);
+    ASSERT_EQ(page().sections(), 5);
     openAFile();
     findAParameter();
     changeSomething();
