@@ -57,6 +57,6 @@ private:
 
     QByteArray m_name;
     ProgramSocket m_socket;
-    std::chrono::milliseconds m_silence = std::chrono::seconds(5);
+    std::chrono::milliseconds m_silence = std::chrono::seconds(10);
     std::chrono::milliseconds m_start = std::chrono::seconds(30);
 };
