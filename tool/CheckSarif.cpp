@@ -29,8 +29,10 @@ QJsonObject textObject(const QString &text)
 QString uriOf(const QString &fileName)
 {
     const QString name = QDir::fromNativeSeparators(fileName);
-    const QString address = QString::fromLatin1(fileNameBytes(name).toPercentEncoding("/"));
-    return QDir::isAbsolutePath(name) ? (name.startsWith(u'/') ? u"file://"_s : u"file:///"_s) + address : address;
+    const bool isFull = QDir::isAbsolutePath(name);
+    // What is before a colon in a relative address would be its scheme.
+    const QString address = QString::fromLatin1(fileNameBytes(name).toPercentEncoding(isFull ? "/:" : "/"));
+    return isFull ? (name.startsWith(u'/') ? u"file://"_s : u"file:///"_s) + address : address;
 }
 
 /// Row and column of the table, from 1. What is about the file as a whole has no region.

@@ -19,24 +19,38 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// From what cannot be measured first: a pipe, a device, standard input.
+constexpr qint64 step = 65536; // of reading what cannot be measured first
+
+/// Returns whether there may be more.
+bool addPiece(InputFile &input, QByteArrayView piece)
+{
+    constexpr qint64 megabyte = 1024 * 1024;
+    input.bytes += piece;
+    if (input.bytes.size() > largestFile) {
+        input.failure = failureText({FailureCode::FileTooLarge, {QString::number(largestFile / megabyte)}});
+    }
+    return !input.failure && !piece.isEmpty();
+}
+
+/// From a pipe or a device.
 void readStream(QFile &file, InputFile &input)
 {
-    constexpr qint64 step = 65536;
-    constexpr qint64 megabyte = 1024 * 1024;
-    while (!file.atEnd() || file.isSequential()) {
-        const QByteArray piece = file.read(step);
-        if (piece.isEmpty()) {
-            break;
-        }
-        input.bytes += piece;
-        if (input.bytes.size() > largestFile) {
-            input.failure = failureText({FailureCode::FileTooLarge, {QString::number(largestFile / megabyte)}});
-            return;
-        }
-    }
-    if (file.error() != QFile::NoError) {
+    while ((!file.atEnd() || file.isSequential()) && addPiece(input, file.read(step))) { }
+    if (!input.failure && file.error() != QFile::NoError) {
         input.failure = file.errorString();
+    }
+}
+
+/// By C's own call: Qt takes the standard input of Windows for a file that it can move in.
+void readStandardInput(InputFile &input)
+{
+    QByteArray buffer(step, Qt::Uninitialized);
+    std::size_t length = 0;
+    do {
+        length = std::fread(buffer.data(), 1, std::size_t(step), stdin);
+    } while (addPiece(input, QByteArrayView(buffer.constData(), qsizetype(length))));
+    if (!input.failure && std::ferror(stdin) != 0) {
+        input.failure = Failure::lastSystemCall().reason();
     }
 }
 
@@ -66,10 +80,7 @@ InputFile readInput(const QString &name)
 {
     InputFile input{name, {}, {}};
     if (name == "-"_L1) {
-        QFile file;
-        if (file.open(stdin, QFile::ReadOnly | QFile::Unbuffered)) {
-            readStream(file, input);
-        }
+        readStandardInput(input);
         return input;
     }
     Result<QByteArray> bytes = readWholeFile(name);

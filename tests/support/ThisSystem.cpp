@@ -33,6 +33,11 @@ bool ThisSystem::hasLinks()
     return false;
 }
 
+bool ThisSystem::allowsBarsInNames()
+{
+    return false;
+}
+
 bool ThisSystem::hasFolderVariables()
 {
     return false;
@@ -51,6 +56,11 @@ QString ThisSystem::words(int error)
 }
 
 bool ThisSystem::hasLinks()
+{
+    return true;
+}
+
+bool ThisSystem::allowsBarsInNames()
 {
     return true;
 }

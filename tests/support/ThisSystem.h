@@ -9,6 +9,8 @@ namespace ThisSystem {
 QString words(int error);
 /// Whether everybody may make symbolic links.
 bool hasLinks();
+/// Whether a file may be called "|1.inv".
+bool allowsBarsInNames();
 /// Whether environment variables (XDG_...) name the folders of settings and data.
 bool hasFolderVariables();
 /// A device that can be written to and takes nothing, as a full disk; empty if there is none.

@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -75,7 +76,7 @@ TEST_F(ToolProcess, checkGivesSarif)
     EXPECT_EQ(whole["level"_L1].toString(), u"error"_s);
     EXPECT_TRUE(whole["locations"_L1][0]["physicalLocation"_L1]["region"_L1].isUndefined());
     EXPECT_EQ(results.last()["locations"_L1][0]["physicalLocation"_L1]["artifactLocation"_L1]["uri"_L1].toString(),
-        u"file://"_s + path(u"a%20b.inv"_s));
+        QUrl::fromLocalFile(path(u"a b.inv"_s)).toString(QUrl::FullyEncoded));
     EXPECT_EQ(results.last()["ruleIndex"_L1].toInt(-1), 0); // a rule is listed once
     EXPECT_TRUE(log["invocations"_L1][0]["executionSuccessful"_L1].toBool());
 }
