@@ -51,7 +51,8 @@ make_package() {
         "$architecture" "$maintainer" "$(du -k -s --apparent-size --exclude=DEBIAN "$1" | cut -f1)" "$fields" >"$1/DEBIAN/control"
     (cd "$1" && find usr -type f -print0 | sort -z | xargs -0 md5sum >DEBIAN/md5sums)
     find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +
-    dpkg-deb --root-owner-group -Zxz --build "$1" "$folder/${name}_${version}_$architecture.deb"
+    # One thread: how many there are would show in the bytes.
+    dpkg-deb --root-owner-group -Zxz --threads-max=1 --build "$1" "$folder/${name}_${version}_$architecture.deb"
 }
 
 mkdir -p "$work/shlibdeps" "$root/DEBIAN" # which tells that this is a package's root
