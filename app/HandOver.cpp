@@ -1,6 +1,5 @@
 #include "app/HandOver.h"
 
-#include "app/services/Language.h"
 #include "runtime/Country.h"
 #include "runtime/DataFolder.h"
 #include "runtime/FileName.h"
