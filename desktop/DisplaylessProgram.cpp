@@ -1,6 +1,6 @@
 #include "desktop/DisplaylessProgram.h"
 
-#include <QtGlobal>
+#include <QByteArray>
 
 void needNoDisplay()
 {
