@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QApplication>
 #include <QFont>
 #include <QLayout>
 #include <QLineEdit>
