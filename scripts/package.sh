@@ -30,7 +30,7 @@ find "$root/usr/share/man" -name '*.1' -exec gzip -9n {} +
 mapfile -t programs < <(find "$root/usr/lib" -type f -exec sh -c 'head -c 4 "$1" | grep -q ELF' sh {} \; -print | sort)
 ids=
 for program in "${programs[@]}"; do
-    if readelf --section-headers --wide "$program" | grep -qF ' .debug_info '; then
+    if readelf --section-headers --wide "$program" | grep -F ' .debug_info ' >/dev/null; then
         id=$(readelf --notes "$program" | sed -n 's/.*Build ID: //p')
         file=$symbols/usr/lib/debug/.build-id/${id:0:2}/${id:2}.debug
         mkdir -p "${file%/*}"
