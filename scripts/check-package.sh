@@ -22,7 +22,7 @@ if ! lintian --allow-root --pedantic --fail-on error,warning,pedantic,override "
     fail "Debian's checker has something to say"
 fi
 for library in libqt6widgets6 libqt6help6 libqt6svg6 libqt6sql6-sqlite libxlsxwriter4; do
-    dpkg-deb --field "$package" Depends | grep -qw "$library" || fail "$library is missing from its dependencies"
+    dpkg-deb --field "$package" Depends | grep -w "$library" >/dev/null || fail "$library is missing from its dependencies"
 done
 
 desktop-file-validate packaging/tabrix.desktop

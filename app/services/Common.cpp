@@ -9,10 +9,10 @@
 #include "grid/cells/CellType.h"
 #include "help/HelpWindow.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDir>
 #include <QFile>
-#include <QApplication>
 #include <QFont>
 #include <QLayout>
 #include <QLineEdit>
