@@ -126,8 +126,8 @@ TEST(Language, aFolderInTheSetUpFilesPlaceIsNoFile)
 TEST(Language, setUpFilesLieBelowTheProgramFolder)
 {
     setProgramFolder(u"/opt/tabrix"_s);
-    EXPECT_EQ(setupIniPath(JapaneseBase), QDir::toNativeSeparators(u"/opt/tabrix/files/jp/KORVELIN.INI"_s));
-    EXPECT_EQ(setupIniPath(EnglishBase), QDir::toNativeSeparators(u"/opt/tabrix/files/us/korvelin_e.ini"_s));
+    EXPECT_EQ(QDir::fromNativeSeparators(setupIniPath(JapaneseBase)), u"/opt/tabrix/files/jp/KORVELIN.INI"_s);
+    EXPECT_EQ(QDir::fromNativeSeparators(setupIniPath(EnglishBase)), u"/opt/tabrix/files/us/korvelin_e.ini"_s);
     setProgramFolder({});
 }
 
