@@ -14,11 +14,8 @@ public:
     QStringView cellText(int column, int row) const override { return m_grid.cellText(column, row); }
     CellTexts rowTexts(int row) const override
     {
-        const CellRow &cells = m_grid.textRows()[std::size_t(row - 1)];
         CellTexts texts;
-        for (int column = 0; column < ParameterColumn::Count; ++column) {
-            texts[std::size_t(column)] = cells.text(column);
-        }
+        m_grid.textRows()[std::size_t(row - 1)].copyTexts(texts);
         return texts;
     }
 

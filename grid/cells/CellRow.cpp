@@ -92,6 +92,18 @@ QStringView CellRow::text(int column) const
     return QStringView(m_buffer->units() + begin, qsizetype(ends[column] - begin));
 }
 
+void CellRow::copyTexts(std::span<QStringView> texts) const
+{
+    const auto held = std::min(texts.size(), size_t(size()));
+    quint32 begin = 0;
+    for (size_t column = 0; column < held; ++column) {
+        const quint32 end = m_buffer->ends()[column];
+        texts[column] = QStringView(m_buffer->units() + begin, qsizetype(end - begin));
+        begin = end;
+    }
+    std::ranges::fill(texts.subspan(held), QStringView());
+}
+
 QStringView CellRow::allTexts() const
 {
     return m_buffer ? QStringView(m_buffer->units(), qsizetype(m_buffer->ends()[m_buffer->count - 1])) : QStringView();

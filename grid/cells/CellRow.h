@@ -22,6 +22,8 @@ public:
     int size() const;
     /// Without a copy; valid as long as a row that shares the memory exists.
     QStringView text(int column) const;
+    /// The same for the first columns, as many as texts has places; cells that the row does not hold are empty.
+    void copyTexts(std::span<QStringView> texts) const;
     /// The texts of all cells, one after another.
     QStringView allTexts() const;
 

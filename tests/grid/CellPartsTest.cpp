@@ -55,6 +55,18 @@ TEST(CellRow, isEmptyOutsideItsTexts)
     EXPECT_EQ(rowOf({u""_s, u""_s}).text(1).toString(), QString());
 }
 
+TEST(CellRow, givesItsFirstTextsAtOnce)
+{
+    const CellRow row = rowOf({u"1000"_s, u""_s, u"Torque"_s});
+    std::array<QStringView, 4> texts{u"a", u"b", u"c", u"d"};
+    row.copyTexts(std::span(texts).first(1));
+    EXPECT_EQ(texts, (std::array<QStringView, 4>{u"1000", u"b", u"c", u"d"}));
+    row.copyTexts(texts);
+    EXPECT_EQ(texts, (std::array<QStringView, 4>{u"1000", u"", u"Torque", u""}));
+    CellRow().copyTexts(texts);
+    EXPECT_EQ(texts, (std::array<QStringView, 4>{}));
+}
+
 TEST(CellRow, outlivesTheRowThatItWasCopiedFrom)
 {
     CellRow copy;
