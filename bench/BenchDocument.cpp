@@ -22,13 +22,13 @@ void BenchHost::runPendingEvents()
     baselines::passEvents(m_events ? 1 : 0);
 }
 
-BenchDocument::BenchDocument(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
+BenchDocument::BenchDocument(int rowCount, int nameLength) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
 {
     qputenv("XDG_DATA_HOME", m_folder.filePath(u"data"_s).toLocal8Bit());
     setAnsiCodePageNumber(1252);
     resetDocumentTables();
     growDocumentTables(docNo);
-    DocumentGenerator(1).write(m_rowCount, fileName());
+    DocumentGenerator(1, nameLength).write(m_rowCount, fileName());
     read(true);
     m_grid = std::make_unique<RecordGrid>(PrRecords, m_rowCount);
 }

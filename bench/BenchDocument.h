@@ -38,7 +38,8 @@ private:
 class BenchDocument
 {
 public:
-    explicit BenchDocument(int rowCount);
+    /// nameLength: the characters of each name at least.
+    explicit BenchDocument(int rowCount, int nameLength = 0);
 
     int rowCount() const { return m_rowCount; }
     QString fileName() const { return m_folder.filePath(QStringLiteral("document.inv")); }

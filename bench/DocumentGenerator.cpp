@@ -27,10 +27,14 @@ const char *DocumentGenerator::oneOf(const char *const (&texts)[size])
     return texts[number(static_cast<int>(size) - 1)];
 }
 
-/// 15 to 40 characters.
+/// 15 to 40 characters, if no more are wanted.
 QByteArray DocumentGenerator::name()
 {
-    return QByteArray(oneOf(subjects)) + ' ' + oneOf(qualities);
+    QByteArray name = QByteArray(oneOf(subjects)) + ' ' + oneOf(qualities);
+    while (name.size() < m_nameLength) {
+        name += QByteArray("; ") + oneOf(subjects);
+    }
+    return name;
 }
 
 /// The range fields, each after its comma: a range, then single values.

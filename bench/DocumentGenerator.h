@@ -8,7 +8,8 @@
 class DocumentGenerator
 {
 public:
-    explicit DocumentGenerator(quint32 seed) : m_random(seed) { }
+    /// nameLength: the characters of each name at least.
+    explicit DocumentGenerator(quint32 seed, int nameLength = 0) : m_random(seed), m_nameLength(nameLength) { }
 
     QByteArray file(int rows);
     /// Writes such a file; ends the program when it cannot.
@@ -25,4 +26,5 @@ private:
     QByteArray row(int index);
 
     std::mt19937 m_random;
+    int m_nameLength;
 };

@@ -1,21 +1,32 @@
 // What a user meets in an editor window.
 
 #include "bench/Baselines.h"
+#include "bench/BenchDocument.h"
 #include "bench/Desk.h"
+#include "bench/PlainView.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
 #include "editor/GridCommands.h"
 #include "editor/frmPrFile.h"
+#include "print/GridPrinter.h"
+#include "print/PrintJob.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QPdfWriter>
+#include <QScrollBar>
 
+#include <cstring>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr double milliseconds = 1000;
-constexpr double maxGrowth = 1.2;
-constexpr double frameTime = 16; // ms
+constexpr double maxGrowth = 1.1;
+constexpr double frameTime = 8; // ms
 constexpr int blockRows = 1000;
 constexpr GridBlock firstCell{1, 1, 1, 1};
 constexpr GridBlock firstRows{-1, 1, benchColumnCount, blockRows};
@@ -36,80 +47,166 @@ Measured measureOpen(Desk &desk)
     return sideBySide(own, baseline);
 }
 
-/// A command on the first rows of the document, and the rows as they were before it.
+void press(const Desk &desk, Qt::Key key)
+{
+    QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
+    QApplication::sendEvent(&desk.grid(), &event);
+}
+
+/// Lets the windows paint what has changed; the marks, which are found when there is time, come later.
+void paint()
+{
+    QApplication::sendPostedEvents();
+}
+
+/// A command on the first rows of the document.
 struct Command
 {
     const char *name;
     GridBlock selected;
-    void (*run)(GridCommands &grid);
+    void (*run)(const Desk &desk);
 };
 
 constexpr Command commands[] = {
-    {"Add line", firstCell, [](GridCommands &grid) { grid.addLines(); }},
-    {"Delete of 1,000 rows", firstRows, [](GridCommands &grid) { grid.deleteLines(); }},
-    {"Paste of 1,000 rows", firstCell, [](GridCommands &grid) { grid.paste(); }},
-    {"Add-paste of 1,000 rows", firstCell, [](GridCommands &grid) { grid.addPaste(); }},
+    {"Add line", firstCell, [](const Desk &desk) { desk.editor().commands().addLines(); }},
+    {"Delete of 1,000 rows", firstRows, [](const Desk &desk) { desk.editor().commands().deleteLines(); }},
+    {"Paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().paste(); }},
+    {"Add-paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().addPaste(); }},
+    {"fill of 1,000 rows", firstRows, [](const Desk &desk) { press(desk, Qt::Key_D); }},
 };
 
 /// The time of moving all rows by so many, as a command at the top of the table has to.
-double moveSeconds(PlainRows &rows, int by)
+double moveSeconds(const PlainRows &texts, int by)
 {
+    PlainRows rows = texts;
     return secondsOf([&rows, by] { std::move_backward(rows.begin(), rows.end() - by, rows.end()); });
 }
+
+/// The milliseconds of a command, its undo and its redo, each with and without the paint that follows.
+struct CommandTimes
+{
+    std::vector<double> plain;
+    std::vector<double> painted;
+
+    double take(const auto &work)
+    {
+        plain.push_back(milliseconds * secondsOf(work));
+        painted.push_back(plain.back() + milliseconds * secondsOf(paint));
+        return plain.back();
+    }
+    void add(SpeedTable &table, const std::string &name, double moved) const
+    {
+        table.add(name, "std::move of the same texts", "ms", {median(plain), moved}, 2);
+        table.addLimit(name + ", with the paint that follows", "ms", median(painted), frameTime);
+    }
+};
 
 void addCommandRows(SpeedTable &table, Desk &desk)
 {
     const PlainRows texts = desk.plainRows();
     desk.grid().selectBlock(firstRows);
     desk.editor().commands().copy();
-    std::vector<double> withPaint;
     for (const Command &command : commands) {
-        withPaint.clear();
+        CommandTimes run;
+        CommandTimes undo;
+        CommandTimes redo;
         const auto own = [&] {
+            desk.restore();
             desk.grid().setRowCount(desk.rowCount() - blockRows); // the greatest number shall not be exceeded
             desk.grid().selectBlock(command.selected);
             QApplication::processEvents();
-            const double seconds = secondsOf([&] { command.run(desk.editor().commands()); });
-            withPaint.push_back(milliseconds * (seconds + secondsOf([] { QApplication::processEvents(); })));
-            return milliseconds * seconds;
+            run.take([&] { command.run(desk); });
+            undo.take([&] { press(desk, Qt::Key_Z); });
+            return redo.take([&] { press(desk, Qt::Key_Y); });
         };
-        const auto baseline = [&] {
-            PlainRows rows = texts;
-            return milliseconds * moveSeconds(rows, blockRows);
-        };
-        table.add(command.name, "std::move of the same texts", "ms", sideBySide(own, baseline), 3);
-        table.addLimit(std::string(command.name) + ", with the paint that follows", "ms", median(withPaint), frameTime);
-        desk.restore();
+        const double moved = sideBySide(own, [&] { return milliseconds * moveSeconds(texts, blockRows); }).other;
+        run.add(table, command.name, moved);
+        undo.add(table, std::string("undo of ") + command.name, moved);
+        redo.add(table, std::string("redo of ") + command.name, moved);
     }
+    desk.restore();
 }
 
-void addScrollRow(SpeedTable &table, Desk &desk)
+/// Scrolls one of the views by so many rows at a time.
+double scrollSeconds(const std::function<void(int)> &show, int steps, int rows)
 {
-    constexpr int pages = 1000;
+    return secondsOf([&] {
+        for (int i = 0; i < steps; ++i) {
+            show(1 + i * rows);
+            QApplication::processEvents();
+        }
+    });
+}
+
+void addScrollRows(SpeedTable &table, Desk &desk)
+{
+    constexpr int steps = 1000;
+    constexpr int pageRows = (maxRows - 100) / steps;
     const PlainRows texts = desk.plainRows();
     PlainPage page(desk.grid(), texts);
+    PlainView view(texts);
+    view.resize(desk.grid().size());
     page.show();
+    view.show();
     QApplication::processEvents();
-    const int step = (maxRows - 100) / pages;
+    const auto time = [](const auto &show, int rows) {
+        return [=] { return milliseconds / steps * scrollSeconds(show, steps, rows); };
+    };
+    const auto inGrid = [&desk](int row) { desk.grid().setTopRow(row); };
+    const auto onPage = [&page](int row) {
+        page.setTopRow(row);
+        page.update();
+    };
+    const auto inView = [&view](int row) { view.verticalScrollBar()->setValue(row); };
+    table.add("scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms",
+        sideBySide(time(inGrid, pageRows), time(onPage, pageRows)), 1.5);
+    table.add("scrolling 1,000 pages, a page", "a plain QTableView", "ms",
+        sideBySide(time(inGrid, pageRows), time(inView, pageRows)), 1);
+    table.add(
+        "scrolling 1,000 rows, a row", "a plain QTableView", "ms", sideBySide(time(inGrid, 1), time(inView, 1)), 1);
+}
+
+void addFindRow(SpeedTable &table, Desk &desk)
+{
+    QString all;
+    for (const PlainRow &row : desk.plainRows()) {
+        for (const QString &text : row) {
+            all += text;
+        }
+    }
+    const QString searched = u"a\u3042"_s;
     const auto own = [&] {
-        return milliseconds / pages * secondsOf([&] {
-            for (int i = 0; i < pages; ++i) {
-                desk.grid().setTopRow(1 + i * step);
-                QApplication::processEvents();
-            }
+        desk.grid().setSearchedText({});
+        return milliseconds * secondsOf([&] {
+            desk.grid().setSearchedText(searched);
+            desk.grid().goToFoundFrom(1, 1);
         });
     };
     const auto baseline = [&] {
-        return milliseconds / pages * secondsOf([&] {
-            for (int i = 0; i < pages; ++i) {
-                page.setTopRow(1 + i * step);
-                page.update();
-                QApplication::processEvents();
+        return milliseconds * secondsOf([&] {
+            const void *found = memmem(all.utf16(), std::size_t(all.size()) * sizeof(char16_t), searched.utf16(),
+                std::size_t(searched.size()) * sizeof(char16_t));
+            if (found != nullptr) {
+                qFatal("the text is there");
             }
         });
     };
-    table.add(
-        "scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms", sideBySide(own, baseline), 2);
+    table.add("find a text that is not there", "memmem over the same UTF-16", "ms", sideBySide(own, baseline), 3);
+    desk.grid().setSearchedText({});
+}
+
+/// By the clock, from the command to the closed file.
+void addPrintRow(SpeedTable &table, Desk &desk)
+{
+    const QTemporaryDir folder(benchFolderTemplate());
+    QPdfWriter paper(folder.filePath(u"rows.pdf"_s));
+    QElapsedTimer timer;
+    timer.start();
+    PrintJob job(paper, u"rows"_s);
+    if (printGrid(desk.grid(), {}, job, nullptr) != PrintOutcome::Done || !job.end()) {
+        qFatal("not printed");
+    }
+    table.addLeast("32,767 rows to PDF", "pages a second", job.pageCount() * 1e9 / double(timer.nsecsElapsed()), 500);
 }
 
 } // namespace
@@ -125,5 +222,7 @@ void addEditorRows(SpeedTable &table)
     table.add("open, growth to 32,767 rows", "1,000 rows", "us a row",
         {open.own * 1000 / maxRows, openTypical.own * 1000 / typicalRows}, maxGrowth);
     addCommandRows(table, desk);
-    addScrollRow(table, desk);
+    addScrollRows(table, desk);
+    addFindRow(table, desk);
+    addPrintRow(table, desk);
 }

@@ -1,5 +1,6 @@
 // Whole processes. The program starts itself with a mode, and bench_bare and other programs beside it.
 
+#include "bench/Baselines.h"
 #include "bench/BenchDocument.h"
 #include "bench/Desk.h"
 #include "bench/DocumentGenerator.h"
@@ -119,6 +120,17 @@ int openOnce(const QString &fileName)
     return 0;
 }
 
+/// Prints the milliseconds that the first save of a run takes, and the first joining of the same fields.
+int printFirstSave()
+{
+    const BenchDocument document(maxRows);
+    const QStringList fields = baselines::splitFile(document.fileName());
+    const double save = secondsOf([&] { document.save(false); });
+    const double join = secondsOf([&] { baselines::joinToFile(fields, document.joinedName()); });
+    std::printf("%f %f\n", save * 1000, join * 1000);
+    return 0;
+}
+
 QString siblingProgram(const QString &name)
 {
     return QApplication::applicationDirPath() + u'/' + name;
@@ -160,28 +172,47 @@ void writeCells(const QString &fileName, const BenchDocument &document, char sep
     }
 }
 
-/// The bytes by which a child grew, in bytes of text.
-Measured memoryGrowth(int rows)
+/// The two figures that a child prints.
+Measured figuresOf(const QStringList &arguments)
 {
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(QApplication::applicationFilePath(), {u"growth"_s, QString::number(rows)});
+    process.start(QApplication::applicationFilePath(), arguments);
     process.waitForFinished(-1);
     const QList<QByteArray> figures = process.readAllStandardOutput().simplified().split(' ');
     if (figures.size() != 2) {
-        qFatal("no memory figures");
+        qFatal("no figures from %s", qPrintable(arguments.join(u' ')));
     }
+    return {figures[0].toDouble(), figures[1].toDouble()};
+}
+
+/// The bytes by which a child grew, in kilobytes, and those of the texts.
+Measured memoryGrowth(int rows)
+{
     constexpr double kilobyte = 1024;
-    return {figures[0].toDouble() / kilobyte, figures[1].toDouble() / kilobyte};
+    const Measured bytes = figuresOf({u"growth"_s, QString::number(rows)});
+    return {bytes.own / kilobyte, bytes.other / kilobyte};
+}
+
+void addFirstSaveRow(SpeedTable &table)
+{
+    Measured last{};
+    const auto own = [&last] {
+        last = figuresOf({u"first-save"_s});
+        return last.own;
+    };
+    table.add("the first save of a run", "join, encode, write, flush, for the first time", "ms",
+        sideBySide(own, [&last] { return last.other; }), 1.4);
 }
 
 void addMemoryRows(SpeedTable &table)
 {
     const Measured typical = memoryGrowth(typicalRows);
     const Measured largest = memoryGrowth(maxRows);
-    table.add("resident growth for 32,767 rows", "the cells' texts as UTF-16", "KB", largest, 2.5);
+    table.add(
+        "resident growth for 32,767 rows, each of nine more files", "the cells' texts as UTF-16", "KB", largest, 1.6);
     table.add("resident growth, growth to 32,767 rows", "1,000 rows", "bytes a row",
-        {largest.own * 1024 / maxRows, typical.own * 1024 / typicalRows}, 1.2);
+        {largest.own * 1024 / maxRows, typical.own * 1024 / typicalRows}, 1.1);
 }
 
 /// Another program that does the same rows from start to exit, if it is installed.
@@ -227,12 +258,13 @@ void addProcessRows(SpeedTable &table)
             [&] {
                 return wallMilliseconds(bare, {u"table"_s, cells});
             }),
-        2);
-    addPeer(table, u"ssconvert"_s, {csv, folder.filePath(u"out.csv"_s)}, document.fileName(), 15);
+        4);
+    addPeer(table, u"ssconvert"_s, {csv, folder.filePath(u"out.csv"_s)}, document.fileName(), 50);
     addPeer(table, u"soffice"_s,
         {u"--headless"_s, u"--convert-to"_s, u"csv"_s, u"--outdir"_s, folder.filePath(u"out"_s), csv},
-        document.fileName(), 5);
+        document.fileName(), 15);
     addMemoryRows(table);
+    addFirstSaveRow(table);
 }
 
 int runAsChild(const char *mode, const char *argument)
@@ -253,6 +285,12 @@ int runAsChild(const char *mode, const char *argument)
     }
     if (name == "count-open") {
         return openOnce(file);
+    }
+    if (name == "keys") {
+        return printKeyTimes();
+    }
+    if (name == "first-save") {
+        return printFirstSave();
     }
     if (name == "growth") {
         return printGrowth(file.toInt());

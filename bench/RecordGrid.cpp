@@ -5,11 +5,13 @@
 RecordGrid::RecordGrid(const QList<PrRecord> &records, int count)
 {
     for (const PrRecord &record : records.first(count)) {
-        const RecordTexts texts(record);
-        QStringList row;
-        for (const QStringView cell : texts.cells()) {
-            row << cell.toString();
-        }
-        m_rows << row;
+        m_rows.emplace_back(RecordTexts(record).cells());
     }
+}
+
+CellTexts RecordGrid::rowTexts(int row) const
+{
+    CellTexts texts;
+    m_rows[size_t(row - 1)].copyTexts(texts);
+    return texts;
 }

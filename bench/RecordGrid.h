@@ -2,11 +2,13 @@
 
 #include "document/PrGrid.h"
 #include "document/PrRecord.h"
+#include "grid/cells/CellRow.h"
 
 #include <QList>
-#include <QStringList>
 
-/// A parameter grid that holds records as the editor shows them, one text per cell.
+#include <vector>
+
+/// A parameter grid that holds records as the editor's does: one buffer with all texts for a row.
 class RecordGrid : public PrGrid
 {
 public:
@@ -14,8 +16,9 @@ public:
     RecordGrid(const QList<PrRecord> &records, int count);
 
     int rowCount() const override { return static_cast<int>(m_rows.size()); }
-    QStringView cellText(int column, int row) const override { return m_rows[row - 1][column - 1]; }
+    QStringView cellText(int column, int row) const override { return m_rows[size_t(row - 1)].text(column - 1); }
+    CellTexts rowTexts(int row) const override;
 
 private:
-    QList<QStringList> m_rows;
+    std::vector<CellRow> m_rows;
 };

@@ -27,8 +27,12 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     std::printf("| what | against | Tabrix | yardstick | ratio | target | |\n|---|---|---|---|---|---|---|\n");
     SpeedTable table;
-    addProcessRows(table);
-    addCoreRows(table);
-    addEditorRows(table);
+    IdleCheck idle;
+    for (void (*addRows)(SpeedTable &) : {addProcessRows, addCoreRows, addEditorRows, addKeyRows}) {
+        idle.look();
+        addRows(table);
+    }
+    idle.look();
+    idle.print();
     return 0;
 }

@@ -10,6 +10,10 @@ inline constexpr int maxRows = 32767;
 void addCoreRows(SpeedTable &table);
 /// What a user meets in a window: opening, commands, scrolling.
 void addEditorRows(SpeedTable &table);
+/// From a key's press to the painted cell, if there is an X server for it.
+void addKeyRows(SpeedTable &table);
+/// The process under that server: prints the times.
+int printKeyTimes();
 /// Whole processes: start, a file from start to paint, memory; beside bare windows and other programs.
 void addProcessRows(SpeedTable &table);
 

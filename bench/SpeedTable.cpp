@@ -2,7 +2,9 @@
 
 #include <QtGlobal>
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
 
 namespace {
@@ -39,6 +41,32 @@ Measured sideBySide(const std::function<double()> &own, const std::function<doub
     return {median(owns), median(others)};
 }
 
+void IdleCheck::look()
+{
+    constexpr int loops = 40;
+    constexpr unsigned steps = 2'000'000;
+    for (int loop = 0; loop < loops; ++loop) {
+        const auto begin = std::chrono::steady_clock::now();
+        volatile unsigned sum = 0;
+        for (unsigned step = 0; step < steps; ++step) {
+            sum = sum + step;
+        }
+        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - begin;
+        m_milliseconds.push_back(taken.count());
+    }
+}
+
+void IdleCheck::print() const
+{
+    constexpr double tolerance = 1.1;
+    const double least = *std::ranges::min_element(m_milliseconds);
+    const auto slow = std::ranges::count_if(m_milliseconds, [=](double taken) { return taken > tolerance * least; });
+    const double share = double(slow) / double(m_milliseconds.size());
+    std::printf(
+        "\nThe machine was %s: %.0f %% of the calibration loops took more than a tenth longer than the fastest.\n",
+        share > 0.1 ? "BUSY, do not trust these figures" : "idle", 100 * share);
+}
+
 void SpeedTable::print(const std::string &what, const std::string &against, const std::string &figures, bool pass)
 {
     std::printf("| %s | %s | %s | %s |\n", what.c_str(), against.c_str(), figures.c_str(), pass ? "pass" : "short");
@@ -50,7 +78,7 @@ void SpeedTable::add(
 {
     const double ratio = measured.own / measured.other;
     print(what, against,
-        formatted("%.2f %s | %.2f %s | %.2f | <= %.1f", measured.own, unit, measured.other, unit, ratio, max),
+        formatted("%.2f %s | %.2f %s | %.2f | <= %.2g", measured.own, unit, measured.other, unit, ratio, max),
         ratio <= max);
 }
 
@@ -65,6 +93,11 @@ void SpeedTable::addFaster(const std::string &what, const std::string &against, 
 void SpeedTable::addLimit(const std::string &what, const char *unit, double own, double max)
 {
     print(what, "", formatted("%.2f %s | | | <= %.0f %s", own, unit, max, unit), own <= max);
+}
+
+void SpeedTable::addLeast(const std::string &what, const char *unit, double own, double min)
+{
+    print(what, "", formatted("%.0f %s | | | >= %.0f %s", own, unit, min, unit), own >= min);
 }
 
 void SpeedTable::addSkipped(const std::string &what, const std::string &why)

@@ -17,6 +17,19 @@ struct Measured
 /// one that warms the caches.
 Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other);
 
+/// Whether the machine had nothing else to do: the same loop must always take the same time.
+class IdleCheck
+{
+public:
+    /// Runs the loop; to be called before, between and after the rows.
+    void look();
+    /// Says below the table what the loops took, and whether that makes the figures doubtful.
+    void print() const;
+
+private:
+    std::vector<double> m_milliseconds;
+};
+
 /// The table of what users feel: each row a measurement beside its yardstick, with a target.
 class SpeedTable
 {
@@ -27,6 +40,8 @@ public:
     void addFaster(const std::string &what, const std::string &against, Measured measured, double min);
     /// A plain figure that may be max at most.
     void addLimit(const std::string &what, const char *unit, double own, double max);
+    /// A plain figure that must be min at least.
+    void addLeast(const std::string &what, const char *unit, double own, double min);
     /// A line instead of a row that cannot be measured here.
     void addSkipped(const std::string &what, const std::string &why);
 
