@@ -5,12 +5,11 @@
 #include "bench/BenchDocument.h"
 #include "bench/Desk.h"
 #include "bench/SpeedRows.h"
-#include "editor/GridCommands.h"
+#include "bench/TimedCommands.h"
 #include "editor/GridFinder.h"
 #include "editor/frmPrFile.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QLineEdit>
 
 #include <string>
@@ -19,10 +18,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int blockRows = 1000;
-constexpr GridBlock firstCell{1, 1, 1, 1};
-constexpr GridBlock firstRows{-1, 1, benchColumnCount, blockRows};
 
 /// Has the instructions of work counted under that name.
 void count(const std::string &name, const auto &work)
@@ -34,40 +29,12 @@ void count(const std::string &name, const auto &work)
     CALLGRIND_STOP_INSTRUMENTATION;
 }
 
-/// Lets the windows paint what has changed. Timers do not run.
-void paint()
-{
-    QApplication::sendPostedEvents();
-}
-
-void press(const Desk &desk, Qt::Key key)
-{
-    QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
-    QApplication::sendEvent(&desk.grid(), &event);
-}
-
-struct Command
-{
-    const char *name;
-    GridBlock selected;
-    void (*run)(const Desk &desk);
-};
-
-constexpr Command commands[] = {
-    {"Add line", firstCell, [](const Desk &desk) { desk.editor().commands().addLines(); }},
-    {"Delete of 1,000 rows", firstRows, [](const Desk &desk) { desk.editor().commands().deleteLines(); }},
-    {"Paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().paste(); }},
-    {"Add-paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().addPaste(); }},
-    {"fill of 1,000 rows", firstRows, [](const Desk &desk) { press(desk, Qt::Key_D); }},
-};
-
 void countCommands(const Desk &desk)
 {
-    desk.grid().selectBlock(firstRows);
-    desk.editor().commands().copy();
-    for (const Command &command : commands) {
+    copyRows(desk);
+    for (const TimedCommand &command : timedCommands()) {
         desk.restore();
-        desk.grid().setRowCount(desk.rowCount() - blockRows); // the greatest number shall not be exceeded
+        desk.grid().setRowCount(desk.rowCount() - commandRows); // the greatest number shall not be exceeded
         desk.grid().selectBlock(command.selected);
         paint();
         const std::string name = command.name;

@@ -6,14 +6,13 @@
 #include "bench/PlainView.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
-#include "editor/GridCommands.h"
+#include "bench/TimedCommands.h"
 #include "editor/frmPrFile.h"
 #include "print/GridPrinter.h"
 #include "print/PrintJob.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QKeyEvent>
 #include <QPdfWriter>
 #include <QScrollBar>
 
@@ -27,9 +26,6 @@ namespace {
 constexpr double milliseconds = 1000;
 constexpr double maxGrowth = 1.1;
 constexpr double frameTime = 8; // ms
-constexpr int blockRows = 1000;
-constexpr GridBlock firstCell{1, 1, 1, 1};
-constexpr GridBlock firstRows{-1, 1, benchColumnCount, blockRows};
 
 Measured measureOpen(Desk &desk)
 {
@@ -46,34 +42,6 @@ Measured measureOpen(Desk &desk)
     };
     return sideBySide(own, baseline);
 }
-
-void press(const Desk &desk, Qt::Key key)
-{
-    QKeyEvent event(QEvent::KeyPress, key, Qt::ControlModifier);
-    QApplication::sendEvent(&desk.grid(), &event);
-}
-
-/// Lets the windows paint what has changed; the marks, which are found when there is time, come later.
-void paint()
-{
-    QApplication::sendPostedEvents();
-}
-
-/// A command on the first rows of the document.
-struct Command
-{
-    const char *name;
-    GridBlock selected;
-    void (*run)(const Desk &desk);
-};
-
-constexpr Command commands[] = {
-    {"Add line", firstCell, [](const Desk &desk) { desk.editor().commands().addLines(); }},
-    {"Delete of 1,000 rows", firstRows, [](const Desk &desk) { desk.editor().commands().deleteLines(); }},
-    {"Paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().paste(); }},
-    {"Add-paste of 1,000 rows", firstCell, [](const Desk &desk) { desk.editor().commands().addPaste(); }},
-    {"fill of 1,000 rows", firstRows, [](const Desk &desk) { press(desk, Qt::Key_D); }},
-};
 
 /// The time of moving all rows by so many, as a command at the top of the table has to.
 double moveSeconds(const PlainRows &texts, int by)
@@ -104,22 +72,21 @@ struct CommandTimes
 void addCommandRows(SpeedTable &table, Desk &desk)
 {
     const PlainRows texts = desk.plainRows();
-    desk.grid().selectBlock(firstRows);
-    desk.editor().commands().copy();
-    for (const Command &command : commands) {
+    copyRows(desk);
+    for (const TimedCommand &command : timedCommands()) {
         CommandTimes run;
         CommandTimes undo;
         CommandTimes redo;
         const auto own = [&] {
             desk.restore();
-            desk.grid().setRowCount(desk.rowCount() - blockRows); // the greatest number shall not be exceeded
+            desk.grid().setRowCount(desk.rowCount() - commandRows); // the greatest number shall not be exceeded
             desk.grid().selectBlock(command.selected);
             QApplication::processEvents();
             run.take([&] { command.run(desk); });
             undo.take([&] { press(desk, Qt::Key_Z); });
             return redo.take([&] { press(desk, Qt::Key_Y); });
         };
-        const double moved = sideBySide(own, [&] { return milliseconds * moveSeconds(texts, blockRows); }).other;
+        const double moved = sideBySide(own, [&] { return milliseconds * moveSeconds(texts, commandRows); }).other;
         run.add(table, command.name, moved);
         undo.add(table, std::string("undo of ") + command.name, moved);
         redo.add(table, std::string("redo of ") + command.name, moved);
