@@ -12,8 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double lastMode = 7; // the operation modes are 0 to 7
-
 bool isNegated(const PrCondition &condition)
 {
     return (condition.kind & PrCondition::NotEqual) != 0;
@@ -71,7 +69,7 @@ void ConditionCheck::check()
 void ConditionCheck::check(const PrCondition &condition)
 {
     if (condition.subject == "MODE"_L1) {
-        checkValues(condition, {{0, lastMode}});
+        checkValues(condition, {{0, lastOperationMode}});
         return;
     }
     if (!isNumeric(condition.subject)) {

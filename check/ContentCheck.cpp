@@ -89,14 +89,12 @@ void ContentCheck::checkNumber()
     }
 }
 
-/// The name's column is this many columns of half-width characters wide in the grid and on paper.
 void ContentCheck::checkName()
 {
-    constexpr qsizetype printedWidth = 25;
     const QString &name = m_record.name;
-    const qsizetype width = name.size() * 2 > printedWidth ? m_page.byteLength(name) : 0;
-    if (width > printedWidth) {
-        add(CheckId::NameTooLong, ParameterColumn::Name, {QString::number(width), QString::number(printedWidth)});
+    const qsizetype width = name.size() * 2 > printedNameWidth ? m_page.byteLength(name) : 0;
+    if (width > printedNameWidth) {
+        add(CheckId::NameTooLong, ParameterColumn::Name, {QString::number(width), QString::number(printedNameWidth)});
     }
 }
 

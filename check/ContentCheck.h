@@ -17,6 +17,9 @@ struct ContentBasis
     bool operator==(const ContentBasis &) const = default;
 };
 
+/// The width of the name's column in the grid and on paper, in half-width characters: a byte of a code page each.
+inline constexpr qsizetype printedNameWidth = 25;
+
 /// What is wrong in itself in a record: number, ranges, factory setting, conditions, function code, help topic.
 /// row: from 0, its own among the others.
 Findings checkContent(const PrRecord &record, int row, const OtherRows &others, const ContentBasis &basis);

@@ -1,10 +1,12 @@
 #include "check/FileRows.h"
 
+#include "check/ConditionCheck.h"
 #include "check/NumberKey.h"
 #include "document/FieldReader.h"
 #include "document/ParameterColumns.h"
 #include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
+#include "runtime/Digits.h"
 #include "runtime/NumberText.h"
 
 #include <algorithm>
@@ -102,7 +104,6 @@ void FileRows::add(const Decoded &row)
 
 void FileRows::add(const PlainRow &row)
 {
-    constexpr qsizetype printedWidth = 25; // of the name's column, in bytes
     const int at = rowCount();
     const QByteArrayView helpId = row.text(helpField);
     Row &added = m_rows.emplace_back(Row{.bytes = row.bytes,
@@ -125,7 +126,7 @@ void FileRows::add(const PlainRow &row)
     const bool areIntervalsOdd = addIntervals(row);
     const bool areConditionsOdd = addConditions(row);
     added.intervalsEnd = m_intervals.size();
-    added.isOdd = added.number < 0 || added.helpId < 0 || added.name.size() > printedWidth || areIntervalsOdd
+    added.isOdd = added.number < 0 || added.helpId < 0 || added.name.size() > printedNameWidth || areIntervalsOdd
         || areConditionsOdd || (row.ranges.empty() && row.text(rangeCheckField) == "1") || isOddCode(row)
         || isOddSetting(row, intervalsOf(at));
 }
@@ -157,13 +158,12 @@ bool FileRows::addConditions(const PlainRow &row)
 
 bool FileRows::addCondition(const PlainRow::Condition &condition)
 {
-    constexpr double lastMode = 7;
     if (condition.subject == "OP") {
         return false; // a plug-in option may have any name
     }
     const double first = leadingNumber(condition.value1);
     if (condition.subject == "MODE") {
-        return first > lastMode;
+        return first > lastOperationMode;
     }
     const bool hasRange = (condition.kind & PrCondition::HasRange) != 0;
     const double second = hasRange ? leadingNumber(condition.value2) : first;

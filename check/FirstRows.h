@@ -5,11 +5,8 @@
 
 #include <vector>
 
-/// The number from 0 to 99,999 that is written so; -1 for any other text, such as "007".
-int smallNumber(QByteArrayView text);
-int smallNumber(QStringView text);
-
-/// The first row, from 0, of each of many texts. Nearly all texts are small numbers, which need no hash.
+/// The first row, from 0, of each of many texts. Nearly all texts are small numbers
+/// (smallNumber()), which need no hash.
 class FirstRows
 {
 public:

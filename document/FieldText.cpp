@@ -1,5 +1,7 @@
 #include "document/FieldText.h"
 
+#include "runtime/Digits.h"
+
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -11,15 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool isDigit(QChar character)
-{
-    return character >= u'0' && character <= u'9';
-}
-
 qsizetype countDigits(QStringView text)
 {
     qsizetype count = 0;
-    while (count < text.size() && isDigit(text[count])) {
+    while (count < text.size() && isDigit(text[count].unicode())) {
         ++count;
     }
     return count;

@@ -4,17 +4,13 @@
 #include "document/ParameterColumns.h"
 #include "document/ReadBackCheck.h"
 #include "runtime/AnsiText.h"
+#include "runtime/Digits.h"
 #include "runtime/NumberText.h"
 
 #include <algorithm>
 #include <charconv>
 
 namespace {
-
-bool isDigit(char16_t unit)
-{
-    return unit >= u'0' && unit <= u'9';
-}
 
 /// Takes texts apart unit by unit.
 class Scanner
@@ -97,9 +93,8 @@ private:
     bool putFactorySetting();
     bool putFunctionCode();
     bool putRangeCheck();
-    bool putRanges(Scanner scanner);
+    bool putList(QStringView list, bool (RowWriter::*putItem)(Scanner &scanner));
     bool putRange(Scanner &scanner);
-    bool putConditions(Scanner scanner);
     bool putCondition(Scanner &scanner);
 
     const CellTexts &m_cells;
@@ -117,7 +112,7 @@ bool RowWriter::write()
     const bool isOrdinary = putCount(conditions) && putText(Number) && putText(HelpId) && putText(Name) && putText(Unit)
         && putIncrement(firstIncrement(cell(Min1))) && putIncrement(otherIncrement(cell(Min2)))
         && putIncrement(otherIncrement(cell(Min3))) && putFactorySetting() && putFunctionCode() && putRangeCheck()
-        && putCount(ranges) && putRanges(Scanner(ranges)) && putConditions(Scanner(conditions));
+        && putCount(ranges) && putList(ranges, &RowWriter::putRange) && putList(conditions, &RowWriter::putCondition);
     if (isOrdinary && !(ranges.isEmpty() && conditions.isEmpty())) {
         m_out[-1] = '\r'; // instead of the comma
         put('\n');
@@ -190,11 +185,13 @@ bool RowWriter::putRangeCheck()
     return isBox;
 }
 
-bool RowWriter::putRanges(Scanner scanner)
+/// A list of items with commas between them. putItem: writes one of them
+bool RowWriter::putList(QStringView list, bool (RowWriter::*putItem)(Scanner &scanner))
 {
-    bool isOrdinary = scanner.atEnd() || putRange(scanner);
+    Scanner scanner(list);
+    bool isOrdinary = scanner.atEnd() || (this->*putItem)(scanner);
     while (isOrdinary && !scanner.atEnd()) {
-        isOrdinary = scanner.take(u',') && putRange(scanner);
+        isOrdinary = scanner.take(u',') && (this->*putItem)(scanner);
     }
     return isOrdinary;
 }
@@ -212,15 +209,6 @@ bool RowWriter::putRange(Scanner &scanner)
     put(upper);
     put(',');
     return !lower.isEmpty() && !upper.isEmpty();
-}
-
-bool RowWriter::putConditions(Scanner scanner)
-{
-    bool isOrdinary = scanner.atEnd() || putCondition(scanner);
-    while (isOrdinary && !scanner.atEnd()) {
-        isOrdinary = scanner.take(u',') && putCondition(scanner);
-    }
-    return isOrdinary;
 }
 
 /// "MODE=1", "160/2" and "160=1-3"; of two values the smaller text comes first already.

@@ -4,6 +4,7 @@
 #include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
 #include "runtime/DecimalValue.h"
+#include "runtime/Digits.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,36 +18,17 @@ bool isEqual(QByteArrayView text, std::string_view other)
     return std::string_view(text.data(), std::size_t(text.size())) == other;
 }
 
-bool isDigit(char byte)
-{
-    return byte >= '0' && byte <= '9';
-}
-
 /// As many as a double holds at most
 bool isDigits(QByteArrayView text)
 {
     constexpr qsizetype exactDigits = 15;
-    return !text.isEmpty() && text.size() <= exactDigits && std::ranges::all_of(text, isDigit);
-}
-
-/// The number of a text of at most five digits without a zero too many; -1 for any other.
-int wholeNumber(QByteArrayView text)
-{
-    constexpr qsizetype mostDigits = 5;
-    if (text.isEmpty() || text.size() > mostDigits || (text.front() == '0' && text.size() > 1) || !isDigits(text)) {
-        return -1;
-    }
-    int number = 0;
-    for (const char digit : text) {
-        number = number * 10 + (digit - '0');
-    }
-    return number;
+    return !text.isEmpty() && text.size() <= exactDigits && std::ranges::all_of(text, isDigit<char>);
 }
 
 /// A count that a list can have; -1 for any other text.
 int listCount(QByteArrayView text)
 {
-    const int count = wholeNumber(text);
+    const int count = smallNumber(text);
     return count <= std::numeric_limits<qint16>::max() ? count : -1;
 }
 
@@ -103,7 +85,7 @@ bool isPlainSetting(QByteArrayView text, const PlainNumber &number)
 bool isPlainCode(QByteArrayView text)
 {
     const bool isNegative = text.startsWith('-');
-    const int code = wholeNumber(withoutSign(text));
+    const int code = smallNumber(withoutSign(text));
     return isNegative ? code > 0 && code <= -std::numeric_limits<qint16>::min()
                       : code >= 0 && code <= std::numeric_limits<qint16>::max();
 }
@@ -303,7 +285,7 @@ bool PlainRowReader::takeCondition(PlainRow::Condition &condition)
     if (!takeEntry(condition.subject) || !takeEntry(kind) || !takeEntry(condition.value1)) {
         return false;
     }
-    const int number = wholeNumber(kind);
+    const int number = smallNumber(kind);
     if (number < 0 || number > mostKinds) {
         return false;
     }

@@ -1,6 +1,7 @@
 #include "runtime/NumberText.h"
 
 #include "runtime/DecimalValue.h"
+#include "runtime/Digits.h"
 #include "runtime/NumericParser.h"
 #include "runtime/Spaces.h"
 
@@ -17,12 +18,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Reading
-
-template <typename Char>
-bool isDigit(Char character)
-{
-    return character >= Char('0') && character <= Char('9');
-}
 
 template <typename Char>
 const Char *skipDigits(const Char *at, const Char *end)

@@ -2,6 +2,7 @@
 
 #include "runtime/Country.h"
 #include "runtime/DecimalValue.h"
+#include "runtime/Digits.h"
 #include "runtime/Spaces.h"
 
 #include <cmath>
@@ -10,11 +11,6 @@
 namespace {
 
 constexpr int japan = 81;
-
-bool isDigit(char16_t character)
-{
-    return character >= u'0' && character <= u'9';
-}
 
 bool isCurrencySign(char16_t character)
 {

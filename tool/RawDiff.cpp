@@ -1,13 +1,15 @@
 #include "tool/RawDiff.h"
 
-#include "check/FirstRows.h"
 #include "document/FieldReader.h"
 #include "document/ParameterColumns.h"
 #include "document/PlainRow.h"
 #include "document/PrFileCodec.h"
 #include "document/RecordReader.h"
 #include "runtime/AnsiText.h"
+#include "runtime/Digits.h"
 #include "tool/ListDiff.h"
+
+#include <QHash>
 
 #include <algorithm>
 
