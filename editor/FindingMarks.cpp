@@ -157,7 +157,7 @@ void FindingMarks::tell(std::span<const CellRow> present)
 
 void FindingMarks::runSlice()
 {
-    constexpr qint64 sliceTime = 4; // milliseconds: a fraction of a frame
+    constexpr qint64 sliceTime = 1'000'000; // nanoseconds: one key's events may have to wait for several slices
     constexpr int afterFile = 50;
     if (InputHold::isHeld()) {
         m_slices.start(afterFile);
@@ -166,7 +166,7 @@ void FindingMarks::runSlice()
     QElapsedTimer time;
     time.start();
     bool isLeft = true;
-    while (isLeft && time.elapsed() < sliceTime) {
+    while (isLeft && time.nsecsElapsed() < sliceTime) {
         isLeft = runStep();
     }
     if (isLeft) {
