@@ -156,12 +156,11 @@ void SpreadDelegate::paintText(
         return;
     }
     const QRect rect = option.rect.adjusted(margin(), 0, -margin(), 0);
-    const QRect window = windowOf(option);
-    const QFontMetrics metrics = painter->fontMetrics();
-    if (m_fitGuess.surelyFits(text, metrics, rect.width()) && rect.right() <= window.right()) {
-        painter->drawText(rect, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine, text.toString());
+    if (m_texts.draw(*painter, rect, alignment, text)) {
         return;
     }
+    const QRect window = windowOf(option);
+    const QFontMetrics metrics = painter->fontMetrics();
     if (rect.height() > window.height() && VisibleText::isManyLines(text) && LineEnds::areIn(text)) {
         const auto lines = VisibleText::ofLines(text, rect, window, metrics.lineSpacing(), alignment);
         painter->drawText(QRect(rect.left(), lines.top, rect.width(), rect.bottom() - lines.top + 1),

@@ -2,7 +2,7 @@
 
 #include "grid/CellSearch.h"
 #include "grid/CheckBoxPictures.h"
-#include "grid/cells/FitGuess.h"
+#include "grid/cells/ShapedTexts.h"
 
 #include <QPalette>
 #include <QPointer>
@@ -83,7 +83,7 @@ private:
     const SpreadModel &m_model;
     CellSearch m_search;
     mutable CheckBoxPictures m_boxes;
-    mutable FitGuess m_fitGuess;
+    mutable ShapedTexts m_texts;
     bool m_foundMarked = false;
     std::function<bool()> m_runFillKey;
     bool m_keepsOpen = false; ///< the editor stays open even if it loses the focus

@@ -1,13 +1,16 @@
 #include "grid/cells/CellText.h"
 
-#include "grid/cells/FitGuess.h"
+#include "grid/cells/ShapedTexts.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
 #include <QFont>
+#include <QImage>
+#include <QPainter>
 
 #include <cmath>
+#include <functional>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -19,6 +22,17 @@ QFont cellFont()
     QFont font(u"DejaVu Sans"_s);
     font.setPixelSize(16);
     return font;
+}
+
+/// What is drawn in that font, with that many dots to a pixel; a null picture if draw says that it draws nothing.
+QImage picture(const QFont &font, int ratio, const std::function<bool(QPainter &)> &draw)
+{
+    QImage image(380 * ratio, 30 * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setFont(font);
+    return draw(painter) ? image : QImage();
 }
 
 /// What is shown in the width of another text, and in the height of that many lines.
@@ -64,33 +78,74 @@ TEST(CellTextLines, areShownAsFarAsTheyFit)
     EXPECT_EQ(shown(u"a long line\n12"_s, u"a lon\u2026"_s, 2), u"a lon\u2026\n12"_s);
 }
 
-// In no font, size or width may a text be taken to fit that would be cut; most that fit easily are seen to.
-TEST(FitGuess, isRightAboutWhatFits)
+// Texts that are laid out only once, and numbers that are put together, are drawn as the painter draws them: in every
+// font, size, width, place, and on a display of more dots.
+TEST(ShapedTexts, areDrawnAsThePainterDrawsThem)
 {
-    const QStringList texts{u"1"_s, u"1000"_s, u"0-3600"_s, u"No"_s, u"Acceleration time"_s, u"WAVAToTyP,Y."_s,
-        u"iiiiillll"_s, u"ffi fl ffl"_s, u"MMMMMMWWWW"_s, u"r.v,w-y"_s};
-    FitGuess guess;
-    int guessed = 0;
-    int fitting = 0;
+    const QStringList texts{u"0"_s, u"1000"_s, u"-3600.5"_s, u"1-1.-"_s, u"No"_s, u"Acceleration time"_s,
+        u"WAVAToTyP,Y."_s, u"ffi fl ffl"_s, u"\u00B0C \u03A9"_s, u"\u8868 \uFF76\uFF9E 1"_s, u"e\u0301a\u0308"_s, u"x=1"_s,
+        u"12345678901234567890123456789012"_s, u"123456789012345678901234567890123"_s};
+    ShapedTexts shaped;
     for (const QString &family : {u"DejaVu Sans"_s, u"DejaVu Sans Mono"_s, u"DejaVu Serif"_s}) {
-        for (const int pixels : {9, 13, 16, 31}) {
-            QFont font(family);
-            font.setPixelSize(pixels);
-            const QFontMetrics metrics(font);
-            for (int width = 1; width < 400; width += 3) {
+        for (const double points : {6.5, 9.0, 13.25}) {
+            for (const int ratio : {1, 2}) {
+                QFont font(family);
+                font.setPointSizeF(points);
+                font.setItalic(ratio == 2);
                 for (const QString &text : texts) {
-                    const bool fits = shownCellText(text, metrics, {width, 100}) == text;
-                    const bool isGuessed = guess.surelyFits(text, metrics, width);
-                    ASSERT_TRUE(fits || !isGuessed) << text.toStdString() << ' ' << pixels << ' ' << width;
-                    guessed += isGuessed ? 1 : 0;
-                    fitting += fits ? 1 : 0;
+                    for (const int width : {1, 17, 40, 61, 350}) {
+                        for (const Qt::Alignment side : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
+                            const QRect rect(-7 + width / 10, 3, width, width == 61 ? 8 : 24);
+                            const auto own = [&](QPainter &painter) {
+                                return shaped.draw(painter, rect, side, text);
+                            };
+                            const auto plain = [&](QPainter &painter) {
+                                const QString cut = shownCellText(text, painter.fontMetrics(), rect.size());
+                                painter.drawText(rect, int(side | Qt::AlignVCenter) | Qt::TextSingleLine, cut);
+                                return true;
+                            };
+                            ASSERT_EQ(picture(font, ratio, own), picture(font, ratio, plain))
+                                << text.toStdString() << " in " << font.toString().toStdString() << ' ' << width;
+                        }
+                    }
                 }
             }
         }
     }
-    EXPECT_GT(guessed, fitting * 8 / 10);
-    EXPECT_FALSE(guess.surelyFits(u"\u8868", QFontMetrics(cellFont()), 1000));
-    EXPECT_FALSE(guess.surelyFits(u"a\nb", QFontMetrics(cellFont()), 1000));
+}
+
+TEST(ShapedTexts, leavesOtherTextsToThePainter)
+{
+    ShapedTexts shaped;
+    for (const QString &text : {u""_s, u" a"_s, u"a "_s, u"a\nb"_s, u"a\tb"_s, u"\u05D0"_s, QString(65, u'a')}) {
+        const auto isDrawn = [&](QPainter &painter) { return shaped.draw(painter, {0, 0, 300, 20}, {}, text); };
+        EXPECT_TRUE(picture(cellFont(), 1, isDrawn).isNull()) << text.toStdString();
+    }
+    QFont underlined = cellFont();
+    underlined.setUnderline(true);
+    const auto isDrawn = [&](QPainter &painter) { return shaped.draw(painter, {0, 0, 300, 20}, {}, u"a"); };
+    EXPECT_TRUE(picture(underlined, 1, isDrawn).isNull());
+    EXPECT_FALSE(picture(cellFont(), 1, isDrawn).isNull());
+}
+
+// Nothing of what is remembered outlives the font, or grows with the number of texts.
+TEST(ShapedTexts, areLetGoOf)
+{
+    ShapedTexts shaped;
+    const auto draw = [&](const QString &text) {
+        return [&shaped, text](QPainter &painter) { return shaped.draw(painter, {0, 0, 300, 24}, {}, text); };
+    };
+    const QImage before = picture(cellFont(), 1, draw(u"a 1"_s));
+    for (int i = 0; i < 5000; ++i) {
+        picture(cellFont(), 1, draw(u"b %1"_s.arg(i)));
+    }
+    EXPECT_LE(shaped.count(), 2048);
+    EXPECT_EQ(picture(cellFont(), 1, draw(u"a 1"_s)), before);
+    QFont larger = cellFont();
+    larger.setPixelSize(20);
+    EXPECT_NE(picture(larger, 1, draw(u"a 1"_s)), before);
+    EXPECT_NE(picture(larger, 1, draw(u"1"_s)), picture(cellFont(), 1, draw(u"1"_s)));
+    EXPECT_LE(shaped.count(), 1);
 }
 
 // Only as much as could be seen is looked at, so that painting does not depend on the text's length.

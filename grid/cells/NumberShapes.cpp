@@ -1,0 +1,89 @@
+#include "grid/cells/NumberShapes.h"
+
+#include "grid/cells/ShapedLine.h"
+
+#include <QFont>
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+
+namespace {
+
+bool isKnown(QChar character)
+{
+    return (character >= u'0' && character <= u'9') || character == u'.' || character == u'-';
+}
+
+/// Each of the characters beside each, itself included.
+QString allPairs(QStringView characters)
+{
+    QString text;
+    for (const QChar left : characters) {
+        for (const QChar right : characters) {
+            text += left;
+            text += right;
+        }
+    }
+    return text;
+}
+
+} // namespace
+
+void NumberShapes::setFont(const QFont &font)
+{
+    m_isUsable = false;
+    const QString pairs = allPairs(known);
+    const ShapedLine line = ShapedLine::of(pairs + known.front(), font);
+    if (line.runs.size() != 1 || line.runs.front().glyphIndexes().size() != pairs.size() + 1) {
+        return;
+    }
+    m_run = line.runs.front();
+    const QList<quint32> glyphs = m_run.glyphIndexes();
+    const QList<QPointF> places = m_run.positions();
+    for (qsizetype i = 0; i < known.size(); ++i) {
+        const qsizetype at = pairs.indexOf(known[i]);
+        m_shapes[std::size_t(i)] = {glyphs[at], places[at + 1].x() - places[at].x()};
+    }
+    m_first = places.front();
+    m_height = line.size.height();
+    m_isUsable = true;
+    for (qsizetype i = 0; i < pairs.size(); ++i) {
+        const Shape &shape = shapeOf(pairs[i]);
+        const QPointF next = places[i] + QPointF(shape.advance, 0);
+        m_isUsable = m_isUsable && glyphs[i] == shape.glyph && places[i + 1] == next;
+    }
+}
+
+bool NumberShapes::has(QStringView text) const
+{
+    return m_isUsable && std::size_t(text.size()) <= maxLength && std::ranges::all_of(text, isKnown);
+}
+
+const QGlyphRun &NumberShapes::glyphs(QStringView text)
+{
+    QPointF place = m_first;
+    for (std::size_t i = 0; i < std::size_t(text.size()); ++i) {
+        const Shape &shape = shapeOf(text[qsizetype(i)]);
+        m_glyphs[i] = shape.glyph;
+        m_places[i] = place;
+        place.rx() += shape.advance;
+    }
+    m_run.setRawData(m_glyphs.data(), m_places.data(), int(text.size()));
+    return m_run;
+}
+
+QSizeF NumberShapes::size(QStringView text) const
+{
+    qreal width = 0;
+    for (const QChar character : text) {
+        width += shapeOf(character).advance;
+    }
+    return {width, m_height};
+}
+
+const NumberShapes::Shape &NumberShapes::shapeOf(QChar character) const
+{
+    const int digit = character.unicode() - u'0';
+    return m_shapes[std::size_t(digit >= 0 && digit <= 9 ? digit : character == u'.' ? 10 : 11)];
+}
