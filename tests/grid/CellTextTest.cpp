@@ -83,8 +83,8 @@ TEST(CellTextLines, areShownAsFarAsTheyFit)
 TEST(ShapedTexts, areDrawnAsThePainterDrawsThem)
 {
     const QStringList texts{u"0"_s, u"1000"_s, u"-3600.5"_s, u"1-1.-"_s, u"No"_s, u"Acceleration time"_s,
-        u"WAVAToTyP,Y."_s, u"ffi fl ffl"_s, u"\u00B0C \u03A9"_s, u"\u8868 \uFF76\uFF9E 1"_s, u"e\u0301a\u0308"_s, u"x=1"_s,
-        u"12345678901234567890123456789012"_s, u"123456789012345678901234567890123"_s};
+        u"WAVAToTyP,Y."_s, u"ffi fl ffl"_s, u"\u00B0C \u03A9"_s, u"\u8868 \uFF76\uFF9E 1"_s, u"e\u0301a\u0308"_s,
+        u"x=1"_s, u"12345678901234567890123456789012"_s, u"123456789012345678901234567890123"_s};
     ShapedTexts shaped;
     for (const QString &family : {u"DejaVu Sans"_s, u"DejaVu Sans Mono"_s, u"DejaVu Serif"_s}) {
         for (const double points : {6.5, 9.0, 13.25}) {
@@ -96,9 +96,7 @@ TEST(ShapedTexts, areDrawnAsThePainterDrawsThem)
                     for (const int width : {1, 17, 40, 61, 350}) {
                         for (const Qt::Alignment side : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
                             const QRect rect(-7 + width / 10, 3, width, width == 61 ? 8 : 24);
-                            const auto own = [&](QPainter &painter) {
-                                return shaped.draw(painter, rect, side, text);
-                            };
+                            const auto own = [&](QPainter &painter) { return shaped.draw(painter, rect, side, text); };
                             const auto plain = [&](QPainter &painter) {
                                 const QString cut = shownCellText(text, painter.fontMetrics(), rect.size());
                                 painter.drawText(rect, int(side | Qt::AlignVCenter) | Qt::TextSingleLine, cut);
