@@ -5,20 +5,41 @@
 #include <QPainter>
 #include <QTableView>
 
+#include <array>
 #include <utility>
 
 namespace {
 
+std::array<QRect, 2> topAndBottom(const QRect &rect)
+{
+    return {QRect(rect.left(), rect.top(), rect.width(), 1), QRect(rect.left(), rect.bottom(), rect.width(), 1)};
+}
+
+std::array<QRect, 2> leftAndRight(const QRect &rect)
+{
+    return {QRect(rect.left(), rect.top(), 1, rect.height()), QRect(rect.right(), rect.top(), 1, rect.height())};
+}
+
+QRegion regionOf(const std::array<QRect, 2> &lines)
+{
+    return QRegion(lines[0]) + lines[1];
+}
+
 /// The outermost pixels of a rectangle. A fill takes a direct road in the painter, an outline is stroked.
 void paintFrame(QPainter &painter, const QRect &rect, const QColor &colour)
 {
-    painter.fillRect(QRect(rect.left(), rect.top(), rect.width(), 1), colour);
-    painter.fillRect(QRect(rect.left(), rect.bottom(), rect.width(), 1), colour);
-    painter.fillRect(QRect(rect.left(), rect.top(), 1, rect.height()), colour);
-    painter.fillRect(QRect(rect.right(), rect.top(), 1, rect.height()), colour);
+    for (const auto &lines : {topAndBottom(rect), leftAndRight(rect)}) {
+        painter.fillRect(lines[0], colour);
+        painter.fillRect(lines[1], colour);
+    }
 }
 
 } // namespace
+
+QRegion ActiveFrame::uncovered(const QRegion &region) const
+{
+    return shouldBeAroundView() ? region.subtracted(edges()) : region;
+}
 
 void ActiveFrame::paint(QPainter &painter)
 {
@@ -66,13 +87,24 @@ bool ActiveFrame::shouldBeAroundView() const
 QRegion ActiveFrame::edges() const
 {
     const QRect view = m_view.viewport()->rect();
-    return QRegion(view).subtracted(view.adjusted(1, 1, -1, -1));
+    return regionOf(topAndBottom(view)) + regionOf(leftAndRight(view));
 }
 
-// The frame around the view must not scroll with the cells.
+// The frame around the view must not scroll with the cells. While it stays, the lines along which they move look the
+// same afterwards.
 void ActiveFrame::follow(const QPoint &moved)
 {
-    if (m_isAroundView || shouldBeAroundView()) {
-        m_view.viewport()->update(edges().united(edges().translated(moved)));
+    const bool isAroundView = shouldBeAroundView();
+    if (!m_isAroundView && !isAroundView) {
+        return;
     }
+    const bool stays = m_isAroundView && isAroundView;
+    QRegion lines;
+    if (moved.y() != 0 || !stays) {
+        lines += regionOf(topAndBottom(m_view.viewport()->rect()));
+    }
+    if (moved.x() != 0 || !stays) {
+        lines += regionOf(leftAndRight(m_view.viewport()->rect()));
+    }
+    m_view.viewport()->update(lines.united(lines.translated(moved)));
 }

@@ -14,6 +14,8 @@ class ActiveFrame
 public:
     ActiveFrame(QTableView &view, const SpreadHeader &columns) : m_view(view), m_columns(columns) { }
 
+    /// The part of a region that the frame will leave visible: cells under it need not be painted.
+    QRegion uncovered(const QRegion &region) const;
     /// Call it after the cells were painted.
     void paint(QPainter &painter);
     /// Call it when the view has scrolled. moved: how many pixels the contents of the viewport have moved.

@@ -36,6 +36,10 @@ SpreadView::SpreadView(QWidget *parent)
         // With the grid's own model, a header looks at every cell of a selected column each time it is painted.
         header->setSelectionModel(new QItemSelectionModel(m_model, header));
     }
+    for (QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()}) {
+        // Many styles let through what is below a scroll bar; without this all windows around it would be painted too.
+        bar->parentWidget()->setAutoFillBackground(true);
+    }
     setSelectionMode(ContiguousSelection);
     setEditTriggers(AnyKeyPressed);
     setHorizontalScrollMode(ScrollPerPixel);
@@ -385,7 +389,8 @@ void SpreadView::paintEvent(QPaintEvent *event)
     initViewItemOption(&option);
     option.font = font();
     const int covered = m_columnHeader->coveredWidth();
-    for (const QRect &part : event->region()) {
+    const QRegion cells = m_activeFrame->uncovered(event->region());
+    for (const QRect &part : cells) {
         for (int x = std::max(part.left(), covered); x <= part.right();) {
             const int column = m_columnHeader->logicalIndexAt(x);
             if (column < 0) {

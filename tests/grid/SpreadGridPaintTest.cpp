@@ -5,9 +5,12 @@
 
 #include <QApplication>
 #include <QProxyStyle>
+#include <QScreen>
+#include <QScrollBar>
 #include <QStyleOption>
 
 #include <cstdlib>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -88,6 +91,38 @@ TEST(SpreadGridPaint, marksTheSelectionAndTheActiveCell)
     EXPECT_FALSE(hasColour(picture, innerRect(*grid, 2, 2), highlight)); // active: a frame around its own background
     EXPECT_TRUE(hasColour(picture, cellRect(*grid, 2, 2), highlight));
     EXPECT_FALSE(hasColour(picture, cellRect(*grid, 4, 3), highlight));
+}
+
+// Only what is new is painted; what stays is moved. No piece of the frame may be left where it was.
+TEST(SpreadGridPaint, showsTheSameAfterScrollingAsAfterPaintingAll)
+{
+    const auto grid = shownGrid(200);
+    grid->resize(300, 321);
+    grid->setActiveCell(1, 1);
+    const auto onScreen = [&] {
+        QApplication::processEvents();
+        return grid->screen()->grabWindow(grid->winId()).toImage();
+    };
+    const QColor highlight = grid->palette().color(QPalette::Highlight);
+    const auto step = [&](int rows, int pixels) {
+        grid->verticalScrollBar()->setValue(grid->verticalScrollBar()->value() + rows);
+        grid->horizontalScrollBar()->setValue(grid->horizontalScrollBar()->value() + pixels);
+    };
+    const std::vector<std::vector<QPoint>> scrolls{// rows and pixels
+        {{100, 0}}, {{1, 0}}, {{-1, 0}}, {{2, 0}, {1, 0}}, {{0, 13}}, {{-3, -2}}, {{0, 200}}, {{-90, 0}}, {{-20, -300}},
+        {{7, 0}, {-7, 0}}, {{1, 0}}, {{40, 0}}, {{-1, 0}, {-2, 5}}, {{-60, 0}}};
+    int aroundView = 0;
+    for (std::size_t i = 0; i < scrolls.size(); ++i) {
+        for (const QPoint &move : scrolls[i]) {
+            step(move.x(), move.y());
+        }
+        const QImage moved = onScreen();
+        grid->viewport()->update();
+        ASSERT_EQ(moved, onScreen()) << i;
+        const QPoint corner = grid->viewport()->mapTo(grid.get(), grid->viewport()->rect().bottomRight());
+        aroundView += moved.pixelColor(corner) == highlight ? 1 : 0;
+    }
+    EXPECT_EQ(aroundView, 11);
 }
 
 TEST(SpreadGridPaint, paintsATickForANumberOtherThanZero)
