@@ -81,11 +81,12 @@ void GridFinder::searchTyped()
         m_origin = here();
     }
     m_grid.setSearchedText(m_field->text());
-    if (!m_grid.goToFoundFrom(m_origin->cell.x(), m_origin->cell.y())) {
+    const bool found = m_grid.goToFoundFrom(m_origin->cell.x(), m_origin->cell.y());
+    if (!found) {
         returnTo(*m_origin);
     }
     m_reached = here().cell;
-    showCount();
+    m_field->showCount(found ? m_grid.countFound() : CellSearch::Count());
 }
 
 GridFinder::Position GridFinder::here() const
@@ -119,12 +120,10 @@ void GridFinder::find(int step)
         return;
     }
     m_grid.commitEdit();
-    const bool found = m_grid.goToFound(step);
-    if (found) {
+    if (m_grid.goToFound(step)) {
         m_origin.reset(); // the user has gone on from there
-    }
-    showCount();
-    if (!found) {
+        showCount();
+    } else {
         open(); // so that the user sees why nothing happens
     }
 }

@@ -7,25 +7,25 @@
 
 void CellSearch::setText(const QString &text)
 {
-    m_matcher = QStringMatcher(text, Qt::CaseInsensitive);
+    m_matcher.setPattern(text);
 }
 
 bool CellSearch::isFound(int column, int row) const
 {
-    return !m_matcher.pattern().isEmpty() && !m_view.isColumnHidden(column - 1)
+    return !m_matcher.isEmpty() && !m_view.isColumnHidden(column - 1)
         && m_model.cellType(column, row).kind != CellType::Kind::CheckBox
-        && m_matcher.indexIn(m_model.text(column, row)) >= 0;
+        && m_matcher.isIn(m_model.text(column, row));
 }
 
 // One look at all texts of a row rules out most rows.
 bool CellSearch::mayBeInRow(int row) const
 {
-    return m_matcher.indexIn(m_model.rowTexts(row)) >= 0;
+    return m_matcher.isIn(m_model.rowTexts(row));
 }
 
 std::optional<QPoint> CellSearch::next(QPoint from, int step) const
 {
-    if (m_matcher.pattern().isEmpty()) {
+    if (m_matcher.isEmpty()) {
         return std::nullopt;
     }
     return nextCell(
@@ -36,7 +36,7 @@ std::optional<QPoint> CellSearch::next(QPoint from, int step) const
 CellSearch::Count CellSearch::count(QPoint cell) const
 {
     Count count;
-    const int rows = m_matcher.pattern().isEmpty() ? 0 : m_model.rowCount();
+    const int rows = m_matcher.isEmpty() ? 0 : m_model.rowCount();
     for (int row = 1; row <= rows; ++row) {
         const int columns = mayBeInRow(row) ? m_model.columnCount() : 0;
         for (int column = 1; column <= columns; ++column) {

@@ -1,8 +1,9 @@
 #pragma once
 
+#include "grid/cells/TextMatcher.h"
+
 #include <QPoint>
 #include <QString>
-#include <QStringMatcher>
 
 #include <optional>
 
@@ -36,5 +37,5 @@ private:
 
     const QTableView &m_view;
     const SpreadModel &m_model;
-    QStringMatcher m_matcher;
+    TextMatcher m_matcher;
 };
