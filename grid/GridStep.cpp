@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <numeric>
 
 namespace {
@@ -68,7 +69,8 @@ void GridStep::recordTexts(const TextChange &change)
     }
     if (first < end) {
         const auto rows = change.before.subspan(first, end - first);
-        m_changes.push_back(Rows{change.firstRow + int(first), {rows.begin(), rows.end()}});
+        m_changes.push_back(Rows{change.firstRow + int(first),
+            {std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end())}});
     }
 }
 
@@ -118,8 +120,7 @@ std::optional<GridBlock> GridStep::changedCells(const SpreadModel &model) const
             enlarge(block, colours->cells);
         } else if (const auto *rows = std::get_if<Rows>(&change)) {
             const auto now = model.rows(rows->firstRow, rows->firstRow + int(rows->texts.size()) - 1);
-            const TextChange texts{.firstRow = rows->firstRow, .before = rows->texts, .after = now};
-            if (const auto cells = changedBlock(texts, model.columnCount())) {
+            if (const auto cells = changedBlock(rows->firstRow, rows->texts, now, model.columnCount())) {
                 enlarge(block, *cells);
             }
         }
@@ -149,11 +150,12 @@ qsizetype GridStep::memoryOutsideGrid(const SpreadModel &model) const
         if (const auto *rows = std::get_if<Rows>(&change)) {
             int position = rows->firstRow + moved;
             for (const CellRow &row : rows->texts) {
-                const bool isThere = position >= 1 && position <= model.rowCount();
-                if (!row.isShared()) {
-                    own += row.memorySize();
-                } else if (!isThere || !grid[size_t(position - 1)].sharesMemoryWith(row)) {
+                const bool isThere = position >= 1 && size_t(position) <= grid.size();
+                const bool onlyMoved = isThere && grid[size_t(position - 1)].sharesMemoryWith(row);
+                if (!onlyMoved && row.isShared()) {
                     memory.insert(row.memory(), row.memorySize());
+                } else if (!onlyMoved) {
+                    own += row.memorySize();
                 }
                 ++position;
             }

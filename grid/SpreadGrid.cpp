@@ -310,8 +310,9 @@ void SpreadGrid::recordTexts(const TextChange &change)
         return;
     }
     const UndoStep step(*m_history);
+    const auto block = changedBlock(change.firstRow, change.before, change.after, columnCount());
     m_history->recordTexts(change);
-    if (const auto block = changedBlock(change, columnCount())) {
+    if (block) {
         emit cellsEdited(*block);
     }
 }

@@ -16,6 +16,7 @@ public:
     CellRow(const CellRow &other) noexcept;
     CellRow(CellRow &&other) noexcept : m_buffer(std::exchange(other.m_buffer, nullptr)) { }
     CellRow &operator=(CellRow other) noexcept;
+    friend void swap(CellRow &one, CellRow &other) noexcept { std::swap(one.m_buffer, other.m_buffer); }
     ~CellRow();
 
     /// How many cells the row holds texts for; cells after these are empty.

@@ -9,6 +9,7 @@
 #include <QBrush>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -52,7 +53,8 @@ void SpreadModel::dropRows(int count)
 {
     const int first = rowCount() - count + 1;
     beginRemoveRows({}, first - 1, rowCount() - 1);
-    const std::vector<CellRow> dropped(m_rows.begin() + (first - 1), m_rows.end());
+    std::vector<CellRow> dropped(
+        std::make_move_iterator(m_rows.begin() + (first - 1)), std::make_move_iterator(m_rows.end()));
     m_rows.resize(size_t(first - 1));
     m_colours.resize(columnCount(), rowCount());
     m_cellTypes.removeIf([first](const auto &entry) { return entry.key().second >= first; });
@@ -77,11 +79,6 @@ void SpreadModel::setColumnCount(int columns)
 }
 
 // Texts
-
-bool SpreadModel::isCell(int column, int row) const
-{
-    return column >= 1 && column <= columnCount() && isRow(row);
-}
 
 std::span<const CellRow> SpreadModel::rows(int row1, int row2) const
 {

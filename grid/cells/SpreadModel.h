@@ -112,9 +112,9 @@ private:
         Qt::Alignment alignment = Qt::AlignLeft;
     };
 
-    bool isCell(int column, int row) const;
+    bool isCell(int column, int row) const { return column >= 1 && size_t(column) <= m_columns.size() && isRow(row); }
     QString boxName(int column, int row) const;
-    bool isRow(int row) const { return row >= 1 && row <= rowCount(); }
+    bool isRow(int row) const { return row >= 1 && size_t(row) <= m_rows.size(); }
     void exchange(int row1, std::span<CellRow> rows, int column1, int column2, Origin origin);
     void notify(const TextChange &change) const;
     void movePersistentIndexes(int row1, std::span<const size_t> order);

@@ -16,17 +16,18 @@ void enlarge(std::optional<GridBlock> &block, int column, int row)
 
 } // namespace
 
-std::optional<GridBlock> changedBlock(const TextChange &change, int columns)
+std::optional<GridBlock> changedBlock(
+    int firstRow, std::span<const CellRow> before, std::span<const CellRow> after, int columns)
 {
     std::optional<GridBlock> block;
-    const size_t rows = std::min(change.before.size(), change.after.size());
+    const size_t rows = std::min(before.size(), after.size());
     for (size_t at = 0; at < rows; ++at) {
-        if (change.before[at].sharesMemoryWith(change.after[at])) {
+        if (before[at].sharesMemoryWith(after[at])) {
             continue;
         }
         for (int column = 1; column <= columns; ++column) {
-            if (change.before[at].text(column - 1) != change.after[at].text(column - 1)) {
-                enlarge(block, column, change.firstRow + int(at));
+            if (before[at].text(column - 1) != after[at].text(column - 1)) {
+                enlarge(block, column, firstRow + int(at));
             }
         }
     }
