@@ -120,7 +120,7 @@ GridFilling::Filling GridFilling::downward() const
     Filling filling{.row1 = source + 1, .columns = {}};
     if (source > 0) {
         for (const int column : selectedColumns()) {
-            filling.columns[column] = Texts(size_t(cells.row2 - source), m_grid.text(column, source));
+            filling.columns[column].texts = Texts(size_t(cells.row2 - source), m_grid.text(column, source));
         }
     }
     return filling;
@@ -146,7 +146,7 @@ GridFilling::Filling GridFilling::rightward() const
     if (source > 0) {
         const std::vector<QString> sources = texts(source, cells.row1, cells.row2);
         for (const int column : columns) {
-            filling.columns[column] = Texts(sources.begin(), sources.end());
+            filling.columns[column].texts = Texts(sources.begin(), sources.end());
         }
     }
     return filling;
@@ -166,7 +166,7 @@ GridFilling::Filling GridFilling::everywhere() const
         text = copied;
     }
     for (const int column : selectedColumns()) {
-        filling.columns[column] = Texts(size_t(cells.row2 - cells.row1 + 1), text);
+        filling.columns[column].texts = Texts(size_t(cells.row2 - cells.row1 + 1), text);
     }
     return filling;
 }
@@ -178,7 +178,7 @@ GridFilling::Filling GridFilling::series() const
     for (const int column : selectedColumns()) {
         Texts texts = cells.row1 == cells.row2 ? textsFromAbove(column, cells.row1) : seriesTexts(column, cells);
         if (!texts.empty()) {
-            filling.columns[column] = std::move(texts);
+            filling.columns[column].texts = std::move(texts);
         }
     }
     return filling;
@@ -217,14 +217,25 @@ GridFilling::Texts GridFilling::textsFromAbove(int column, int row) const
 
 // What they take
 
+// Most often the same text goes into many cells.
 void GridFilling::adaptToCells(Filling &filling) const
 {
-    for (auto &[column, texts] : filling.columns) {
-        const CellType type = cellType(column);
-        for (int row = filling.row1; auto &text : texts) {
-            if (text && *text != m_grid.cellText(column, row)) {
-                text = filledText(type, *text);
+    for (auto &[number, column] : filling.columns) {
+        const CellType type = cellType(number);
+        QString given;
+        QString adapted;
+        for (int row = filling.row1; auto &text : column.texts) {
+            const QStringView present = m_grid.cellText(number, row);
+            bool isNew = !text || *text != present;
+            if (isNew && text) {
+                if (adapted.isNull() || *text != given) {
+                    given = *text;
+                    adapted = filledText(type, given);
+                }
+                text = adapted;
+                isNew = adapted != present;
             }
+            column.isNew.push_back(isNew);
             ++row;
         }
     }
@@ -260,18 +271,17 @@ QString GridFilling::refusalText(int column, int row, const std::optional<QStrin
 // A text that the cell has already is not refused.
 QString GridFilling::firstRefusal(const Filling &filling) const
 {
-    for (const auto &[column, texts] : filling.columns) {
+    for (const auto &[number, column] : filling.columns) {
         const std::optional<QString> *accepted = nullptr;
-        for (int row = filling.row1; const auto &text : texts) {
-            const bool isNew = !text || m_grid.cellText(column, row) != *text;
-            if (isNew && (!accepted || text != *accepted)) {
-                QString refusal = refusalText(column, row, text);
+        for (size_t at = 0; at < column.texts.size(); ++at) {
+            const auto &text = column.texts[at];
+            if (column.isNew[at] && (!accepted || text != *accepted)) {
+                QString refusal = refusalText(number, filling.row1 + int(at), text);
                 if (!refusal.isEmpty()) {
                     return refusal;
                 }
                 accepted = &text;
             }
-            ++row;
         }
     }
     return {};
@@ -287,13 +297,16 @@ void GridFilling::write(const Filling &filling)
     if (!colourChanged(filling)) {
         return;
     }
-    const auto &[firstColumn, texts] = *filling.columns.begin();
+    const int firstColumn = filling.columns.begin()->first;
     const int lastColumn = filling.columns.rbegin()->first;
-    const GridBlock block{firstColumn, filling.row1, lastColumn, filling.row1 + int(texts.size()) - 1};
-    m_grid.setTexts(block, [&](int column, int row) -> QStringView {
-        const auto found = filling.columns.find(column);
-        return found == filling.columns.end() ? m_grid.cellText(column, row)
-                                              : *found->second[size_t(row - filling.row1)];
+    std::vector<const Texts *> columns(size_t(lastColumn - firstColumn + 1));
+    for (const auto &[number, column] : filling.columns) {
+        columns[size_t(number - firstColumn)] = &column.texts;
+    }
+    const int row2 = filling.row1 + int(columns.front()->size()) - 1;
+    m_grid.setTexts({firstColumn, filling.row1, lastColumn, row2}, [&](int column, int row) -> QStringView {
+        const Texts *texts = columns[size_t(column - firstColumn)];
+        return texts ? QStringView(*(*texts)[size_t(row - filling.row1)]) : m_grid.cellText(column, row);
     });
     m_document.markChanged();
 }
@@ -302,18 +315,16 @@ void GridFilling::write(const Filling &filling)
 bool GridFilling::colourChanged(const Filling &filling)
 {
     bool any = false;
-    for (const auto &[column, texts] : filling.columns) {
-        const auto changes = [this, &filling, column = column, first = texts.data()](const auto &text) {
-            return *text != m_grid.cellText(column, filling.row1 + int(&text - first));
-        };
-        auto begin = std::ranges::find_if(texts, changes);
-        while (begin != texts.end()) {
-            const auto end = std::find_if_not(begin, texts.end(), changes);
-            const int row1 = filling.row1 + int(begin - texts.begin());
-            const int row2 = filling.row1 + int(end - texts.begin()) - 1;
-            m_grid.setTextColour({column, row1, column, row2}, QColor(changedCellColour));
+    for (const auto &[number, column] : filling.columns) {
+        const auto &isNew = column.isNew;
+        auto begin = std::ranges::find(isNew, true);
+        while (begin != isNew.end()) {
+            const auto end = std::find(begin, isNew.end(), false);
+            const int row1 = filling.row1 + int(begin - isNew.begin());
+            const int row2 = filling.row1 + int(end - isNew.begin()) - 1;
+            m_grid.setTextColour({number, row1, number, row2}, QColor(changedCellColour));
             any = true;
-            begin = std::find_if(end, texts.end(), changes);
+            begin = std::find(end, isNew.end(), true);
         }
     }
     return any;

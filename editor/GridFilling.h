@@ -30,11 +30,16 @@ public:
 
 private:
     using Texts = std::vector<std::optional<QString>>; ///< std::nullopt: there is no text for the cell
+    struct Column
+    {
+        Texts texts;
+        std::vector<bool> isNew; ///< whether the cell has another text than that; filled in by adaptToCells()
+    };
     /// What cells are to hold: texts of some columns from row1 on, the same number for each column.
     struct Filling
     {
         int row1 = 1;
-        std::map<int, Texts> columns;
+        std::map<int, Column> columns;
     };
 
     Filling downward() const;
