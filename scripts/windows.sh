@@ -17,12 +17,20 @@ fi
 scripts/setup.sh windows
 
 build_stage() { cmake --preset windows; cmake --build --preset windows; }
-# Each test program has the settings and folders of its user to itself, so that two can run at a time. One more waits
-# meanwhile: the first program starts Wine's own, which would keep a test's output open for ever.
+# Each test program has the settings and folders of its user to itself, so that two can run at a time. The first program
+# starts Wine's own ones, which keep its output open as long as they run: a test whose output is read to its end would never
+# be done. So one without output goes first, and another waits meanwhile, so that Wine's need not start again.
 test_stage() {
-    exec 9> >(exec scripts/wine.sh cmd >/dev/null 2>&1)
+    local answer
+    scripts/wine.sh rundll32 user32.dll,GetDesktopWindow </dev/null >/dev/null 2>&1
+    coproc WAITING { exec scripts/wine.sh cmd 2>/dev/null; }
+    echo 'echo Wine is up' >&"${WAITING[1]}"
+    until [[ ${answer:-} == *'Wine is up'* ]]; do
+        read -r -t 120 -u "${WAITING[0]}" answer || { echo "windows: Wine does not start" >&2; exit 1; }
+    done
     ctest --preset windows
-    exec 9>&-
+    echo exit >&"${WAITING[1]}"
+    wait "$WAITING_PID"
 }
 package_stage() { scripts/package-windows.sh; }
 check_stage() { scripts/check-windows.sh; }
