@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # check-windows.sh [BUILD [en|ja...]]: installs the set-up in BUILD/packages (default: build-windows) silently under Wine, as a new
 # English user for himself and as a new Japanese one for all users, opens the examples from there as a double click does,
-# edits and saves, shows the help, prints, and removes the program again.
+# edits and saves, prints and shows the help, and removes the program again.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 [ -n "${TABRIX_CHECK_DISPLAY:-}" ] || exec env TABRIX_CHECK_DISPLAY=1 xvfb-run -a -s "-screen 0 1280x1024x24 -noreset" "$0" "$@"
@@ -9,8 +9,8 @@ cd "$(dirname "$0")/.."
 setup=$(realpath "${1:-build-windows}"/packages/*-setup.exe)
 work=$(mktemp -d)
 export LC_ALL=C.UTF-8 # for titles of windows
-# Nothing but what is installed is to be found.
-export TABRIX_WINE_PLAIN=1
+# Nothing but what is installed is to be found, and no printer.
+export TABRIX_WINE_PLAIN=1 CUPS_SERVER=/nonexistent
 wine() { LC_ALL=$locale scripts/wine.sh "$@"; }
 # Only Wine's server of this folder, and what it serves.
 end_wine() { [ -z "${WINEPREFIX:-}" ] || wineserver -k 2>/dev/null || true; }
@@ -82,6 +82,10 @@ use_tool() {
         fail "the command-line tool does not check a sample"
     wine "$folder\\tabrix-tool.exe" print -o 'C:\users\documents\printed.pdf' 'C:\users\documents\three-rows.inv' ||
         fail "the command-line tool does not print a sample"
+    look_at_print_out
+}
+# look_at_print_out: at what was printed, which is gone then.
+look_at_print_out() {
     pdftotext "$documents/printed.pdf" - | grep 'Buzzer control' >/dev/null || fail "the print-out lacks the parameters"
     rm "$documents/printed.pdf"
 }
@@ -105,6 +109,25 @@ edit() {
     diff --text "$work/before" "$file" >"$work/diff" || true
     { [ "$(grep -ac '^[<>]' "$work/diff")" = 2 ] && grep -aq '^> .*,Edited,' "$work/diff"; } ||
         fail "the edit is not all that has changed in $name: $(head -c 600 "$work/diff")"
+}
+# print_from_window FILE: by the command of the program that has it open. There is no printer: a name is asked for.
+print_from_window() {
+    local title setup_window name_window=
+    title="documents.$(basename "$1")\$"
+    xdotool key --delay 100 ctrl+p
+    setup_window=$(window "$title") || fail "there is no print set-up"
+    xdotool windowfocus --sync "$setup_window"
+    xdotool key --delay 100 Return
+    asks_for_name() { name_window=$(window "$title") && [ "$name_window" != "$setup_window" ]; }
+    until_true asks_for_name || fail "no name of a PDF file is asked for"
+    xdotool windowfocus --sync "$name_window"
+    xdotool key --delay 100 ctrl+a
+    xdotool type --delay 50 'C:\users\documents\printed.pdf'
+    xdotool key --delay 100 Return
+    is_printed() { tail -c 6 "$documents/printed.pdf" 2>/dev/null | grep '%%EOF' >/dev/null; }
+    until_true is_printed || fail "the window prints nothing"
+    look_at_print_out
+    xdotool windowfocus --sync "$(window "$frame")"
 }
 # show_help: from the program that is open.
 show_help() {
@@ -141,9 +164,12 @@ for user in "${users[@]}"; do
     use_tool
     for file in "$documents"/*; do
         edit "$file"
-        [ "$(basename "$file")" != three-rows.inv ] || show_help
+        if [ "$(basename "$file")" = three-rows.inv ]; then
+            print_from_window "$file"
+            show_help
+        fi
         leave_program
     done
     remove_program
-    echo "windows: $user: installed, printed, opened by a double click, edited, saved, helped, removed"
+    echo "windows: $user: installed, opened by a double click, edited, saved, printed by window and tool, helped, removed"
 done

@@ -38,9 +38,10 @@ QImage picture(const QFont &font, int ratio, const std::function<bool(QPainter &
 /// What is shown in the width of another text, and in the height of that many lines.
 QString shown(const QString &text, const QString &roomOf, int lines = 1)
 {
+    constexpr int rounding = 1; // of the dots, which are measured by themselves
     const QFontMetrics font(cellFont());
-    return shownCellText(
-        text, font, {int(std::ceil(QFontMetricsF(cellFont()).horizontalAdvance(roomOf))), lines * font.lineSpacing()});
+    const int width = int(std::ceil(QFontMetricsF(cellFont()).horizontalAdvance(roomOf))) + rounding;
+    return shownCellText(text, font, {width, lines * font.lineSpacing()});
 }
 
 struct CutText

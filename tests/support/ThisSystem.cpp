@@ -38,6 +38,11 @@ bool ThisSystem::allowsBarsInNames()
     return false;
 }
 
+QString ThisSystem::sessionPlatform()
+{
+    return qEnvironmentVariable("QT_QPA_PLATFORM");
+}
+
 bool ThisSystem::hasFolderVariables()
 {
     return false;
@@ -63,6 +68,11 @@ bool ThisSystem::hasLinks()
 bool ThisSystem::allowsBarsInNames()
 {
     return true;
+}
+
+QString ThisSystem::sessionPlatform()
+{
+    return u"xcb"_s;
 }
 
 bool ThisSystem::hasFolderVariables()

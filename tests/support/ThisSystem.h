@@ -9,8 +9,12 @@ namespace ThisSystem {
 QString words(int error);
 /// Whether everybody may make symbolic links.
 bool hasLinks();
-/// Whether a file may be called "|1.inv".
+/// Whether a file may be called "|1.inv"; if not, none of " * / : < > ? \\ | and the control characters may be in a
+/// name.
 bool allowsBarsInNames();
+/// What QT_QPA_PLATFORM is in a desktop's session, where the command-line tool does without: the tests' own on Windows,
+/// where the tool goes by it.
+QString sessionPlatform();
 /// Whether environment variables (XDG_...) name the folders of settings and data.
 bool hasFolderVariables();
 /// A device that can be written to and takes nothing, as a full disk; empty if there is none.

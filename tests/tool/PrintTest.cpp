@@ -7,6 +7,7 @@
 #include "print/CurrentPrinter.h"
 #include "tests/support/FrameTest.h"
 #include "tests/support/PdfText.h"
+#include "tests/support/ThisSystem.h"
 
 #include <QPrinter>
 #include <QProcess>
@@ -45,7 +46,7 @@ protected:
         for (const QString &name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s}) {
             environment.remove(name);
         }
-        environment.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s); // as a desktop's session says, which may have ended
+        environment.insert(u"QT_QPA_PLATFORM"_s, ThisSystem::sessionPlatform()); // the session may have ended
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(TABRIX_TOOL), QStringList{u"print"_s, u"--language"_s, u"en"_s} + arguments);
         process.write(input);

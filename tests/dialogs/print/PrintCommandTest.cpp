@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -409,9 +410,15 @@ class PdfName : public testing::TestWithParam<PdfNameCase>
 {
 };
 
+/// With a drive before it, where a full path has one.
+QString onDrive(const QString &path)
+{
+    return path.startsWith(u'/') ? QDir::rootPath().chopped(1) + path : path;
+}
+
 TEST_P(PdfName, isTheDocuments)
 {
-    EXPECT_EQ(pdfFileName(GetParam().title), QString(GetParam().name).replace(u'~', QDir::homePath()));
+    EXPECT_EQ(pdfFileName(onDrive(GetParam().title)), onDrive(GetParam().name).replace(u'~', QDir::homePath()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Titles, PdfName,

@@ -1,4 +1,5 @@
 #include "app/services/Language.h"
+#include "desktop/PrintSetupDialog.h"
 #include "dialogs/print/PrintSettings.h"
 #include "dialogs/print/frmPrint.h"
 #include "grid/SpreadGrid.h"
@@ -12,6 +13,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -326,12 +329,12 @@ TEST_F(PrintDialog, endsAnOpenEditOfTheGrid)
 }
 
 /// Does something in the printer set-up dialog that cmdSet opens.
-void inSetup(QPushButton &setup, const std::function<void(QPrintDialog &)> &action)
+void inSetup(QPushButton &setup, const std::function<void(QDialog &)> &action)
 {
     bool seen = false;
     QTimer::singleShot(0, &setup, [&] {
-        auto *shown = qobject_cast<QPrintDialog *>(QApplication::activeModalWidget());
-        ASSERT_NE(shown, nullptr);
+        auto *shown = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        ASSERT_NE(shown, setup.window());
         action(*shown);
         seen = true;
         if (shown->isVisible()) {
@@ -342,18 +345,47 @@ void inSetup(QPushButton &setup, const std::function<void(QPrintDialog &)> &acti
     EXPECT_TRUE(seen);
 }
 
+/// The field for the name of a PDF file, which is in a dialog for files where the system's set-up has none.
+QLineEdit &fileNameIn(QDialog &setup)
+{
+    return control<QLineEdit>(setup, printSetupTakesFiles() ? u"filename"_s : u"fileNameEdit"_s);
+}
+
+void clickOkOf(QDialog &setup)
+{
+    const auto &buttons = control<QDialogButtonBox>(setup, {});
+    for (QAbstractButton *button : buttons.buttons()) {
+        if (buttons.buttonRole(button) == QDialogButtonBox::AcceptRole) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            return;
+        }
+    }
+}
+
 TEST_F(PrintDialog, opensThePrinterSetupWithoutRangeAndSelection)
 {
+    if (!printSetupTakesFiles()) {
+        GTEST_SKIP() << "without a printer there is no set-up, but a dialog for the name of a file";
+    }
     show([this] {
-        inSetup(button(u"cmdSet"_s), [](QPrintDialog &setup) {
+        inSetup(button(u"cmdSet"_s), [](QDialog &shown) {
+            const auto &setup = dynamic_cast<QPrintDialog &>(shown);
             EXPECT_FALSE(setup.testOption(QAbstractPrintDialog::PrintSelection));
             EXPECT_FALSE(setup.testOption(QAbstractPrintDialog::PrintPageRange));
             EXPECT_FALSE(setup.testOption(QAbstractPrintDialog::PrintCurrentPage));
             EXPECT_EQ(setup.testOption(QAbstractPrintDialog::PrintToFile), !CurrentPrinter::isPresent());
-            EXPECT_EQ(setup.windowTitle(), u"Setting"_s);
             EXPECT_EQ(control<QDialogButtonBox>(setup, {}).button(QDialogButtonBox::Ok)->text(), u"OK"_s);
         });
         EXPECT_EQ(control<QLabel>(*dialog, u"lblPrinter"_s).text(), CurrentPrinter::deviceName());
+    });
+    EXPECT_EQ(CurrentPrinter::takeChosenFile(), QString());
+}
+
+TEST_F(PrintDialog, takesNoFileFromASetupThatIsCancelled)
+{
+    show([this] {
+        inSetup(button(u"cmdSet"_s), [](QDialog &setup) { EXPECT_EQ(setup.windowTitle(), u"Setting"_s); });
+        EXPECT_EQ(control<QLabel>(*dialog, u"lblPrinter"_s).text(), QString());
     });
     EXPECT_EQ(CurrentPrinter::takeChosenFile(), QString());
 }
@@ -363,14 +395,14 @@ TEST_F(PrintDialog, presetsTheSetupsFileAndTakesAnotherOne)
     const QTemporaryDir folder;
     const QString other = folder.filePath(u"other.pdf"_s);
     show([&] {
-        inSetup(button(u"cmdSet"_s), [&](QPrintDialog &setup) {
-            auto &name = control<QLineEdit>(setup, u"filename"_s);
-            EXPECT_TRUE(name.text().endsWith(u"a.pdf"_s));
-            name.setText(other);
-            setup.accept();
+        inSetup(button(u"cmdSet"_s), [&](QDialog &setup) {
+            EXPECT_TRUE(fileNameIn(setup).text().endsWith(u"a.pdf"_s));
+            fileNameIn(setup).setText(other);
+            clickOkOf(setup);
+            EXPECT_FALSE(setup.isVisible());
         });
     });
-    EXPECT_EQ(CurrentPrinter::takeChosenFile(), other);
+    EXPECT_EQ(QDir::cleanPath(CurrentPrinter::takeChosenFile()), other);
     EXPECT_EQ(CurrentPrinter::takeChosenFile(), QString());
 }
 
@@ -392,22 +424,25 @@ TEST_F(PrintDialog, doesNotAskAboutAnExistingFile)
     });
     watch.start(0);
     show([&] {
-        inSetup(button(u"cmdSet"_s), [&](QPrintDialog &setup) {
-            control<QLineEdit>(setup, u"filename"_s).setText(there);
-            QTest::mouseClick(control<QDialogButtonBox>(setup, {}).button(QDialogButtonBox::Ok), Qt::LeftButton);
+        inSetup(button(u"cmdSet"_s), [&](QDialog &setup) {
+            fileNameIn(setup).setText(there);
+            clickOkOf(setup);
             EXPECT_FALSE(setup.isVisible());
         });
     });
     EXPECT_EQ(question, QString());
-    EXPECT_EQ(CurrentPrinter::takeChosenFile(), there);
+    EXPECT_EQ(QDir::cleanPath(CurrentPrinter::takeChosenFile()), there);
 }
 
 TEST_F(PrintDialog, keepsTheSetupForTheRun)
 {
     CurrentPrinter::printer().setPageOrientation(QPageLayout::Landscape);
     show([this] {
-        inSetup(button(u"cmdSet"_s), [](QPrintDialog &setup) {
-            EXPECT_EQ(setup.printer()->pageLayout().orientation(), QPageLayout::Landscape);
+        inSetup(button(u"cmdSet"_s), [](QDialog &shown) {
+            if (printSetupTakesFiles()) {
+                const auto &setup = dynamic_cast<QPrintDialog &>(shown);
+                EXPECT_EQ(setup.printer()->pageLayout().orientation(), QPageLayout::Landscape);
+            }
         });
     });
     EXPECT_EQ(CurrentPrinter::printer().pageLayout().orientation(), QPageLayout::Landscape);
