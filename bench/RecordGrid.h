@@ -2,7 +2,7 @@
 
 #include "document/PrGrid.h"
 #include "document/PrRecord.h"
-#include "grid/cells/CellRow.h"
+#include "runtime/CellRow.h"
 
 #include <QList>
 

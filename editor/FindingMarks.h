@@ -3,7 +3,7 @@
 #include "check/LiveCheck.h"
 #include "editor/ParameterCells.h"
 #include "grid/cells/CellMarks.h"
-#include "grid/cells/CellRow.h"
+#include "runtime/CellRow.h"
 
 #include <QObject>
 #include <QTimer>

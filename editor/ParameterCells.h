@@ -2,7 +2,7 @@
 
 #include "document/PrGrid.h"
 #include "grid/SpreadGrid.h"
-#include "grid/cells/CellRow.h"
+#include "runtime/CellRow.h"
 
 /// A spread grid's cells for the collector.
 class ParameterCells : public PrGrid

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "grid/cells/CellRow.h"
 #include "grid/cells/GridBlock.h"
+#include "runtime/CellRow.h"
 
 #include <optional>
 #include <variant>

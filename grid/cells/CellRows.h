@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/cells/CellRow.h"
+#include "runtime/CellRow.h"
 
 #include <QString>
 

@@ -2,10 +2,10 @@
 
 #include "grid/cells/CellColours.h"
 #include "grid/cells/CellMarks.h"
-#include "grid/cells/CellRow.h"
 #include "grid/cells/CellType.h"
 #include "grid/cells/GridBlock.h"
 #include "grid/cells/TextChange.h"
+#include "runtime/CellRow.h"
 
 #include <QAbstractTableModel>
 #include <QHash>

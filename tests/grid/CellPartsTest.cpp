@@ -2,9 +2,9 @@
 #include "grid/cells/BlockText.h"
 #include "grid/cells/CellColours.h"
 #include "grid/cells/CellInput.h"
-#include "grid/cells/CellRow.h"
 #include "grid/cells/CellRows.h"
 #include "grid/cells/TextMeter.h"
+#include "runtime/CellRow.h"
 #include "tests/support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -45,6 +45,27 @@ TEST(CellRow, givesBackItsTexts)
     const CellRow row = rowOf(texts);
     EXPECT_EQ(textsOf(row, 6), texts);
     EXPECT_EQ(row.allTexts().toString(), texts.join(QString()));
+}
+
+// From 256 units on, where a text ends takes more than a byte.
+TEST(CellRow, givesBackLongTexts)
+{
+    for (const int length : {252, 253, 254, 1000, 70'000}) {
+        const QStringList texts = {u"a"_s, QString(length, u'b'), u""_s, u"cd"_s};
+        const CellRow row = rowOf(texts);
+        EXPECT_EQ(textsOf(row, 4), texts) << length;
+        const QString all = texts.join(QString());
+        const std::array<quint32, 4> ends = {1, quint32(length) + 1, quint32(length) + 1, quint32(length) + 3};
+        EXPECT_EQ(CellRow(QStringView(all).utf16(), ends), row) << length;
+        EXPECT_GE(row.memorySize(), all.size() * 2 + 4) << length;
+    }
+}
+
+TEST(CellRow, isNothingWithoutTexts)
+{
+    const std::array<quint32, 2> ends = {0, 0};
+    EXPECT_EQ(CellRow(u"x", ends).memory(), nullptr);
+    EXPECT_EQ(CellRow(u"x", {}), CellRow());
 }
 
 TEST(CellRow, isEmptyOutsideItsTexts)

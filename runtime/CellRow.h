@@ -13,6 +13,8 @@ class CellRow
 public:
     CellRow() = default; ///< all cells empty
     explicit CellRow(std::span<const QStringView> texts);
+    /// texts: of all cells, one after another; ends: where each of them ends there.
+    CellRow(const char16_t *texts, std::span<const quint32> ends);
     CellRow(const CellRow &other) noexcept;
     CellRow(CellRow &&other) noexcept : m_buffer(std::exchange(other.m_buffer, nullptr)) { }
     CellRow &operator=(CellRow other) noexcept;
