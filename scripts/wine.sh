@@ -18,11 +18,14 @@ for name in $(compgen -e QT_); do
     export "WINE$name=${!name}"
 done
 
-# The offscreen platform knows no fonts but those of one folder.
-fonts=$cache/fonts
+# The offscreen platform knows no fonts but those of one folder. Its first family stands in for those that are missing: it
+# is to have letters of all kinds and a bold face.
+fonts=$cache/test-fonts
 if [ ! -d "$fonts" ]; then
     mkdir -p "$fonts.$$"
-    ln -s /usr/share/fonts/truetype/dejavu/*.ttf /usr/share/fonts/opentype/ipafont-gothic/*.ttf "$fonts.$$"
+    dejavu=/usr/share/fonts/truetype/dejavu/DejaVu
+    ln -s "$dejavu"{Sans,SansMono,Serif}.ttf "$dejavu"{Sans,SansMono,Serif}-*.ttf \
+        /usr/share/fonts/opentype/ipafont-gothic/*.ttf "$fonts.$$"
     mv -T "$fonts.$$" "$fonts" 2>/dev/null || rm -rf "$fonts.$$"
 fi
 export WINEQT_QPA_FONTDIR=${WINEQT_QPA_FONTDIR:-Z:$fonts}

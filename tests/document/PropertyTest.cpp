@@ -9,6 +9,7 @@
 #include "tests/document/RandomDocument.h"
 #include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/ThisSystem.h"
 
 #include <algorithm>
 #include <array>
@@ -73,7 +74,7 @@ constexpr size_t everyShape = 3 * (1 + 4 + 15) * 2;
 
 TEST_F(Properties, tenThousandWrittenDocumentsComeBackByteForByte)
 {
-    constexpr quint32 documents = 10'000;
+    const auto documents = quint32(ThisSystem::repetitions(10'000));
     std::set<RowShape> shapes;
     for (quint32 seed = 0; seed < documents; ++seed) {
         const bool japanese = seed % 2 != 0;
@@ -249,7 +250,7 @@ TEST_F(Properties, conditionsComeBackFromTheirTextInTextOrder)
 TEST_F(Properties, anyBytesEndInARecordTableOrAnError)
 {
     RandomDocument random(3, false);
-    for (int i = 0; i < 5000; ++i) {
+    for (int i = 0; i < ThisSystem::repetitions(5000); ++i) {
         QByteArray rows = random.textOf(u"0123,,,,,,,-\"\r\n a.e\u00B1\u0081", 200).toLatin1();
         MachineInfos[docNo] = {};
         const bool done = readBytes(fileWithRows(rows, random.number(4)));

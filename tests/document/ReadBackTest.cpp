@@ -7,6 +7,7 @@
 #include "tests/document/RandomDocument.h"
 #include "tests/document/RecordPrinters.h"
 #include "tests/support/QtPrinters.h"
+#include "tests/support/ThisSystem.h"
 
 #include <ostream>
 #include <vector>
@@ -234,7 +235,7 @@ TEST_F(ReadBack, writesOnYesWhatItWouldHaveWrittenAnyway)
 /// Documents full of what could go wrong: a question comes exactly where the document does not.
 TEST_F(ReadBack, isAskedAboutExactlyWhatDoesNotComeBack)
 {
-    constexpr int documents = 2000;
+    const int documents = ThisSystem::repetitions(2000);
     int asked = 0;
     for (int seed = 0; seed < documents; ++seed) {
         useCodePage(seed % 2 != 0 ? 932 : 1252);

@@ -19,7 +19,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QScrollBar>
 #include <QTest>
 
@@ -262,10 +261,6 @@ TEST_F(GridFont, isChosenStoredAndApplied)
 TEST_F(GridFont, isChosenByListAndSizeWhereTheStoredNameIsAnAlias)
 {
     ASSERT_EQ(UserFont.FontName, u"System"_s);
-    // The window's font stands in. It is to have a bold face, whatever the system's is.
-    const auto restore = qScopeGuard([font = QApplication::font()] { QApplication::setFont(font); });
-    QApplication::setFont(QFont(u"DejaVu Sans"_s));
-    open(u"b.inv"_s, 2);
     const QString family = QFontInfo(grid().gridFont()).family();
     ModalScript script;
     script.then([&](QWidget &dialog) {

@@ -48,6 +48,12 @@ bool ThisSystem::hasFolderVariables()
     return false;
 }
 
+int ThisSystem::repetitions(int usual)
+{
+    constexpr int lessOften = 4;
+    return usual / lessOften;
+}
+
 QString ThisSystem::fullDevice()
 {
     return {};
@@ -78,6 +84,11 @@ QString ThisSystem::sessionPlatform()
 bool ThisSystem::hasFolderVariables()
 {
     return true;
+}
+
+int ThisSystem::repetitions(int usual)
+{
+    return usual;
 }
 
 QString ThisSystem::fullDevice()

@@ -17,6 +17,8 @@ bool allowsBarsInNames();
 QString sessionPlatform();
 /// Whether environment variables (XDG_...) name the folders of settings and data.
 bool hasFolderVariables();
+/// How often a test repeats what goes through files, of so many times: opening and closing takes far longer under Wine.
+int repetitions(int usual);
 /// A device that can be written to and takes nothing, as a full disk; empty if there is none.
 QString fullDevice();
 
