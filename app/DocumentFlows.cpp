@@ -22,6 +22,7 @@
 #include <QMdiSubWindow>
 
 #include <algorithm>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -59,12 +60,13 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
     const BusyCursor busy;
     const InputHold hold;
     const int slot = FindFreeDocumentSlot();
-    if (ReadPrFile(fileName, qint16(slot), m_host)) {
+    std::vector<CellRow> rows;
+    if (ReadPrFile(fileName, qint16(slot), rows, m_host)) {
         forgetDocument(slot); // its number is lost, so that nothing could use what was read
         return false;
     }
     frmPrFile &editor = createEditor(slot, fileName);
-    editor.SetPrInfSpread();
+    editor.showRows(rows);
     showEditor(editor);
     emit documentOpened();
     emit fileUsed(fileName);

@@ -29,14 +29,17 @@ BenchDocument::BenchDocument(int rowCount, int nameLength) : m_rowCount(rowCount
     resetDocumentTables();
     growDocumentTables(docNo);
     DocumentGenerator(1, nameLength).write(m_rowCount, fileName());
-    read(true);
-    m_grid = std::make_unique<RecordGrid>(PrRecords, m_rowCount);
+    std::vector<CellRow> rows = read(true);
+    rows.resize(size_t(m_rowCount));
+    m_grid = std::make_unique<RecordGrid>(std::move(rows));
 }
 
-void BenchDocument::read(bool events) const
+std::vector<CellRow> BenchDocument::read(bool events) const
 {
     BenchHost host(events);
-    ReadPrFile(fileName(), docNo, host);
+    std::vector<CellRow> rows;
+    ReadPrFile(fileName(), docNo, rows, host);
+    return rows;
 }
 
 void BenchDocument::save(bool events) const

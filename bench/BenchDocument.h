@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <memory>
+#include <vector>
 
 /// Lets events run as the program does, or not at all. A message ends the measurement: none is expected.
 class BenchHost : public SaveHost
@@ -46,7 +47,8 @@ public:
     QString savedName() const { return m_folder.filePath(QStringLiteral("saved.inv")); }
     /// For what else is written beside it: over a file that another has written, a save asks first.
     QString joinedName() const { return m_folder.filePath(QStringLiteral("joined.inv")); }
-    void read(bool events) const;
+    /// The rows as a window opens them, and one more.
+    std::vector<CellRow> read(bool events) const;
     void save(bool events) const;
     const RecordGrid &grid() const { return *m_grid; }
 

@@ -3,6 +3,7 @@
 #include "bench/BenchDocument.h"
 #include "bench/DocumentGenerator.h"
 #include "document/DocumentTables.h"
+#include "document/PrGrid.h"
 #include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
@@ -19,6 +20,7 @@ Desk::Desk(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
     m_frame.show();
     closeActive(); // the untitled document
     openAgain();
+    m_texts.assign(grid().textRows().begin(), grid().textRows().end());
     QApplication::processEvents();
 }
 
@@ -59,7 +61,13 @@ void Desk::closeActive()
 void Desk::restore() const
 {
     grid().setRowCount(m_rowCount);
-    editor().SetPrInfSpread();
+    std::vector<CellRow> rows;
+    for (const CellRow &row : m_texts) {
+        CellTexts texts;
+        row.copyTexts(texts);
+        rows.emplace_back(texts); // in memory of its own, as after an open
+    }
+    editor().showRows(rows);
 }
 
 PlainRows Desk::plainRows() const

@@ -2,8 +2,11 @@
 
 #include "app/MDIfrmTabrix.h"
 #include "bench/PlainPage.h"
+#include "runtime/CellRow.h"
 
 #include <QTemporaryDir>
+
+#include <vector>
 
 class frmPrFile;
 class SpreadGrid;
@@ -33,5 +36,6 @@ public:
 private:
     int m_rowCount;
     QTemporaryDir m_folder;
+    std::vector<CellRow> m_texts; ///< of the file
     MDIfrmTabrix m_frame;
 };

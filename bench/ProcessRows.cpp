@@ -109,7 +109,8 @@ int readOnce(const QString &fileName)
     constexpr qint16 docNo = 1;
     growDocumentTables(docNo);
     BenchHost host(false);
-    return ReadPrFile(fileName, docNo, host) ? 1 : 0;
+    std::vector<CellRow> rows;
+    return ReadPrFile(fileName, docNo, rows, host) ? 1 : 0;
 }
 
 /// The same for opening it to the filled grid.

@@ -1,19 +1,16 @@
 #pragma once
 
 #include "document/PrGrid.h"
-#include "document/PrRecord.h"
 #include "runtime/CellRow.h"
 
-#include <QList>
-
+#include <utility>
 #include <vector>
 
-/// A parameter grid that holds records as the editor's does: one buffer with all texts for a row.
+/// A parameter grid that holds rows as the editor's does.
 class RecordGrid : public PrGrid
 {
 public:
-    /// The first count records.
-    RecordGrid(const QList<PrRecord> &records, int count);
+    explicit RecordGrid(std::vector<CellRow> rows) : m_rows(std::move(rows)) { }
 
     int rowCount() const override { return static_cast<int>(m_rows.size()); }
     QStringView cellText(int column, int row) const override { return m_rows[size_t(row - 1)].text(column - 1); }

@@ -14,12 +14,6 @@
 
 namespace {
 
-/// Where a column's text is in the file.
-constexpr int fieldOf(int column)
-{
-    return parameterColumns.at(std::size_t(column - 1)).fileField;
-}
-
 constexpr int numberField = fieldOf(ParameterColumn::Number);
 constexpr int helpField = fieldOf(ParameterColumn::HelpId);
 constexpr int nameField = fieldOf(ParameterColumn::Name);

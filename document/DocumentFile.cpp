@@ -112,14 +112,8 @@ Result<> write(const QString &fileName, const EncodedGrid &encoded, const SaveSo
     return replaced ? encoded.outcome : replaced;
 }
 
-} // namespace
-
-int DocumentOrigin::codePageNumber() const
-{
-    return codePage == 0 ? ansiCodePageNumber() : codePage;
-}
-
-Result<> readDocument(const QString &fileName, const ReadTarget &target, FileHost &host)
+template <typename Rows>
+Result<> read(const QString &fileName, const ReadTarget &target, Rows &rows, FileHost &host)
 {
     target.origin.findings.reset();
     const FileStamp stamp = FileStamp::of(fileName);
@@ -134,9 +128,26 @@ Result<> readDocument(const QString &fileName, const ReadTarget &target, FileHos
     if (auto decoded = decoder.decodeMachine(target.machine); !decoded) {
         return decoded;
     }
-    auto decoded = decoder.decodeRows(target.machine.Paramater, target.rows, [&host] { host.runPendingEvents(); });
+    auto decoded = decoder.decodeRows(target.machine.Paramater, rows, [&host] { host.runPendingEvents(); });
     target.origin.findings = decoder.findings();
     return decoded;
+}
+
+} // namespace
+
+int DocumentOrigin::codePageNumber() const
+{
+    return codePage == 0 ? ansiCodePageNumber() : codePage;
+}
+
+Result<> readDocument(const QString &fileName, const ReadTarget &target, QList<PrRecord> &rows, FileHost &host)
+{
+    return read(fileName, target, rows, host);
+}
+
+Result<> readDocument(const QString &fileName, const ReadTarget &target, std::vector<CellRow> &rows, FileHost &host)
+{
+    return read(fileName, target, rows, host);
 }
 
 Result<> saveDocument(const QString &fileName, const SaveSource &source, SaveHost &host)

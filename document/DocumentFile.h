@@ -4,6 +4,7 @@
 #include "document/PrGrid.h"
 #include "document/PrRecord.h"
 #include "document/ReadFindings.h"
+#include "runtime/CellRow.h"
 #include "runtime/Result.h"
 #include "storage/KnownFile.h"
 
@@ -11,6 +12,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 class FileHost;
 class SaveHost;
@@ -29,16 +31,18 @@ struct DocumentOrigin
     int codePageNumber() const;
 };
 
-/// Where a file is read to. What the file does not name stays as it is; what was read before a failure stays, too.
+/// Where a file is read to, but for its rows. What the file does not name stays as it is; what was read before a
+/// failure stays, too.
 struct ReadTarget
 {
     MachineInfo &machine;
-    QList<PrRecord> &rows; ///< one more than the file announces
     DocumentOrigin &origin;
 };
 
-/// Reads a file. Nothing is shown to the user.
-Result<> readDocument(const QString &fileName, const ReadTarget &target, FileHost &host);
+/// Reads a file, and one row more than it announces. Nothing is shown to the user.
+Result<> readDocument(const QString &fileName, const ReadTarget &target, QList<PrRecord> &rows, FileHost &host);
+/// The same with the rows as a grid shows them.
+Result<> readDocument(const QString &fileName, const ReadTarget &target, std::vector<CellRow> &rows, FileHost &host);
 
 /// What is saved.
 struct SaveSource

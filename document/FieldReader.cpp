@@ -63,6 +63,13 @@ void FieldReader::beginRow()
     m_fieldNo = 0;
 }
 
+void FieldReader::passRow(qsizetype bytes)
+{
+    beginRow();
+    m_rest = m_rest.sliced(bytes);
+    m_fieldHasEnd = true;
+}
+
 QString FieldReader::text()
 {
     if (!beginField()) {

@@ -36,6 +36,7 @@ public:
 
     bool atEnd() const { return m_rest.isEmpty(); }
     qsizetype remaining() const { return m_rest.size(); }
+    QByteArrayView rest() const { return m_rest; }
     qsizetype position() const { return m_size - m_rest.size(); } ///< bytes passed
 
     /// Whether a comma or a line end follows the field read last. Without one the bytes may have been cut inside it.
@@ -51,6 +52,8 @@ public:
 
     /// Begins the next row: its fields count from here.
     void beginRow();
+    /// Passes the next row, which has that many bytes with its end.
+    void passRow(qsizetype bytes);
     /// Records a failure that the caller found, unless there was one before. It counts as the last field's.
     void fail(FailureCode code);
     bool hasFailed() const { return m_error.has_value(); }

@@ -5,6 +5,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -132,14 +133,19 @@ QString NormalizeNumText(QStringView text)
     return std::isfinite(value) ? doubleText(value) : leadingNumberText(decimal).toString();
 }
 
+char16_t *writeFunctionCode(qint16 code, char16_t *out)
+{
+    for (int shift = 12; shift >= 0; shift -= 4) {
+        *out++ = u"0123456789ABCDEF"[quint16(code) >> shift & 0xF];
+    }
+    return out;
+}
+
 QString functionCodeText(qint16 code)
 {
-    QString text(4, Qt::Uninitialized);
-    auto rest = static_cast<quint16>(code);
-    for (qsizetype i = text.size(); i > 0; rest >>= 4) {
-        text[--i] = u"0123456789ABCDEF"[rest & 0xF];
-    }
-    return text;
+    std::array<char16_t, 4> digits{};
+    writeFunctionCode(code, digits.data());
+    return QStringView(digits).toString();
 }
 
 qint16 storedFunctionCode(QStringView decimal)

@@ -18,6 +18,8 @@ bool isNormalizedNum(QStringView text);
 
 /// A functional list code as shown: always four upper-case hexadecimal digits ("0005", "FFFF" for -1).
 QString functionCodeText(qint16 code);
+/// Writes the same to out; returns the position after it.
+char16_t *writeFunctionCode(qint16 code, char16_t *out);
 
 /// The low sixteen bits of a code as files store it, in decimal; they are what its four digits show.
 qint16 storedFunctionCode(QStringView decimal);

@@ -97,6 +97,12 @@ inline constexpr auto fileTexts = [] {
     return fields;
 }();
 
+/// Where a column's text is among a row's texts in the file, from 1.
+constexpr int fieldOf(int column)
+{
+    return parameterColumns.at(std::size_t(column - 1)).fileField;
+}
+
 constexpr bool isTableComplete()
 {
     for (int i = 0; i < ParameterColumn::Count; ++i) {

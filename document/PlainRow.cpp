@@ -147,6 +147,13 @@ bool PlainRowReader::next()
     return isPlain;
 }
 
+bool PlainRowReader::takeFirst(QByteArrayView rows)
+{
+    m_at = rows.begin();
+    m_end = rows.end();
+    return next();
+}
+
 bool PlainRowReader::decodeNext(PrRecord &record)
 {
     FieldReader in(QByteArrayView(m_at, m_end), m_page, FieldReader::Storage::Separate);
@@ -256,7 +263,8 @@ bool PlainRowReader::takeRanges(int count)
         if (!isPlainBound(first) || (!isOpen && !isPlainBound(last))) {
             return false;
         }
-        const SettingRange range{.upper = isOpen ? openEnd : float(last.value()), .lower = float(first.value())};
+        const PlainRow::Range range{
+            {.upper = isOpen ? openEnd : float(last.value()), .lower = float(first.value())}, lower, upper};
         if (!isOpen && range.upper <= range.lower && range.upper != 0) {
             return false;
         }

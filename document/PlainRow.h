@@ -13,6 +13,11 @@ class AnsiCodePage;
 /// file, and what is read of its ranges.
 struct PlainRow
 {
+    struct Range : SettingRange
+    {
+        QByteArrayView lowerText;
+        QByteArrayView upperText;
+    };
     /// A condition on a parameter's number, "MODE" or "OP". Its values are in text order.
     struct Condition
     {
@@ -26,7 +31,7 @@ struct PlainRow
     std::array<QByteArrayView, RowFields::textCount> texts; ///< in the order of the file
     double setting = 0; ///< the value of the factory setting
     int settingDecimals = 0; ///< how many digits it has after the point
-    std::vector<SettingRange> ranges;
+    std::vector<Range> ranges;
     std::vector<Condition> conditions;
 
     /// By position among the texts, from 1 (ColumnInfo::fileField).
@@ -38,6 +43,7 @@ struct PlainRow
 class PlainRowReader
 {
 public:
+    explicit PlainRowReader(const AnsiCodePage &page) : PlainRowReader(QByteArrayView(), page) { }
     /// rows: what follows the line "[Paramater]"; must outlive the reader's rows.
     PlainRowReader(QByteArrayView rows, const AnsiCodePage &page) : m_at(rows.begin()), m_end(rows.end()), m_page(page)
     {
@@ -46,6 +52,8 @@ public:
     bool atEnd() const { return m_at == m_end; }
     /// Takes the next row. False if it is not plain, or there is none: then it is not taken.
     bool next();
+    /// The same for the first one of other rows, in the same storage.
+    bool takeFirst(QByteArrayView rows);
     /// The row taken last, until the next one is.
     const PlainRow &row() const { return m_row; }
 

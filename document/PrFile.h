@@ -1,8 +1,11 @@
 #pragma once
 
 #include "document/PrGrid.h"
+#include "runtime/CellRow.h"
 
 #include <QString>
+
+#include <vector>
 
 class FileHost;
 class SaveHost;
@@ -20,6 +23,9 @@ struct PrFileSource
 /// What was read before a failure stays in both tables; what is missing in the file is in
 /// documentOrigin(docNo).findings.
 bool ReadPrFile(const QString &fileName, qint16 docNo, FileHost &host);
+
+/// The same with the rows as a grid shows them, which is what the windows open: it needs no PrRecords.
+bool ReadPrFile(const QString &fileName, qint16 docNo, std::vector<CellRow> &rows, FileHost &host);
 
 /// Rebuilds PrRecords from the grid, writes the document to fileName and clears its changed flag. Returns true on
 /// FAILURE; the user has been told by then, except when fileName is empty, in which case nothing is written. Everything

@@ -2,10 +2,12 @@
 
 #include "document/AnsiBuffer.h"
 #include "document/FieldReader.h"
+#include "document/GridRowReader.h"
 #include "document/InverterSection.h"
 #include "document/OrdinaryRow.h"
 #include "document/ReadBackCheck.h"
 #include "document/RecordReader.h"
+#include "document/RecordTexts.h"
 #include "document/RowCollector.h"
 #include "runtime/AnsiText.h"
 #include "runtime/PrivateProfile.h"
@@ -14,11 +16,47 @@
 
 namespace {
 
+/// Rows that are read as records.
+class RecordTarget
+{
+public:
+    using Rows = QList<PrRecord>;
+    static constexpr auto storage = FieldReader::Storage::Shared;
+
+    RecordTarget(FieldReader &in, const AnsiCodePage &) : m_in(in) { }
+    void read(Rows &rows) { readRecord(m_in, rows.emplaceBack()); }
+    static void fill(Rows &rows, qsizetype count) { rows.resize(count); }
+
+private:
+    FieldReader &m_in;
+};
+
+/// Rows that are read as a grid shows them.
+class GridTarget
+{
+public:
+    using Rows = std::vector<CellRow>;
+    static constexpr auto storage = FieldReader::Storage::Separate; // of nearly no row
+
+    GridTarget(FieldReader &in, const AnsiCodePage &page) : m_reader(in, page) { }
+    void read(Rows &rows) { rows.push_back(m_reader.read()); }
+    static void fill(Rows &rows, qsizetype count)
+    {
+        rows.resize(std::size_t(count), CellRow(RecordTexts(PrRecord()).cells()));
+    }
+
+private:
+    GridRowReader m_reader;
+};
+
 /// Reads the rows of one file.
+template <typename Target>
 class RowsReader
 {
 public:
-    RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows);
+    using Rows = typename Target::Rows;
+
+    RowsReader(FieldReader &in, const AnsiCodePage &page, qint16 announced, Rows &rows);
 
     Result<> read(const AfterRow &afterRow);
     ReadFindings findings() const;
@@ -26,27 +64,37 @@ public:
 private:
     Result<> readRow();
 
+    qsizetype rowCount() const { return qsizetype(m_rows.size()); }
+
     FieldReader &m_in;
-    QList<PrRecord> &m_rows;
+    Target m_target;
+    Rows &m_rows;
     qsizetype m_maxRows; ///< one more than the file announces
     ReadFindings m_findings;
 };
 
-RowsReader::RowsReader(FieldReader &in, qint16 announced, QList<PrRecord> &rows)
-    : m_in(in), m_rows(rows), m_maxRows(qsizetype(announced) + 1), m_findings{.rowsAnnounced = announced}
+template <typename Target>
+RowsReader<Target>::RowsReader(FieldReader &in, const AnsiCodePage &page, qint16 announced, Rows &rows)
+    : m_in(in)
+    , m_target(in, page)
+    , m_rows(rows)
+    , m_maxRows(qsizetype(announced) + 1)
+    , m_findings{.rowsAnnounced = announced}
 {
 }
 
-Result<> RowsReader::read(const AfterRow &afterRow)
+template <typename Target>
+Result<> RowsReader<Target>::read(const AfterRow &afterRow)
 {
     constexpr qsizetype minRowBytes = RowFields::textCount + 3; // separators, and a digit for each of the counts
     m_rows.clear();
     if (m_findings.rowsAnnounced < 0) {
         return FailureCode::SubscriptOutOfRange;
     }
-    m_rows.reserve(std::min(m_maxRows, m_in.remaining() / minRowBytes + 1));
+    using Size = decltype(m_rows.size());
+    m_rows.reserve(Size(std::min(m_maxRows, m_in.remaining() / minRowBytes + 1)));
     while (!m_in.atEnd()) {
-        if (m_rows.size() == m_maxRows) {
+        if (rowCount() == m_maxRows) {
             return Failure{.code = FailureCode::SubscriptOutOfRange,
                 .position = FilePosition{.row = m_findings.rowsFound + 1, .offset = m_in.position()}};
         }
@@ -57,14 +105,15 @@ Result<> RowsReader::read(const AfterRow &afterRow)
             afterRow();
         }
     }
-    m_rows.resize(m_maxRows);
+    Target::fill(m_rows, m_maxRows);
     return {};
 }
 
-Result<> RowsReader::readRow()
+template <typename Target>
+Result<> RowsReader<Target>::readRow()
 {
     const qsizetype rowAt = m_in.position();
-    readRecord(m_in, m_rows.emplaceBack());
+    m_target.read(m_rows);
     ++m_findings.rowsFound;
     if (m_in.atEnd() && !m_in.fieldHasEnd()) {
         m_findings.cutRow = m_findings.rowsFound;
@@ -73,7 +122,8 @@ Result<> RowsReader::readRow()
     return m_in.outcome();
 }
 
-ReadFindings RowsReader::findings() const
+template <typename Target>
+ReadFindings RowsReader<Target>::findings() const
 {
     ReadFindings findings = m_findings;
     findings.bytesUnread = m_in.remaining();
@@ -196,16 +246,27 @@ Result<> PrFileDecoder::decodeMachine(MachineInfo &machine) const
     return ReadInverterSection(PrivateProfile(m_bytes, m_page), machine);
 }
 
-Result<> PrFileDecoder::decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow)
+template <typename Target>
+Result<> PrFileDecoder::decode(qint16 announced, typename Target::Rows &rows, const AfterRow &afterRow)
 {
-    FieldReader in(m_bytes, m_page);
+    FieldReader in(m_bytes, m_page, Target::storage);
     if (!in.passLine(rowsLine)) {
         return FailureCode::NoParameterSection;
     }
-    RowsReader reader(in, announced, rows);
+    RowsReader<Target> reader(in, m_page, announced, rows);
     auto read = reader.read(afterRow);
     m_findings = reader.findings();
     return read;
+}
+
+Result<> PrFileDecoder::decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow)
+{
+    return decode<RecordTarget>(announced, rows, afterRow);
+}
+
+Result<> PrFileDecoder::decodeRows(qint16 announced, std::vector<CellRow> &rows, const AfterRow &afterRow)
+{
+    return decode<GridTarget>(announced, rows, afterRow);
 }
 
 DecodedPrFile decodePrFile(const QByteArray &bytes, const AnsiCodePage &page)

@@ -3,12 +3,14 @@
 #include "document/Document.h"
 #include "document/ReadBackCheck.h"
 #include "document/ReadFindings.h"
+#include "runtime/CellRow.h"
 #include "runtime/Result.h"
 
 #include <QByteArray>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 class AnsiCodePage;
 class PrGrid;
@@ -29,9 +31,14 @@ public:
     /// empty, and a second row too many is a failure. So is a file without a "[Paramater]" line, which leaves rows
     /// untouched and has no findings.
     Result<> decodeRows(qint16 announced, QList<PrRecord> &rows, const AfterRow &afterRow = {});
+    /// The same rows as a grid shows them, a buffer each, which is what a window opens.
+    Result<> decodeRows(qint16 announced, std::vector<CellRow> &rows, const AfterRow &afterRow = {});
     const std::optional<ReadFindings> &findings() const { return m_findings; }
 
 private:
+    template <typename Target>
+    Result<> decode(qint16 announced, typename Target::Rows &rows, const AfterRow &afterRow);
+
     QByteArray m_bytes;
     const AnsiCodePage &m_page;
     std::optional<ReadFindings> m_findings;

@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -45,17 +47,6 @@ void layOutColumn(SpreadGrid &grid, const ColumnInfo &column)
     }
 }
 
-void fillRow(SpreadGrid &grid, int index)
-{
-    const RecordTexts texts(PrRecords.at(index));
-    const auto &cells = texts.cells();
-    const int row = index + 1;
-    grid.setRowTexts(row, cells);
-    if (std::ranges::any_of(cells, LineEnds::areIn)) {
-        grid.fitRowHeight(row);
-    }
-}
-
 } // namespace
 
 void layOutParameterGrid(SpreadGrid &grid, int rows)
@@ -81,10 +72,23 @@ void applyVisibleColumns(SpreadGrid &grid)
 
 void fillParameterGrid(SpreadGrid &grid)
 {
+    std::vector<CellRow> rows;
+    for (const PrRecord &record : std::as_const(PrRecords)) {
+        rows.emplace_back(RecordTexts(record).cells());
+    }
+    fillParameterGrid(grid, rows);
+}
+
+void fillParameterGrid(SpreadGrid &grid, std::span<CellRow> rows)
+{
     const RedrawOff redrawOff(grid);
-    const int rows = std::min(grid.rowCount(), int(PrRecords.size()));
-    for (int index = 0; index < rows; ++index) {
-        fillRow(grid, index);
+    grid.exchangeRows(rows);
+    int number = 0;
+    for (const CellRow &row : grid.textRows()) {
+        ++number;
+        if (LineEnds::areIn(row.allTexts())) {
+            grid.fitRowHeight(number);
+        }
     }
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "document/ParameterColumn.h"
+#include "runtime/CellRow.h"
 
 #include <QColor>
+
+#include <span>
 
 class SpreadGrid;
 
@@ -17,6 +20,9 @@ void applyVisibleColumns(SpreadGrid &grid);
 
 /// Copies PrRecords into the grid, over as many rows as the grid has.
 void fillParameterGrid(SpreadGrid &grid);
+
+/// The same with rows as they are shown; rows is given the former ones.
+void fillParameterGrid(SpreadGrid &grid, std::span<CellRow> rows);
 
 /// Puts an added parameter's first texts into row, as Add line gives them; the read condition's column is left alone.
 void resetParameterRow(SpreadGrid &grid, int row);

@@ -117,6 +117,12 @@ void frmPrFile::SetPrInfSpread()
     m_document->noteLoaded();
 }
 
+void frmPrFile::showRows(std::span<CellRow> rows)
+{
+    fillParameterGrid(*m_grid, rows);
+    m_document->noteLoaded();
+}
+
 void frmPrFile::activate()
 {
     endNotice();

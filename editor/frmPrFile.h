@@ -5,6 +5,9 @@
 #include <QList>
 #include <QWidget>
 
+#include <span>
+
+class CellRow;
 class CommandMenus;
 class FindingMarks;
 class GridCommands;
@@ -38,8 +41,10 @@ public:
     void goToFinding(int step);
     FindingMarks &findings() const { return *m_findings; }
 
-    /// Copies the rows just read into the grid.
+    /// Copies PrRecords into the grid.
     void SetPrInfSpread();
+    /// The same with rows as they are shown; rows is given the former ones.
+    void showRows(std::span<CellRow> rows);
 
     /// Brings the frame's labels, buttons and this window's menus up to date; to be called whenever it becomes active.
     void activate();

@@ -5,6 +5,7 @@
 #include "document/FieldText.h"
 #include "document/PrCondText.h"
 #include "document/PrFile.h"
+#include "document/RecordTexts.h"
 #include "fuzz/Law.h"
 #include "runtime/AnsiText.h"
 #include "runtime/Spaces.h"
@@ -69,6 +70,17 @@ bool open(const QByteArray &bytes)
         "a failed open tells the user once, one without rows may be silent");
     require(!done || hasRows(bytes), "no rows are read without their section");
     return done;
+}
+
+/// A window opens the rows as they are shown of the records.
+void openAsGrid()
+{
+    FakeHost host;
+    std::vector<CellRow> rows;
+    require(!ReadPrFile(path(u"opened.inv"_s), docNo, rows, host), "what can be read can be opened");
+    const bool areShown = std::ranges::equal(rows, PrRecords,
+        [](const CellRow &row, const PrRecord &record) { return row == CellRow(RecordTexts(record).cells()); });
+    require(areShown, "a window opens the rows that were read");
 }
 
 /// Saves what was opened, as the editor shows it. Empty when it cannot be saved, which the user is told.
@@ -156,6 +168,7 @@ void roundTrip(const QByteArray &bytes)
     const QString name = u"opened.inv"_s;
     require(checkFile(bytes, documentPage(), name) == checkDecodedFile(bytes, documentPage(), name),
         "a check finds the same by rows as by the whole file");
+    openAsGrid();
     const QByteArray saved = save();
     if (saved.isEmpty() || !allComesBack() || &pageOfBytes(saved, ansiCodePage()) != &documentPage()) {
         return;

@@ -106,6 +106,14 @@ void SpreadGrid::setRowTexts(int row, std::span<const QStringView> texts)
     sheet().setRowTexts(row, texts);
 }
 
+void SpreadGrid::exchangeRows(std::span<CellRow> rows)
+{
+    const auto count = std::min(rows.size(), size_t(rowCount()));
+    if (count > 0) {
+        sheet().exchangeRows(1, rows.first(count));
+    }
+}
+
 void SpreadGrid::setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf)
 {
     sheet().setTexts(block, textOf, SpreadModel::Origin::Program);

@@ -54,6 +54,9 @@ public:
     void setText(int column, int row, const QString &text);
     /// Replaces the texts of a data row from column 1 on; fewer texts than columns leave the rest.
     void setRowTexts(int row, std::span<const QStringView> texts);
+    /// Replaces the texts of all columns of the first data rows, as many as are given and there; rows is given the
+    /// former ones. A row shares its memory with the one given.
+    void exchangeRows(std::span<CellRow> rows);
     /// Gives each data cell of the block the text that textOf has for (column, row).
     void setTexts(const GridBlock &block, const std::function<QStringView(int, int)> &textOf);
     /// The cells of the block joined by tabs, rows by CR LF; column 0 gives the row numbers. Column 1 to column 2 as

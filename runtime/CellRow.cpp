@@ -32,6 +32,21 @@ struct CellRow::Buffer
     }
 };
 
+namespace {
+
+template <typename End>
+void copyTexts(const End *ends, const char16_t *units, std::span<QStringView> texts)
+{
+    quint32 begin = 0;
+    for (QStringView &text : texts) {
+        const quint32 end = *ends++;
+        text = QStringView(units + begin, qsizetype(end - begin));
+        begin = end;
+    }
+}
+
+} // namespace
+
 /// An even number of bytes, after which units can stand.
 size_t CellRow::Buffer::endsSize(size_t count, bool isLong)
 {
@@ -147,11 +162,10 @@ QStringView CellRow::text(int column) const
 void CellRow::copyTexts(std::span<QStringView> texts) const
 {
     const auto held = std::min(texts.size(), size_t(size()));
-    quint32 begin = 0;
-    for (size_t column = 0; column < held; ++column) {
-        const quint32 end = m_buffer->end(column);
-        texts[column] = QStringView(m_buffer->units() + begin, qsizetype(end - begin));
-        begin = end;
+    if (held > 0 && m_buffer->isLong) {
+        ::copyTexts(m_buffer->longEnds(), m_buffer->units(), texts.first(held));
+    } else if (held > 0) {
+        ::copyTexts(m_buffer->shortEnds(), m_buffer->units(), texts.first(held));
     }
     std::ranges::fill(texts.subspan(held), QStringView());
 }
