@@ -8,6 +8,7 @@
 #include "bench/SpeedTable.h"
 #include "document/DocumentTables.h"
 #include "document/PrFile.h"
+#include "editor/FindingMarks.h"
 #include "editor/frmPrFile.h"
 
 #include <QApplication>
@@ -89,7 +90,9 @@ int printGrowth(int rows)
     const qint64 before = residentBytes();
     for (int i = 0; i < documents; ++i) {
         desk.openAgain();
-        QApplication::processEvents();
+        while (!desk.editor().findings().isUpToDate()) {
+            QApplication::processEvents();
+        }
     }
     const qint64 after = residentBytes();
     qsizetype units = 0;

@@ -130,7 +130,8 @@ bool LiveCheck::settleSome(int rows)
     if (m_isSettled) {
         m_groups.settle(m_positions, m_concerned);
         std::ranges::for_each(m_concerned, [this](int handle) { pend(handle); });
-        m_concerned.clear();
+        m_concerned = std::vector<int>(); // its memory, too: a large change is rare
+        m_new = std::vector<int>();
     }
     return m_isSettled;
 }
@@ -156,8 +157,7 @@ void LiveCheck::enter(int handle)
         {.numberKey = numberKey(record.number),
             .helpId = hasHelp ? record.helpId : QString(),
             .subjects = subjectsOf(record),
-            .ranges = qHash(m_grid.cellText(ParameterColumn::SettingRange, position + 1)),
-            .name = qHash(record.name)});
+            .said = qHashMulti(0, m_grid.cellText(ParameterColumn::SettingRange, position + 1), record.name)});
     row.isEntered = true;
 }
 
@@ -180,6 +180,9 @@ bool LiveCheck::checkNext(int rows)
             check(handle);
             --rows;
         }
+    }
+    if (m_pending.empty()) {
+        m_pending = std::vector<int>();
     }
     return !m_pending.empty();
 }

@@ -121,6 +121,9 @@ bool FindingMarks::bringUpToDate()
 void FindingMarks::takeRows(std::size_t count)
 {
     const auto rows = m_grid.textRows();
+    if (!m_isComplete) {
+        m_known.reserve(rows.size());
+    }
     tell(rows.first(std::min(count, rows.size())));
     m_check.settleSome(rowsOfStep);
 }
