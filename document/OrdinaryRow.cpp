@@ -7,6 +7,8 @@
 #include "runtime/Digits.h"
 #include "runtime/NumberText.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <charconv>
 
@@ -63,6 +65,39 @@ QStringView Scanner::takeBound()
         digits += decimals.size();
     }
     return isShortest && digits <= maxDigits ? QStringView(first, m_at) : QStringView();
+}
+
+/// A comma or a control character
+bool isSeparator(QChar unit)
+{
+    return unit == u',' || unit < u' ';
+}
+
+/// Writes a text that has neither commas nor controls nor other characters than ASCII; false if it has. Four units are
+/// taken in one step.
+bool writePlainAscii(QStringView text, char *out)
+{
+    constexpr quint64 ones = 0x0001'0001'0001'0001;
+    constexpr quint64 highBits = ones * 0x80;
+    constexpr quint64 beyondAscii = ones * 0xFF80;
+    constexpr quint64 everySecond = 0x0000'FFFF'0000'FFFF;
+    constexpr qsizetype step = sizeof(quint64) / sizeof(char16_t);
+    const char16_t *const units = text.utf16();
+    quint64 odd = 0;
+    qsizetype i = 0;
+    for (; text.size() - i >= step; i += step) {
+        quint64 word = qFromUnaligned<quint64>(units + i);
+        const quint64 commas = word ^ (ones * ',');
+        // Of ASCII, subtracting sets a high bit where a unit is too small.
+        odd |= (word & beyondAscii) | ((word - ones * ' ') & highBits) | ((commas - ones) & highBits);
+        word = (word | (word >> 8)) & everySecond;
+        qToUnaligned(quint32(word | (word >> 16)), out + i);
+    }
+    for (; i < text.size(); ++i) {
+        out[i] = char(units[i]);
+        odd |= isSeparator(units[i]) || units[i] >= 0x80 ? 1 : 0;
+    }
+    return odd == 0;
 }
 
 /// Writes the fields of one row. Each routine is false for a cell that is not of the ordinary kind.
@@ -136,24 +171,16 @@ bool RowWriter::putIncrement(QStringView inFile)
     return true;
 }
 
-/// Looks at the text in the same pass, so that the compiler can take several units at once.
 bool RowWriter::putText(int column)
 {
     const QStringView text = cell(column);
-    char *const out = m_out;
-    char16_t all = 0;
     bool isPlain = text.isEmpty() || (text.front() != u' ' && text.front() != u'"' && text.back() != u' ');
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t unit = text[i].unicode();
-        out[i] = char(unit);
-        all |= unit;
-        isPlain &= unit >= u' ' && unit != u',';
-    }
-    m_out = out + text.size();
-    if (all >= 0x80) {
-        const AnsiCodePage::Encoded encoded = m_page.encodeTo(text, out);
+    if (writePlainAscii(text, m_out)) {
+        m_out += text.size();
+    } else {
+        const AnsiCodePage::Encoded encoded = m_page.encodeTo(text, m_out);
         m_out = encoded.end;
-        isPlain = isPlain && encoded.missing < 0 && !mayChangeWhenRead(text);
+        isPlain = isPlain && encoded.missing < 0 && std::ranges::none_of(text, isSeparator) && !mayChangeWhenRead(text);
     }
     put(',');
     return isPlain;

@@ -15,7 +15,11 @@ inline bool isUnit(QChar unit)
 /// Whether the text has several lines.
 inline bool areIn(QStringView text)
 {
-    return std::ranges::any_of(text, isUnit);
+    bool areIn = false;
+    for (const QChar unit : text) {
+        areIn |= isUnit(unit); // without a way out of the loop, so that the compiler can take several at once
+    }
+    return areIn;
 }
 
 /// The number of line ends; CR LF is one.

@@ -133,6 +133,26 @@ TEST(GridRow, showsNumbersAsTheyAre)
     EXPECT_EQ(readGrid(bytes, page, 6000).rows.first(), u"1|a|0,5,1.5-|1|1|No|0.001||-0.5|0|8000|0|"_s);
 }
 
+/// Wherever in a text a byte is that is not plain, and however long the text is
+TEST(GridRow, isWhatIsShownWithOneOddByte)
+{
+    const QByteArray plain = "Torque + boost of 1";
+    for (qsizetype length = 1; length <= plain.size(); ++length) {
+        for (qsizetype at = 0; at < length; ++at) {
+            QByteArray bytes = "[Paramater]\r\n";
+            for (const char odd : QByteArrayView("\r\n\t \x1F\"\x7F\x80\xE9\x83\xA1~")) {
+                bytes +=
+                    "0,1,0," + plain.first(length).replace(at, 1, QByteArray(1, odd)) + ",Hz,1,-1,-1,0,0,0,1,0,10\r\n";
+            }
+            expectTheSame(bytes, AnsiCodePage::page(1252), 100);
+            expectTheSame(bytes, AnsiCodePage::page(932), 100);
+            ASSERT_FALSE(::testing::Test::HasFailure()) << length << " " << at;
+        }
+        const QByteArray row = "0,1,0," + plain.first(length).trimmed() + ",Hz,1,-1,-1,0,0,0,1,0,10\r\n";
+        EXPECT_EQ(plainRows("[Paramater]\r\n" + row, AnsiCodePage::page(1252)), 1) << length;
+    }
+}
+
 TEST(GridRow, isMissingFromAFileWithoutRows)
 {
     expectTheSame("[Inverter]\r\n", AnsiCodePage::page(932), 1);

@@ -115,6 +115,28 @@ TEST(OrdinaryRow, isEncodedAsEveryRowIs)
     }
 }
 
+// Wherever in a text a character is that is not plain, and however long the text is.
+TEST(OrdinaryRow, isEncodedAsEveryRowIsWithOneOddCharacter)
+{
+    QStringList row{u"1000"_s, u"Jog"_s, u"0-30.5"_s, u"1"_s, u"0.1"_s, u"No"_s, u"No"_s, u"%"_s, u"6.5"_s, u"0"_s,
+        u"000A"_s, u"0"_s, u""_s};
+    const QString plain = u"Torque + boost"_s;
+    for (qsizetype length = 1; length <= plain.size(); ++length) {
+        for (qsizetype at = 0; at < length; ++at) {
+            for (const QChar odd : u",\r\n\t \u001F\"\u007F\u0080\u00E9\u012C\u8868\uF781~"_s) {
+                row[ParameterColumn::Name - 1] = plain.first(length).replace(at, 1, odd);
+                for (const int codePage : codePages) {
+                    expectTheSameFile(row, codePage);
+                    EXPECT_FALSE(isOrdinary(row, codePage) && (odd == u',' || odd < u' '));
+                }
+            }
+            ASSERT_FALSE(::testing::Test::HasFailure());
+        }
+        row[ParameterColumn::Name - 1] = plain.first(length).trimmed();
+        EXPECT_TRUE(isOrdinary(row, 1252)) << length;
+    }
+}
+
 TEST(OrdinaryRow, boundsAreThoseThatASingleGivesBack)
 {
     QStringList row = FakeGrid::emptyRow();
