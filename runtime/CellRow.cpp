@@ -23,7 +23,6 @@ struct CellRow::Buffer
     quint32 *longEnds() { return reinterpret_cast<quint32 *>(this + 1); }
     const quint32 *longEnds() const { return reinterpret_cast<const quint32 *>(this + 1); }
     quint32 end(size_t column) const { return isLong ? longEnds()[column] : shortEnds()[column]; }
-    void setEnd(size_t column, quint32 end);
     size_t unitsAt() const { return sizeof(Buffer) + endsSize(count, isLong); }
     char16_t *units() { return reinterpret_cast<char16_t *>(reinterpret_cast<char *>(this) + unitsAt()); }
     const char16_t *units() const
@@ -42,6 +41,16 @@ void copyTexts(const End *ends, const char16_t *units, std::span<QStringView> te
         const quint32 end = *ends++;
         text = QStringView(units + begin, qsizetype(end - begin));
         begin = end;
+    }
+}
+
+template <typename End>
+void writeTexts(std::span<const QStringView> texts, char16_t *units, End *ends)
+{
+    const char16_t *const begin = units;
+    for (const QStringView text : texts) {
+        units = std::copy_n(text.utf16(), text.size(), units);
+        *ends++ = End(units - begin);
     }
 }
 
@@ -65,15 +74,6 @@ CellRow::Buffer *CellRow::Buffer::make(size_t count, size_t units)
     return new (memory) Buffer{.count = quint16(count), .isLong = units > longestShort};
 }
 
-void CellRow::Buffer::setEnd(size_t column, quint32 end)
-{
-    if (isLong) {
-        longEnds()[column] = end;
-    } else {
-        shortEnds()[column] = quint8(end);
-    }
-}
-
 CellRow::CellRow(std::span<const QStringView> texts)
 {
     qsizetype units = 0;
@@ -84,11 +84,10 @@ CellRow::CellRow(std::span<const QStringView> texts)
         return;
     }
     m_buffer = Buffer::make(texts.size(), size_t(units));
-    char16_t *const begin = m_buffer->units();
-    char16_t *unit = begin;
-    for (size_t column = 0; column < texts.size(); ++column) {
-        unit = std::copy_n(texts[column].utf16(), texts[column].size(), unit);
-        m_buffer->setEnd(column, quint32(unit - begin));
+    if (m_buffer->isLong) {
+        writeTexts(texts, m_buffer->units(), m_buffer->longEnds());
+    } else {
+        writeTexts(texts, m_buffer->units(), m_buffer->shortEnds());
     }
 }
 
@@ -100,8 +99,10 @@ CellRow::CellRow(const char16_t *texts, std::span<const quint32> ends)
     }
     m_buffer = Buffer::make(ends.size(), units);
     std::copy_n(texts, units, m_buffer->units());
-    for (size_t column = 0; column < ends.size(); ++column) {
-        m_buffer->setEnd(column, ends[column]);
+    if (m_buffer->isLong) {
+        std::ranges::copy(ends, m_buffer->longEnds());
+    } else {
+        std::ranges::transform(ends, m_buffer->shortEnds(), [](quint32 end) { return quint8(end); });
     }
 }
 
