@@ -25,14 +25,7 @@ void GridPagePainter::paintPage(int page)
     m_painter.setPen(Qt::black);
     paintLines(m_options.header.lines(page), 0);
 
-    const QList<PaperColumn> columns = m_layout.columnsOn(page);
-    const PrintSpan rows = m_layout.pages().rows(page);
-    paintHeadings(columns);
-    double top = m_layout.tableTop() + m_layout.headingHeight();
-    for (int row = rows.first; row <= rows.last; ++row) {
-        paintRow(row, top, columns);
-        top += m_layout.rowHeight(row);
-    }
+    paintTable(m_layout.columnsOn(page), m_layout.pages().rows(page));
 
     m_painter.setPen(Qt::black);
     const QList<PageTextLine> footer = m_options.footer.lines(page);
@@ -51,52 +44,81 @@ void GridPagePainter::paintLines(const QList<PageTextLine> &lines, double top)
     }
 }
 
-void GridPagePainter::paintHeadings(const QList<PaperColumn> &columns)
+// Lines of the same colour are painted together: a PDF file says each change of it. Texts are in the order in which
+// they are read.
+void GridPagePainter::paintTable(const QList<PaperColumn> &columns, const PrintSpan &rows)
 {
-    const SpreadGrid &grid = m_layout.grid();
-    QRectF cell(0, m_layout.tableTop(), m_layout.rowNumberWidth(), m_layout.headingHeight());
-    paintHeadingCell(cell, grid.text(0, 0));
+    QList<QRectF> headings;
+    QList<QRectF> cells;
+    appendRow(headings, headings, m_layout.tableTop(), m_layout.headingHeight(), columns);
+    for (int row = rows.first; row <= rows.last; ++row) {
+        appendRow(headings, cells, headings.constLast().bottom(), m_layout.rowHeight(row), columns);
+    }
+    paintHeadings(headings);
+    m_painter.setPen(QPen(GridLineColour, m_layout.lineWidth()));
+    m_painter.drawRects(headings);
+    m_painter.drawRects(cells);
+
+    auto heading = headings.cbegin();
+    paintHeadingText(*heading++, 0, 0);
     for (const PaperColumn &column : columns) {
-        cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
-        paintHeadingCell(cell, grid.text(column.column, 0));
+        paintHeadingText(*heading++, column.column, 0);
+    }
+    auto cell = cells.cbegin();
+    for (int row = rows.first; row <= rows.last; ++row) {
+        paintHeadingText(*heading++, 0, row);
+        for (const PaperColumn &column : columns) {
+            paintContent(inner(*cell++), column, row);
+        }
     }
 }
 
-void GridPagePainter::paintRow(int row, double top, const QList<PaperColumn> &columns)
+void GridPagePainter::appendRow(
+    QList<QRectF> &first, QList<QRectF> &others, double top, double height, const QList<PaperColumn> &columns) const
 {
-    QRectF cell(0, top, m_layout.rowNumberWidth(), m_layout.rowHeight(row));
-    paintHeadingCell(cell, m_layout.grid().text(0, row));
+    QRectF cell(0, top, m_layout.rowNumberWidth(), height);
+    first.append(cell);
     for (const PaperColumn &column : columns) {
-        cell = QRectF(cell.right(), cell.top(), column.width, cell.height());
-        paintCell(cell, column, row);
+        cell = QRectF(cell.right(), top, column.width, height);
+        others.append(cell);
     }
 }
 
-void GridPagePainter::paintHeadingCell(const QRectF &cell, const QString &text)
+void GridPagePainter::paintHeadings(const QList<QRectF> &cells)
 {
-    m_painter.fillRect(cell, HeadingColour);
+    m_painter.setPen(Qt::NoPen);
+    m_painter.setBrush(HeadingColour);
+    m_painter.drawRects(cells);
+    m_painter.setBrush(Qt::NoBrush);
     const double width = m_layout.lineWidth();
-    const QRectF edge = cell.adjusted(width, width, -width, -width);
     m_painter.setPen(QPen(HeadingLight, width));
-    m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.topLeft(), edge.topRight()}));
+    for (const QRectF &cell : cells) {
+        const QRectF edge = cell.adjusted(width, width, -width, -width);
+        m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.topLeft(), edge.topRight()}));
+    }
     m_painter.setPen(QPen(HeadingShadow, width));
-    m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.bottomRight(), edge.topRight()}));
-    paintFrame(cell);
-    m_painter.setPen(Qt::black);
-    m_layout.text().draw(m_painter, inner(cell), Qt::AlignCenter, text);
+    for (const QRectF &cell : cells) {
+        const QRectF edge = cell.adjusted(width, width, -width, -width);
+        m_painter.drawPolyline(QPolygonF({edge.bottomLeft(), edge.bottomRight(), edge.topRight()}));
+    }
 }
 
-void GridPagePainter::paintCell(const QRectF &cell, const PaperColumn &column, int row)
+void GridPagePainter::paintHeadingText(const QRectF &cell, int column, int row)
 {
-    paintFrame(cell);
+    m_painter.setPen(Qt::black);
+    m_layout.text().draw(m_painter, inner(cell), Qt::AlignCenter, m_layout.grid().text(column, row));
+}
+
+void GridPagePainter::paintContent(const QRectF &area, const PaperColumn &column, int row)
+{
     const SpreadGrid &grid = m_layout.grid();
-    m_painter.setPen(inkOf(column.column, row));
     const QString text = grid.text(column.column, row);
+    m_painter.setPen(inkOf(column.column, row));
     const CellType type = grid.cellType(column.column, row);
     if (type.kind == CellType::Kind::CheckBox) {
-        paintCheckBox(inner(cell), column.alignment, numericValue(text).value_or(0) != 0, type.caption);
+        paintCheckBox(area, column.alignment, numericValue(text).value_or(0) != 0, type.caption);
     } else {
-        m_layout.text().draw(m_painter, inner(cell), column.alignment, text);
+        m_layout.text().draw(m_painter, area, column.alignment, text);
     }
 }
 
@@ -106,13 +128,13 @@ void GridPagePainter::paintCheckBox(const QRectF &inner, Qt::Alignment alignment
     const double left =
         caption.isEmpty() && (alignment & Qt::AlignHCenter) ? inner.center().x() - size / 2 : inner.left();
     const QRectF box(left, inner.center().y() - size / 2, size, size);
-    m_painter.save();
-    m_painter.setPen(QPen(m_painter.pen().color(), m_layout.lineWidth()));
+    const QPen ink = m_painter.pen();
+    m_painter.setPen(QPen(ink.color(), m_layout.lineWidth()));
     m_painter.drawRect(box);
     if (ticked) {
         paintTick(box);
     }
-    m_painter.restore();
+    m_painter.setPen(ink);
     const QRectF beside = inner.adjusted(size + m_layout.padding(), 0, 0, 0);
     if (!caption.isEmpty() && beside.width() > 0) {
         m_layout.text().draw(m_painter, beside, Qt::AlignLeft | Qt::AlignVCenter, caption);
@@ -126,12 +148,6 @@ void GridPagePainter::paintTick(const QRectF &box)
     };
     m_painter.setPen(QPen(m_painter.pen().color(), box.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     m_painter.drawPolyline(QPolygonF({at(0.2, 0.5), at(0.42, 0.75), at(0.8, 0.25)}));
-}
-
-void GridPagePainter::paintFrame(const QRectF &cell)
-{
-    m_painter.setPen(QPen(GridLineColour, m_layout.lineWidth()));
-    m_painter.drawRect(cell);
 }
 
 QRectF GridPagePainter::inner(const QRectF &cell) const

@@ -15,13 +15,14 @@ public:
 
 private:
     void paintLines(const QList<PageTextLine> &lines, double top);
-    void paintHeadings(const QList<PaperColumn> &columns);
-    void paintRow(int row, double top, const QList<PaperColumn> &columns);
-    void paintHeadingCell(const QRectF &cell, const QString &text);
-    void paintCell(const QRectF &cell, const PaperColumn &column, int row);
+    void paintTable(const QList<PaperColumn> &columns, const PrintSpan &rows);
+    void appendRow(QList<QRectF> &first, QList<QRectF> &others, double top, double height,
+        const QList<PaperColumn> &columns) const;
+    void paintHeadings(const QList<QRectF> &cells);
+    void paintHeadingText(const QRectF &cell, int column, int row);
+    void paintContent(const QRectF &area, const PaperColumn &column, int row);
     void paintCheckBox(const QRectF &inner, Qt::Alignment alignment, bool ticked, const QString &caption);
     void paintTick(const QRectF &box);
-    void paintFrame(const QRectF &cell);
     QRectF inner(const QRectF &cell) const;
     QColor inkOf(int column, int row) const;
 

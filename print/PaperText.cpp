@@ -78,6 +78,7 @@ PaperText::PaperText(const QFont &font, QPaintDevice &paper)
     for (char16_t code = u' '; code < u'\x7f'; ++code) {
         m_asciiWidths[code] = m_metrics.horizontalAdvance(QChar(code));
     }
+    m_lines.setFont(m_font);
 }
 
 bool PaperText::isShort(QStringView text, double width) const
@@ -106,6 +107,9 @@ int PaperText::lineCount(const QString &wholeText, double width) const
 
 void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &wholeText) const
 {
+    if (drawShaped(painter, area, alignment, wholeText)) {
+        return;
+    }
     const QString text = wholeText.left(m_maxUnits);
     const double textWidth = width(text);
     if (hasLineBreak(text) || textWidth > withTolerance(area.width())) {
@@ -114,6 +118,21 @@ void PaperText::draw(QPainter &painter, const QRectF &area, Qt::Alignment alignm
     }
     const double left = leftEdge(area, alignment, textWidth);
     painter.drawText(QPointF(left, topEdge(area, alignment, lineHeight()) + ascent()), text);
+}
+
+/// The same for a text that may have been laid out before; false if it is not that simple.
+bool PaperText::drawShaped(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const
+{
+    if (!m_lines.has(text)) {
+        return false;
+    }
+    const ShapedLine &line = m_lines.of(text);
+    const bool fits = line.size.width() <= withTolerance(area.width());
+    if (fits) {
+        const double baseline = topEdge(area, alignment, lineHeight()) + ascent();
+        line.draw(painter, QPointF(leftEdge(area, alignment, line.size.width()), baseline - line.ascent));
+    }
+    return fits;
 }
 
 void PaperText::layOut(QTextLayout &layout, double width) const

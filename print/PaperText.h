@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid/cells/ShapedLines.h"
+
 #include <QFont>
 #include <QFontMetricsF>
 #include <QRectF>
@@ -35,6 +37,7 @@ private:
     double withTolerance(double width) const { return width + m_characterWidth / 4; }
     void layOut(QTextLayout &layout, double width) const;
     QString cutLine(QStringView rest, double width) const;
+    bool drawShaped(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
     void drawLines(QPainter &painter, const QRectF &area, Qt::Alignment alignment, const QString &text) const;
 
     QFont m_font;
@@ -44,4 +47,5 @@ private:
     qsizetype m_maxUnits; ///< how many units of a text are laid out
     double m_widestCharacter;
     std::array<double, 128> m_asciiWidths; ///< a control character counts as the widest character
+    mutable ShapedLines m_lines;
 };

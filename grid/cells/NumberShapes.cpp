@@ -1,7 +1,5 @@
 #include "grid/cells/NumberShapes.h"
 
-#include "grid/cells/ShapedLine.h"
-
 #include <QFont>
 #include <QList>
 #include <QString>
@@ -34,19 +32,17 @@ void NumberShapes::setFont(const QFont &font)
 {
     m_isUsable = false;
     const QString pairs = allPairs(known);
-    const ShapedLine line = ShapedLine::of(pairs + known.front(), font);
-    if (line.runs.size() != 1 || line.runs.front().glyphIndexes().size() != pairs.size() + 1) {
+    m_line = ShapedLine::of(pairs + known.front(), font);
+    if (m_line.runs.size() != 1 || m_line.runs.front().glyphIndexes().size() != pairs.size() + 1) {
         return;
     }
-    m_run = line.runs.front();
-    const QList<quint32> glyphs = m_run.glyphIndexes();
-    const QList<QPointF> places = m_run.positions();
+    const QList<quint32> glyphs = m_line.runs.front().glyphIndexes();
+    const QList<QPointF> places = m_line.runs.front().positions();
     for (qsizetype i = 0; i < known.size(); ++i) {
         const qsizetype at = pairs.indexOf(known[i]);
         m_shapes[std::size_t(i)] = {glyphs[at], places[at + 1].x() - places[at].x()};
     }
     m_first = places.front();
-    m_height = line.size.height();
     m_isUsable = true;
     for (qsizetype i = 0; i < pairs.size(); ++i) {
         const Shape &shape = shapeOf(pairs[i]);
@@ -60,26 +56,20 @@ bool NumberShapes::has(QStringView text) const
     return m_isUsable && std::size_t(text.size()) <= maxLength && std::ranges::all_of(text, isKnown);
 }
 
-const QGlyphRun &NumberShapes::glyphs(QStringView text)
+const ShapedLine &NumberShapes::of(QStringView text)
 {
     QPointF place = m_first;
-    for (std::size_t i = 0; i < std::size_t(text.size()); ++i) {
-        const Shape &shape = shapeOf(text[qsizetype(i)]);
-        m_glyphs[i] = shape.glyph;
-        m_places[i] = place;
-        place.rx() += shape.advance;
-    }
-    m_run.setRawData(m_glyphs.data(), m_places.data(), int(text.size()));
-    return m_run;
-}
-
-QSizeF NumberShapes::size(QStringView text) const
-{
-    qreal width = 0;
+    std::size_t count = 0;
     for (const QChar character : text) {
-        width += shapeOf(character).advance;
+        const Shape &shape = shapeOf(character);
+        m_glyphs[count] = shape.glyph;
+        m_places[count] = place;
+        place.rx() += shape.advance;
+        ++count;
     }
-    return {width, m_height};
+    m_line.runs.front().setRawData(m_glyphs.data(), m_places.data(), int(count));
+    m_line.size.setWidth(place.x() - m_first.x());
+    return m_line;
 }
 
 const NumberShapes::Shape &NumberShapes::shapeOf(QChar character) const

@@ -1,27 +1,25 @@
 #pragma once
 
-#include <QGlyphRun>
+#include "grid/cells/ShapedLine.h"
+
 #include <QPointF>
-#include <QSizeF>
 #include <QStringView>
 
 #include <array>
 
 class QFont;
 
-/// The glyphs of numbers, put together from those of their digits: a page shows numbers that were never shown before,
-/// and hardly a font sets a digit otherwise because of its neighbours. Numbers in a font that does have none here.
+/// Numbers, put together from their digits: a page shows numbers that were never shown before, and hardly a font sets a
+/// digit otherwise because of its neighbours. Numbers in a font that does are not known here.
 class NumberShapes
 {
 public:
     void setFont(const QFont &font);
 
-    /// Whether glyphs() knows the text: a short one of digits, points and hyphens.
+    /// Whether of() knows the text: a short one of digits, points and hyphens.
     bool has(QStringView text) const;
-    /// The glyphs of a text that it knows, to be drawn at the top left corner. Valid until the next call.
-    const QGlyphRun &glyphs(QStringView text);
-    /// Pixels that a text that it knows takes.
-    QSizeF size(QStringView text) const;
+    /// A text that it knows. Valid until the next call.
+    const ShapedLine &of(QStringView text);
 
 private:
     static constexpr QStringView known = u"0123456789.-";
@@ -38,8 +36,7 @@ private:
     bool m_isUsable = false;
     std::array<Shape, known.size()> m_shapes;
     QPointF m_first; ///< where a text's first glyph is
-    qreal m_height = 0;
-    QGlyphRun m_run;
+    ShapedLine m_line; ///< of one run
     std::array<quint32, maxLength> m_glyphs = {};
     std::array<QPointF, maxLength> m_places = {};
 };

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "grid/cells/NumberShapes.h"
-#include "grid/cells/ShapedLine.h"
+#include "grid/cells/ShapedLines.h"
 
 #include <QFont>
 #include <QHash>
@@ -12,8 +11,7 @@
 class QPainter;
 class QRect;
 
-/// Draws the texts of cells as QPainter::drawText() does, to the pixel, but remembers how they are laid out: that takes
-/// as long as drawing them, and few texts of a page were never shown before.
+/// Draws the texts of cells as QPainter::drawText() does, to the pixel, but lays none of them out twice.
 class ShapedTexts
 {
 public:
@@ -21,26 +19,22 @@ public:
     /// Draws nothing and returns false if the text is not one short line of ordinary characters.
     bool draw(QPainter &painter, const QRect &rect, Qt::Alignment alignment, QStringView text);
     /// How many texts are remembered.
-    qsizetype count() const { return m_recent.size() + m_former.size(); }
+    qsizetype count() const { return m_lines.count() + m_cuts.size(); }
 
 private:
-    struct Shaped
+    /// What is shown of a text in a cell of that size, into which it does not fit.
+    struct Cut
     {
-        ShapedLine line;
-        QString cut; ///< what is shown in a cell of the size cutFor, into which the line does not fit
-        QSize cutFor;
+        QString text;
+        QSize available;
     };
 
     void takeFont(const QPainter &painter);
-    /// Valid until the next call.
-    Shaped &shaped(QStringView text);
-    QString cutText(QStringView text, const QSize &available);
-    bool drawNumber(QPainter &painter, const QRect &rect, Qt::Alignment alignment, QStringView text);
-    static bool drawLine(QPainter &painter, const QRect &rect, Qt::Alignment alignment, const ShapedLine &line);
+    bool drawLine(QPainter &painter, const QRect &rect, Qt::Alignment alignment, QStringView text);
+    const QString &cutText(QStringView text, const QSize &available);
 
     QFont m_font;
     int m_dotsPerInch = 0;
-    NumberShapes m_numbers;
-    QHash<QString, Shaped> m_recent;
-    QHash<QString, Shaped> m_former; ///< what was recent before that became too many
+    ShapedLines m_lines;
+    QHash<QString, Cut> m_cuts;
 };
