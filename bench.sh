@@ -18,8 +18,6 @@ if [ "${1:-}" = --counts ]; then
     exec scripts/counts.sh
 fi
 build/bench_speed 2>/dev/null
-echo
-build/bench_tool 2>/dev/null
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -33,8 +31,9 @@ allocations() {
 
 build/make_document 1 "$work/small.inv"
 build/make_document 32767 "$work/large.inv"
-printf '\n| 32,767 rows | allocations |\n|---|---|\n'
+printf '\nAllocations for 32,767 rows:'
 for mode in count-read count-open; do
-    printf '| %s | %d |\n' "${mode#count-}" \
+    printf ' %s %d' "${mode#count-}" \
         $(($(allocations "$mode" "$work/large.inv") - $(allocations "$mode" "$work/small.inv")))
 done
+printf '.\n'

@@ -7,6 +7,7 @@
 #include "runtime/AnsiText.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +48,22 @@ void BenchDocument::save(bool events) const
     BenchHost host(events);
     if (!saveDocument(savedName(), {MachineInfos[docNo], *m_grid, documentOrigin(docNo)}, host)) {
         qFatal("not saved");
+    }
+}
+
+void BenchDocument::writeCells(const QString &fileName, char separator) const
+{
+    QByteArray bytes;
+    for (int row = 1; row <= m_rowCount; ++row) {
+        for (int column = 1; column <= ParameterColumn::Count; ++column) {
+            QByteArray cell = m_grid->cellText(column, row).toUtf8();
+            bytes += separator == ',' ? '"' + cell.replace('"', "\"\"") + '"' : cell;
+            bytes += column < ParameterColumn::Count ? separator : '\n';
+        }
+    }
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("cannot write the cells");
     }
 }
 

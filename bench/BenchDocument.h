@@ -51,6 +51,8 @@ public:
     std::vector<CellRow> read(bool events) const;
     void save(bool events) const;
     const RecordGrid &grid() const { return *m_grid; }
+    /// Writes the cells as text, with separator between them: quoted if it is a comma.
+    void writeCells(const QString &fileName, char separator) const;
 
 private:
     int m_rowCount;

@@ -10,7 +10,6 @@
 namespace {
 
 constexpr double milliseconds = 1000;
-constexpr double maxGrowth = 1.1;
 
 Measured measureRead(const BenchDocument &document, bool events)
 {
@@ -37,11 +36,6 @@ Measured measureSave(const BenchDocument &document, bool events)
     return sideBySide(own, baseline);
 }
 
-Measured perRow(Measured measured, int rows)
-{
-    return {measured.own * 1000 / rows, measured.other * 1000 / rows};
-}
-
 struct ReadAndSave
 {
     double read;
@@ -59,7 +53,7 @@ ReadAndSave measureDocument(int rows, int nameLength)
 }
 
 /// 1 MB of texts in 100 rows, and the same bytes in ordinary rows.
-void addLongTextRows(SpeedTable &table)
+void addManyBytesRows(SpeedTable &table)
 {
     constexpr int longRows = 100;
     constexpr int nameLength = 10'000;
@@ -75,8 +69,8 @@ void addLongTextRows(SpeedTable &table)
 void addCoreRows(SpeedTable &table)
 {
     const auto typical = std::make_unique<BenchDocument>(typicalRows);
-    const Measured readTypical = perRow(measureRead(*typical, true), typicalRows);
-    const Measured saveTypical = perRow(measureSave(*typical, true), typicalRows);
+    const Measured readTypical = measureRead(*typical, true);
+    const Measured saveTypical = measureSave(*typical, true);
     const BenchDocument largest(maxRows);
     const Measured read = measureRead(largest, true);
     const Measured save = measureSave(largest, true);
@@ -85,9 +79,7 @@ void addCoreRows(SpeedTable &table)
         "collect and write 32,767 rows", "join, encode, write, flush, as many empty event passes", "ms", save, 1.2);
     table.add("collect and write, no events", "join, encode, write, flush", "ms", measureSave(largest, false), 1.2);
     table.add("read 32,767 rows, no events", "decode, split", "ms", measureRead(largest, false), 0.8);
-    table.add("read, growth to 32,767 rows", "1,000 rows", "us a row", {perRow(read, maxRows).own, readTypical.own},
-        maxGrowth);
-    table.add("collect and write, growth to 32,767 rows", "1,000 rows", "us a row",
-        {perRow(save, maxRows).own, saveTypical.own}, maxGrowth);
-    addLongTextRows(table);
+    table.addGrowth("read", read.own, readTypical.own);
+    table.addGrowth("collect and write", save.own, saveTypical.own);
+    addManyBytesRows(table);
 }

@@ -33,9 +33,7 @@ void countCommands(const Desk &desk)
 {
     copyRows(desk);
     for (const TimedCommand &command : timedCommands()) {
-        desk.restore();
-        desk.grid().setRowCount(desk.rowCount() - commandRows); // the greatest number shall not be exceeded
-        desk.grid().selectBlock(command.selected);
+        prepare(command, desk);
         paint();
         const std::string name = command.name;
         count(name, [&] { command.run(desk); });

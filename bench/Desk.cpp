@@ -1,7 +1,6 @@
 #include "bench/Desk.h"
 
 #include "bench/BenchDocument.h"
-#include "bench/DocumentGenerator.h"
 #include "document/DocumentTables.h"
 #include "document/PrGrid.h"
 #include "editor/OpenDocument.h"
@@ -12,9 +11,9 @@
 
 using namespace Qt::StringLiterals;
 
-Desk::Desk(int rowCount) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
+Desk::Desk(int rowCount, DocumentGenerator generator) : m_rowCount(rowCount), m_folder(benchFolderTemplate())
 {
-    DocumentGenerator(1).write(m_rowCount, fileName());
+    generator.write(m_rowCount, fileName());
     m_frame.load({});
     m_frame.resize(1200, 800);
     m_frame.show();
@@ -48,6 +47,13 @@ void Desk::openAgain()
 {
     if (!m_frame.documents().OpenPrFile(fileName())) {
         qFatal("the generated document cannot be opened");
+    }
+}
+
+void Desk::save()
+{
+    if (m_frame.documents().SavePrFile(editor(), fileName()) != SaveOutcome::Saved) {
+        qFatal("not saved");
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/MDIfrmTabrix.h"
+#include "bench/DocumentGenerator.h"
 #include "bench/PlainPage.h"
 #include "runtime/CellRow.h"
 
@@ -15,7 +16,7 @@ class SpreadGrid;
 class Desk
 {
 public:
-    explicit Desk(int rowCount);
+    explicit Desk(int rowCount, DocumentGenerator generator = DocumentGenerator(1));
     ~Desk();
     Q_DISABLE_COPY_MOVE(Desk)
 
@@ -26,6 +27,8 @@ public:
     QString fileName() const;
     /// Opens the document once more, in a window that becomes the active one.
     void openAgain();
+    /// Saves the active document under its own name.
+    void save();
     /// Closes the active window.
     void closeActive();
     /// The texts of the file again, in all rows.

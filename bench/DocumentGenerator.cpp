@@ -31,7 +31,8 @@ const char *DocumentGenerator::oneOf(const char *const (&texts)[size])
 QByteArray DocumentGenerator::name()
 {
     QByteArray name = QByteArray(oneOf(subjects)) + ' ' + oneOf(qualities);
-    while (name.size() < m_nameLength) {
+    const int length = m_longNames-- > 0 ? m_nameLength : 0;
+    while (name.size() < length) {
         name += QByteArray("; ") + oneOf(subjects);
     }
     return name;

@@ -2,14 +2,18 @@
 
 #include <QByteArray>
 
+#include <limits>
 #include <random>
 
 /// Parameter files that look like a drive's, as bytes of code page 1252; the same seed gives the same file.
 class DocumentGenerator
 {
 public:
-    /// nameLength: the characters of each name at least.
-    explicit DocumentGenerator(quint32 seed, int nameLength = 0) : m_random(seed), m_nameLength(nameLength) { }
+    /// nameLength: the characters of the first longNames names at least.
+    explicit DocumentGenerator(quint32 seed, int nameLength = 0, int longNames = std::numeric_limits<int>::max())
+        : m_random(seed), m_nameLength(nameLength), m_longNames(longNames)
+    {
+    }
 
     QByteArray file(int rows);
     /// Writes such a file; ends the program when it cannot.
@@ -27,4 +31,5 @@ private:
 
     std::mt19937 m_random;
     int m_nameLength;
+    int m_longNames; ///< still to come
 };

@@ -4,9 +4,9 @@
 #include "bench/BenchDocument.h"
 #include "bench/Desk.h"
 #include "bench/PlainView.h"
+#include "bench/ProcessMemory.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
-#include "bench/TimedCommands.h"
 #include "editor/frmPrFile.h"
 #include "print/GridPrinter.h"
 #include "print/PrintJob.h"
@@ -25,7 +25,6 @@ namespace {
 
 constexpr double milliseconds = 1000;
 constexpr double maxGrowth = 1.1;
-constexpr double frameTime = 8; // ms
 
 Measured measureOpen(Desk &desk)
 {
@@ -43,57 +42,6 @@ Measured measureOpen(Desk &desk)
     return sideBySide(own, baseline);
 }
 
-/// The time of moving all rows by so many, as a command at the top of the table has to.
-double moveSeconds(const PlainRows &texts, int by)
-{
-    PlainRows rows = texts;
-    return secondsOf([&rows, by] { std::move_backward(rows.begin(), rows.end() - by, rows.end()); });
-}
-
-/// The milliseconds of a command, its undo and its redo, each with and without the paint that follows.
-struct CommandTimes
-{
-    std::vector<double> plain;
-    std::vector<double> painted;
-
-    double take(const auto &work)
-    {
-        plain.push_back(milliseconds * secondsOf(work));
-        painted.push_back(plain.back() + milliseconds * secondsOf(paint));
-        return plain.back();
-    }
-    void add(SpeedTable &table, const std::string &name, double moved) const
-    {
-        table.add(name, "std::move of the same texts", "ms", {median(plain), moved}, 2);
-        table.addLimit(name + ", with the paint that follows", "ms", median(painted), frameTime);
-    }
-};
-
-void addCommandRows(SpeedTable &table, Desk &desk)
-{
-    const PlainRows texts = desk.plainRows();
-    copyRows(desk);
-    for (const TimedCommand &command : timedCommands()) {
-        CommandTimes run;
-        CommandTimes undo;
-        CommandTimes redo;
-        const auto own = [&] {
-            desk.restore();
-            desk.grid().setRowCount(desk.rowCount() - commandRows); // the greatest number shall not be exceeded
-            desk.grid().selectBlock(command.selected);
-            QApplication::processEvents();
-            run.take([&] { command.run(desk); });
-            undo.take([&] { press(desk, Qt::Key_Z); });
-            return redo.take([&] { press(desk, Qt::Key_Y); });
-        };
-        const double moved = sideBySide(own, [&] { return milliseconds * moveSeconds(texts, commandRows); }).other;
-        run.add(table, command.name, moved);
-        undo.add(table, std::string("undo of ") + command.name, moved);
-        redo.add(table, std::string("redo of ") + command.name, moved);
-    }
-    desk.restore();
-}
-
 /// Scrolls one of the views by so many rows at a time.
 double scrollSeconds(const std::function<void(int)> &show, int steps, int rows)
 {
@@ -105,10 +53,24 @@ double scrollSeconds(const std::function<void(int)> &show, int steps, int rows)
     });
 }
 
-void addScrollRows(SpeedTable &table, Desk &desk)
+/// The milliseconds of showing so many times the rows that follow by so many.
+auto scrollTime(const auto &show, int steps, int rows)
+{
+    return [=] { return milliseconds / steps * scrollSeconds(show, steps, rows); };
+}
+
+constexpr int pageRows = 32;
+
+double measurePages(const Desk &desk)
+{
+    const int steps = desk.rowCount() / pageRows - 2;
+    const auto inGrid = [&desk](int row) { desk.grid().setTopRow(row); };
+    return sideBySide(scrollTime(inGrid, steps, pageRows), [] { return 0.0; }).own;
+}
+
+void addScrollRows(SpeedTable &table, const Desk &desk, double typicalPage)
 {
     constexpr int steps = 1000;
-    constexpr int pageRows = (maxRows - 100) / steps;
     const PlainRows texts = desk.plainRows();
     PlainPage page(desk.grid(), texts);
     PlainView view(texts);
@@ -116,24 +78,23 @@ void addScrollRows(SpeedTable &table, Desk &desk)
     page.show();
     view.show();
     QApplication::processEvents();
-    const auto time = [](const auto &show, int rows) {
-        return [=] { return milliseconds / steps * scrollSeconds(show, steps, rows); };
-    };
     const auto inGrid = [&desk](int row) { desk.grid().setTopRow(row); };
     const auto onPage = [&page](int row) {
         page.setTopRow(row);
         page.update();
     };
     const auto inView = [&view](int row) { view.verticalScrollBar()->setValue(row); };
-    table.add("scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms",
-        sideBySide(time(inGrid, pageRows), time(onPage, pageRows)), 1.5);
+    const Measured pages = sideBySide(scrollTime(inGrid, steps, pageRows), scrollTime(onPage, steps, pageRows));
+    table.add("scrolling 1,000 pages, a page", "the same cells painted as plain text", "ms", pages, 1.5);
     table.add("scrolling 1,000 pages, a page", "a plain QTableView", "ms",
-        sideBySide(time(inGrid, pageRows), time(inView, pageRows)), 1);
-    table.add(
-        "scrolling 1,000 rows, a row", "a plain QTableView", "ms", sideBySide(time(inGrid, 1), time(inView, 1)), 1);
+        sideBySide(scrollTime(inGrid, steps, pageRows), scrollTime(inView, steps, pageRows)), 1);
+    table.add("scrolling 1,000 pages, a page, growth to 32,767 rows", "1,000 rows", "ms", {pages.own, typicalPage},
+        maxGrowth);
+    table.add("scrolling 1,000 rows, a row", "a plain QTableView", "ms",
+        sideBySide(scrollTime(inGrid, steps, 1), scrollTime(inView, steps, 1)), 1);
 }
 
-void addFindRow(SpeedTable &table, Desk &desk)
+Measured measureFind(const Desk &desk)
 {
     QString all;
     for (const PlainRow &row : desk.plainRows()) {
@@ -158,12 +119,26 @@ void addFindRow(SpeedTable &table, Desk &desk)
             }
         });
     };
-    table.add("find a text that is not there", "memmem over the same UTF-16", "ms", sideBySide(own, baseline), 3);
+    const Measured measured = sideBySide(own, baseline);
     desk.grid().setSearchedText({});
+    return measured;
 }
 
-/// By the clock, from the command to the closed file.
-void addPrintRow(SpeedTable &table, Desk &desk)
+void addPrintRows(SpeedTable &table, const Desk &desk, double typicalTime)
+{
+    constexpr double megabyte = 1024 * 1024;
+    const qint64 before = residentBytes();
+    forgetPeak();
+    const Printed printed = printRows(desk);
+    const double peak = double(peakBytes() - before) / megabyte;
+    table.addLeast("32,767 rows to PDF", "pages a second", printed.pages * 1000 / printed.milliseconds, 500);
+    table.addLimit("32,767 rows to PDF, memory beyond that before", "MB", peak, 150);
+    table.addGrowth("32,767 rows to PDF", printed.milliseconds, typicalTime);
+}
+
+} // namespace
+
+Printed printRows(const Desk &desk)
 {
     const QTemporaryDir folder(benchFolderTemplate());
     QPdfWriter paper(folder.filePath(u"rows.pdf"_s));
@@ -173,23 +148,25 @@ void addPrintRow(SpeedTable &table, Desk &desk)
     if (printGrid(desk.grid(), {}, job, nullptr) != PrintOutcome::Done || !job.end()) {
         qFatal("not printed");
     }
-    table.addLeast("32,767 rows to PDF", "pages a second", job.pageCount() * 1e9 / double(timer.nsecsElapsed()), 500);
+    return {double(timer.nsecsElapsed()) / 1e6, job.pageCount()};
 }
-
-} // namespace
 
 void addEditorRows(SpeedTable &table)
 {
     auto typical = std::make_unique<Desk>(typicalRows);
     const Measured openTypical = measureOpen(*typical);
+    const Measured findTypical = measureFind(*typical);
+    const double pageTypical = measurePages(*typical);
+    printRows(*typical); // loads what only printing needs
+    const Printed printTypical = printRows(*typical);
     typical.reset();
     Desk desk(maxRows);
     const Measured open = measureOpen(desk);
     table.add("open 32,767 rows to the filled grid", "decode, split, as many empty event passes", "ms", open, 1.8);
-    table.add("open, growth to 32,767 rows", "1,000 rows", "us a row",
-        {open.own * 1000 / maxRows, openTypical.own * 1000 / typicalRows}, maxGrowth);
-    addCommandRows(table, desk);
-    addScrollRows(table, desk);
-    addFindRow(table, desk);
-    addPrintRow(table, desk);
+    table.addGrowth("open", open.own, openTypical.own);
+    addScrollRows(table, desk, pageTypical);
+    const Measured find = measureFind(desk);
+    table.add("find a text that is not there", "memmem over the same UTF-16", "ms", find, 3);
+    table.addGrowth("find", find.own, findTypical.own);
+    addPrintRows(table, desk, printTypical.milliseconds);
 }

@@ -4,6 +4,7 @@
 #include "bench/BenchDocument.h"
 #include "bench/Desk.h"
 #include "bench/DocumentGenerator.h"
+#include "bench/ProcessMemory.h"
 #include "bench/SpeedRows.h"
 #include "bench/SpeedTable.h"
 #include "document/DocumentTables.h"
@@ -13,15 +14,12 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QMdiArea>
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -72,36 +70,47 @@ int showFile(const QString &fileName, const std::function<void()> &end)
     return QApplication::exec();
 }
 
-qint64 residentBytes()
+/// Shows the active window, and waits until all of its rows are checked: marks take memory, too.
+void letSettle(MDIfrmTabrix &frame)
 {
-    QFile file(u"/proc/self/statm"_s);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("the memory in use cannot be read");
+    constexpr int patience = 30'000;
+    QElapsedTimer timer;
+    timer.start();
+    while (!frame.activeEditor()->findings().isUpToDate()) {
+        QApplication::processEvents();
+        if (timer.elapsed() > patience) {
+            qFatal("the rows are not checked");
+        }
     }
-    return file.readAll().split(' ').at(1).toLongLong() * sysconf(_SC_PAGESIZE);
 }
 
-/// Prints how the process grows with each of so many documents, the first one's transfer buffer aside, and what the
-/// texts of the cells of one take as UTF-16.
+/// Prints by how much each of so many documents makes the process grow, by how much each but the first one does, and
+/// what the texts of the cells of one take as UTF-16.
 int printGrowth(int rows)
 {
-    constexpr int documents = 9;
-    Desk desk(rows);
+    constexpr int documents = 10;
+    const QTemporaryDir folder(benchFolderTemplate());
+    const QString fileName = folder.filePath(u"a.inv"_s);
+    DocumentGenerator(1).write(rows, fileName);
+    MDIfrmTabrix frame;
+    frame.load({});
+    frame.show();
+    QApplication::processEvents();
     const qint64 before = residentBytes();
+    qint64 afterFirst = 0;
     for (int i = 0; i < documents; ++i) {
-        desk.openAgain();
-        while (!desk.editor().findings().isUpToDate()) {
-            QApplication::processEvents();
+        if (!frame.documents().OpenPrFile(fileName)) {
+            qFatal("the generated document cannot be opened");
         }
+        letSettle(frame);
+        afterFirst = i == 0 ? residentBytes() : afterFirst;
     }
     const qint64 after = residentBytes();
     qsizetype units = 0;
-    for (const PlainRow &row : desk.plainRows()) {
-        for (const QString &text : row) {
-            units += text.size();
-        }
+    for (const CellRow &row : frame.activeEditor()->vaspdParam().textRows()) {
+        units += row.allTexts().size();
     }
-    std::printf("%lld %lld\n", static_cast<long long>((after - before) / documents),
+    std::printf("%lld %lld %lld\n", (after - before) / documents, (after - afterFirst) / (documents - 1),
         static_cast<long long>(units) * static_cast<long long>(sizeof(char16_t)));
     return 0;
 }
@@ -112,8 +121,7 @@ int readOnce(const QString &fileName)
     constexpr qint16 docNo = 1;
     growDocumentTables(docNo);
     BenchHost host(false);
-    std::vector<CellRow> rows;
-    return ReadPrFile(fileName, docNo, rows, host) ? 1 : 0;
+    return ReadPrFile(fileName, docNo, host) ? 1 : 0;
 }
 
 /// The same for opening it to the filled grid.
@@ -159,83 +167,47 @@ double ownMilliseconds(const QStringList &arguments)
     return wallMilliseconds(QApplication::applicationFilePath(), arguments);
 }
 
-/// The cells of a generated document as text, with separator between them.
-void writeCells(const QString &fileName, const BenchDocument &document, char separator)
-{
-    QByteArray bytes;
-    for (int row = 1; row <= document.rowCount(); ++row) {
-        for (int column = 1; column <= benchColumnCount; ++column) {
-            QByteArray cell = document.grid().cellText(column, row).toUtf8();
-            bytes += separator == ',' ? '"' + cell.replace('"', "\"\"") + '"' : cell;
-            bytes += column < benchColumnCount ? separator : '\n';
-        }
-    }
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-        qFatal("cannot write the cells");
-    }
-}
-
-/// The two figures that a child prints.
-Measured figuresOf(const QStringList &arguments)
+/// The figures that a child prints.
+QList<double> figuresOf(const QStringList &arguments)
 {
     QProcess process;
     process.setStandardErrorFile(QProcess::nullDevice());
     process.start(QApplication::applicationFilePath(), arguments);
     process.waitForFinished(-1);
-    const QList<QByteArray> figures = process.readAllStandardOutput().simplified().split(' ');
-    if (figures.size() != 2) {
+    QList<double> figures;
+    for (const QByteArray &figure : process.readAllStandardOutput().simplified().split(' ')) {
+        figures << figure.toDouble();
+    }
+    if (process.exitCode() != 0) {
         qFatal("no figures from %s", qPrintable(arguments.join(u' ')));
     }
-    return {figures[0].toDouble(), figures[1].toDouble()};
-}
-
-/// The bytes by which a child grew, in kilobytes, and those of the texts.
-Measured memoryGrowth(int rows)
-{
-    constexpr double kilobyte = 1024;
-    const Measured bytes = figuresOf({u"growth"_s, QString::number(rows)});
-    return {bytes.own / kilobyte, bytes.other / kilobyte};
+    return figures;
 }
 
 void addFirstSaveRow(SpeedTable &table)
 {
-    Measured last{};
+    QList<double> last;
     const auto own = [&last] {
         last = figuresOf({u"first-save"_s});
-        return last.own;
+        return last[0];
     };
     table.add("the first save of a run", "join, encode, write, flush, for the first time", "ms",
-        sideBySide(own, [&last] { return last.other; }), 1.4);
+        sideBySide(own, [&last] { return last[1]; }), 1.4);
 }
 
 void addMemoryRows(SpeedTable &table)
 {
-    const Measured typical = memoryGrowth(typicalRows);
-    const Measured largest = memoryGrowth(maxRows);
-    table.add(
-        "resident growth for 32,767 rows, each of nine more files", "the cells' texts as UTF-16", "KB", largest, 1.6);
-    table.add("resident growth, growth to 32,767 rows", "1,000 rows", "bytes a row",
-        {largest.own * 1024 / maxRows, typical.own * 1024 / typicalRows}, 1.1);
-}
-
-/// Another program that does the same rows from start to exit, if it is installed.
-void addPeer(SpeedTable &table, const QString &program, const QStringList &arguments, const QString &file, double min)
-{
-    const std::string what = "32,767 rows, from start to exit";
-    const std::string against = program.toStdString() + " with the same rows as CSV";
-    const QString path = QStandardPaths::findExecutable(program);
-    if (path.isEmpty()) {
-        table.addSkipped(what, program.toStdString() + " is not installed");
-        return;
-    }
-    table.addFaster(what, against,
-        sideBySide(
-            [&file] {
-                return ownMilliseconds({u"open-and-exit"_s, file});
-            },
-            [&] { return wallMilliseconds(path, arguments); }),
-        min);
+    constexpr double kilobyte = 1024;
+    const auto growth = [](int rows) { return figuresOf({u"growth"_s, QString::number(rows)}); };
+    const QList<double> typical = growth(typicalRows);
+    const QList<double> largest = growth(maxRows);
+    const double texts = largest[2] / kilobyte;
+    table.add("resident growth by ten files of 32,767 rows, each", "the cells' texts as UTF-16", "KB",
+        {largest[0] / kilobyte, texts}, 1.6);
+    table.add("resident growth by nine more files, each", "the cells' texts as UTF-16", "KB",
+        {largest[1] / kilobyte, texts}, 1.6);
+    table.add("resident growth by nine more files, growth to 32,767 rows", "1,000 rows", "bytes a row",
+        {largest[1] / maxRows, typical[1] / typicalRows}, 1.1);
 }
 
 } // namespace
@@ -251,9 +223,7 @@ void addProcessRows(SpeedTable &table)
     const QTemporaryDir folder(benchFolderTemplate());
     const BenchDocument document(maxRows);
     const QString cells = folder.filePath(u"cells.txt"_s);
-    const QString csv = folder.filePath(u"cells.csv"_s);
-    writeCells(cells, document, '\t');
-    writeCells(csv, document, ',');
+    document.writeCells(cells, '\t');
     table.addFaster("32,767 rows, from start to the painted window", "a QTableWidget filled with the same fields",
         sideBySide(
             [&document] {
@@ -263,10 +233,6 @@ void addProcessRows(SpeedTable &table)
                 return wallMilliseconds(bare, {u"table"_s, cells});
             }),
         4);
-    addPeer(table, u"ssconvert"_s, {csv, folder.filePath(u"out.csv"_s)}, document.fileName(), 50);
-    addPeer(table, u"soffice"_s,
-        {u"--headless"_s, u"--convert-to"_s, u"csv"_s, u"--outdir"_s, folder.filePath(u"out"_s), csv},
-        document.fileName(), 15);
     addMemoryRows(table);
     addFirstSaveRow(table);
 }
@@ -281,14 +247,17 @@ int runAsChild(const char *mode, const char *argument)
     if (name == "open") {
         return showFile(file, endAtOnce);
     }
-    if (name == "open-and-exit") {
-        return showFile(file, [] { QApplication::quit(); });
-    }
     if (name == "count-read") {
         return readOnce(file);
     }
     if (name == "count-open") {
         return openOnce(file);
+    }
+    if (name == "show") {
+        return showFile(file, [] {});
+    }
+    if (name == "picture") {
+        return printPictureTime(QApplication::arguments().mid(2));
     }
     if (name == "keys") {
         return printKeyTimes();

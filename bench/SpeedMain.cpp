@@ -4,12 +4,26 @@
 #include "bench/SpeedTable.h"
 
 #include <QApplication>
+#include <QProcess>
 #include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The command-line tool is measured by a program of its own.
+void addToolRows(SpeedTable & /*table*/)
+{
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedOutputChannel);
+    process.start(QApplication::applicationDirPath() + u"/bench_tool"_s, {u"rows"_s});
+    process.waitForFinished(-1);
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
@@ -28,7 +42,8 @@ int main(int argc, char **argv)
     std::printf("| what | against | Tabrix | yardstick | ratio | target | |\n|---|---|---|---|---|---|---|\n");
     SpeedTable table;
     IdleCheck idle;
-    for (void (*addRows)(SpeedTable &) : {addProcessRows, addCoreRows, addEditorRows, addKeyRows}) {
+    for (void (*addRows)(SpeedTable &) : {addProcessRows, addCoreRows, addEditorRows, addCommandRows, addLongTextRows,
+             addKeyRows, addToolRows, addPeerRows}) {
         idle.look();
         addRows(table);
     }

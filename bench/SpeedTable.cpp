@@ -1,5 +1,7 @@
 #include "bench/SpeedTable.h"
 
+#include "bench/SpeedRows.h"
+
 #include <QtGlobal>
 
 #include <algorithm>
@@ -9,11 +11,11 @@
 
 namespace {
 
-/// How often each row is measured; TABRIX_BENCH_RUNS=1 tells whether all still work.
-int runs()
+/// How often a row is measured; TABRIX_BENCH_RUNS=1 tells whether all still work.
+int wantedRuns(int usual)
 {
     const int wanted = qEnvironmentVariableIntValue("TABRIX_BENCH_RUNS");
-    return wanted > 0 ? wanted : 11;
+    return wanted > 0 ? wanted : usual;
 }
 
 std::string formatted(const char *format, auto... values)
@@ -25,11 +27,11 @@ std::string formatted(const char *format, auto... values)
 
 } // namespace
 
-Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other)
+Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other, int runs)
 {
     std::vector<double> owns;
     std::vector<double> others;
-    const int last = runs();
+    const int last = wantedRuns(runs);
     for (int run = 0; run <= last; ++run) {
         const double first = own();
         const double second = other();
@@ -88,6 +90,14 @@ void SpeedTable::addFaster(const std::string &what, const std::string &against, 
     print(what, against,
         formatted("%.1f ms | %.1f ms | %.1f times faster | >= %.0f", measured.own, measured.other, ratio, min),
         ratio >= min);
+}
+
+void SpeedTable::addGrowth(const std::string &what, double largest, double typical)
+{
+    constexpr double microseconds = 1000;
+    constexpr double max = 1.1;
+    add(what + ", growth to 32,767 rows", "1,000 rows", "us a row",
+        {largest * microseconds / maxRows, typical * microseconds / typicalRows}, max);
 }
 
 void SpeedTable::addLimit(const std::string &what, const char *unit, double own, double max)

@@ -15,7 +15,7 @@ struct Measured
 
 /// Runs both in turn, so that both meet the same machine, and takes the median of each: an odd number of runs, after
 /// one that warms the caches.
-Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other);
+Measured sideBySide(const std::function<double()> &own, const std::function<double()> &other, int runs = 11);
 
 /// Whether the machine had nothing else to do: the same loop must always take the same time.
 class IdleCheck
@@ -38,6 +38,8 @@ public:
     void add(const std::string &what, const std::string &against, const char *unit, Measured measured, double max);
     /// The ratio other / own must be min at least: how many times faster than another program.
     void addFaster(const std::string &what, const std::string &against, Measured measured, double min);
+    /// How what takes so many milliseconds at the greatest number of rows grows from a typical number of them.
+    void addGrowth(const std::string &what, double largest, double typical);
     /// A plain figure that may be max at most.
     void addLimit(const std::string &what, const char *unit, double own, double max);
     /// A plain figure that must be min at least.

@@ -7,9 +7,15 @@
 /// The seconds of the processor that work takes; other processes' share of the machine does not count.
 inline double secondsOf(const auto &work)
 {
-    const std::clock_t begin = std::clock();
+    const auto now = [] {
+        constexpr double nanosecond = 1e-9;
+        timespec time{};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return double(time.tv_sec) + double(time.tv_nsec) * nanosecond;
+    };
+    const double begin = now();
     work();
-    return double(std::clock() - begin) / CLOCKS_PER_SEC;
+    return now() - begin;
 }
 
 inline double median(std::vector<double> values)

@@ -9,17 +9,21 @@
 struct TimedCommand
 {
     const char *name;
-    GridBlock selected;
+    bool wholeRows; ///< commandRows() are selected for it, and not only the first cell
     void (*run)(const Desk &desk);
 };
 
-/// How many rows a command moves.
-inline constexpr int commandRows = 1000;
+/// How many rows a command is about: a thousand of the greatest number, and of fewer as large a part.
+int commandRows(const Desk &desk);
 
 /// The commands that are measured. Some paste: copyRows() goes before them.
 std::span<const TimedCommand> timedCommands();
 
-/// Copies the first rows.
+/// Shows the document's texts again, with so many rows less that the commands can add theirs, and selects what the
+/// command is about.
+void prepare(const TimedCommand &command, const Desk &desk);
+
+/// Copies the rows after those that the commands change: rows that are pasted onto themselves would change nothing.
 void copyRows(const Desk &desk);
 
 /// Presses Ctrl and the key in the grid.

@@ -13,8 +13,7 @@ void CellSearch::setText(const QString &text)
 bool CellSearch::isFound(int column, int row) const
 {
     return !m_matcher.isEmpty() && !m_view.isColumnHidden(column - 1)
-        && m_model.cellType(column, row).kind != CellType::Kind::CheckBox
-        && m_matcher.isIn(m_model.text(column, row));
+        && m_model.cellType(column, row).kind != CellType::Kind::CheckBox && m_matcher.isIn(m_model.text(column, row));
 }
 
 // One look at all texts of a row rules out most rows.

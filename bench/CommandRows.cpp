@@ -1,0 +1,90 @@
+// The commands on a table, with their undo and redo, beside moving the same texts in memory.
+
+#include "bench/Desk.h"
+#include "bench/SpeedRows.h"
+#include "bench/SpeedTable.h"
+#include "bench/TimedCommands.h"
+
+#include <QApplication>
+
+namespace {
+
+constexpr double milliseconds = 1000;
+constexpr double frameTime = 8; // ms
+
+/// The time of moving all rows by so many, as a command at the top of the table has to.
+double moveSeconds(const PlainRows &texts, int by)
+{
+    PlainRows rows = texts;
+    return secondsOf([&rows, by] { std::move_backward(rows.begin(), rows.end() - by, rows.end()); });
+}
+
+/// The milliseconds of a command, its undo or its redo, with and without the paint that follows.
+struct ActTimes
+{
+    std::string name;
+    std::vector<double> plain;
+    std::vector<double> painted;
+
+    void take(const auto &work)
+    {
+        plain.push_back(milliseconds * secondsOf(work));
+        painted.push_back(plain.back() + milliseconds * secondsOf(paint));
+    }
+};
+
+struct CommandTimes
+{
+    std::vector<ActTimes> acts;
+    std::vector<double> moves; ///< the yardstick, which is the same for all acts
+};
+
+void measureCommand(const TimedCommand &command, const PlainRows &texts, const Desk &desk, CommandTimes &times)
+{
+    const std::string name = command.name;
+    ActTimes run{name, {}, {}};
+    ActTimes undo{"undo of " + name, {}, {}};
+    ActTimes redo{"redo of " + name, {}, {}};
+    const auto own = [&] {
+        prepare(command, desk);
+        QApplication::processEvents();
+        run.take([&] { command.run(desk); });
+        undo.take([&] { press(desk, Qt::Key_Z); });
+        redo.take([&] { press(desk, Qt::Key_Y); });
+        return 0.0;
+    };
+    const auto move = [&] {
+        times.moves.push_back(milliseconds * moveSeconds(texts, commandRows(desk)));
+        return 0.0;
+    };
+    sideBySide(own, move);
+    times.acts.insert(times.acts.end(), {run, undo, redo});
+}
+
+CommandTimes measureCommands(int rows)
+{
+    Desk desk(rows);
+    const PlainRows texts = desk.plainRows();
+    CommandTimes times;
+    copyRows(desk);
+    for (const TimedCommand &command : timedCommands()) {
+        measureCommand(command, texts, desk, times);
+    }
+    desk.restore();
+    return times;
+}
+
+} // namespace
+
+void addCommandRows(SpeedTable &table)
+{
+    const CommandTimes typical = measureCommands(typicalRows);
+    const CommandTimes largest = measureCommands(maxRows);
+    const double moved = median(largest.moves);
+    for (size_t i = 0; i < largest.acts.size(); ++i) {
+        const ActTimes &act = largest.acts[i];
+        table.add(act.name, "std::move of the same texts", "ms", {median(act.plain), moved}, 2);
+        table.addLimit(act.name + ", with the paint that follows", "ms", median(act.painted), frameTime);
+        table.addGrowth(act.name, median(act.plain), median(typical.acts[i].plain));
+    }
+}
