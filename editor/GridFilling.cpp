@@ -35,6 +35,12 @@ SeriesRule seriesRule(int column)
     }
 }
 
+/// Most texts are copies of the same one.
+bool isSame(const QString &one, const QString &other)
+{
+    return one.isSharedWith(other) || one == other;
+}
+
 /// What an added row holds in the column.
 QStringView newText(int column)
 {
@@ -222,18 +228,24 @@ void GridFilling::adaptToCells(Filling &filling) const
 {
     for (auto &[number, column] : filling.columns) {
         const CellType type = cellType(number);
+        bool isKnown = false;
+        bool isAdapted = false;
         QString given;
         QString adapted;
         for (int row = filling.row1; auto &text : column.texts) {
             const QStringView present = m_grid.cellText(number, row);
             bool isNew = !text || *text != present;
             if (isNew && text) {
-                if (adapted.isNull() || *text != given) {
+                if (!isKnown || !isSame(*text, given)) {
+                    isKnown = true;
                     given = *text;
                     adapted = filledText(type, given);
+                    isAdapted = adapted != given;
                 }
-                text = adapted;
-                isNew = adapted != present;
+                if (isAdapted) {
+                    text = adapted;
+                    isNew = adapted != present;
+                }
             }
             column.isNew.push_back(isNew);
             ++row;
@@ -272,15 +284,15 @@ QString GridFilling::refusalText(int column, int row, const std::optional<QStrin
 QString GridFilling::firstRefusal(const Filling &filling) const
 {
     for (const auto &[number, column] : filling.columns) {
-        const std::optional<QString> *accepted = nullptr;
+        const QString *accepted = nullptr;
         for (size_t at = 0; at < column.texts.size(); ++at) {
             const auto &text = column.texts[at];
-            if (column.isNew[at] && (!accepted || text != *accepted)) {
+            if (column.isNew[at] && !(accepted && text && isSame(*text, *accepted))) {
                 QString refusal = refusalText(number, filling.row1 + int(at), text);
                 if (!refusal.isEmpty()) {
                     return refusal;
                 }
-                accepted = &text;
+                accepted = text ? &*text : nullptr;
             }
         }
     }

@@ -41,14 +41,14 @@ void CellColours::allocate()
 
 std::vector<quint8> CellColours::kept(int column1, int row1, int column2, int row2) const
 {
-    std::vector<quint8> indexes;
-    if (!m_indexes.empty()) {
-        const int width = column2 - column1 + 1;
-        indexes.reserve(size_t(width) * size_t(row2 - row1 + 1));
-        for (int row = row1; row <= row2; ++row) {
-            const auto begin = m_indexes.begin() + qptrdiff(offsetOf(column1, row));
-            indexes.insert(indexes.end(), begin, begin + width);
-        }
+    if (m_indexes.empty()) {
+        return {};
+    }
+    const int width = column2 - column1 + 1;
+    std::vector<quint8> indexes(size_t(width) * size_t(row2 - row1 + 1));
+    auto out = indexes.begin();
+    for (int row = row1; row <= row2; ++row) {
+        out = std::copy_n(m_indexes.begin() + qptrdiff(offsetOf(column1, row)), width, out);
     }
     return indexes;
 }
