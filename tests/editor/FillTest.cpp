@@ -154,6 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Right, Filling,
     testing::ValuesIn(std::vector<FillCase>{
         {"block", {5, 2, 7, 3}, right, {6, 2, 7, 3}, u"0.1\t0.1\r\n0.1\t0.1"_s},
         {"a number into boxes", {3, 2, 4, 2}, right, {4, 2, 4, 2}, u"1"_s, u"7\t0"_s},
+        {"numbers into boxes", {3, 2, 4, 4}, right, {4, 2, 4, 4}, u"1\r\n0\r\n1"_s, u"7\t0\r\n0\t1\r\n9\t0"_s},
         {"rows of their own", {9, 2, 10, 3}, right, {10, 2, 10, 3}, u"2\r\n3"_s},
         {"one column from the left", {6, 2, 6, 3}, right, {6, 2, 6, 3}, u"0.1\r\n0.1"_s},
         {"the first column", {1, 2, 1, 3}, right, nothing, {}},
