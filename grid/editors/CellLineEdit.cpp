@@ -51,7 +51,7 @@ private:
 };
 
 CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent)
-    : QLineEdit(text, parent), m_type(type), m_original(QLineEdit::text())
+    : QLineEdit(parent), m_type(type)
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);
@@ -59,6 +59,9 @@ CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *p
     // the limit can be changed, but not made longer.
     const bool isLimited = type.kind == CellType::Kind::Text && type.maxLength > 0;
     setMaxLength(isLimited ? std::max(type.maxLength, int(text.size())) : std::numeric_limits<int>::max());
+    // Only now: a field that has its text already lays it out again with each setting, which takes long for a long one.
+    setText(text);
+    m_original = QLineEdit::text();
     setValidator(new Validator(type, this));
     connect(this, &QLineEdit::inputRejected, this, [this] { RefusedInput::show(*this, m_type); });
 }
