@@ -35,41 +35,33 @@ struct ActTimes
 
 struct CommandTimes
 {
-    std::vector<ActTimes> acts;
+    std::vector<ActTimes> acts; ///< each command, its undo and its redo
     std::vector<double> moves; ///< the yardstick, which is the same for all acts
 };
 
-void measureCommand(const TimedCommand &command, const PlainRows &texts, const Desk &desk, CommandTimes &times)
-{
-    const std::string name = command.name;
-    ActTimes run{name, {}, {}};
-    ActTimes undo{"undo of " + name, {}, {}};
-    ActTimes redo{"redo of " + name, {}, {}};
-    const auto own = [&] {
-        prepare(command, desk);
-        QApplication::processEvents();
-        run.take([&] { command.run(desk); });
-        undo.take([&] { press(desk, Qt::Key_Z); });
-        redo.take([&] { press(desk, Qt::Key_Y); });
-        return 0.0;
-    };
-    const auto move = [&] {
-        times.moves.push_back(milliseconds * moveSeconds(texts, commandRows(desk)));
-        return 0.0;
-    };
-    sideBySide(own, move);
-    times.acts.insert(times.acts.end(), {run, undo, redo});
-}
-
+/// All commands take turns with each other, so that they meet the same machine.
 CommandTimes measureCommands(int rows)
 {
     Desk desk(rows);
     const PlainRows texts = desk.plainRows();
     CommandTimes times;
-    copyRows(desk);
     for (const TimedCommand &command : timedCommands()) {
-        measureCommand(command, texts, desk, times);
+        const std::string name = command.name;
+        times.acts.insert(times.acts.end(), {{name, {}, {}}, {"undo of " + name, {}, {}}, {"redo of " + name, {}, {}}});
     }
+    copyRows(desk);
+    const auto turn = [&] {
+        for (auto act = times.acts.begin(); const TimedCommand &command : timedCommands()) {
+            prepare(command, desk);
+            QApplication::processEvents();
+            (act++)->take([&] { command.run(desk); });
+            (act++)->take([&] { press(desk, Qt::Key_Z); });
+            (act++)->take([&] { press(desk, Qt::Key_Y); });
+            times.moves.push_back(milliseconds * moveSeconds(texts, commandRows(desk)));
+        }
+        return 0.0;
+    };
+    sideBySide(turn, [] { return 0.0; });
     desk.restore();
     return times;
 }
