@@ -50,8 +50,7 @@ private:
     QString m_last;
 };
 
-CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent)
-    : QLineEdit(parent), m_type(type)
+CellLineEdit::CellLineEdit(const CellType &type, const QString &text, QWidget *parent) : QLineEdit(parent), m_type(type)
 {
     setObjectName(u"cellEditor"_s);
     setFrame(false);
