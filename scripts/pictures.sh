@@ -6,10 +6,13 @@ mkdir -p "$1"
 folder=$(realpath "$1")
 cd "$(dirname "$0")/.."
 build=${2:-build}
+pictured=/tmp/parameters # which pictures show
+mkdir "$pictured"
+trap 'rm -rf "$pictured"' EXIT
 
 cmake --build "$build" --target window_pictures
 for language in en ja; do # each by itself: the toolkit's Japanese texts stay once they are loaded
-    TABRIX_PICTURES=$folder QT_QPA_PLATFORM="offscreen:configfile=$PWD/tests/pictures/screen.json" \
+    TZ=UTC TABRIX_PICTURES=$folder TABRIX_PICTURED=$pictured QT_QPA_PLATFORM="offscreen:configfile=$PWD/tests/pictures/screen.json" \
         "$build/window_pictures" --gtest_brief=1 --gtest_filter="*/${language}_*"
 done
 echo "$(find "$folder" -name '*.png' | wc -l) pictures in $folder"

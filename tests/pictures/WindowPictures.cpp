@@ -1,5 +1,6 @@
 // Not a test of its own: makes a picture of every window in both languages, at 12 and 20 points, light and dark, in the
-// folder that TABRIX_PICTURES names, to be looked at. scripts/pictures.sh runs it.
+// folder that TABRIX_PICTURES names, to be looked at, of a file in the folder that TABRIX_PICTURED names: paths and
+// times show, and a release made again has the same pictures. scripts/pictures.sh runs it.
 
 #include "app/services/Common.h"
 #include "app/services/Language.h"
@@ -21,6 +22,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
@@ -72,7 +74,22 @@ protected:
     void SetUp() override
     {
         SaveUserFont(u"DejaVu Sans"_s, GetParam().fontSize, false, false);
-        start(writeFile(u"a.inv"_s, document(30)));
+        qputenv("HOME", qgetenv("TABRIX_PICTURED")); // which file dialogs offer
+        start(writePictured());
+    }
+
+    static QString pictured(const QString &name)
+    {
+        return QDir(qEnvironmentVariable("TABRIX_PICTURED")).filePath(name);
+    }
+    static QString writePictured()
+    {
+        QFile file(pictured(u"a.inv"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(document(30));
+        EXPECT_TRUE(file.flush());
+        EXPECT_TRUE(file.setFileTime({{2026, 4, 1}, {9, 30}}, QFileDevice::FileModificationTime));
+        return file.fileName();
     }
 
     static void save(QWidget &window, const QString &name)
@@ -113,6 +130,9 @@ TEST_P(Pictures, ofTheDialogs)
         (GetParam().isJapanese ? useJapanese : useEnglish)();
         UserFont.FontSize = GetParam().fontSize;
         dialog.open([&dialog](QDialog &shown) {
+            if (auto *memory = shown.findChild<QLabel *>(u"lblMemory"_s)) {
+                memory->setText(ResString(Text::AboutMemory) + u"2097151KB"_s); // whoever takes the picture
+            }
             save(shown, QString::fromLatin1(dialog.name));
             shown.reject();
         });
@@ -123,13 +143,13 @@ TEST_P(Pictures, ofTheToolkitsDialogs)
 {
     QWidget *window = &frame();
     const FileDialogSettings files{
-        .defaultExtension = u"INV"_s, .filter = ResString(Text::OpenFilter), .filterIndex = 2, .folder = path(u"."_s)};
+        .defaultExtension = u"INV"_s, .filter = ResString(Text::OpenFilter), .filterIndex = 2, .folder = pictured({})};
     saveModal(u"open"_s, [&] { askForFileToOpen(window, files); });
     saveModal(u"save"_s, [&] { askForFileToSave(window, files); });
     saveModal(u"font"_s, [&] { chooseGridFont(grid()); });
     saveModal(u"printerSetup"_s, [&] {
         CurrentPrinter::showSetup(
-            window, ResString(Text::PrintSetup), ResString(Text::Ok), ResString(Text::Cancel), path(u"a.pdf"_s));
+            window, ResString(Text::PrintSetup), ResString(Text::Ok), ResString(Text::Cancel), pictured(u"a.pdf"_s));
     });
 }
 
