@@ -50,7 +50,7 @@ bool ThisSystem::hasFolderVariables()
 
 int ThisSystem::repetitions(int usual)
 {
-    constexpr int lessOften = 4;
+    constexpr int lessOften = 2; // with fewer, not every shape of a row occurs
     return usual / lessOften;
 }
 
