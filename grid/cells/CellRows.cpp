@@ -16,9 +16,7 @@ using Texts = QVarLengthArray<QStringView, 16>;
 Texts textsOf(const CellRow &row, int columns)
 {
     Texts texts(columns);
-    for (int column = 0; column < columns; ++column) {
-        texts[column] = row.text(column);
-    }
+    row.copyTexts(std::span(texts.data(), size_t(columns)));
     return texts;
 }
 
