@@ -24,9 +24,7 @@ QIcon changedIcon()
 
 void showChangesByIcon(QWidget &window, const OpenDocument &document)
 {
-    const auto show = [&window](bool changed) {
-        window.setWindowIcon(changed ? changedIcon() : unchangedIcon());
-    };
+    const auto show = [&window](bool changed) { window.setWindowIcon(changed ? changedIcon() : unchangedIcon()); };
     show(document.isChanged());
     QObject::connect(&document, &OpenDocument::changedFlagChanged, &window, show);
 }
