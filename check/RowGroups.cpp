@@ -75,8 +75,7 @@ void RowGroups::settle(std::span<const int> positions, std::vector<int> &concern
 {
     const auto isOutdated = [this](int handle) { return !m_rows[std::size_t(handle)].isNew; };
     std::ranges::sort(m_new);
-    const auto repeated = std::ranges::unique(m_new); // entered, left and entered again
-    m_new.erase(repeated.begin(), repeated.end());
+    m_new.erase(std::unique(m_new.begin(), m_new.end()), m_new.end()); // entered, left and entered again
     std::erase_if(m_new, isOutdated);
     std::erase_if(m_newDependents, [&](const Dependent &dependent) { return isOutdated(dependent.handle); });
     const std::vector<int> numbers = touched(&Row::number);
@@ -110,8 +109,7 @@ std::vector<int> RowGroups::touched(Key key) const
     std::ranges::transform(
         m_new, std::back_inserter(keys), [this, key](int handle) { return m_rows[std::size_t(handle)].*key; });
     std::ranges::sort(keys);
-    const auto repeated = std::ranges::unique(keys);
-    keys.erase(repeated.begin(), repeated.end());
+    keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
     std::erase(keys, noKey);
     return keys;
 }
@@ -183,7 +181,9 @@ void RowGroups::settle(
     Key key, int value, const Lost &lost, std::span<const int> positions, std::vector<int> &concerned)
 {
     const auto keyOfHandle = [this, key](int handle) { return m_rows[std::size_t(handle)].*key; };
-    const auto group = std::ranges::equal_range(listOf(key), value, {}, keyOfHandle);
+    Handles &list = listOf(key);
+    const auto begin = std::ranges::lower_bound(list, value, {}, keyOfHandle);
+    const std::span group(begin, std::ranges::upper_bound(begin, list.end(), value, {}, keyOfHandle));
     const auto former =
         std::ranges::find_if(group, [this, key](int handle) { return isFirst(m_rows[std::size_t(handle)], key); });
     const int formerHandle = former == group.end() ? -1 : *former;
@@ -205,7 +205,7 @@ void RowGroups::settle(
     }
     const bool saysTheSame = isLost && handle >= 0 && *saidBefore == m_rows[std::size_t(handle)].said;
     if (!saysTheSame) {
-        concernOthers(key, value, std::span(group.begin(), group.end()), concerned);
+        concernOthers(key, value, group, concerned);
     }
 }
 
@@ -215,6 +215,7 @@ void RowGroups::concernOthers(Key key, int value, std::span<const int> group, st
         concerned.insert(concerned.end(), group.begin(), group.end());
         return;
     }
-    const auto dependents = std::ranges::equal_range(m_dependents, value, {}, &Dependent::subject);
-    std::ranges::transform(dependents, std::back_inserter(concerned), &Dependent::handle);
+    const auto begin = std::ranges::lower_bound(m_dependents, value, {}, &Dependent::subject);
+    const auto end = std::ranges::upper_bound(begin, m_dependents.end(), value, {}, &Dependent::subject);
+    std::ranges::transform(begin, end, std::back_inserter(concerned), &Dependent::handle);
 }

@@ -41,9 +41,10 @@ TextMatcher::Spellings TextMatcher::spellingsOf(char16_t unit)
     const char32_t folded = QChar::toCaseFolded(char32_t(unit));
     Spellings spellings;
     spellings.fill(char16_t(folded));
-    const auto others = std::ranges::equal_range(foldings(), folded, {}, &Folding::first);
-    Q_ASSERT(others.size() < spellings.size());
-    std::ranges::transform(others, spellings.begin() + 1, &Folding::second);
+    const auto begin = std::ranges::lower_bound(foldings(), folded, {}, &Folding::first);
+    const auto end = std::ranges::upper_bound(begin, foldings().end(), folded, {}, &Folding::first);
+    Q_ASSERT(std::size_t(end - begin) < spellings.size());
+    std::ranges::transform(begin, end, spellings.begin() + 1, &Folding::second);
     return spellings;
 }
 
