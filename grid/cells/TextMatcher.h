@@ -27,9 +27,11 @@ private:
         const char16_t *last = first + m_distance;
         return quint16(isOneOf(*first, m_first) & isOneOf(*last, m_last));
     }
-    static bool isOneOf(char16_t unit, const Spellings &spellings)
+    /// 1 or 0: without branches, so that the compiler can ask for several units at once.
+    static int isOneOf(char16_t unit, const Spellings &spellings)
     {
-        return bool((unit == spellings[0]) | (unit == spellings[1]) | (unit == spellings[2]) | (unit == spellings[3]));
+        return int(unit == spellings[0]) | int(unit == spellings[1]) | int(unit == spellings[2])
+            | int(unit == spellings[3]);
     }
     bool mayBeIn(QStringView text) const;
 
