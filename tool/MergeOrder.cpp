@@ -7,6 +7,8 @@
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 namespace {
 
@@ -63,32 +65,45 @@ bool isBefore(const EntryKey &left, const EntryKey &right)
     return left.text != right.text ? left.text < right.text : left.occurrence < right.occurrence;
 }
 
-/// Puts what both sides have in one gap into one list. Each side's order is kept; common entries that the sides have in
-/// different orders are conflicts.
-void mergeGap(Keys ours, Keys theirs, MergedOrder &order)
+/// The entries that both sides have in one gap, but in different orders: the fewest, so that it makes no difference for
+/// how many there are which side is which.
+KeySet reordered(const Keys &ours, const Keys &theirs)
 {
-    while (!ours.isEmpty() && !theirs.isEmpty()) {
-        const EntryKey our = ours.first();
-        const EntryKey their = theirs.first();
-        if (our == their) {
-            order.keys.append(our);
-            ours.removeFirst();
-            theirs.removeFirst();
-            continue;
-        }
-        const bool isOurCommon = theirs.contains(our);
-        const bool isTheirCommon = ours.contains(their);
-        if (isOurCommon && isTheirCommon) {
-            order.conflicts.append(our);
-            theirs.removeOne(our);
-            order.keys.append(ours.takeFirst());
-        } else if (isTheirCommon || (!isOurCommon && isBefore(our, their))) {
-            order.keys.append(ours.takeFirst());
-        } else {
-            order.keys.append(theirs.takeFirst());
+    const KeySet common(theirs.begin(), theirs.end());
+    const std::vector<bool> isUnmoved = unmovedEntries(theirs, ours);
+    KeySet found;
+    for (qsizetype i = 0; i < ours.size(); ++i) {
+        if (!isUnmoved[std::size_t(i)] && common.contains(ours[i])) {
+            found.insert(ours[i]);
         }
     }
-    order.keys += ours + theirs;
+    return found;
+}
+
+/// Puts what both sides have in one gap into one list. Each side's order is kept, but for their side's of what is a
+/// conflict.
+void mergeGap(const Keys &ours, Keys theirs, MergedOrder &order)
+{
+    const KeySet conflicts = reordered(ours, theirs);
+    std::ranges::copy_if(
+        ours, std::back_inserter(order.conflicts), [&](const EntryKey &key) { return conflicts.contains(key); });
+    theirs.removeIf([&](const EntryKey &key) { return conflicts.contains(key); });
+    const KeySet inOurs(ours.begin(), ours.end());
+    const KeySet inTheirs(theirs.begin(), theirs.end());
+    auto our = ours.begin();
+    auto their = theirs.cbegin();
+    while (our != ours.end() && their != theirs.cend()) {
+        if (*our == *their) {
+            order.keys.append(*our++);
+            ++their;
+        } else if (inOurs.contains(*their) || (!inTheirs.contains(*our) && isBefore(*our, *their))) {
+            order.keys.append(*our++);
+        } else {
+            order.keys.append(*their++);
+        }
+    }
+    std::copy(our, ours.end(), std::back_inserter(order.keys));
+    std::copy(their, theirs.cend(), std::back_inserter(order.keys));
 }
 
 } // namespace

@@ -21,6 +21,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -343,6 +344,20 @@ TEST(Sheet, mergesMovesAndAdditionsOfBothSides)
         mergeSheets(base, numbered({u"4"_s, u"1"_s, u"2"_s, u"3"_s}), numbered({u"1"_s, u"4"_s, u"2"_s, u"3"_s}));
     EXPECT_EQ(moved.conflicts.size(), 1);
     EXPECT_EQ(numbersOf(moved.sheet), QStringList({u"4"_s, u"1"_s, u"2"_s, u"3"_s}));
+}
+
+TEST(Sheet, namesTheFewestEntriesOfWhichTheOrderIsInConflict)
+{
+    const Sheet base = numbered({u"1"_s});
+    const std::array<QStringList, 2> orders{
+        QStringList{u"1"_s, u"5"_s, u"6"_s, u"7"_s}, QStringList{u"1"_s, u"7"_s, u"5"_s, u"6"_s}};
+    for (const std::size_t ours : {0, 1}) {
+        const MergedSheet merged = mergeSheets(base, numbered(orders[ours]), numbered(orders[1 - ours]));
+        ASSERT_EQ(merged.conflicts.size(), 1);
+        EXPECT_EQ(merged.conflicts.front().kind, MergeConflict::Kind::Order);
+        EXPECT_EQ(merged.conflicts.front().key.text, u"7"_s);
+        EXPECT_EQ(numbersOf(merged.sheet), orders[ours]);
+    }
 }
 
 TEST(Sheet, removedAndChangedIsAConflict)
