@@ -21,7 +21,7 @@ bool isOrdinary(QChar character)
 void ShapedLines::setFont(const QFont &font)
 {
     m_font = font;
-    m_isDecorated = font.underline() || font.overline() || font.strikeOut();
+    m_isPlain = !font.underline() && !font.overline() && !font.strikeOut() && !font.italic() && !font.bold();
     m_numbers.setFont(font);
     m_recent.clear();
     m_former.clear();
@@ -29,8 +29,8 @@ void ShapedLines::setFont(const QFont &font)
 
 bool ShapedLines::has(QStringView text) const
 {
-    return !m_isDecorated && !text.isEmpty() && text.size() <= maxLength && !text.front().isSpace()
-        && !text.back().isSpace() && std::ranges::all_of(text, isOrdinary);
+    return m_isPlain && !text.isEmpty() && text.size() <= maxLength && !text.front().isSpace() && !text.back().isSpace()
+        && std::ranges::all_of(text, isOrdinary);
 }
 
 const ShapedLine &ShapedLines::of(QStringView text)

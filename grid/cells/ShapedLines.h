@@ -25,7 +25,7 @@ public:
 
 private:
     QFont m_font;
-    bool m_isDecorated = false;
+    bool m_isPlain = false; ///< whether m_font is: slanted or bold letters that a font lacks are made, and not as here
     NumberShapes m_numbers;
     QHash<QString, ShapedLine> m_recent;
     QHash<QString, ShapedLine> m_former; ///< what was recent before that became too many

@@ -92,7 +92,6 @@ TEST(ShapedTexts, areDrawnAsThePainterDrawsThem)
             for (const int ratio : {1, 2}) {
                 QFont font(family);
                 font.setPointSizeF(points);
-                font.setItalic(ratio == 2);
                 for (const QString &text : texts) {
                     for (const int width : {1, 17, 40, 61, 350}) {
                         for (const Qt::Alignment side : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
@@ -120,10 +119,12 @@ TEST(ShapedTexts, leavesOtherTextsToThePainter)
         const auto isDrawn = [&](QPainter &painter) { return shaped.draw(painter, {0, 0, 300, 20}, {}, text); };
         EXPECT_TRUE(picture(cellFont(), 1, isDrawn).isNull()) << text.toStdString();
     }
-    QFont underlined = cellFont();
-    underlined.setUnderline(true);
     const auto isDrawn = [&](QPainter &painter) { return shaped.draw(painter, {0, 0, 300, 20}, {}, u"a"); };
-    EXPECT_TRUE(picture(underlined, 1, isDrawn).isNull());
+    for (void (QFont::*decorate)(bool) : {&QFont::setUnderline, &QFont::setItalic, &QFont::setBold}) {
+        QFont font = cellFont();
+        (font.*decorate)(true);
+        EXPECT_TRUE(picture(font, 1, isDrawn).isNull());
+    }
     EXPECT_FALSE(picture(cellFont(), 1, isDrawn).isNull());
 }
 
