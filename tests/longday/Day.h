@@ -167,7 +167,6 @@ private:
 
     // The act under way
     QList<Expected> m_expected;
-    bool m_focusHasMoved = false;
     QString m_path; ///< of the save; empty outside
     bool m_saveFailed = false;
 };
