@@ -66,7 +66,7 @@ bool DocumentFlows::OpenPrFile(const QString &fileName)
         return false;
     }
     frmPrFile &editor = createEditor(slot, fileName);
-    editor.showRows(rows);
+    editor.SetPrInfSpread(rows);
     showEditor(editor);
     emit documentOpened();
     emit fileUsed(fileName);

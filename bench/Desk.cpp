@@ -73,7 +73,7 @@ void Desk::restore() const
         row.copyTexts(texts);
         rows.emplace_back(texts); // in memory of its own, as after an open
     }
-    editor().showRows(rows);
+    editor().SetPrInfSpread(rows);
 }
 
 PlainRows Desk::plainRows() const

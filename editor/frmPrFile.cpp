@@ -117,7 +117,7 @@ void frmPrFile::SetPrInfSpread()
     m_document->noteLoaded();
 }
 
-void frmPrFile::showRows(std::span<CellRow> rows)
+void frmPrFile::SetPrInfSpread(std::span<CellRow> rows)
 {
     fillParameterGrid(*m_grid, rows);
     m_document->noteLoaded();

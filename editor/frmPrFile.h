@@ -44,7 +44,7 @@ public:
     /// Copies PrRecords into the grid.
     void SetPrInfSpread();
     /// The same with rows as they are shown; rows is given the former ones.
-    void showRows(std::span<CellRow> rows);
+    void SetPrInfSpread(std::span<CellRow> rows);
 
     /// Brings the frame's labels, buttons and this window's menus up to date; to be called whenever it becomes active.
     void activate();

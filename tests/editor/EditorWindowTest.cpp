@@ -2,6 +2,7 @@
 #include "desktop/RibbonButton.h"
 #include "document/DocumentTables.h"
 #include "editor/GridFont.h"
+#include "editor/OpenDocument.h"
 #include "editor/frmPrFile.h"
 #include "grid/SpreadGrid.h"
 #include "runtime/Country.h"
@@ -55,6 +56,20 @@ TEST_F(EditorWindow, fillsItsGrid)
         editor().parentWidget()->resize(size);
         EXPECT_EQ(grid().geometry(), editor().rect());
     }
+}
+
+TEST_F(EditorWindow, fillsItsGridFromTheRecords)
+{
+    ASSERT_GE(grid().rowCount(), 2);
+    PrRecord record;
+    record.number = u"77"_s;
+    record.name = u"From a record"_s;
+    PrRecords = {record};
+    editor().SetPrInfSpread();
+    EXPECT_EQ(grid().text(ParameterColumn::Number, 1), u"77"_s);
+    EXPECT_EQ(grid().text(ParameterColumn::Name, 1), u"From a record"_s);
+    EXPECT_EQ(grid().text(ParameterColumn::Number, 2), u"2"_s);
+    EXPECT_FALSE(editor().document().isChanged());
 }
 
 TEST_F(EditorWindow, showsCountAndNumberWhenItBecomesActive)
