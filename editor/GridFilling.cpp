@@ -14,6 +14,8 @@
 #include "grid/UndoStep.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -40,6 +42,27 @@ bool isSame(const QString &one, const QString &other)
 {
     return one.isSharedWith(other) || one == other;
 }
+
+/// What cells of one type take of a text. Most often the same text goes into many cells, and is adapted once.
+class AdaptedText
+{
+public:
+    explicit AdaptedText(CellType type) : m_type(std::move(type)) { }
+
+    const QString &of(const QString &text)
+    {
+        if (!m_given || !isSame(text, *m_given)) {
+            m_given = text;
+            m_adapted = filledText(m_type, text);
+        }
+        return m_adapted;
+    }
+
+private:
+    CellType m_type;
+    std::optional<QString> m_given;
+    QString m_adapted;
+};
 
 /// What an added row holds in the column.
 QStringView newText(int column)
@@ -223,29 +246,16 @@ GridFilling::Texts GridFilling::textsFromAbove(int column, int row) const
 
 // What they take
 
-// Most often the same text goes into many cells.
 void GridFilling::adaptToCells(Filling &filling) const
 {
     for (auto &[number, column] : filling.columns) {
-        const CellType type = cellType(number);
-        bool isKnown = false;
-        bool isAdapted = false;
-        QString given;
-        QString adapted;
+        AdaptedText adapted(cellType(number));
         for (int row = filling.row1; auto &text : column.texts) {
             const QStringView present = m_grid.cellText(number, row);
             bool isNew = !text || *text != present;
-            if (isNew && text) {
-                if (!isKnown || !isSame(*text, given)) {
-                    isKnown = true;
-                    given = *text;
-                    adapted = filledText(type, given);
-                    isAdapted = adapted != given;
-                }
-                if (isAdapted) {
-                    text = adapted;
-                    isNew = adapted != present;
-                }
+            if (text && isNew) {
+                text = adapted.of(*text);
+                isNew = *text != present;
             }
             column.isNew.push_back(isNew);
             ++row;
