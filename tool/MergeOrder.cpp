@@ -84,6 +84,10 @@ KeySet reordered(const Keys &ours, const Keys &theirs)
 /// conflict.
 void mergeGap(const Keys &ours, Keys theirs, MergedOrder &order)
 {
+    if (ours.isEmpty() || theirs.isEmpty()) {
+        order.keys += ours + theirs;
+        return;
+    }
     const KeySet conflicts = reordered(ours, theirs);
     std::ranges::copy_if(
         ours, std::back_inserter(order.conflicts), [&](const EntryKey &key) { return conflicts.contains(key); });
