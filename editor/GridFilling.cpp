@@ -254,8 +254,11 @@ void GridFilling::adaptToCells(Filling &filling) const
             const QStringView present = m_grid.cellText(number, row);
             bool isNew = !text || *text != present;
             if (text && isNew) {
-                text = adapted.of(*text);
-                isNew = *text != present;
+                const QString &taken = adapted.of(*text);
+                if (!taken.isSharedWith(*text)) {
+                    text = taken;
+                    isNew = taken != present;
+                }
             }
             column.isNew.push_back(isNew);
             ++row;
