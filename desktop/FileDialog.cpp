@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLayout>
@@ -63,6 +64,22 @@ void presetName(QFileDialog &dialog, const QString &name)
     }
 }
 
+/// Has a file without an extension opened, as the desktop's own dialogs do, unless there is one with it: Qt's own
+/// dialog would look for the latter only.
+void findWithoutExtension(QFileDialog &dialog)
+{
+    auto *box = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+    if (!box) { // the desktop's own dialog
+        return;
+    }
+    const QString extension = dialog.defaultSuffix();
+    QObject::connect(box, &QLineEdit::textChanged, &dialog, [&dialog, extension](const QString &name) {
+        const QString asTyped = dialog.directory().filePath(name);
+        const bool isAsTyped = QFileInfo(asTyped).isFile() && !QFileInfo(asTyped + u'.' + extension).isFile();
+        dialog.setDefaultSuffix(isAsTyped ? QString() : extension);
+    });
+}
+
 QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
 {
     const QStringList filters = fileDialogFilters(settings.filter);
@@ -73,6 +90,9 @@ QString ask(QFileDialog &dialog, const FileDialogSettings &settings)
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(filters.value(settings.filterIndex - 1));
     dialog.setDefaultSuffix(settings.defaultExtension);
+    if (dialog.acceptMode() == QFileDialog::AcceptOpen) {
+        findWithoutExtension(dialog);
+    }
     dialog.setDirectory(settings.folder);
     if (!settings.fileName.isEmpty()) {
         presetName(dialog, settings.fileName);

@@ -118,6 +118,20 @@ TEST_F(OpenSave, looksForTheExtensionWhenTheTypedNameHasNone)
     EXPECT_EQ(titles().value(1), QDir::toNativeSeparators(file));
 }
 
+TEST_F(OpenSave, opensAFileWithoutExtensionUnlessThereIsOneWithIt)
+{
+    const QString file = writeFile(u"drive"_s, document(3));
+    ModalScript script;
+    script.thenFile(u"drive"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileOpen"_s);
+    EXPECT_EQ(titles().value(1), QDir::toNativeSeparators(file));
+
+    const QString other = writeFile(u"drive.INV"_s, document(2));
+    script.thenFile(u"drive"_s);
+    chooseMenu(u"mneFile"_s, u"mneFileOpen"_s);
+    EXPECT_EQ(titles().value(2), QDir::toNativeSeparators(other));
+}
+
 TEST_F(OpenSave, opensTheSameFileTwiceAsTwoWindows)
 {
     const QString file = writeFile(u"a.inv"_s, document(2));
