@@ -43,6 +43,9 @@ void NumberShapes::setFont(const QFont &font)
         m_shapes[std::size_t(i)] = {glyphs[at], places[at + 1].x() - places[at].x()};
     }
     m_first = places.front();
+    for (const QChar character : known) { // a number may end with each of them
+        m_line.overhang = std::max(m_line.overhang, ShapedLine::of(character, font).overhang);
+    }
     m_isUsable = true;
     for (qsizetype i = 0; i < pairs.size(); ++i) {
         const Shape &shape = shapeOf(pairs[i]);

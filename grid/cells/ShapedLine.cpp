@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <algorithm>
+
 ShapedLine ShapedLine::of(const QString &text, const QFont &font)
 {
     constexpr qreal endless = 0x01000000;
@@ -12,7 +14,11 @@ ShapedLine ShapedLine::of(const QString &text, const QFont &font)
     QTextLine line = layout.createLine();
     line.setLineWidth(endless);
     layout.endLayout();
-    return {layout.glyphRuns(), {line.horizontalAdvance(), line.ascent() + line.descent()}, line.ascent()};
+    const qreal width = line.horizontalAdvance();
+    return {.runs = layout.glyphRuns(),
+        .size = {width, line.ascent() + line.descent()},
+        .overhang = std::max(line.naturalTextWidth() - width, 0.0),
+        .ascent = line.ascent()};
 }
 
 void ShapedLine::draw(QPainter &painter, const QPointF &topLeft) const

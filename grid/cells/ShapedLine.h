@@ -13,7 +13,8 @@ class QString;
 struct ShapedLine
 {
     QList<QGlyphRun> runs; ///< to be drawn at the top left corner of the line
-    QSizeF size;
+    QSizeF size; ///< its width says where the next letter would begin
+    qreal overhang = 0; ///< how far the last letter reaches beyond that width, at least 0
     qreal ascent = 0; ///< from the top to the line on which the letters stand
 
     static ShapedLine of(const QString &text, const QFont &font);

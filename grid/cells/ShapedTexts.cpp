@@ -60,7 +60,8 @@ void ShapedTexts::takeFont(const QPainter &painter)
 bool ShapedTexts::drawLine(QPainter &painter, const QRect &rect, Qt::Alignment alignment, QStringView text)
 {
     const ShapedLine &line = m_lines.of(text);
-    const bool fits = line.size.width() <= rect.width() && line.size.height() <= rect.height();
+    // The painter cuts a letter that reaches out of the rectangle.
+    const bool fits = line.size.width() + line.overhang <= rect.width() && line.size.height() <= rect.height();
     if (fits) {
         line.draw(painter, topLeft(rect, alignment, line.size));
     }
