@@ -1,5 +1,6 @@
 #include "grid/SpreadCorner.h"
 
+#include "grid/HeaderSection.h"
 #include "grid/cells/SpreadModel.h"
 
 #include <QAbstractButton>
@@ -55,10 +56,10 @@ bool SpreadCorner::eventFilter(QObject *watched, QEvent *event)
 void SpreadCorner::paint() const
 {
     QPainter painter(m_button);
-    QStyleOptionHeader option;
+    QStyleOptionHeaderV2 option;
     option.initFrom(m_button);
     option.position = QStyleOptionHeader::OnlyOneSection;
     option.text = m_model.headerText(0);
     option.textAlignment = Qt::AlignCenter;
-    m_button->style()->drawControl(QStyle::CE_Header, &option, &painter, m_button);
+    drawHeaderSection(option, painter, *m_button);
 }

@@ -1,5 +1,7 @@
 #include "grid/SpreadHeader.h"
 
+#include "grid/HeaderSection.h"
+
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -49,6 +51,15 @@ void SpreadHeader::initStyleOptionForIndex(QStyleOptionHeader *option, int secti
 {
     QHeaderView::initStyleOptionForIndex(option, section);
     option->state.setFlag(QStyle::State_On, section >= m_firstMarked && section <= m_lastMarked);
+}
+
+void SpreadHeader::paintSection(QPainter *painter, const QRect &rect, int section) const
+{
+    QStyleOptionHeaderV2 option;
+    initStyleOption(&option);
+    initStyleOptionForIndex(&option, section);
+    option.rect = rect;
+    drawHeaderSection(option, *painter, *this);
 }
 
 int SpreadHeader::coveredWidth() const

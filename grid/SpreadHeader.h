@@ -31,6 +31,7 @@ signals:
 
 protected:
     void initStyleOptionForIndex(QStyleOptionHeader *option, int section) const override;
+    void paintSection(QPainter *painter, const QRect &rect, int section) const override;
     void paintEvent(QPaintEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

@@ -8,6 +8,8 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QScrollBar>
+#include <QStyle>
+#include <QStyleFactory>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -156,6 +158,38 @@ TEST(SpreadGridView, makesARowAsHighAsItsLines)
     grid->setText(2, 2, u"a"_s);
     grid->fitRowHeight(2);
     EXPECT_EQ(grid->rowHeight(1), height);
+}
+
+/// How many dots of a section's text are to be seen; lines at its left and right do not count.
+int textDots(const QHeaderView &header, int section)
+{
+    constexpr int edge = 3;
+    const QRect inner(
+        header.sectionPosition(section) + edge, 0, header.sectionSize(section) - 2 * edge, header.viewport()->height());
+    const QImage picture = header.viewport()->grab().toImage();
+    int dots = 0;
+    for (int x = inner.left(); x <= inner.right(); ++x) {
+        for (int y = inner.top(); y <= inner.bottom(); ++y) {
+            dots += picture.pixelColor(x, y).lightness() < 100 ? 1 : 0;
+        }
+    }
+    return dots;
+}
+
+// Classic styles keep four pixels free on each side, which a line as high as its letters does not have.
+TEST(SpreadGridView, showsHeadingsWholeInEveryStyle)
+{
+    const std::unique_ptr<QStyle> classic(QStyleFactory::create(u"Windows"_s));
+    const auto grid = shownGrid();
+    grid->setText(2, 0, u"gjpqyQ"_s);
+    QHeaderView *const header = grid->horizontalHeader();
+    header->setStyle(classic.get());
+    header->setFixedHeight(header->fontMetrics().height() + 1);
+    const int dots = textDots(*header, 1);
+    header->setFixedHeight(3 * header->height());
+    const int allDots = textDots(*header, 1);
+    EXPECT_GT(allDots, 0);
+    EXPECT_GE(dots, allDots); // more where letters touch a line
 }
 
 TEST(SpreadGridView, keepsRowHeightsAndWidthsWhenTheFontGrows)

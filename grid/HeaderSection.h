@@ -1,0 +1,9 @@
+#pragma once
+
+class QPainter;
+class QStyleOptionHeaderV2;
+class QWidget;
+
+/// Draws a section of a header, its text in the whole height: what some styles keep free above and below it leaves too
+/// little where rows are as high as their texts.
+void drawHeaderSection(const QStyleOptionHeaderV2 &section, QPainter &painter, const QWidget &header);
