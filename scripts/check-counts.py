@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""check-counts.py [--keep]: fails when what users wait for takes over 3 % more instructions than bench/counts.txt says.
+"""check-counts.py [--keep] [BUILD]: fails when what users wait for takes over 3 % more instructions than bench/counts.txt.
 
-Needs the release build. --keep writes the figures there instead, after a change that is worth them or that saves some.
+Needs a built folder, by default that of the release build. --keep writes its figures there instead, after a change that is
+worth them or that saves some.
 """
 import pathlib
 import subprocess
@@ -17,7 +18,8 @@ def by_name(lines):
     return {name: int(number) for number, name in (line.split("\t") for line in lines.splitlines())}
 
 
-printed = subprocess.run([root / "scripts/counts.sh"], stdout=subprocess.PIPE, text=True, check=True).stdout
+arguments = [argument for argument in sys.argv[1:] if argument != "--keep"]
+printed = subprocess.run([root / "scripts/counts.sh", *arguments], stdout=subprocess.PIPE, text=True, check=True).stdout
 if "--keep" in sys.argv:
     kept_file.write_text(printed)
     sys.exit()

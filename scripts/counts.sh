@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# counts.sh: prints how many instructions the release build takes for what users wait for, a line each: number, tab, name.
+# counts.sh [BUILD]: prints how many instructions a built folder (default: build, the release build) takes for what users
+# wait for, a line each: number, tab, name.
 # The figures are the same on every x86-64 machine with the same packages, busy or not: fonts, locale, seeds, and what
 # the processor is believed to be able to do are given here.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+build=${1:-build}
 
 work=$(mktemp -d /tmp/tabrix-counts-XXXXXX)
 trap 'rm -rf "$work"' EXIT
@@ -40,13 +42,13 @@ countProcess() {
     printf '%s\t%s\n' "$(sed -n 's/.*Collected : //p' "$work/log")" "$1"
 }
 
-build/make_document 32767 "$work/large.inv"
-run build/bench_speed frame # once before, for the fonts' cache
-countProcess 'start to the first painted frame' build/bench_speed frame
-countProcess 'start to the painted window of a file' build/bench_speed open "$work/large.inv"
+"$build"/make_document 32767 "$work/large.inv"
+run "$build"/bench_speed frame # once before, for the fonts' cache
+countProcess 'start to the first painted frame' "$build"/bench_speed frame
+countProcess 'start to the painted window of a file' "$build"/bench_speed open "$work/large.inv"
 
 # It has each part's figures written to a file, by number.
-run valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$work/part" build/bench_counts
+run valgrind --tool=callgrind --instr-atstart=no --callgrind-out-file="$work/part" "$build"/bench_counts
 for ((part = 1; ; ++part)); do
     [ -e "$work/part.$part" ] || break
     name=$(sed -n 's/^desc: Trigger: Client Request: //p' "$work/part.$part")
