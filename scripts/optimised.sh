@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# optimised.sh: builds Tabrix in build-optimised, across source files and by a profile of what users wait for, and compares
+# optimised.sh: builds the editor in build-optimised, across source files and by a profile of what users wait for, and compares
 # its instructions with those of the release build. Packages are built without the profile: no two runs write the same one,
 # and they are to be the same bytes wherever they are built.
 set -euo pipefail
@@ -16,5 +16,5 @@ find build-optimised -name '*.gcda' -delete
 export QT_QPA_PLATFORM=offscreen
 build-optimised/bench_counts
 build-optimised/bench_print --benchmark_filter=/100
-build use tabrix tabrix-tool bench_counts bench_speed make_document
+build use tabrix bench_counts bench_speed make_document
 scripts/check-counts.py build-optimised
