@@ -54,6 +54,9 @@ public:
         if (!m_given || !isSame(text, *m_given)) {
             m_given = text;
             m_adapted = filledText(m_type, text);
+            if (m_adapted == text) {
+                m_adapted = text; // the same one, by which the many cells can tell
+            }
         }
         return m_adapted;
     }
@@ -250,8 +253,9 @@ void GridFilling::adaptToCells(Filling &filling) const
 {
     for (auto &[number, column] : filling.columns) {
         AdaptedText adapted(cellType(number));
-        for (int row = filling.row1; auto &text : column.texts) {
-            const QStringView present = m_grid.cellText(number, row);
+        column.isNew.resize(column.texts.size());
+        for (size_t at = 0; auto &text : column.texts) {
+            const QStringView present = m_grid.cellText(number, filling.row1 + int(at));
             bool isNew = !text || *text != present;
             if (text && isNew) {
                 const QString &taken = adapted.of(*text);
@@ -260,8 +264,8 @@ void GridFilling::adaptToCells(Filling &filling) const
                     isNew = taken != present;
                 }
             }
-            column.isNew.push_back(isNew);
-            ++row;
+            column.isNew[at] = isNew;
+            ++at;
         }
     }
 }
