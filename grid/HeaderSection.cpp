@@ -9,7 +9,7 @@ void drawHeaderSection(const QStyleOptionHeaderV2 &section, QPainter &painter, c
 {
     const QStyle &style = *header.style();
     style.drawControl(QStyle::CE_HeaderSection, &section, &painter, &header);
-    QStyleOptionHeader label = section;
+    QStyleOptionHeaderV2 label = section;
     label.rect = style.subElementRect(QStyle::SE_HeaderLabel, &section, &header);
     label.rect.setTop(section.rect.top());
     label.rect.setBottom(section.rect.bottom());

@@ -16,7 +16,7 @@ SpreadHeader::SpreadHeader(Qt::Orientation orientation, QWidget *parent) : QHead
     setSectionResizeMode(Interactive);
     setDefaultAlignment(Qt::AlignCenter);
     setMinimumSectionSize(8);
-    setTextElideMode(Qt::ElideRight);
+    setTextElideMode(orientation == Qt::Horizontal ? Qt::ElideRight : Qt::ElideNone); // row numbers always fit
 }
 
 void SpreadHeader::setFirstSectionFrozen(bool frozen)

@@ -192,6 +192,23 @@ TEST(SpreadGridView, showsHeadingsWholeInEveryStyle)
     EXPECT_GE(dots, allDots); // more where letters touch a line
 }
 
+TEST(SpreadGridView, showsAnEllipsisWhereAHeadingIsCut)
+{
+    const auto grid = shownGrid();
+    QHeaderView *const header = grid->horizontalHeader();
+    header->resizeSection(1, 70);
+    const auto shown = [&](const QString &heading) {
+        grid->setText(2, 0, heading);
+        return header->viewport()->grab().toImage();
+    };
+    bool isWithEllipsis = false;
+    const QImage cut = shown(u"Acceleration time"_s);
+    for (const QString &beginning : {u"Acc"_s, u"Acce"_s, u"Accel"_s, u"Accele"_s, u"Acceler"_s, u"Accelera"_s}) {
+        isWithEllipsis = isWithEllipsis || cut == shown(beginning + u'\u2026');
+    }
+    EXPECT_TRUE(isWithEllipsis);
+}
+
 TEST(SpreadGridView, keepsRowHeightsAndWidthsWhenTheFontGrows)
 {
     const auto grid = shownGrid();
