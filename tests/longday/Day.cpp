@@ -111,6 +111,7 @@ QJsonObject Day::run(const QJsonObject &command, const QList<Expected> &expected
 
 QString Day::answerTo(const DayBox &box)
 {
+    m_focusHasMoved = true;
     const QString shown = u"%1 \"%2\", \"%3\", %4"_s.arg(box.kind, box.title, box.text, box.buttons.join(u' '));
     if (!m_expected.isEmpty()) {
         const Expected expected = m_expected.takeFirst();
@@ -145,6 +146,7 @@ void Day::comeToFront(int number)
 {
     const int former = m_front;
     m_front = number;
+    m_focusHasMoved = true;
     m_peers.at(size_t(number)).bringToFront();
     const QJsonObject shown = run({{u"do"_s, u"look"_s}});
     if (former != number) {
@@ -178,11 +180,13 @@ QString Day::difference()
 QString Day::differenceAfterFocus(int number, const QJsonObject &shown)
 {
     DayProgram &program = m_model.programs.at(size_t(number));
-    if (program.active != 0 && !differenceFrom(program, shown).isEmpty()) {
+    const bool mayBeActivated = m_focusHasMoved || number != m_front;
+    if (mayBeActivated && program.active != 0 && !differenceFrom(program, shown).isEmpty()) {
         DayProgram activated = program;
         activated.activate(program.active);
         if (differenceFrom(activated, shown).isEmpty()) {
             program = activated;
+            m_focusHasMoved = m_focusHasMoved && number != m_front;
         }
     }
     return differenceFrom(program, shown);

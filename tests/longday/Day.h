@@ -165,6 +165,8 @@ private:
     QSet<QString> m_torn; ///< files in which a failed save has left a part
     QString m_complaint; ///< the first thing that was wrong besides what is shown
 
+    bool m_focusHasMoved = false; ///< and the program in front may still be given it
+
     // The act under way
     QList<Expected> m_expected;
     QString m_path; ///< of the save; empty outside

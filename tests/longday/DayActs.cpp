@@ -129,6 +129,7 @@ bool Day::killInASave()
 /// The program is dead or has ended.
 void Day::endProgram()
 {
+    m_focusHasMoved = true;
     for (const DayCopy &copy : program().leftBehind) {
         m_model.ofTheDead.push_back({{copy}, true});
     }
